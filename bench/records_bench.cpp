@@ -1,0 +1,210 @@
+// What the data layer costs beside the bare work: the same statements, the same texts, the same file.
+
+#include "platform/files.h"
+#include "platform/system/environment.h"
+#include "records/data_file.h"
+#include "records/data_layer.h"
+#include "records/entry_filter.h"
+#include "records/utf8.h"
+#include "resources/string_table.h"
+#include "stats/quick_stats.h"
+
+#include <benchmark/benchmark.h>
+#include <cstdlib>
+#include <filesystem>
+#include <malloc.h>
+#include <sqlite3.h>
+#include <vector>
+
+namespace {
+
+constexpr const wchar_t* path = L"\\My Documents\\My Vehicles.dat";
+constexpr ULONG vehicle = 1001;
+
+std::string HostPath() {
+    return *HostPathOf(path);
+}
+
+/// A log of `count` entries in the order of their dates, as it grows in use.
+void MakeLog(int count) {
+    theDataLayer.Disconnect();
+    std::filesystem::remove(HostPath());
+    CDataFile::Create(HostPath());
+    sqlite3* connection = nullptr;
+    sqlite3_open(HostPath().c_str(), &connection);
+    const std::string script = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
+        + std::to_string(count)
+        + ") INSERT INTO entries (ref, vehicle, date, type, odometer, amount, custom1, custom2, name, notes, vendor)"
+          " SELECT 1001 + i, 1001, 30000.0 + i / 10, 1 + i % 4, 1000 + i * 7, 31.5, 10.1, 3.1,"
+          " CASE i % 4 WHEN 0 THEN '' ELSE 'Oil change ' || i END, CASE i % 5 WHEN 0 THEN 'said ' || i ELSE '' END,"
+          " 'Vendor ' || i % 50 FROM n";
+    if (sqlite3_exec(connection, script.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        std::abort();
+    sqlite3_close(connection);
+    if (theDataLayer.Connect(path) != CDataLayer::ConnectOK)
+        std::abort();
+}
+
+CEntryFilter Everything() {
+    CEntryFilter filter;
+    filter.SetVehicleID(vehicle);
+    return filter;
+}
+
+struct PlainEntry {
+    LONG id;
+    ULONG ref, vehicle;
+    double date;
+    LONG type, odometer;
+    float amount, custom1, custom2;
+    std::wstring name, notes, vendor;
+};
+
+void ReadText(sqlite3_stmt* statement, int column, std::wstring* text) {
+    const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    DecodeUtf8({bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))}, text);
+}
+
+void BareLoad(benchmark::State& state) {
+    MakeLog(static_cast<int>(state.range(0)));
+    theDataLayer.Disconnect();
+    sqlite3* connection = nullptr;
+    sqlite3_open(HostPath().c_str(), &connection);
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(connection, SqlText(Sql::LoadEntries), -1, &statement, nullptr);
+    for ([[maybe_unused]] auto _ : state) {
+        std::vector<PlainEntry> entries;
+        sqlite3_bind_int64(statement, 1, vehicle);
+        sqlite3_bind_int64(statement, 2, 0);
+        sqlite3_bind_double(statement, 3, -1e9);
+        sqlite3_bind_double(statement, 4, 1e9);
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            PlainEntry& entry = entries.emplace_back();
+            entry.id = sqlite3_column_int(statement, 0);
+            entry.ref = static_cast<ULONG>(sqlite3_column_int64(statement, 1));
+            ReadText(statement, 2, &entry.name);
+            ReadText(statement, 3, &entry.notes);
+            entry.vehicle = static_cast<ULONG>(sqlite3_column_int64(statement, 4));
+            entry.date = sqlite3_column_double(statement, 5);
+            entry.type = sqlite3_column_int(statement, 6);
+            entry.odometer = sqlite3_column_int(statement, 7);
+            entry.amount = static_cast<float>(sqlite3_column_double(statement, 8));
+            entry.custom1 = static_cast<float>(sqlite3_column_double(statement, 9));
+            entry.custom2 = static_cast<float>(sqlite3_column_double(statement, 10));
+            ReadText(statement, 11, &entry.vendor);
+        }
+        sqlite3_reset(statement);
+        benchmark::DoNotOptimize(entries.data());
+    }
+    sqlite3_finalize(statement);
+    sqlite3_close(connection);
+}
+
+void Load(benchmark::State& state) {
+    MakeLog(static_cast<int>(state.range(0)));
+    CEntryFilter filter = Everything();
+    for ([[maybe_unused]] auto _ : state) {
+        CObjectListT<CEntry> entries;
+        theDataLayer.Load(&entries, &filter);
+        benchmark::DoNotOptimize(entries.GetCount());
+    }
+    const std::size_t before = mallinfo2().uordblks;
+    CObjectListT<CEntry> entries;
+    theDataLayer.Load(&entries, &filter);
+    std::size_t texts = 0;
+    for (int i = 0; i < entries.GetCount(); ++i) {
+        for (const wchar_t* text : {entries.Get(i)->GetName(), entries.Get(i)->GetNotes(), entries.Get(i)->GetVendor()})
+            texts += std::wcslen(text) * sizeof(wchar_t);
+    }
+    state.counters["bytes_an_entry_beside_texts"]
+        = static_cast<double>(mallinfo2().uordblks - before - texts) / entries.GetCount();
+}
+
+void Statistics(benchmark::State& state) {
+    MakeLog(static_cast<int>(state.range(0)));
+    CEntryFilter filter = Everything();
+    for ([[maybe_unused]] auto _ : state) {
+        CQuickStats stats;
+        benchmark::DoNotOptimize(stats.Calculate(&filter));
+    }
+}
+
+void BareSave(benchmark::State& state) {
+    MakeLog(static_cast<int>(state.range(0)));
+    theDataLayer.Disconnect();
+    sqlite3* connection = nullptr;
+    sqlite3_open(HostPath().c_str(), &connection);
+    sqlite3_exec(connection, "PRAGMA journal_mode = DELETE; PRAGMA synchronous = FULL", nullptr, nullptr, nullptr);
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(connection,
+        "INSERT INTO entries (ref, vehicle, date, type, odometer, amount, custom1, custom2, name, notes, vendor)"
+        " VALUES (1, 1001, ?, 1, 5, 31.5, 10.1, 3.1, '', '', 'Vendor')",
+        -1, &statement, nullptr);
+    double date = 50000;
+    for ([[maybe_unused]] auto _ : state) {
+        sqlite3_exec(connection, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+        sqlite3_bind_double(statement, 1, date++);
+        sqlite3_step(statement);
+        sqlite3_reset(statement);
+        sqlite3_exec(connection, "COMMIT", nullptr, nullptr, nullptr);
+    }
+    sqlite3_finalize(statement);
+    sqlite3_close(connection);
+}
+
+void Save(benchmark::State& state) {
+    MakeLog(static_cast<int>(state.range(0)));
+    double date = 50000;
+    for ([[maybe_unused]] auto _ : state) {
+        CEntry entry;
+        entry.SetVehicleID(vehicle);
+        entry.SetDate(date++);
+        entry.SetType(CEntry::EntryTypeFuel);
+        entry.SetVendor(L"Vendor");
+        if (!theDataLayer.Save(&entry, 0))
+            state.SkipWithError("not saved");
+    }
+}
+
+void MaxOdometer(benchmark::State& state) {
+    MakeLog(static_cast<int>(state.range(0)));
+    LONG odometer = 0;
+    for ([[maybe_unused]] auto _ : state)
+        benchmark::DoNotOptimize(theDataLayer.GetMaxOdometer(vehicle, &odometer));
+}
+
+void Connect(benchmark::State& state) {
+    MakeLog(static_cast<int>(state.range(0)));
+    for ([[maybe_unused]] auto _ : state)
+        benchmark::DoNotOptimize(theDataLayer.Connect(path));
+}
+
+void Sizes(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(BareLoad)->Apply(Sizes);
+BENCHMARK(Load)->Apply(Sizes);
+BENCHMARK(Statistics)->Apply(Sizes);
+BENCHMARK(BareSave)->Apply(Sizes)->UseRealTime();
+BENCHMARK(Save)->Apply(Sizes)->UseRealTime();
+BENCHMARK(MaxOdometer)->Apply(Sizes);
+BENCHMARK(Connect)->Apply(Sizes);
+
+} // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    // Beside the program, not in a folder that may lie in memory: a save is measured with its syncs.
+    std::string folder = (std::filesystem::current_path() / "records_bench.XXXXXX").string();
+    if (!mkdtemp(folder.data()))
+        return 1;
+    device::ReplaceEnvironment({{"HANDSET_STORAGE", folder}});
+    std::filesystem::create_directories(*HostPathOf(L"\\My Documents"));
+    const Module program{StringTable(), {}, {}, {}};
+    device::SetModule(&program);
+    benchmark::RunSpecifiedBenchmarks();
+    theDataLayer.Disconnect();
+    std::filesystem::remove_all(folder);
+    return 0;
+}

@@ -1,0 +1,43 @@
+# What every target of the project is built with, and how a folder becomes a library.
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()
+
+add_library(odoledger_flags INTERFACE)
+target_include_directories(odoledger_flags INTERFACE ${CMAKE_SOURCE_DIR}/src)
+# Floats stay single step by step: no fused multiply-add, no reordering.
+target_compile_options(odoledger_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror
+  -ffp-contract=off -fstack-protector-strong)
+target_compile_definitions(odoledger_flags INTERFACE $<$<NOT:$<CONFIG:Debug>>:_GLIBCXX_ASSERTIONS>)
+if(ODOLEDGER_SANITIZE)
+  target_compile_options(odoledger_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
+  target_link_options(odoledger_flags INTERFACE -fsanitize=address,undefined)
+else()
+  target_compile_options(odoledger_flags INTERFACE
+    $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE> $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
+endif()
+
+# odoledger_library(NAME [DEPENDS lib...]): a static library of all the sources in the current folder.
+function(odoledger_library name)
+  cmake_parse_arguments(arg "" "" "DEPENDS;SOURCES" ${ARGN})
+  if(arg_SOURCES)
+    set(sources ${arg_SOURCES})
+  else()
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  endif()
+  add_library(${name} STATIC ${sources})
+  target_link_libraries(${name} PUBLIC odoledger_flags ${arg_DEPENDS})
+endfunction()
+
+# odoledger_test(NAME DEPENDS lib...): a GoogleTest program of all the sources in the current folder.
+function(odoledger_test name)
+  cmake_parse_arguments(arg "" "" "DEPENDS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  add_executable(${name} ${sources})
+  target_link_libraries(${name} PRIVATE odoledger_flags ${arg_DEPENDS} GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/host.h"
+
+#include <deque>
+#include <map>
+
+struct SDL_KeyboardEvent;
+
+namespace device {
+
+/// Turns a desktop keyboard into the handset's keys. What a printable key gives comes as text, not as a key, unless
+/// Control is held.
+class Keyboard {
+public:
+    /// Appends what the key gives, if anything.
+    void Translate(const SDL_KeyboardEvent& key, std::deque<InputEvent>& events);
+    /// Appends each character of a typed text.
+    static void TranslateText(const char* utf8, std::deque<InputEvent>& events);
+    /// MOD_CONTROL and MOD_SHIFT as they are held now.
+    static unsigned Modifiers();
+
+private:
+    /// What each key was sent down as: it goes up as the same, whatever modifiers changed in between.
+    std::map<int, WORD> held_;
+};
+
+} // namespace device

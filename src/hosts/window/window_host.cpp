@@ -1,0 +1,400 @@
+#include "hosts/window/window_host.h"
+
+#include "hosts/window/keyboard.h"
+#include "hosts/window/tone.h"
+#include "platform/drawing/cairo_canvas.h"
+#include "platform/drawing/rectangles.h"
+#include "platform/system/environment.h"
+#include "platform/system/utf8.h"
+
+#include <SDL.h>
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <cstdlib>
+#include <deque>
+#include <string_view>
+
+namespace device {
+
+namespace {
+
+constexpr char FirstTitle[] = "Handset";
+constexpr double DesktopDpi = 96.0;
+constexpr float LinesPerWheelStep = 3.0F;
+constexpr int ToneCheckMilliseconds = 100;
+
+/// A driver that shows nothing is taken only when it was asked for by name.
+bool IsBlindDriver(std::string_view driver) {
+    return driver == "dummy" || driver == "offscreen" || driver == "evdev";
+}
+
+bool InitVideo(std::string& error) {
+    SDL_SetMainReady();
+    SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
+        error = std::string("No display: ") + SDL_GetError();
+    } else if (IsBlindDriver(SDL_GetCurrentVideoDriver()) && std::getenv("SDL_VIDEODRIVER") == nullptr) {
+        error = "No display";
+        SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    } else {
+        return true;
+    }
+    std::replace(error.begin(), error.end(), '\n', ' ');
+    return false;
+}
+
+int InImage(LONG devicePixels, double zoom) {
+    return std::max(1, static_cast<int>(std::lround(devicePixels * zoom)));
+}
+
+/// By the display's density in steps of a half, but no larger than the display has room for.
+double ZoomOfDisplay(int display, SIZE screen) {
+    float dpi = 0;
+    double zoom = 1.0;
+    if (SDL_GetDisplayDPI(display, nullptr, nullptr, &dpi) == 0)
+        zoom = std::clamp(std::round(dpi / DesktopDpi * 2.0) / 2.0, 1.0, 4.0);
+    SDL_Rect room;
+    if (SDL_GetDisplayUsableBounds(display, &room) != 0)
+        return zoom;
+    while (zoom > 1.0 && (InImage(screen.cx, zoom) > room.w || InImage(screen.cy, zoom) > room.h))
+        zoom -= 0.5;
+    return zoom;
+}
+
+} // namespace
+
+struct WindowHost::Window {
+    Window();
+    ~Window();
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    bool Create();
+    double PixelsPerPoint() const;
+    void ApplyResize();
+    void CopyToWindow(const RECT& imagePlace);
+    void CopyAll();
+    bool WaitForEvent(SDL_Event& event);
+    void Translate(const SDL_Event& event);
+    void TranslateWindow(const SDL_WindowEvent& event);
+    void TranslateButton(const SDL_MouseButtonEvent& event);
+    void TranslateWheel(const SDL_MouseWheelEvent& event);
+    void AddMouse(InputEvent::Kind kind, int x, int y, int delta = 0);
+
+    SDL_Window* handle = nullptr;
+    SIZE screen;
+    double zoom = 1.0;
+    bool zoomIsGiven = false;
+    std::unique_ptr<CairoCanvas> canvas;
+    bool isPainted = false; ///< the canvas shows something worth copying
+    bool isResized = false; ///< a size came that the canvas does not have yet
+    bool isWoken = false;
+    std::atomic<bool> wakeIsQueued = false;
+    Uint32 wakeEvent = 0;
+    float wheelRest = 0;
+    Keyboard keyboard;
+    Tone tone;
+    SDL_Cursor* waitCursor = nullptr;
+    std::deque<InputEvent> events;
+};
+
+WindowHost::Window::Window()
+    : screen(TheEnvironment().screen)
+    , zoomIsGiven(TheEnvironment().zoom.has_value()) {
+}
+
+WindowHost::Window::~Window() {
+    if (waitCursor != nullptr)
+        SDL_FreeCursor(waitCursor);
+    if (handle != nullptr)
+        SDL_DestroyWindow(handle);
+    SDL_QuitSubSystem(SDL_INIT_VIDEO);
+}
+
+bool WindowHost::Window::Create() {
+    constexpr Uint32 Flags = SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
+    handle = SDL_CreateWindow(FirstTitle, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, screen.cx, screen.cy, Flags);
+    if (handle == nullptr)
+        return false;
+    const double scale = PixelsPerPoint();
+    const int display = std::max(SDL_GetWindowDisplayIndex(handle), 0);
+    zoom = zoomIsGiven ? *TheEnvironment().zoom : scale > 1.0 ? scale : ZoomOfDisplay(display, screen);
+    SDL_SetWindowSize(handle, InImage(screen.cx, zoom / scale), InImage(screen.cy, zoom / scale));
+    SDL_SetWindowPosition(handle, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
+    wakeEvent = SDL_RegisterEvents(1);
+    canvas = std::make_unique<CairoCanvas>(screen, zoom);
+    // What the desktop made of the wish comes as a resize like any other.
+    isResized = true;
+    SDL_StartTextInput();
+    return SDL_GetWindowSurface(handle) != nullptr;
+}
+
+double WindowHost::Window::PixelsPerPoint() const {
+    int points = 0;
+    int pixels = 0;
+    SDL_GetWindowSize(handle, &points, nullptr);
+    SDL_GetWindowSizeInPixels(handle, &pixels, nullptr);
+    return points > 0 && pixels > 0 ? static_cast<double>(pixels) / points : 1.0;
+}
+
+void WindowHost::Window::ApplyResize() {
+    isResized = false;
+    int width = 0;
+    int height = 0;
+    SDL_GetWindowSizeInPixels(handle, &width, &height);
+    const double scale = PixelsPerPoint();
+    const double wantedZoom = zoomIsGiven || scale <= 1.0 ? zoom : scale;
+    const auto inDevice
+        = [wantedZoom](int pixels) { return std::max(1, static_cast<int>(pixels / wantedZoom + 0.001)); };
+    const SIZE size{inDevice(width), inDevice(height)};
+    if (size.cx == screen.cx && size.cy == screen.cy && wantedZoom == zoom) {
+        CopyAll();
+        return;
+    }
+    screen = size;
+    zoom = wantedZoom;
+    canvas->Resize(screen, zoom);
+    isPainted = false;
+    InputEvent event;
+    event.kind = InputEvent::Kind::Resize;
+    event.x = size.cx;
+    event.y = size.cy;
+    events.push_back(event);
+}
+
+void WindowHost::Window::CopyToWindow(const RECT& imagePlace) {
+    // Asked for each time: a resize makes the one before it invalid.
+    SDL_Surface* surface = SDL_GetWindowSurface(handle);
+    const SIZE size = canvas->ImageSize();
+    const unsigned char* pixels = canvas->Pixels();
+    const RECT place = Intersection(imagePlace, {0, 0, size.cx, size.cy});
+    if (surface == nullptr || pixels == nullptr || IsRectEmpty(place))
+        return;
+    SDL_Surface* image = SDL_CreateRGBSurfaceWithFormatFrom(
+        const_cast<unsigned char*>(pixels), size.cx, size.cy, 32, canvas->Stride(), SDL_PIXELFORMAT_RGB888); // NOLINT
+    if (image == nullptr)
+        return;
+    SDL_Rect source{place.left, place.top, place.right - place.left, place.bottom - place.top};
+    SDL_Rect target = source;
+    // Clips the target to the surface, which may lag behind the window.
+    if (SDL_BlitSurface(image, &source, surface, &target) == 0 && !SDL_RectEmpty(&target))
+        SDL_UpdateWindowSurfaceRects(handle, &target, 1);
+    SDL_FreeSurface(image);
+}
+
+void WindowHost::Window::CopyAll() {
+    if (!isPainted)
+        return;
+    const SIZE size = canvas->ImageSize();
+    if (SDL_Surface* surface = SDL_GetWindowSurface(handle)) {
+        // A window is seldom a whole number of device pixels: a strip is left at its far edges.
+        const SDL_Rect strips[]
+            = {{size.cx, 0, surface->w - size.cx, surface->h}, {0, size.cy, surface->w, surface->h - size.cy}};
+        for (const SDL_Rect& strip : strips) {
+            if (SDL_RectEmpty(&strip))
+                continue;
+            SDL_FillRect(surface, &strip, 0);
+            SDL_UpdateWindowSurfaceRects(handle, &strip, 1);
+        }
+    }
+    CopyToWindow({0, 0, size.cx, size.cy});
+}
+
+bool WindowHost::Window::WaitForEvent(SDL_Event& event) {
+    while (tone.IsOpen()) {
+        if (SDL_WaitEventTimeout(&event, ToneCheckMilliseconds) != 0)
+            return true;
+        tone.CloseWhenOver();
+    }
+    return SDL_WaitEvent(&event) != 0;
+}
+
+void WindowHost::Window::AddMouse(InputEvent::Kind kind, int x, int y, int delta) {
+    const double scale = PixelsPerPoint() / zoom;
+    InputEvent event;
+    event.kind = kind;
+    event.modifiers = Keyboard::Modifiers();
+    event.x = static_cast<int>(std::floor(x * scale));
+    event.y = static_cast<int>(std::floor(y * scale));
+    event.delta = delta;
+    events.push_back(event);
+}
+
+void WindowHost::Window::TranslateButton(const SDL_MouseButtonEvent& event) {
+    if (event.button != SDL_BUTTON_LEFT)
+        return;
+    if (event.state != SDL_PRESSED)
+        AddMouse(InputEvent::Kind::MouseUp, event.x, event.y);
+    else if (event.clicks % 2 == 0)
+        AddMouse(InputEvent::Kind::DoubleClick, event.x, event.y);
+    else
+        AddMouse(InputEvent::Kind::MouseDown, event.x, event.y);
+}
+
+void WindowHost::Window::TranslateWheel(const SDL_MouseWheelEvent& event) {
+    // Touch pads send parts of a step.
+    wheelRest += event.preciseY * LinesPerWheelStep;
+    const auto lines = static_cast<int>(wheelRest);
+    wheelRest -= static_cast<float>(lines);
+    if (lines != 0)
+        AddMouse(InputEvent::Kind::Wheel, event.mouseX, event.mouseY, lines);
+}
+
+void WindowHost::Window::TranslateWindow(const SDL_WindowEvent& event) {
+    switch (event.event) {
+    case SDL_WINDOWEVENT_SIZE_CHANGED:
+    case SDL_WINDOWEVENT_DISPLAY_CHANGED:
+        isResized = true;
+        break;
+    case SDL_WINDOWEVENT_EXPOSED:
+    case SDL_WINDOWEVENT_SHOWN:
+    case SDL_WINDOWEVENT_RESTORED:
+        if (!isResized)
+            CopyAll();
+        break;
+    default:
+        break;
+    }
+}
+
+void WindowHost::Window::Translate(const SDL_Event& event) {
+    // Sizes come in bursts: only the last one before anything else counts.
+    if (isResized && event.type != SDL_WINDOWEVENT)
+        ApplyResize();
+    switch (event.type) {
+    case SDL_WINDOWEVENT:
+        TranslateWindow(event.window);
+        break;
+    case SDL_KEYDOWN:
+    case SDL_KEYUP:
+        keyboard.Translate(event.key, events);
+        break;
+    case SDL_TEXTINPUT:
+        Keyboard::TranslateText(event.text.text, events);
+        break;
+    case SDL_MOUSEBUTTONDOWN:
+    case SDL_MOUSEBUTTONUP:
+        TranslateButton(event.button);
+        break;
+    case SDL_MOUSEWHEEL:
+        TranslateWheel(event.wheel);
+        break;
+    case SDL_QUIT: {
+        InputEvent close;
+        close.kind = InputEvent::Kind::Close;
+        events.push_back(close);
+        break;
+    }
+    default:
+        if (event.type == wakeEvent) {
+            wakeIsQueued = false;
+            isWoken = true;
+        }
+        break;
+    }
+}
+
+WindowHost::WindowHost(std::unique_ptr<Window> window)
+    : window_(std::move(window)) {
+}
+
+WindowHost::~WindowHost() = default;
+
+std::unique_ptr<WindowHost> WindowHost::Open(std::string& error) {
+    if (!InitVideo(error))
+        return nullptr;
+    auto window = std::make_unique<Window>();
+    if (!window->Create()) {
+        error = std::string("No window: ") + SDL_GetError();
+        return nullptr;
+    }
+    return std::unique_ptr<WindowHost>(new WindowHost(std::move(window)));
+}
+
+SIZE WindowHost::ScreenSize() const {
+    return window_->screen;
+}
+
+double WindowHost::Zoom() const {
+    return window_->zoom;
+}
+
+bool WindowHost::NextEvent(InputEvent& event, bool wait) {
+    Window& window = *window_;
+    window.isWoken = false;
+    while (window.events.empty()) {
+        SDL_Event native;
+        if (SDL_PollEvent(&native) != 0) {
+            window.Translate(native);
+        } else if (window.isResized) {
+            window.ApplyResize();
+        } else if (!wait || window.isWoken || !window.WaitForEvent(native)) {
+            return false;
+        } else {
+            window.Translate(native);
+        }
+    }
+    event = window.events.front();
+    window.events.pop_front();
+    return true;
+}
+
+Canvas& WindowHost::Screen() {
+    return *window_->canvas;
+}
+
+void WindowHost::Present(const RECT& changed) {
+    Window& window = *window_;
+    if (!window.isPainted) {
+        window.isPainted = true;
+        // Only now: a second start, which gives way to the first one, shows no window.
+        if ((SDL_GetWindowFlags(window.handle) & SDL_WINDOW_HIDDEN) != 0)
+            SDL_ShowWindow(window.handle);
+        window.CopyAll();
+        return;
+    }
+    const double zoom = window.zoom;
+    window.CopyToWindow(
+        {static_cast<LONG>(std::floor(changed.left * zoom)), static_cast<LONG>(std::floor(changed.top * zoom)),
+            static_cast<LONG>(std::ceil(changed.right * zoom)), static_cast<LONG>(std::ceil(changed.bottom * zoom))});
+}
+
+void WindowHost::Beep() {
+    SDL_FlashWindow(window_->handle, SDL_FLASH_BRIEFLY);
+    window_->tone.Play();
+}
+
+void WindowHost::Wake() {
+    if (window_->wakeIsQueued.exchange(true))
+        return;
+    SDL_Event event{};
+    event.type = window_->wakeEvent;
+    if (SDL_PushEvent(&event) != 1)
+        window_->wakeIsQueued = false;
+}
+
+void WindowHost::TitleChanged(const std::wstring& title) {
+    SDL_SetWindowTitle(window_->handle, ToUtf8(title).c_str());
+}
+
+void WindowHost::BringToFront() {
+    if ((SDL_GetWindowFlags(window_->handle) & SDL_WINDOW_MINIMIZED) != 0)
+        SDL_RestoreWindow(window_->handle);
+    SDL_RaiseWindow(window_->handle);
+}
+
+void WindowHost::GoBack() {
+    SDL_MinimizeWindow(window_->handle);
+}
+
+void WindowHost::WaitCursor(bool shown) {
+    SDL_Cursor*& cursor = window_->waitCursor;
+    if (cursor == nullptr)
+        cursor = SDL_CreateSystemCursor(SDL_SYSTEM_CURSOR_WAIT);
+    if (SDL_Cursor* wanted = shown ? cursor : SDL_GetDefaultCursor())
+        SDL_SetCursor(wanted);
+}
+
+} // namespace device

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/host.h"
+
+#include <memory>
+#include <string>
+
+namespace device {
+
+/// The device in a window of the desktop: its screen is the window's inside, `zoom` image pixels a device pixel. The
+/// window can be resized; the screen then holds more or less, at the same zoom. One a process.
+class WindowHost final : public Host {
+public:
+    /// Null without a display, and then `error` says why, in one line.
+    static std::unique_ptr<WindowHost> Open(std::string& error);
+    ~WindowHost() override;
+    WindowHost(const WindowHost&) = delete;
+    WindowHost& operator=(const WindowHost&) = delete;
+
+    /// In device pixels.
+    SIZE ScreenSize() const;
+    double Zoom() const;
+
+    bool NextEvent(InputEvent& event, bool wait) override;
+    /// After a Resize event everything has to be painted anew.
+    Canvas& Screen() override;
+    void Present(const RECT& changed) override;
+    /// A flash of the window's mark in the task bar, and a short tone where there is a sound device.
+    void Beep() override;
+    void Wake() override;
+
+    void TitleChanged(const std::wstring& title) override;
+    void BringToFront() override;
+    void GoBack() override;
+    void WaitCursor(bool shown) override;
+
+private:
+    struct Window;
+    explicit WindowHost(std::unique_ptr<Window> window);
+
+    std::unique_ptr<Window> window_;
+};
+
+} // namespace device

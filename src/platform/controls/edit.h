@@ -1,0 +1,66 @@
+#pragma once
+
+#include "platform/controls/edit_layout.h"
+#include "platform/controls/edit_text.h"
+#include "platform/drawing.h"
+#include "platform/window.h"
+#include "platform/windowing/control.h"
+
+#include <string>
+
+namespace device {
+
+/// Style of a multi-line edit that has the screen to itself: Action begins a new line, up and down move the caret.
+inline constexpr DWORD EditWantsReturn = 0x1000;
+
+/// A text field of one line or several, with caret and selection.
+class Edit final : public Control {
+public:
+    explicit Edit(HWND window)
+        : Control(window) { }
+
+    bool IsReadOnly() const;
+    bool IsMultiline() const;
+    /// A digit field, or one in numbers mode.
+    bool IsNumeric() const;
+    /// The selection, start and end; equal for a bare caret.
+    std::size_t SelectionStart() const { return text_.Start(); }
+    std::size_t SelectionEnd() const { return text_.End(); }
+    /// The most characters that typing may make; 0: no limit.
+    std::size_t Limit() const { return limit_; }
+    /// The place of the caret, one of the two ends of the selection.
+    std::size_t Caret() const { return text_.Caret(); }
+
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void PaintFrame(Canvas& canvas, const RECT& place) override;
+    const wchar_t* InputMark() const override;
+
+private:
+    bool HasStyle(DWORD style) const;
+    bool OpensFullScreen() const;
+    EditText::Rules Rules() const;
+    void Notify(UINT code) const;
+    void Layout();
+    /// The caret moved or the text changed: brings the caret into view.
+    void Moved();
+    void Changed();
+    bool FieldMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    LRESULT DialogCode(const MSG* pending) const;
+    LRESULT SetText(const wchar_t* text);
+    LRESULT CopyText(wchar_t* buffer, std::size_t size) const;
+    void Key(WORD key);
+    void MoveLines(int step, bool extend);
+    void Character(wchar_t character);
+    void Click(LPARAM point, bool extend, bool word);
+    void OpenFullScreen();
+    void Paint(HDC context);
+    void PaintLine(HDC context, std::size_t line, bool focused) const;
+
+    EditText text_;
+    EditLayout layout_;
+    std::size_t limit_ = 0;
+    bool numbersMode_ = false;
+    int goalX_ = -1; ///< where up and down aim at; below 0: at the caret
+};
+
+} // namespace device

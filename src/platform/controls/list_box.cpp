@@ -1,0 +1,311 @@
+#include "platform/controls/list_box.h"
+
+#include "platform/controls/up_down.h"
+#include "platform/dialog.h"
+#include "platform/drawing/device_context.h"
+#include "platform/input.h"
+#include "platform/locale.h"
+#include "platform/metrics.h"
+#include "platform/windowing/desktop.h"
+#include "platform/windowing/dialog_manager.h"
+#include "platform/windowing/look.h"
+
+#include <algorithm>
+
+namespace device {
+
+namespace {
+
+const wchar_t* TextAt(LPARAM pointer) {
+    const auto* text = reinterpret_cast<const wchar_t*>(pointer); // NOLINT(performance-no-int-to-ptr)
+    return text ? text : L"";
+}
+
+int Compare(const std::wstring& first, const std::wstring& second) {
+    return CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, first.c_str(), -1, second.c_str(), -1) - CSTR_EQUAL;
+}
+
+}
+
+bool ListBox::IsSpinner() const {
+    return UpDown::PartnerOf(Handle(), UDS_HORZ) != nullptr;
+}
+
+int ListBox::SortedPlace(const std::wstring& text) const {
+    const auto place = std::upper_bound(rows_.begin(), rows_.end(), text,
+        [](const std::wstring& added, const Row& row) { return Compare(added, row.text) < 0; });
+    return static_cast<int>(place - rows_.begin());
+}
+
+int ListBox::Insert(int index, const wchar_t* text) {
+    if (index < 0)
+        index = Count();
+    if (index > Count())
+        return static_cast<int>(LB_ERR);
+    rows_.insert(rows_.begin() + index, Row{text, 0});
+    if (selected_ >= index)
+        ++selected_;
+    Changed();
+    return index;
+}
+
+LRESULT ListBox::Remove(WPARAM index) {
+    if (!IsRow(index))
+        return LB_ERR;
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
+    if (selected_ == static_cast<int>(index))
+        selected_ = -1;
+    else if (selected_ > static_cast<int>(index))
+        --selected_;
+    Changed();
+    return Count();
+}
+
+LRESULT ListBox::Select(int index) {
+    if (index < -1 || index >= Count()) {
+        selected_ = -1;
+        Changed();
+        return LB_ERR;
+    }
+    selected_ = index;
+    Changed();
+    return index;
+}
+
+void ListBox::Changed() {
+    const int shown = RowsShown();
+    if (selected_ >= 0)
+        first_ = std::clamp(first_, selected_ - shown + 1, selected_);
+    first_ = std::clamp(first_, 0, std::max(0, Count() - shown));
+    if (Window* window = FindWindowRecord(Handle())) {
+        const bool bar = window->Has(WS_VSCROLL) && !IsSpinner() && Count() > shown;
+        SetInsets(*window, {0, 0, bar ? GetSystemMetrics(SM_CXVSCROLL) : 0, 0});
+    }
+    InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+void ListBox::Step(int step, bool wrap) {
+    if (Count() == 0)
+        return;
+    int index = selected_ + step;
+    if (selected_ < 0)
+        index = step > 0 ? 0 : Count() - 1;
+    else if (wrap)
+        index = (index + Count()) % Count();
+    index = std::clamp(index, 0, Count() - 1);
+    if (index == selected_)
+        return;
+    Select(index);
+    const HWND self = Handle();
+    SendMessageW(GetParent(self), WM_COMMAND,
+        static_cast<WPARAM>(GetDlgCtrlID(self)) | (static_cast<WPARAM>(LBN_SELCHANGE) << 16U),
+        reinterpret_cast<LPARAM>(self));
+}
+
+bool ListBox::Key(WORD key) {
+    if (IsSpinner()) {
+        if (key != VK_LEFT && key != VK_RIGHT)
+            return false;
+        Step(key == VK_LEFT ? -1 : 1, true);
+        return true;
+    }
+    switch (key) {
+    case VK_UP:
+        Step(-1, false);
+        return true;
+    case VK_DOWN:
+        Step(1, false);
+        return true;
+    case VK_PRIOR:
+        Step(-RowsShown(), false);
+        return true;
+    case VK_NEXT:
+        Step(RowsShown(), false);
+        return true;
+    case VK_HOME:
+        Step(-Count(), false);
+        return true;
+    case VK_END:
+        Step(Count(), false);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void ListBox::TypeAhead(wchar_t character) {
+    wchar_t wanted[2] = {character, 0};
+    CharLowerW(wanted);
+    for (int tried = 1; tried <= Count(); ++tried) {
+        const int index = (std::max(selected_, -1) + tried) % Count();
+        wchar_t first[2] = {rows_[static_cast<std::size_t>(index)].text.c_str()[0], 0};
+        CharLowerW(first);
+        if (first[0] == wanted[0]) {
+            if (index != selected_)
+                Step(index - std::max(selected_, 0), false);
+            return;
+        }
+    }
+}
+
+void ListBox::Click(LPARAM point) {
+    if (IsSpinner()) {
+        RECT client;
+        GetClientRect(Handle(), &client);
+        Step(static_cast<std::int16_t>(LOWORD(static_cast<std::uintptr_t>(point))) < client.right / 2 ? -1 : 1, true);
+        return;
+    }
+    const int index = first_ + (static_cast<std::int16_t>(HIWORD(static_cast<std::uintptr_t>(point))) / RowHeight());
+    if (index >= 0 && index < Count() && index != selected_)
+        Step(selected_ < 0 ? index + 1 : index - selected_, false);
+}
+
+LRESULT ListBox::Message(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case LB_ADDSTRING: {
+        const bool sorted = (static_cast<DWORD>(GetWindowLongW(Handle(), GWL_STYLE)) & LBS_SORT) != 0;
+        return Insert(sorted ? SortedPlace(TextAt(lParam)) : -1, TextAt(lParam));
+    }
+    case LB_INSERTSTRING:
+        return Insert(static_cast<int>(wParam), TextAt(lParam));
+    case LB_DELETESTRING:
+        return Remove(wParam);
+    case LB_RESETCONTENT:
+        rows_.clear();
+        selected_ = -1;
+        first_ = 0;
+        Changed();
+        return 0;
+    case LB_SETCURSEL:
+        return Select(static_cast<int>(wParam));
+    case LB_GETCURSEL:
+        return selected_;
+    case LB_GETCOUNT:
+        return Count();
+    case LB_GETTEXTLEN:
+        return IsRow(wParam) ? static_cast<LRESULT>(rows_[wParam].text.size()) : LB_ERR;
+    case LB_GETTEXT: {
+        auto* buffer = reinterpret_cast<wchar_t*>(lParam); // NOLINT(performance-no-int-to-ptr)
+        if (!IsRow(wParam) || !buffer)
+            return LB_ERR;
+        const std::wstring& text = rows_[wParam].text;
+        text.copy(buffer, text.size());
+        buffer[text.size()] = 0;
+        return static_cast<LRESULT>(text.size());
+    }
+    case LB_SETITEMDATA:
+        if (!IsRow(wParam))
+            return LB_ERR;
+        rows_[wParam].data = lParam;
+        return 0;
+    case LB_GETITEMDATA:
+        return IsRow(wParam) ? rows_[wParam].data : LB_ERR;
+    case WM_GETDLGCODE: {
+        const auto* pending = reinterpret_cast<const MSG*>(lParam); // NOLINT(performance-no-int-to-ptr)
+        const bool vertical = pending && (pending->wParam == VK_UP || pending->wParam == VK_DOWN);
+        return DLGC_WANTCHARS | (IsSpinner() && vertical ? 0 : DLGC_WANTARROWS);
+    }
+    case WM_KEYDOWN:
+        Key(static_cast<WORD>(wParam));
+        return 0;
+    case WM_CHAR:
+        TypeAhead(static_cast<wchar_t>(wParam));
+        return 0;
+    case WM_LBUTTONDOWN:
+        Click(lParam);
+        return 0;
+    case WM_MOUSEWHEEL:
+        Step(static_cast<std::int16_t>(HIWORD(wParam)) > 0 ? -1 : 1, false);
+        return 0;
+    case WM_SIZE:
+        Changed();
+        return 0;
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_PAINT:
+        Paint(reinterpret_cast<HDC>(wParam)); // NOLINT(performance-no-int-to-ptr)
+        return 0;
+    default:
+        return DefWindowProcW(Handle(), message, wParam, lParam);
+    }
+}
+
+// Layout and painting
+
+int ListBox::RowHeight() const {
+    const Window* window = FindWindowRecord(Handle());
+    return Desktop::The().Screen().Measurer().Metrics(FontOf(window ? window->font : nullptr)).Height() + Scaled(4);
+}
+
+int ListBox::RowsShown() const {
+    RECT client;
+    GetClientRect(Handle(), &client);
+    return std::max(1, static_cast<int>(client.bottom) / RowHeight());
+}
+
+void ListBox::PaintSpinner(HDC context, const RECT& client) const {
+    const bool focused = GetFocus() == Handle();
+    Canvas& canvas = ContextCanvas(context);
+    const RECT place = ToCanvas(context, client);
+    canvas.SetMarks(ContextMarks(context));
+    canvas.Fill(place, focused ? GetSysColor(COLOR_HIGHLIGHT) : GetSysColor(COLOR_WINDOW));
+    const COLORREF color = GetSysColor(focused ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT);
+    const LONG middle = (place.top + place.bottom) / 2;
+    const LONG arrow = Scaled(4);
+    const LONG left = place.left + Scaled(5);
+    const LONG right = place.right - Scaled(5);
+    const POINT toLeft[] = {{left, middle}, {left + arrow, middle - arrow}, {left + arrow, middle + arrow}};
+    const POINT toRight[] = {{right, middle}, {right - arrow, middle - arrow}, {right - arrow, middle + arrow}};
+    canvas.Polygon(toLeft, color);
+    canvas.Polygon(toRight, color);
+    if (selected_ < 0)
+        return;
+    SetTextColor(context, color);
+    RECT inner{Scaled(14), 0, client.right - Scaled(14), client.bottom};
+    DrawTextW(context, rows_[static_cast<std::size_t>(selected_)].text.c_str(), -1, &inner,
+        DT_SINGLELINE | DT_VCENTER | DT_CENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
+void ListBox::PaintRows(HDC context, const RECT& client) const {
+    FillRect(context, &client, GetSysColorBrush(COLOR_WINDOW));
+    const int height = RowHeight();
+    PaintMarks marks = ContextMarks(context);
+    for (int index = first_; index < Count(); ++index) {
+        const LONG top = (index - first_) * height;
+        if (top >= client.bottom)
+            break;
+        RECT row{0, top, client.right, top + height};
+        const bool selected = index == selected_;
+        if (selected)
+            FillRect(context, &row, GetSysColorBrush(COLOR_HIGHLIGHT));
+        SetTextColor(context, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+        marks.selected = selected;
+        SetContextMarks(context, marks);
+        row.left += Scaled(6);
+        row.right -= Scaled(4);
+        DrawTextW(context, rows_[static_cast<std::size_t>(index)].text.c_str(), -1, &row,
+            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    }
+}
+
+void ListBox::Paint(HDC context) const {
+    RECT client;
+    GetClientRect(Handle(), &client);
+    SetBkMode(context, TRANSPARENT);
+    if (IsSpinner())
+        PaintSpinner(context, client);
+    else
+        PaintRows(context, client);
+}
+
+void ListBox::PaintFrame(Canvas& canvas, const RECT& place) {
+    const Window* window = FindWindowRecord(Handle());
+    if (window && window->insets.right > 0) {
+        const RECT bar{place.right - window->insets.right, place.top, place.right, place.bottom};
+        PaintScrollBar(canvas, bar, Count(), RowsShown(), first_);
+    }
+    if (IsSpinner())
+        canvas.Frame(place, MenuEdgeColor, 1);
+}
+
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/drawing.h"
+#include "platform/windowing/control.h"
+
+#include <string>
+#include <vector>
+
+namespace device {
+
+/// A list of texts with a number each, one of them selected. With a horizontal up-down as its partner it is a spinner:
+/// one line, left and right step through the rows.
+class ListBox final : public Control {
+public:
+    struct Row {
+        std::wstring text;
+        LPARAM data = 0;
+    };
+
+    explicit ListBox(HWND window) : Control(window) {}
+
+    const std::vector<Row>& Rows() const { return rows_; }
+    int Selected() const { return selected_; }
+
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void PaintFrame(Canvas& canvas, const RECT& place) override;
+
+private:
+    bool IsSpinner() const;
+    int Count() const { return static_cast<int>(rows_.size()); }
+    bool IsRow(WPARAM index) const { return static_cast<int>(index) >= 0 && static_cast<int>(index) < Count(); }
+    int Insert(int index, const wchar_t* text);
+    int SortedPlace(const std::wstring& text) const;
+    LRESULT Remove(WPARAM index);
+    LRESULT Select(int index);
+    void Step(int step, bool wrap);
+    bool Key(WORD key);
+    void TypeAhead(wchar_t character);
+    void Click(LPARAM point);
+    void Changed();
+    int RowHeight() const;
+    int RowsShown() const;
+    void Paint(HDC context) const;
+    void PaintSpinner(HDC context, const RECT& client) const;
+    void PaintRows(HDC context, const RECT& client) const;
+
+    std::vector<Row> rows_;
+    int selected_ = -1;
+    int first_ = 0;
+};
+
+}

@@ -1,0 +1,403 @@
+#include "platform/controls/list_view.h"
+
+#include "platform/dialog.h"
+#include "platform/drawing/device_context.h"
+#include "platform/drawing/icons.h"
+#include "platform/input.h"
+#include "platform/metrics.h"
+#include "platform/windowing/desktop.h"
+#include "platform/windowing/look.h"
+
+#include <algorithm>
+
+namespace device {
+
+// The header has no window of its own: the list answers for it.
+namespace {
+
+constexpr UINT HeaderGetItemCount = 0x1200;
+constexpr UINT HeaderGetItemRect = 0x1207;
+
+template <typename Kind> Kind* Pointer(LPARAM value) {
+    return reinterpret_cast<Kind*>(value); // NOLINT(performance-no-int-to-ptr): what the interface passes
+}
+
+DWORD StyleOf(HWND window) {
+    return static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
+}
+
+}
+
+ListView::ListView(HWND window) : Control(window), rows_((StyleOf(window) & LVS_SINGLESEL) != 0) {}
+
+bool ListView::HasStyle(DWORD style) const {
+    return (StyleOf(Handle()) & style) != 0;
+}
+
+HFONT ListView::Font() const {
+    const Window* window = FindWindowRecord(Handle());
+    return window ? window->font : nullptr;
+}
+
+// Layout
+
+int ListView::RowsShown() const {
+    RECT client;
+    GetClientRect(Handle(), &client);
+    return std::max(1, (static_cast<int>(client.bottom) - HeaderHeight()) / rowHeight_);
+}
+
+RECT ListView::RowRect(int row) const {
+    RECT client;
+    GetClientRect(Handle(), &client);
+    const LONG top = HeaderHeight() + ((row - rows_.First()) * rowHeight_);
+    return {0, top, client.right, top + rowHeight_};
+}
+
+bool ListView::ItemRect(int row, RECT* rectangle) const {
+    if (!rectangle || !rows_.Has(row))
+        return false;
+    const int part = static_cast<int>(rectangle->left);
+    const RECT whole = RowRect(row);
+    const int margin = Scaled(2);
+    const LONG iconRight = whole.left + margin + imageSize_;
+    const LONG columnRight = columns_.empty() ? whole.right : std::min<LONG>(columns_[0].width, whole.right);
+    if (part == LVIR_ICON)
+        *rectangle = {whole.left + margin, whole.top, iconRight, whole.bottom};
+    else if (part == LVIR_LABEL)
+        *rectangle = {iconRight, whole.top, std::max(columnRight, iconRight), whole.bottom};
+    else
+        *rectangle = whole;
+    return true;
+}
+
+int ListView::RowAt(LPARAM point) const {
+    const int y = static_cast<std::int16_t>(HIWORD(static_cast<std::uintptr_t>(point))) - HeaderHeight();
+    return y < 0 ? -1 : rows_.First() + (y / rowHeight_);
+}
+
+void ListView::Measure() {
+    TextMeasurer& measurer = Desktop::The().Screen().Measurer();
+    int height = std::max(measurer.Metrics(FontOf(Font())).Height() + Scaled(4), imageSize_ + Scaled(2));
+    if (HasStyle(LVS_OWNERDRAWFIXED)) {
+        MEASUREITEMSTRUCT request;
+        request.CtlType = ODT_LISTVIEW;
+        request.CtlID = static_cast<UINT>(GetDlgCtrlID(Handle()));
+        request.itemHeight = static_cast<UINT>(height);
+        SendMessageW(GetParent(Handle()), WM_MEASUREITEM, request.CtlID, reinterpret_cast<LPARAM>(&request));
+        height = static_cast<int>(request.itemHeight);
+    }
+    rowHeight_ = std::max(1, height);
+}
+
+void ListView::Changed() {
+    Window* window = FindWindowRecord(Handle());
+    if (!window || !window->redraw)
+        return;
+    rows_.ScrollTo(rows_.First(), RowsShown());
+    const int edge = window->Has(WS_BORDER) ? 1 : 0;
+    const bool bar = rows_.Count() > RowsShown();
+    SetInsets(*window, {edge, edge, edge + (bar ? GetSystemMetrics(SM_CXVSCROLL) : 0), edge});
+    InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+// Messages
+
+LRESULT ListView::InsertItem(const LVITEMW& item) {
+    ListViewRows::Row row;
+    if ((item.mask & LVIF_TEXT) != 0 && item.pszText)
+        row.text = item.pszText;
+    if ((item.mask & LVIF_IMAGE) != 0)
+        row.image = item.iImage;
+    if ((item.mask & LVIF_PARAM) != 0)
+        row.data = item.lParam;
+    const int place = HasStyle(LVS_SORTASCENDING) ? rows_.SortedPlace(row.text) : item.iItem;
+    const int index = rows_.Insert(place, std::move(row));
+    Changed();
+    return index;
+}
+
+LRESULT ListView::SetItem(const LVITEMW& item) {
+    if (!rows_.Has(item.iItem))
+        return FALSE;
+    if ((item.mask & LVIF_TEXT) != 0)
+        rows_.SetCell(item.iItem, item.iSubItem, item.pszText ? item.pszText : L"");
+    if ((item.mask & LVIF_IMAGE) != 0)
+        rows_.At(item.iItem).image = item.iImage;
+    if ((item.mask & LVIF_PARAM) != 0)
+        rows_.At(item.iItem).data = item.lParam;
+    if ((item.mask & LVIF_STATE) != 0)
+        rows_.SetState(item.iItem, item.state, item.stateMask);
+    Changed();
+    return TRUE;
+}
+
+LRESULT ListView::GetText(int row, LVITEMW& item) const {
+    if (!rows_.Has(row) || !item.pszText || item.cchTextMax <= 0)
+        return 0;
+    const std::wstring text = rows_.Cell(row, item.iSubItem);
+    const std::size_t length = text.copy(item.pszText, static_cast<std::size_t>(item.cchTextMax) - 1);
+    item.pszText[length] = 0;
+    return static_cast<LRESULT>(length);
+}
+
+LRESULT ListView::GetItem(LVITEMW& item) const {
+    if (!rows_.Has(item.iItem))
+        return FALSE;
+    if ((item.mask & LVIF_TEXT) != 0)
+        GetText(item.iItem, item);
+    if ((item.mask & LVIF_IMAGE) != 0)
+        item.iImage = rows_.At(item.iItem).image;
+    if ((item.mask & LVIF_PARAM) != 0)
+        item.lParam = rows_.At(item.iItem).data;
+    if ((item.mask & LVIF_STATE) != 0)
+        item.state = (rows_.IsSelected(item.iItem) ? LVIS_SELECTED : 0)
+            | (rows_.Focused() == item.iItem ? LVIS_FOCUSED : 0);
+    return TRUE;
+}
+
+LRESULT ListView::SetState(int row, const LVITEMW& item) {
+    if (row == -1) {
+        for (int each = 0; each < rows_.Count(); ++each)
+            rows_.SetState(each, item.state, item.stateMask & LVIS_SELECTED);
+    } else if (rows_.Has(row)) {
+        rows_.SetState(row, item.state, item.stateMask);
+    } else {
+        return FALSE;
+    }
+    InvalidateRect(Handle(), nullptr, FALSE);
+    return TRUE;
+}
+
+LRESULT ListView::SetColumnWidth(int column, int width) {
+    if (column < 0 || column >= static_cast<int>(columns_.size()))
+        return FALSE;
+    if (width < 0) { // to the content: the last column takes what the others leave
+        RECT client;
+        GetClientRect(Handle(), &client);
+        width = static_cast<int>(client.right);
+        for (int each = 0; each < static_cast<int>(columns_.size()); ++each)
+            width -= each == column ? 0 : columns_[static_cast<std::size_t>(each)].width;
+    }
+    columns_[static_cast<std::size_t>(column)].width = std::max(0, width);
+    InvalidateRect(Handle(), nullptr, TRUE);
+    return TRUE;
+}
+
+void ListView::Sort(LPARAM parameter, PFNLVCOMPARE compare) {
+    if (compare)
+        rows_.Sort(compare, parameter);
+    InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+LRESULT ListView::ListMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    const int row = static_cast<int>(wParam);
+    switch (message) {
+    case LVM_GETITEMCOUNT:
+        return rows_.Count();
+    case LVM_INSERTITEMW:
+        return lParam ? InsertItem(*Pointer<LVITEMW>(lParam)) : -1;
+    case LVM_SETITEMW:
+        return lParam ? SetItem(*Pointer<LVITEMW>(lParam)) : FALSE;
+    case LVM_GETITEMW:
+        return lParam ? GetItem(*Pointer<LVITEMW>(lParam)) : FALSE;
+    case LVM_GETITEMTEXTW:
+        return lParam ? GetText(row, *Pointer<LVITEMW>(lParam)) : 0;
+    case LVM_SETITEMSTATE:
+        return lParam ? SetState(row, *Pointer<LVITEMW>(lParam)) : FALSE;
+    case LVM_GETITEMSTATE:
+        return ((rows_.IsSelected(row) ? LVIS_SELECTED : 0) | (rows_.Focused() == row ? LVIS_FOCUSED : 0)) & lParam;
+    case LVM_DELETEITEM: {
+        const bool removed = rows_.Remove(row);
+        Changed();
+        return removed ? TRUE : FALSE;
+    }
+    case LVM_DELETEALLITEMS:
+        rows_.Clear();
+        Changed();
+        return TRUE;
+    case LVM_FINDITEMW: {
+        const auto* wanted = Pointer<const LVFINDINFOW>(lParam);
+        return wanted && (wanted->flags & LVFI_PARAM) != 0 ? rows_.FindData(wanted->lParam, row) : -1;
+    }
+    case LVM_GETNEXTITEM:
+        return rows_.Next(row, LOWORD(static_cast<std::uintptr_t>(lParam)));
+    case LVM_GETSELECTEDCOUNT:
+        return rows_.SelectedCount();
+    case LVM_GETITEMRECT:
+        return ItemRect(row, Pointer<RECT>(lParam)) ? TRUE : FALSE;
+    case LVM_ENSUREVISIBLE:
+        rows_.EnsureVisible(row, RowsShown());
+        InvalidateRect(Handle(), nullptr, TRUE);
+        return rows_.Has(row) ? TRUE : FALSE;
+    case LVM_SORTITEMS:
+        Sort(static_cast<LPARAM>(wParam), reinterpret_cast<PFNLVCOMPARE>(lParam)); // NOLINT
+        return TRUE;
+    case LVM_INSERTCOLUMNW: {
+        const auto* column = Pointer<const LVCOLUMNW>(lParam);
+        if (!column)
+            return -1;
+        const int index = std::clamp(row, 0, static_cast<int>(columns_.size()));
+        columns_.insert(columns_.begin() + index, {column->pszText ? column->pszText : L"", column->fmt, column->cx});
+        Changed();
+        return index;
+    }
+    case LVM_SETCOLUMNWIDTH:
+        return SetColumnWidth(row, static_cast<std::int16_t>(LOWORD(static_cast<std::uintptr_t>(lParam))));
+    case LVM_GETCOLUMNWIDTH:
+        return row >= 0 && row < static_cast<int>(columns_.size()) ? columns_[wParam].width : 0;
+    case LVM_SETEXTENDEDLISTVIEWSTYLE: {
+        const LONG_PTR former = GetWindowLongW(Handle(), GWL_EXSTYLE);
+        SetWindowLongW(Handle(), GWL_EXSTYLE, lParam);
+        return former;
+    }
+    case LVM_SETIMAGELIST: {
+        const HIMAGELIST former = images_;
+        images_ = Pointer<HIMAGELIST__>(lParam);
+        imageSize_ = static_cast<int>(ImageListSize(images_).cx);
+        Measure();
+        Changed();
+        return reinterpret_cast<LRESULT>(former);
+    }
+    case LVM_GETHEADER:
+        return reinterpret_cast<LRESULT>(Handle());
+    case HeaderGetItemCount:
+        return static_cast<LRESULT>(columns_.size());
+    case HeaderGetItemRect: {
+        auto* place = Pointer<RECT>(lParam);
+        if (!place || row < 0 || row >= static_cast<int>(columns_.size()))
+            return FALSE;
+        *place = {0, 0, columns_[wParam].width, HeaderHeight()};
+        return TRUE;
+    }
+    default:
+        return DefWindowProcW(Handle(), message, wParam, lParam);
+    }
+}
+
+LRESULT ListView::Message(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_GETDLGCODE:
+        return DLGC_WANTARROWS | DLGC_WANTCHARS;
+    case WM_KEYDOWN:
+        KeyDown(static_cast<WORD>(wParam));
+        return 0;
+    case WM_CHAR:
+        rows_.MoveTo(rows_.TypeAhead(static_cast<wchar_t>(wParam)), ListViewRows::Move::Select);
+        rows_.EnsureVisible(rows_.Focused(), RowsShown());
+        InvalidateRect(Handle(), nullptr, FALSE);
+        return 0;
+    case WM_LBUTTONDOWN:
+        Click(wParam, lParam);
+        return 0;
+    case WM_LBUTTONDBLCLK:
+        if (rows_.Has(RowAt(lParam)))
+            SendKeyNotification(VK_RETURN);
+        return 0;
+    case WM_MOUSEWHEEL:
+        rows_.ScrollTo(rows_.First() - static_cast<std::int16_t>(HIWORD(wParam)), RowsShown());
+        InvalidateRect(Handle(), nullptr, TRUE);
+        return 0;
+    case WM_SIZE:
+        Measure();
+        Changed();
+        return 0;
+    case WM_SETFONT: {
+        const LRESULT result = DefWindowProcW(Handle(), message, wParam, lParam);
+        if (!HasStyle(LVS_OWNERDRAWFIXED))
+            Measure();
+        Changed();
+        return result;
+    }
+    case WM_SETREDRAW:
+        DefWindowProcW(Handle(), message, wParam, lParam);
+        Changed();
+        return 0;
+    case WM_PAINT:
+        Paint(reinterpret_cast<HDC>(wParam)); // NOLINT(performance-no-int-to-ptr)
+        return 0;
+    default:
+        return ListMessage(message, wParam, lParam);
+    }
+}
+
+// Keys and the mouse
+
+void ListView::SendNotification(INT code) {
+    NMHDR note{Handle(), static_cast<UINT>(GetDlgCtrlID(Handle())), code};
+    SendMessageW(GetParent(Handle()), WM_NOTIFY, note.idFrom, reinterpret_cast<LPARAM>(&note));
+}
+
+void ListView::SendKeyNotification(WORD key) {
+    NMLVKEYDOWN note;
+    note.hdr = {Handle(), static_cast<UINT>(GetDlgCtrlID(Handle())), LVN_KEYDOWN};
+    note.wVKey = key;
+    SendMessageW(GetParent(Handle()), WM_NOTIFY, note.hdr.idFrom, reinterpret_cast<LPARAM>(&note));
+}
+
+void ListView::KeyDown(WORD key) {
+    const unsigned modifiers = Desktop::The().Modifiers();
+    if (key == VK_RETURN && (modifiers & MOD_SHIFT) != 0) {
+        rows_.ToggleFocused();
+        InvalidateRect(Handle(), nullptr, FALSE);
+        return;
+    }
+    const HWND self = Handle();
+    SendKeyNotification(key);
+    if (!IsWindow(self))
+        return;
+    if (key == L'A' && (modifiers & MOD_CONTROL) != 0)
+        rows_.SelectAll();
+    else
+        MoveKey(key);
+    InvalidateRect(self, nullptr, FALSE);
+}
+
+void ListView::MoveKey(WORD key) {
+    const unsigned modifiers = Desktop::The().Modifiers();
+    const auto move = (modifiers & MOD_SHIFT) != 0 ? ListViewRows::Move::Extend
+        : (modifiers & MOD_CONTROL) != 0           ? ListViewRows::Move::Alone
+                                                   : ListViewRows::Move::Select;
+    const int page = std::max(1, RowsShown() - 1);
+    switch (key) {
+    case VK_UP:
+        rows_.MoveBy(-1, move);
+        break;
+    case VK_DOWN:
+        rows_.MoveBy(1, move);
+        break;
+    case VK_PRIOR:
+        rows_.MoveBy(-page, move);
+        break;
+    case VK_NEXT:
+        rows_.MoveBy(page, move);
+        break;
+    case VK_HOME:
+        rows_.MoveTo(0, move);
+        break;
+    case VK_END:
+        rows_.MoveTo(rows_.Count() - 1, move);
+        break;
+    default:
+        return;
+    }
+    rows_.EnsureVisible(rows_.Focused(), RowsShown());
+}
+
+void ListView::Click(WPARAM keys, LPARAM point) {
+    const int row = RowAt(point);
+    if (!rows_.Has(row))
+        return;
+    if ((keys & MK_CONTROL) != 0) {
+        rows_.MoveTo(row, ListViewRows::Move::Alone);
+        if (!HasStyle(LVS_SINGLESEL))
+            rows_.ToggleFocused();
+    } else {
+        rows_.MoveTo(row, (keys & MK_SHIFT) != 0 ? ListViewRows::Move::Extend : ListViewRows::Move::Select);
+    }
+    rows_.EnsureVisible(row, RowsShown());
+    InvalidateRect(Handle(), nullptr, FALSE);
+    SendNotification(NM_CLICK);
+}
+
+}

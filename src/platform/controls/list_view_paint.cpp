@@ -1,0 +1,116 @@
+#include "platform/controls/list_view.h"
+
+#include "platform/dialog.h"
+#include "platform/drawing/device_context.h"
+#include "platform/metrics.h"
+#include "platform/windowing/desktop.h"
+#include "platform/windowing/dialog_manager.h"
+#include "platform/windowing/look.h"
+
+#include <algorithm>
+
+namespace device {
+
+int ListView::HeaderHeight() const {
+    if (HasStyle(LVS_NOCOLUMNHEADER))
+        return 0;
+    return Desktop::The().Screen().Measurer().Metrics(FontOf(Font())).Height() + Scaled(6);
+}
+
+void ListView::Paint(HDC context) {
+    RECT client;
+    GetClientRect(Handle(), &client);
+    SetBkMode(context, TRANSPARENT);
+    if (HeaderHeight() > 0)
+        PaintHeader(context, client);
+    const RECT clip = ContextClip(context);
+    const LONG origin = ContextOrigin(context).y;
+    const PaintMarks marks = ContextMarks(context);
+    const bool focusShown = GetFocus() == Handle();
+    for (int row = rows_.First(); row < rows_.Count(); ++row) {
+        const RECT place = RowRect(row);
+        if (place.top >= client.bottom || place.top + origin >= clip.bottom)
+            break;
+        if (place.bottom + origin <= clip.top)
+            continue;
+        PaintMarks own = marks;
+        own.selected = rows_.IsSelected(row);
+        SetContextMarks(context, own);
+        if (HasStyle(LVS_OWNERDRAWFIXED))
+            AskOwnerToPaint(context, row, place);
+        else
+            PaintRow(context, row, place);
+        if (focusShown && row == rows_.Focused() && !own.selected)
+            ContextCanvas(context).Frame(ToCanvas(context, place), GetSysColor(COLOR_HIGHLIGHT), 1);
+    }
+    SetContextMarks(context, marks);
+}
+
+void ListView::PaintHeader(HDC context, const RECT& client) const {
+    RECT header{0, 0, client.right, HeaderHeight()};
+    FillRect(context, &header, GetSysColorBrush(COLOR_3DFACE));
+    SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
+    LONG left = 0;
+    for (const Column& column : columns_) {
+        RECT cell{left + Scaled(4), 0, left + column.width - Scaled(4), header.bottom};
+        DrawTextW(context, column.heading.c_str(), -1, &cell,
+            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS
+                | (column.format == LVCFMT_RIGHT ? DT_RIGHT : 0));
+        left += column.width;
+    }
+}
+
+void ListView::AskOwnerToPaint(HDC context, int row, const RECT& place) const {
+    DRAWITEMSTRUCT request;
+    request.CtlType = ODT_LISTVIEW;
+    request.CtlID = static_cast<UINT>(GetDlgCtrlID(Handle()));
+    request.itemID = static_cast<UINT>(row);
+    request.itemState
+        = (rows_.IsSelected(row) ? ODS_SELECTED : 0) | (rows_.Focused() == row ? ODS_FOCUS : 0);
+    request.hwndItem = Handle();
+    request.hDC = context;
+    request.rcItem = place;
+    const int state = SaveDC(context);
+    SendMessageW(GetParent(Handle()), WM_DRAWITEM, request.CtlID, reinterpret_cast<LPARAM>(&request));
+    RestoreDC(context, state);
+}
+
+void ListView::PaintRow(HDC context, int row, RECT place) const {
+    const bool selected = rows_.IsSelected(row);
+    FillRect(context, &place, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+    SetTextColor(context, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+    RECT label;
+    label.left = LVIR_LABEL;
+    ItemRect(row, &label);
+    if (images_ && rows_.At(row).image >= 0) {
+        const HICON icon = ImageList_GetIcon(images_, rows_.At(row).image, 0);
+        const LONG top = place.top + ((place.bottom - place.top - imageSize_) / 2);
+        DrawIconEx(context, label.left - imageSize_, top, icon, imageSize_, imageSize_, 0, nullptr, DI_NORMAL);
+        DestroyIcon(icon);
+    }
+    LONG left = 0;
+    for (std::size_t index = 0; index < columns_.size(); ++index) {
+        const Column& column = columns_[index];
+        RECT cell{(index == 0 ? label.left : left) + Scaled(4), place.top, left + column.width - Scaled(4),
+            place.bottom};
+        const std::wstring text = rows_.Cell(row, static_cast<int>(index));
+        DrawTextW(context, text.c_str(), -1, &cell,
+            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS
+                | (column.format == LVCFMT_RIGHT ? DT_RIGHT : 0));
+        left += column.width;
+    }
+}
+
+void ListView::PaintFrame(Canvas& canvas, const RECT& place) {
+    const Window* window = FindWindowRecord(Handle());
+    if (!window)
+        return;
+    if (window->insets.right > window->insets.left) {
+        const RECT bar{place.right - window->insets.right, place.top, place.right, place.bottom};
+        PaintScrollBar(canvas, bar, rows_.Count(), RowsShown(), rows_.First());
+    }
+    if (window->Has(WS_BORDER))
+        canvas.Frame(place, MenuEdgeColor, 1);
+}
+
+}

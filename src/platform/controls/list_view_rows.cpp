@@ -1,0 +1,223 @@
+#include "platform/controls/list_view_rows.h"
+
+#include "platform/locale.h"
+
+#include <algorithm>
+
+namespace device {
+
+int ListViewRows::FindData(LPARAM data, int after) const {
+    for (int row = std::max(after, -1) + 1; row < Count(); ++row) {
+        if (At(row).data == data)
+            return row;
+    }
+    return -1;
+}
+
+int ListViewRows::Next(int after, UINT flags) const {
+    if ((flags & LVNI_SELECTED) != 0 && selectedCount_ == 0)
+        return -1;
+    for (int row = std::max(after, -1) + 1; row < Count(); ++row) {
+        const bool selected = (flags & LVNI_SELECTED) == 0 || At(row).selected;
+        const bool focused = (flags & LVNI_FOCUSED) == 0 || row == focused_;
+        if (selected && focused)
+            return row;
+    }
+    return -1;
+}
+
+std::wstring ListViewRows::Cell(int row, int column) const {
+    if (!Has(row) || column < 0)
+        return {};
+    if (column == 0)
+        return At(row).text;
+    const auto& more = At(row).more;
+    const auto index = static_cast<std::size_t>(column) - 1;
+    return more && index < more->size() ? (*more)[index] : std::wstring();
+}
+
+int ListViewRows::Insert(int row, Row added) {
+    row = std::clamp(row, 0, Count());
+    rows_.insert(rows_.begin() + row, std::make_unique<Row>(std::move(added)));
+    if (focused_ >= row)
+        ++focused_;
+    if (anchor_ >= row)
+        ++anchor_;
+    return row;
+}
+
+int ListViewRows::SortedPlace(const std::wstring& text) const {
+    const auto place = std::upper_bound(
+        rows_.begin(), rows_.end(), text, [](const std::wstring& added, const std::unique_ptr<Row>& row) {
+            const int order
+                = CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, added.c_str(), -1, row->text.c_str(), -1);
+            return order != 0 && order < CSTR_EQUAL;
+        });
+    return static_cast<int>(place - rows_.begin());
+}
+
+bool ListViewRows::Remove(int row) {
+    if (!Has(row))
+        return false;
+    SetSelected(row, false);
+    rows_.erase(rows_.begin() + row);
+    // The focus stays in its place: the row that took the place of a deleted one has it then.
+    if (focused_ > row)
+        --focused_;
+    if (focused_ >= Count())
+        focused_ = Count() - 1;
+    if (anchor_ >= row)
+        anchor_ = focused_;
+    return true;
+}
+
+void ListViewRows::Clear() {
+    rows_.clear();
+    selectedCount_ = 0;
+    focused_ = anchor_ = -1;
+    first_ = 0;
+}
+
+void ListViewRows::SetCell(int row, int column, const std::wstring& text) {
+    if (!Has(row) || column < 0)
+        return;
+    if (column == 0) {
+        At(row).text = text;
+        return;
+    }
+    auto& more = At(row).more;
+    if (!more)
+        more = std::make_unique<std::vector<std::wstring>>();
+    if (more->size() < static_cast<std::size_t>(column))
+        more->resize(static_cast<std::size_t>(column));
+    (*more)[static_cast<std::size_t>(column) - 1] = text;
+}
+
+void ListViewRows::Sort(PFNLVCOMPARE compare, LPARAM parameter) {
+    const Row* focused = Has(focused_) ? &At(focused_) : nullptr;
+    std::stable_sort(rows_.begin(), rows_.end(), [compare, parameter](const auto& first, const auto& second) {
+        return compare(first->data, second->data, parameter) < 0;
+    });
+    const auto place
+        = std::find_if(rows_.begin(), rows_.end(), [focused](const auto& row) { return row.get() == focused; });
+    focused_ = place == rows_.end() ? -1 : static_cast<int>(place - rows_.begin());
+    anchor_ = focused_;
+}
+
+void ListViewRows::SetSelected(int row, bool selected) {
+    Row& changed = At(row);
+    if (changed.selected == selected)
+        return;
+    changed.selected = selected;
+    selectedCount_ += selected ? 1 : -1;
+}
+
+void ListViewRows::SelectOnly(int from, int to) {
+    if (selectedCount_ > 0) {
+        for (int row = 0; row < Count(); ++row)
+            SetSelected(row, false);
+    }
+    for (int row = std::min(from, to); row <= std::max(from, to); ++row)
+        SetSelected(row, true);
+}
+
+void ListViewRows::SetState(int row, UINT state, UINT mask) {
+    if (!Has(row))
+        return;
+    if ((mask & LVIS_SELECTED) != 0) {
+        const bool select = (state & LVIS_SELECTED) != 0;
+        if (select && single_)
+            SelectOnly(row, row);
+        else
+            SetSelected(row, select);
+        if (select)
+            anchor_ = row;
+    }
+    if ((mask & LVIS_FOCUSED) != 0) {
+        if ((state & LVIS_FOCUSED) != 0)
+            focused_ = row;
+        else if (focused_ == row)
+            focused_ = -1;
+    }
+}
+
+void ListViewRows::SelectAll() {
+    if (single_)
+        return;
+    for (int row = 0; row < Count(); ++row)
+        SetSelected(row, true);
+    if (focused_ < 0 && Count() > 0)
+        focused_ = 0;
+}
+
+void ListViewRows::ToggleFocused() {
+    if (!Has(focused_))
+        return;
+    if (single_)
+        SelectOnly(focused_, focused_);
+    else
+        SetSelected(focused_, !At(focused_).selected);
+    anchor_ = focused_;
+}
+
+void ListViewRows::MoveBy(int step, Move move) {
+    if (Count() == 0)
+        return;
+    if (!Has(focused_))
+        MoveTo(0, move);
+    else if (move == Move::Select && selectedCount_ == 0)
+        MoveTo(focused_, move);
+    else
+        MoveTo(std::clamp(focused_ + step, 0, Count() - 1), move);
+}
+
+void ListViewRows::MoveTo(int row, Move move) {
+    if (!Has(row))
+        return;
+    focused_ = row;
+    if (single_)
+        move = Move::Select;
+    switch (move) {
+    case Move::Alone:
+        break;
+    case Move::Select:
+        SelectOnly(row, row);
+        anchor_ = row;
+        break;
+    case Move::Extend:
+        if (!Has(anchor_))
+            anchor_ = row;
+        SelectOnly(anchor_, row);
+        break;
+    }
+}
+
+int ListViewRows::TypeAhead(wchar_t character) const {
+    wchar_t wanted[2] = {character, 0};
+    CharLowerW(wanted);
+    for (int tried = 1; tried <= Count(); ++tried) {
+        const int row = (std::max(focused_, -1) + tried) % Count();
+        wchar_t first[2] = {At(row).text.c_str()[0], 0};
+        CharLowerW(first);
+        if (first[0] != 0 && first[0] == wanted[0])
+            return row;
+    }
+    return -1;
+}
+
+void ListViewRows::ScrollTo(int first, int shown) {
+    first_ = std::clamp(first, 0, std::max(0, Count() - shown));
+}
+
+void ListViewRows::EnsureVisible(int row, int shown) {
+    if (!Has(row))
+        return;
+    int first = first_;
+    if (row >= first + shown)
+        first = row - shown + 1;
+    if (row < first)
+        first = row;
+    ScrollTo(first, shown);
+}
+
+}

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "platform/list_view.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace device {
+
+/// What a list view holds: rows, which of them are selected, which one has the focus, and what shows.
+class ListViewRows {
+public:
+    struct Row {
+        std::wstring text;
+        std::unique_ptr<std::vector<std::wstring>> more; ///< cells of the columns behind the first
+        LPARAM data = 0;
+        int image = -1;
+        bool selected = false;
+    };
+
+    /// How a key moves.
+    enum class Move { Alone, Select, Extend };
+
+    explicit ListViewRows(bool singleSelection) : single_(singleSelection) {}
+
+    int Count() const { return static_cast<int>(rows_.size()); }
+    bool Has(int row) const { return row >= 0 && row < Count(); }
+    Row& At(int row) { return *rows_[static_cast<std::size_t>(row)]; }
+    const Row& At(int row) const { return *rows_[static_cast<std::size_t>(row)]; }
+    int SelectedCount() const { return selectedCount_; }
+    /// -1: no row has the focus.
+    int Focused() const { return focused_; }
+    bool IsSelected(int row) const { return Has(row) && At(row).selected; }
+    int FindData(LPARAM data, int after) const;
+    /// The first row behind `after` with all of the LVNI_ flags; -1 when there is none.
+    int Next(int after, UINT flags) const;
+    std::wstring Cell(int row, int column) const;
+
+    /// The row's index: `row` or, beyond the end, the end.
+    int Insert(int row, Row added);
+    /// Where `text` belongs in rows kept in ascending order of their text (the locale's collation).
+    int SortedPlace(const std::wstring& text) const;
+    bool Remove(int row);
+    void Clear();
+    void SetCell(int row, int column, const std::wstring& text);
+    /// Rows that compare equal keep their order; focus and selection stay with their rows.
+    void Sort(PFNLVCOMPARE compare, LPARAM parameter);
+
+    void SetState(int row, UINT state, UINT mask);
+    void SelectAll();
+    /// Turns over the selection of the row that has the focus.
+    void ToggleFocused();
+    /// Moves the focus by `step` rows (clipped to the ends). The first move in a list without a focus takes the first
+    /// row; where nothing is selected, as after a deletion, it selects the row that has the focus.
+    void MoveBy(int step, Move move);
+    void MoveTo(int row, Move move);
+    /// The next row whose text begins with a character, ignoring case; -1 when there is none.
+    int TypeAhead(wchar_t character) const;
+
+    // Scrolling by whole rows
+    int First() const { return first_; }
+    /// Puts `first` at the top as far as `shown` rows fill the list.
+    void ScrollTo(int first, int shown);
+    void EnsureVisible(int row, int shown);
+
+private:
+    void SetSelected(int row, bool selected);
+    void SelectOnly(int from, int to);
+
+    bool single_;
+    std::vector<std::unique_ptr<Row>> rows_;
+    int selectedCount_ = 0;
+    int focused_ = -1;
+    int anchor_ = -1;
+    int first_ = 0;
+};
+
+}

@@ -1,0 +1,23 @@
+# Writes OUTPUT: a C++ source with the files of IMAGES ("id:width:path,...") as one table of ImageResource.
+string(REPLACE "," ";" images "${IMAGES}")
+set(arrays)
+set(rows)
+foreach(image IN LISTS images)
+  if(image STREQUAL "")
+    continue()
+  endif()
+  string(REGEX MATCH "^([0-9]+):([0-9]+):(.+)$" matched "${image}")
+  set(id ${CMAKE_MATCH_1})
+  set(width ${CMAKE_MATCH_2})
+  file(READ "${CMAKE_MATCH_3}" bytes HEX)
+  string(REGEX REPLACE "(..)" "0x\\1," bytes "${bytes}")
+  string(APPEND arrays "constexpr unsigned char Image${id}At${width}[] = {${bytes}};\n")
+  string(APPEND rows "    {${id}, ${width}, Image${id}At${width}},\n")
+endforeach()
+if(NAMESPACE)
+  set(open "namespace ${NAMESPACE} {\n")
+  set(close "}\n")
+endif()
+file(WRITE "${OUTPUT}" "#include \"${HEADER}\"\n\n${open}\nnamespace {\n\n${arrays}\n"
+  "constexpr ImageResource Table[] = {\n${rows}};\n\n}\n\n"
+  "std::span<const ImageResource> ${FUNCTION}() {\n    return Table;\n}\n\n${close}")

@@ -1,0 +1,240 @@
+#include "platform/drawing/cairo_canvas.h"
+
+#include "platform/drawing/cairo_pictures.h"
+#include "platform/drawing/pango_measurer.h"
+#include "platform/drawing/rectangles.h"
+
+#include <cmath>
+#include <vector>
+
+namespace device {
+
+namespace {
+
+/// Cairo's own limit on an image's edge.
+constexpr LONG MaximumImageEdge = 32767;
+
+struct Color {
+    double red;
+    double green;
+    double blue;
+};
+
+Color FromColorRef(COLORREF color) {
+    return {(color & 0xFFU) / 255.0, ((color >> 8U) & 0xFFU) / 255.0, ((color >> 16U) & 0xFFU) / 255.0};
+}
+
+} // namespace
+
+/// Edges in device pixels are snapped to whole image pixels, so that neighbours meet without a seam and a part that is
+/// painted anew ends where it ended before.
+struct CairoCanvas::Surface {
+    Surface(SIZE deviceSize, double itsZoom);
+    ~Surface();
+    Surface(const Surface&) = delete;
+    Surface& operator=(const Surface&) = delete;
+
+    int Snap(LONG position) const { return static_cast<int>(std::lround(position * zoom)); }
+    RECT Snap(const RECT& rectangle) const {
+        return {Snap(rectangle.left), Snap(rectangle.top), Snap(rectangle.right), Snap(rectangle.bottom)};
+    }
+    /// At most what `Snap` leaves between two neighbours, so that a line never runs into the next pixel.
+    int Thickness(int width) const { return std::max(1, static_cast<int>(std::floor(width * zoom))); }
+    void SetColor(COLORREF color, int alpha = 255) const;
+    void FillImage(const RECT& image) const;
+    void PushClip(const RECT& clip);
+    void PopClip();
+
+    double zoom;
+    SIZE imageSize;
+    cairo_surface_t* image = nullptr;
+    cairo_t* context = nullptr;
+    std::vector<RECT> clips;
+};
+
+CairoCanvas::Surface::Surface(SIZE deviceSize, double itsZoom)
+    : zoom(itsZoom > 0 ? itsZoom : 1.0) {
+    const auto edge = [this](LONG length) {
+        const double wanted = std::round(std::max<LONG>(length, 1) * zoom);
+        return static_cast<LONG>(std::clamp(wanted, 1.0, double{MaximumImageEdge}));
+    };
+    imageSize = {edge(deviceSize.cx), edge(deviceSize.cy)};
+    image = cairo_image_surface_create(CAIRO_FORMAT_RGB24, imageSize.cx, imageSize.cy);
+    context = cairo_create(image);
+}
+
+CairoCanvas::Surface::~Surface() {
+    cairo_destroy(context);
+    cairo_surface_destroy(image);
+}
+
+void CairoCanvas::Surface::SetColor(COLORREF color, int alpha) const {
+    const auto [red, green, blue] = FromColorRef(color);
+    if (alpha >= 255)
+        cairo_set_source_rgb(context, red, green, blue);
+    else
+        cairo_set_source_rgba(context, red, green, blue, std::max(alpha, 0) / 255.0);
+}
+
+void CairoCanvas::Surface::FillImage(const RECT& place) const {
+    if (IsRectEmpty(place))
+        return;
+    cairo_rectangle(context, place.left, place.top, place.right - place.left, place.bottom - place.top);
+    cairo_fill(context);
+}
+
+void CairoCanvas::Surface::PushClip(const RECT& clip) {
+    clips.push_back(clips.empty() ? clip : Intersection(clips.back(), clip));
+    const RECT place = Snap(clips.back());
+    cairo_save(context);
+    cairo_rectangle(context, place.left, place.top, place.right - place.left, place.bottom - place.top);
+    cairo_clip(context);
+}
+
+void CairoCanvas::Surface::PopClip() {
+    if (clips.empty())
+        return;
+    clips.pop_back();
+    cairo_restore(context);
+}
+
+CairoCanvas::CairoCanvas(SIZE deviceSize, double zoom)
+    : surface_(std::make_unique<Surface>(deviceSize, zoom)) {
+}
+
+CairoCanvas::~CairoCanvas() = default;
+
+void CairoCanvas::Resize(SIZE deviceSize, double zoom) {
+    surface_ = std::make_unique<Surface>(deviceSize, zoom);
+}
+
+SIZE CairoCanvas::ImageSize() const {
+    return surface_->imageSize;
+}
+
+double CairoCanvas::Zoom() const {
+    return surface_->zoom;
+}
+
+const unsigned char* CairoCanvas::Pixels() const {
+    cairo_surface_flush(surface_->image);
+    return cairo_image_surface_get_data(surface_->image);
+}
+
+int CairoCanvas::Stride() const {
+    return cairo_image_surface_get_stride(surface_->image);
+}
+
+bool CairoCanvas::WritePng(const std::string& hostPath) const {
+    return cairo_surface_write_to_png(surface_->image, hostPath.c_str()) == CAIRO_STATUS_SUCCESS;
+}
+
+TextMeasurer& CairoCanvas::Measurer() {
+    return PangoMeasurer();
+}
+
+void CairoCanvas::BeginFrame(const RECT& dirty) {
+    EndFrame();
+    surface_->PushClip(dirty);
+}
+
+void CairoCanvas::EndFrame() {
+    while (!surface_->clips.empty())
+        surface_->PopClip();
+}
+
+void CairoCanvas::PushClip(const RECT& clip) {
+    surface_->PushClip(clip);
+}
+
+void CairoCanvas::PopClip() {
+    surface_->PopClip();
+}
+
+void CairoCanvas::SetMarks(const PaintMarks& /*marks*/) {
+}
+
+void CairoCanvas::Fill(const RECT& rectangle, COLORREF color, int alpha) {
+    surface_->SetColor(color, alpha);
+    surface_->FillImage(surface_->Snap(rectangle));
+}
+
+void CairoCanvas::Line(POINT from, POINT to, COLORREF color, int width) {
+    surface_->SetColor(color);
+    const int thickness = surface_->Thickness(width);
+    const LONG before = width / 2;
+    const POINT first{std::min(from.x, to.x), std::min(from.y, to.y)};
+    const POINT last{std::max(from.x, to.x), std::max(from.y, to.y)};
+    if (from.y == to.y) {
+        const int top = surface_->Snap(from.y - before);
+        surface_->FillImage({surface_->Snap(first.x), top, surface_->Snap(last.x), top + thickness});
+    } else if (from.x == to.x) {
+        const int left = surface_->Snap(from.x - before);
+        surface_->FillImage({left, surface_->Snap(first.y), left + thickness, surface_->Snap(last.y)});
+    } else {
+        cairo_t* context = surface_->context;
+        const double middle = surface_->zoom / 2;
+        cairo_set_line_width(context, thickness);
+        cairo_move_to(context, from.x * surface_->zoom + middle, from.y * surface_->zoom + middle);
+        cairo_line_to(context, to.x * surface_->zoom + middle, to.y * surface_->zoom + middle);
+        cairo_stroke(context);
+    }
+}
+
+void CairoCanvas::Frame(const RECT& rectangle, COLORREF color, int width) {
+    const RECT outer = surface_->Snap(rectangle);
+    if (IsRectEmpty(outer))
+        return;
+    surface_->SetColor(color);
+    const int edge = std::min(
+        {surface_->Thickness(width), (outer.right - outer.left + 1) / 2, (outer.bottom - outer.top + 1) / 2});
+    surface_->FillImage({outer.left, outer.top, outer.right, outer.top + edge});
+    surface_->FillImage({outer.left, outer.bottom - edge, outer.right, outer.bottom});
+    surface_->FillImage({outer.left, outer.top + edge, outer.left + edge, outer.bottom - edge});
+    surface_->FillImage({outer.right - edge, outer.top + edge, outer.right, outer.bottom - edge});
+}
+
+void CairoCanvas::Polygon(std::span<const POINT> points, COLORREF color) {
+    if (points.size() < 3)
+        return;
+    cairo_t* context = surface_->context;
+    surface_->SetColor(color);
+    for (const POINT& point : points)
+        cairo_line_to(context, point.x * surface_->zoom, point.y * surface_->zoom);
+    cairo_fill(context);
+}
+
+void CairoCanvas::Text(int x, int y, std::wstring_view text, const FontDescription& font, COLORREF color) {
+    const FontMetrics metrics = Measurer().Metrics(font);
+    // Marks and stand-in faces may rise above the cell, so that only what is far outside is left out.
+    const RECT near{x, y - metrics.Height(), MaximumImageEdge, y + 2 * metrics.Height()};
+    if (text.empty() || (!surface_->clips.empty() && !Intersects(near, surface_->clips.back())))
+        return;
+    cairo_t* context = surface_->context;
+    cairo_save(context);
+    surface_->SetColor(color);
+    cairo_translate(context, surface_->Snap(x), surface_->Snap(y + metrics.ascent));
+    cairo_scale(context, surface_->zoom, surface_->zoom);
+    pango_cairo_show_layout_line(context, PangoTextMeasurer::Instance().Line(font, text));
+    cairo_restore(context);
+}
+
+void CairoCanvas::DrawPicture(const RECT& place, const Picture& picture) {
+    const RECT target = surface_->Snap(place);
+    if (IsRectEmpty(target))
+        return;
+    const ImageResource* best = BestSize(picture, target.right - target.left);
+    cairo_surface_t* decoded = best == nullptr ? nullptr : DecodedImage(*best);
+    if (decoded == nullptr)
+        return;
+    cairo_t* context = surface_->context;
+    cairo_save(context);
+    cairo_translate(context, target.left, target.top);
+    cairo_scale(context, double(target.right - target.left) / cairo_image_surface_get_width(decoded),
+        double(target.bottom - target.top) / cairo_image_surface_get_height(decoded));
+    cairo_set_source_surface(context, decoded, 0, 0);
+    cairo_paint(context);
+    cairo_restore(context);
+}
+
+} // namespace device

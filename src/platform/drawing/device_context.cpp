@@ -1,0 +1,261 @@
+#include "platform/drawing/context_state.h"
+
+#include "platform/drawing/cairo_canvas.h"
+#include "platform/drawing/handle_table.h"
+#include "platform/drawing/rectangles.h"
+#include "platform/metrics.h"
+
+#include <memory>
+#include <utility>
+
+namespace device {
+
+namespace {
+
+/// Stands in where there is no screen: measures, and draws nothing.
+class MeasuringCanvas final : public Canvas {
+public:
+    TextMeasurer& Measurer() override { return PangoMeasurer(); }
+    void BeginFrame(const RECT& /*dirty*/) override { }
+    void EndFrame() override { }
+    void PushClip(const RECT& /*clip*/) override { }
+    void PopClip() override { }
+    void SetMarks(const PaintMarks& /*marks*/) override { }
+    void Fill(const RECT& /*rectangle*/, COLORREF /*color*/, int /*alpha*/) override { }
+    void Line(POINT /*from*/, POINT /*to*/, COLORREF /*color*/, int /*width*/) override { }
+    void Frame(const RECT& /*rectangle*/, COLORREF /*color*/, int /*width*/) override { }
+    void Polygon(std::span<const POINT> /*points*/, COLORREF /*color*/) override { }
+    void Text(int /*x*/, int /*y*/, std::wstring_view /*text*/, const FontDescription& /*font*/,
+        COLORREF /*color*/) override { }
+    void DrawPicture(const RECT& /*place*/, const Picture& /*picture*/) override { }
+};
+
+Canvas& NoScreen() {
+    static MeasuringCanvas canvas;
+    return canvas;
+}
+
+HandleTable<HDC, Context>& Contexts() {
+    static auto* const contexts = new HandleTable<HDC, Context>;
+    return *contexts;
+}
+
+DrawingHooks& Hooks() {
+    static DrawingHooks hooks;
+    return hooks;
+}
+
+/// Puts an object that was selected before back into `handle`, and gives what stood there.
+HGDIOBJ Select(ContextState& state, HGDIOBJ handle, const GdiObject& object) {
+    if (const auto* font = std::get_if<FontReference>(&object)) {
+        state.fontDescription = *font;
+        return std::exchange(state.font, handle);
+    }
+    if (const auto* pen = std::get_if<Pen>(&object)) {
+        state.penDescription = *pen;
+        return std::exchange(state.pen, handle);
+    }
+    return std::exchange(state.brush, handle);
+}
+
+} // namespace
+
+Context* FindContext(HDC context) {
+    return Contexts().Find(context);
+}
+
+ContextPainter::ContextPainter(const Context& context, const RECT& clip)
+    : canvas_(context.canvas)
+    , shows_(Intersects(clip, context.state.clip)) {
+    if (!shows_)
+        return;
+    canvas_->SetMarks(context.state.marks);
+    canvas_->PushClip(Intersection(clip, context.state.clip));
+}
+
+ContextPainter::~ContextPainter() {
+    if (shows_)
+        canvas_->PopClip();
+}
+
+void SetDrawingHooks(const DrawingHooks& hooks) {
+    Hooks() = hooks;
+}
+
+HDC CreateContext(const ContextTarget& target) {
+    Context context{target.canvas != nullptr ? target.canvas : &NoScreen(), target.origin, {}, {}};
+    ContextState& state = context.state;
+    for (HGDIOBJ object : {SystemFont(), ThinPen(), WhiteBrush()})
+        Select(state, object, *FindObject(object));
+    const GdiObject* font = FindObject(target.font);
+    if (font != nullptr && std::holds_alternative<FontReference>(*font))
+        Select(state, target.font, *font);
+    state.clip = target.clip;
+    state.marks = target.marks;
+    return Contexts().Add(std::move(context));
+}
+
+HDC CreateContext(Canvas& canvas, POINT origin, const RECT& clip, HFONT font) {
+    ContextTarget target;
+    target.canvas = &canvas;
+    target.origin = origin;
+    target.clip = clip;
+    target.font = font;
+    return CreateContext(target);
+}
+
+bool DestroyContext(HDC context) {
+    return Contexts().Remove(context);
+}
+
+void SetContextMarks(HDC context, const PaintMarks& marks) {
+    if (Context* found = FindContext(context))
+        found->state.marks = marks;
+}
+
+PaintMarks ContextMarks(HDC context) {
+    const Context* found = FindContext(context);
+    return found != nullptr ? found->state.marks : PaintMarks{};
+}
+
+void ClipContext(HDC context, const RECT& clip) {
+    if (Context* found = FindContext(context))
+        found->state.clip = Intersection(found->state.clip, Moved(clip, found->origin));
+}
+
+Canvas& ContextCanvas(HDC context) {
+    const Context* found = FindContext(context);
+    return found != nullptr ? *found->canvas : NoScreen();
+}
+
+POINT ContextOrigin(HDC context) {
+    const Context* found = FindContext(context);
+    return found != nullptr ? found->origin : POINT{};
+}
+
+RECT ContextClip(HDC context) {
+    const Context* found = FindContext(context);
+    return found != nullptr ? found->state.clip : RECT{};
+}
+
+HFONT ContextFontHandle(HDC context) {
+    const Context* found = FindContext(context);
+    return found != nullptr ? found->state.font : nullptr;
+}
+
+const FontDescription& ContextFont(HDC context) {
+    const Context* found = FindContext(context);
+    return found != nullptr ? *found->state.fontDescription : FontOf(nullptr);
+}
+
+COLORREF ContextTextColor(HDC context) {
+    const Context* found = FindContext(context);
+    return found != nullptr ? found->state.textColor : RGB(0, 0, 0);
+}
+
+RECT ToCanvas(HDC context, const RECT& rectangle) {
+    return Moved(rectangle, ContextOrigin(context));
+}
+
+POINT ToCanvas(HDC context, POINT point) {
+    const POINT origin = ContextOrigin(context);
+    return {point.x + origin.x, point.y + origin.y};
+}
+
+} // namespace device
+
+using namespace device;
+
+HDC GetDC(HWND window) {
+    ContextTarget target;
+    const auto describe = Hooks().windowTarget;
+    const bool found = describe != nullptr ? describe(window, target) : window == nullptr;
+    return found ? CreateContext(target) : nullptr;
+}
+
+int ReleaseDC(HWND /*window*/, HDC context) {
+    return DestroyContext(context) ? 1 : 0;
+}
+
+int SaveDC(HDC context) {
+    Context* found = FindContext(context);
+    if (found == nullptr)
+        return 0;
+    found->saved.push_back(found->state);
+    return static_cast<int>(found->saved.size());
+}
+
+BOOL RestoreDC(HDC context, int state) {
+    Context* found = FindContext(context);
+    if (found == nullptr)
+        return FALSE;
+    const auto count = static_cast<std::int64_t>(found->saved.size());
+    const std::int64_t number = state < 0 ? count + 1 + state : state;
+    if (number < 1 || number > count)
+        return FALSE;
+    found->state = found->saved[static_cast<std::size_t>(number - 1)];
+    found->saved.resize(static_cast<std::size_t>(number - 1));
+    return TRUE;
+}
+
+HGDIOBJ SelectObject(HDC context, HGDIOBJ object) {
+    Context* found = FindContext(context);
+    const GdiObject* selected = FindObject(object);
+    return found != nullptr && selected != nullptr ? Select(found->state, object, *selected) : nullptr;
+}
+
+int GetDeviceCaps(HDC context, int index) {
+    const bool isDensity = index == LOGPIXELSX || index == LOGPIXELSY;
+    return FindContext(context) != nullptr && isDensity ? Dpi() : 0;
+}
+
+COLORREF SetTextColor(HDC context, COLORREF color) {
+    Context* found = FindContext(context);
+    return found != nullptr ? std::exchange(found->state.textColor, color) : 0;
+}
+
+COLORREF SetBkColor(HDC context, COLORREF color) {
+    Context* found = FindContext(context);
+    return found != nullptr ? std::exchange(found->state.backgroundColor, color) : 0;
+}
+
+int SetBkMode(HDC context, int mode) {
+    Context* found = FindContext(context);
+    if (found == nullptr || (mode != TRANSPARENT && mode != OPAQUE))
+        return 0;
+    return std::exchange(found->state.backgroundMode, mode);
+}
+
+int FillRect(HDC context, const RECT* rectangle, HBRUSH brush) {
+    const Context* found = FindContext(context);
+    COLORREF color = 0;
+    if (found == nullptr || rectangle == nullptr || !BrushColor(brush, color))
+        return 0;
+    const ContextPainter painter(*found, Moved(*rectangle, found->origin));
+    if (painter.Shows())
+        painter->Fill(Moved(*rectangle, found->origin), color);
+    return 1;
+}
+
+BOOL MoveToEx(HDC context, int x, int y, POINT* former) {
+    Context* found = FindContext(context);
+    if (found == nullptr)
+        return FALSE;
+    const POINT position = std::exchange(found->state.position, POINT{x, y});
+    if (former != nullptr)
+        *former = position;
+    return TRUE;
+}
+
+BOOL LineTo(HDC context, int x, int y) {
+    Context* found = FindContext(context);
+    if (found == nullptr)
+        return FALSE;
+    const POINT from = ToCanvas(context, found->state.position);
+    found->state.position = {x, y};
+    const ContextPainter painter(*found);
+    if (painter.Shows())
+        painter->Line(
+            from, ToCanvas(context, POINT{x, y}), found->state.penDescription.color, found->state.penDescription.width);
+    return TRUE;
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/drawing.h"
+#include "platform/drawing/canvas.h"
+
+namespace device {
+
+/// What a context draws on. All in the canvas's own coordinates: device pixels of the screen.
+struct ContextTarget {
+    Canvas* canvas = nullptr;
+    POINT origin; ///< where (0, 0) of the context stands
+    RECT clip; ///< nothing outside changes; an empty one makes a context that only measures
+    HFONT font = nullptr; ///< the font to begin with; null: the system font
+    PaintMarks marks;
+};
+
+/// Installed once by whoever owns the windows. Until then GetDC(nullptr) alone works, and only measures.
+struct DrawingHooks {
+    /// Fills `target` for a window's client area, for the whole screen if `window` is null; false: no such window.
+    bool (*windowTarget)(HWND window, ContextTarget& target) = nullptr;
+};
+
+void SetDrawingHooks(const DrawingHooks& hooks);
+
+/// A new context: black text on white, transparent background, the thin black pen, the white brush. Coordinates given
+/// to it are relative to its origin. Null when there are too many. The canvas must outlive it.
+HDC CreateContext(const ContextTarget& target);
+HDC CreateContext(Canvas& canvas, POINT origin, const RECT& clip, HFONT font);
+/// False for a stale handle.
+bool DestroyContext(HDC context);
+
+/// What the texts drawn from now on mean. SaveDC and RestoreDC keep it too.
+void SetContextMarks(HDC context, const PaintMarks& marks);
+PaintMarks ContextMarks(HDC context);
+/// Narrows the clip (the context's coordinates) until RestoreDC goes back behind it.
+void ClipContext(HDC context, const RECT& clip);
+
+/// A canvas that draws nothing for a stale handle.
+Canvas& ContextCanvas(HDC context);
+POINT ContextOrigin(HDC context);
+/// In the canvas's coordinates.
+RECT ContextClip(HDC context);
+/// The font that is selected, as a handle and as it was asked for.
+HFONT ContextFontHandle(HDC context);
+const FontDescription& ContextFont(HDC context);
+COLORREF ContextTextColor(HDC context);
+
+/// The system font's for anything that is not a font.
+const FontDescription& FontOf(HFONT font);
+/// True for a live brush.
+bool BrushColor(HBRUSH brush, COLORREF& color);
+
+/// Rectangles and points between the context's coordinates and the canvas's.
+RECT ToCanvas(HDC context, const RECT& rectangle);
+POINT ToCanvas(HDC context, POINT point);
+
+} // namespace device

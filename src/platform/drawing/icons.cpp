@@ -1,0 +1,119 @@
+#include "platform/drawing/icons.h"
+
+#include "platform/drawing/context_state.h"
+#include "platform/drawing/handle_table.h"
+#include "platform/drawing/rectangles.h"
+
+#include <utility>
+#include <vector>
+
+namespace device {
+
+namespace {
+
+constexpr int DefaultIconSize = 32;
+constexpr int MaximumImageEdge = 1024;
+
+struct ImageList {
+    SIZE size;
+    std::vector<Picture> pictures;
+
+    bool Has(int index) const { return index >= 0 && index < static_cast<int>(pictures.size()); }
+    Picture& At(int index) { return pictures[static_cast<std::size_t>(index)]; }
+};
+
+// Neither table is ever destroyed: static objects of a program may hold icons to the end.
+HandleTable<HICON, Picture>& Icons() {
+    static auto* const icons = new HandleTable<HICON, Picture>;
+    return *icons;
+}
+
+HandleTable<HIMAGELIST, ImageList>& ImageLists() {
+    static auto* const lists = new HandleTable<HIMAGELIST, ImageList>;
+    return *lists;
+}
+
+} // namespace
+
+const Picture* IconPicture(HICON icon) {
+    return Icons().Find(icon);
+}
+
+const Picture* ImageListPicture(HIMAGELIST list, int index) {
+    ImageList* found = ImageLists().Find(list);
+    return found != nullptr && found->Has(index) ? &found->At(index) : nullptr;
+}
+
+SIZE ImageListSize(HIMAGELIST list) {
+    const ImageList* found = ImageLists().Find(list);
+    return found != nullptr ? found->size : SIZE{};
+}
+
+} // namespace device
+
+using namespace device;
+
+HICON LoadIconW(HINSTANCE module, UINT id) {
+    Picture picture = FindPicture(module, id);
+    return picture.sizes.empty() ? nullptr : Icons().Add(std::move(picture));
+}
+
+BOOL DestroyIcon(HICON icon) {
+    return Icons().Remove(icon) ? TRUE : FALSE;
+}
+
+BOOL DrawIconEx(
+    HDC context, int x, int y, HICON icon, int width, int height, UINT /*step*/, HBRUSH /*brush*/, UINT flags) {
+    const Context* found = FindContext(context);
+    const Picture* picture = IconPicture(icon);
+    if (found == nullptr || picture == nullptr || width < 0 || height < 0 || (flags & DI_NORMAL) == 0)
+        return FALSE;
+    const RECT place{x, y, x + (width != 0 ? width : DefaultIconSize), y + (height != 0 ? height : DefaultIconSize)};
+    const ContextPainter painter(*found);
+    if (painter.Shows())
+        painter->DrawPicture(Moved(place, found->origin), *picture);
+    return TRUE;
+}
+
+HIMAGELIST ImageList_Create(int width, int height, UINT /*flags*/, int /*initial*/, int /*grow*/) { // NOLINT
+    if (width < 1 || height < 1 || width > MaximumImageEdge || height > MaximumImageEdge)
+        return nullptr;
+    return ImageLists().Add(ImageList{{width, height}, {}});
+}
+
+BOOL ImageList_Destroy(HIMAGELIST list) { // NOLINT
+    return ImageLists().Remove(list) ? TRUE : FALSE;
+}
+
+int ImageList_ReplaceIcon(HIMAGELIST list, int index, HICON icon) { // NOLINT
+    ImageList* found = ImageLists().Find(list);
+    const Picture* picture = IconPicture(icon);
+    if (found == nullptr || picture == nullptr)
+        return -1;
+    if (index == -1) {
+        found->pictures.push_back(*picture);
+        return static_cast<int>(found->pictures.size()) - 1;
+    }
+    if (!found->Has(index))
+        return -1;
+    found->At(index) = *picture;
+    return index;
+}
+
+BOOL ImageList_RemoveAll(HIMAGELIST list) { // NOLINT
+    ImageList* found = ImageLists().Find(list);
+    if (found == nullptr)
+        return FALSE;
+    found->pictures.clear();
+    return TRUE;
+}
+
+int ImageList_GetImageCount(HIMAGELIST list) { // NOLINT
+    const ImageList* found = ImageLists().Find(list);
+    return found != nullptr ? static_cast<int>(found->pictures.size()) : 0;
+}
+
+HICON ImageList_GetIcon(HIMAGELIST list, int index, UINT /*flags*/) { // NOLINT
+    const Picture* picture = ImageListPicture(list, index);
+    return picture != nullptr ? Icons().Add(*picture) : nullptr;
+}

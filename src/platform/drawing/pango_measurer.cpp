@@ -1,0 +1,220 @@
+#include "platform/drawing/pango_measurer.h"
+
+#include "platform/drawing/cairo_canvas.h"
+#include "platform/system/utf8.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <string>
+
+namespace device {
+
+namespace {
+
+constexpr std::size_t MaximumRuns = 600;
+constexpr std::size_t MaximumCharacters = 60000;
+constexpr int MaximumFontHeight = 1000;
+constexpr char DefaultFace[] = "DejaVu Sans";
+constexpr wchar_t Alphabet[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+
+bool IsDrawnBlank(char32_t character) {
+    return (character >= 0x9 && character <= 0xD) || character == 0x85 || character == 0x2028 || character == 0x2029;
+}
+
+bool IsControl(char32_t character) {
+    return character < 0x20 || (character >= 0x7F && character < 0xA0);
+}
+
+/// One character stays one character, so that an index into the text is an index into what is laid out.
+std::string DrawableUtf8(std::wstring_view text) {
+    std::wstring drawable(text);
+    for (wchar_t& character : drawable) {
+        const auto point = static_cast<char32_t>(character);
+        character = IsDrawnBlank(point) ? L' ' : IsControl(point) ? L'\uFFFD' : character;
+    }
+    return ToUtf8(drawable);
+}
+
+std::string Utf8Face(const std::wstring& face) {
+    return face.empty() ? DefaultFace : DrawableUtf8(face);
+}
+
+struct Extent {
+    double ascent;
+    double descent;
+};
+
+/// Of the face itself, whatever other faces stand in for characters that it lacks.
+Extent FaceExtent(PangoContext* context, const PangoFontDescription* description) {
+    PangoFont* font = pango_context_load_font(context, description);
+    if (font == nullptr)
+        return {0.8 * MaximumFontHeight, 0.2 * MaximumFontHeight};
+    PangoFontMetrics* metrics = pango_font_get_metrics(font, nullptr);
+    const Extent extent{static_cast<double>(pango_font_metrics_get_ascent(metrics)) / PANGO_SCALE,
+        static_cast<double>(pango_font_metrics_get_descent(metrics)) / PANGO_SCALE};
+    pango_font_metrics_unref(metrics);
+    g_object_unref(font);
+    return extent;
+}
+
+} // namespace
+
+struct PangoTextMeasurer::Font {
+    explicit Font(const std::wstring& face)
+        : description(pango_font_description_new()) {
+        pango_font_description_set_family(description, Utf8Face(face).c_str());
+    }
+    ~Font() { pango_font_description_free(description); }
+    Font(const Font&) = delete;
+    Font& operator=(const Font&) = delete;
+
+    PangoFontDescription* description;
+    FontMetrics metrics;
+};
+
+struct PangoTextMeasurer::Run {
+    Run(PangoLayout* made, const Font* itsFont, std::wstring_view itsText)
+        : layout(made)
+        , font(itsFont)
+        , text(itsText) { }
+    ~Run() { g_object_unref(layout); }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+
+    PangoLayout* layout;
+    const Font* font;
+    std::wstring text;
+    int width = 0;
+};
+
+std::size_t PangoTextMeasurer::FontHash::operator()(const FontDescription& font) const {
+    const std::size_t traits = (static_cast<std::size_t>(font.height) * 2 + (font.italic ? 1 : 0)) * 1009U;
+    return std::hash<std::wstring>{}(font.face) ^ (traits + static_cast<std::size_t>(font.weight));
+}
+
+std::size_t PangoTextMeasurer::RunHash::operator()(const RunKey& key) const {
+    return std::hash<std::wstring_view>{}(key.text) ^ (std::hash<const void*>{}(key.font) * 31U);
+}
+
+PangoTextMeasurer::PangoTextMeasurer() {
+    // A map of its own: the shared one may be tuned by others to the display.
+    PangoFontMap* map = pango_cairo_font_map_new();
+    pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(map), 96.0);
+    context_ = pango_font_map_create_context(map);
+    g_object_unref(map);
+    cairo_font_options_t* options = cairo_font_options_create();
+    cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
+    cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_SLIGHT);
+    cairo_font_options_set_antialias(options, CAIRO_ANTIALIAS_GRAY);
+    pango_cairo_context_set_font_options(context_, options);
+    cairo_font_options_destroy(options);
+    pango_context_set_round_glyph_positions(context_, FALSE);
+}
+
+PangoTextMeasurer::~PangoTextMeasurer() {
+    g_object_unref(context_);
+}
+
+PangoTextMeasurer& PangoTextMeasurer::Instance() {
+    // Outlives every static object of a program that may still measure while it is torn down.
+    static auto* const instance = new PangoTextMeasurer;
+    return *instance;
+}
+
+TextMeasurer& PangoMeasurer() {
+    return PangoTextMeasurer::Instance();
+}
+
+PangoTextMeasurer::Font& PangoTextMeasurer::FindFont(const FontDescription& font) {
+    std::unique_ptr<Font>& place = fonts_[font];
+    if (place)
+        return *place;
+    place = std::make_unique<Font>(font.face);
+    PangoFontDescription* description = place->description;
+    pango_font_description_set_weight(description, static_cast<PangoWeight>(std::clamp(font.weight, 100, 1000)));
+    pango_font_description_set_style(description, font.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
+
+    pango_font_description_set_absolute_size(description, MaximumFontHeight * double{PANGO_SCALE});
+    const Extent extent = FaceExtent(context_, description);
+    const double cell = std::max(extent.ascent + extent.descent, 1.0);
+    const int height = std::clamp(font.height, -MaximumFontHeight, MaximumFontHeight);
+    const double size = height > 0 ? height * MaximumFontHeight / cell : std::max(-height, 1);
+    pango_font_description_set_absolute_size(description, size * PANGO_SCALE);
+
+    FontMetrics& metrics = place->metrics;
+    const double ascent = size * extent.ascent / MaximumFontHeight;
+    const double descent = size * extent.descent / MaximumFontHeight;
+    // Upwards: accents on capitals reach past the ascent that faces claim.
+    metrics.ascent = static_cast<int>(height > 0 ? std::lround(ascent) : std::ceil(ascent));
+    metrics.descent = height > 0 ? height - metrics.ascent : static_cast<int>(std::lround(descent));
+    const auto letters = static_cast<int>(std::wstring_view(Alphabet).size());
+    metrics.averageWidth = (Width(font, Alphabet) + letters / 2) / letters;
+    return *place;
+}
+
+PangoTextMeasurer::Run& PangoTextMeasurer::FindRun(const FontDescription& font, std::wstring_view text) {
+    const Font& found = FindFont(font);
+    const auto known = found_.find({&found, text});
+    if (known == found_.end())
+        return MakeRun(found, text);
+    runs_.splice(runs_.begin(), runs_, known->second);
+    return runs_.front();
+}
+
+PangoTextMeasurer::Run& PangoTextMeasurer::MakeRun(const Font& font, std::wstring_view text) {
+    PangoLayout* layout = pango_layout_new(context_);
+    const std::string utf8 = DrawableUtf8(text);
+    pango_layout_set_single_paragraph_mode(layout, TRUE);
+    pango_layout_set_font_description(layout, font.description);
+    pango_layout_set_text(layout, utf8.data(), static_cast<int>(utf8.size()));
+    Run& run = runs_.emplace_front(layout, &font, text);
+    found_.emplace(RunKey{&font, run.text}, runs_.begin());
+    characters_ += run.text.size();
+    PangoRectangle logical;
+    pango_layout_get_extents(layout, nullptr, &logical);
+    run.width = (logical.width + PANGO_SCALE - 1) / PANGO_SCALE;
+    Trim();
+    return runs_.front();
+}
+
+void PangoTextMeasurer::Trim() {
+    while (runs_.size() > 1 && (runs_.size() > MaximumRuns || characters_ > MaximumCharacters)) {
+        const Run& last = runs_.back();
+        characters_ -= last.text.size();
+        found_.erase({last.font, last.text});
+        runs_.pop_back();
+    }
+}
+
+FontMetrics PangoTextMeasurer::Metrics(const FontDescription& font) {
+    return FindFont(font).metrics;
+}
+
+int PangoTextMeasurer::Width(const FontDescription& font, std::wstring_view text) {
+    return text.empty() ? 0 : FindRun(font, text).width;
+}
+
+int PangoTextMeasurer::CaretX(const FontDescription& font, std::wstring_view text, std::size_t index) {
+    if (text.empty())
+        return 0;
+    const std::size_t before = DrawableUtf8(text.substr(0, std::min(index, text.size()))).size();
+    PangoRectangle strong;
+    pango_layout_get_cursor_pos(FindRun(font, text).layout, static_cast<int>(before), &strong, nullptr);
+    return (strong.x + PANGO_SCALE / 2) / PANGO_SCALE;
+}
+
+PangoLayoutLine* PangoTextMeasurer::Line(const FontDescription& font, std::wstring_view text) {
+    return pango_layout_get_line_readonly(FindRun(font, text).layout, 0);
+}
+
+} // namespace device
+
+#ifdef __SANITIZE_ADDRESS__
+extern "C" const char* __lsan_default_suppressions(); // NOLINT
+// The fonts that are found are held where the leak check does not look, behind fontconfig's own packed tables; they are
+// freed with the measurer, which lives as long as the process.
+extern "C" const char* __lsan_default_suppressions() { // NOLINT: the sanitizer's name
+    return "leak:libfontconfig\n";
+}
+#endif

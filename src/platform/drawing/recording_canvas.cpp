@@ -1,0 +1,67 @@
+#include "platform/drawing/recording_canvas.h"
+
+#include "platform/drawing/rectangles.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace device {
+
+RecordingCanvas::RecordingCanvas(TextMeasurer& measurer)
+    : measurer_(measurer) {
+}
+
+void RecordingCanvas::BeginFrame(const RECT& dirty) {
+    clips_.assign(1, dirty);
+    std::erase_if(texts_, [&](const PaintedText& text) { return Intersects(text.place, dirty); });
+}
+
+void RecordingCanvas::EndFrame() {
+    clips_.clear();
+}
+
+void RecordingCanvas::PushClip(const RECT& clip) {
+    clips_.push_back(clips_.empty() ? clip : Intersection(clips_.back(), clip));
+}
+
+void RecordingCanvas::PopClip() {
+    if (!clips_.empty())
+        clips_.pop_back();
+}
+
+void RecordingCanvas::SetMarks(const PaintMarks& marks) {
+    marks_ = marks;
+}
+
+void RecordingCanvas::Fill(const RECT& rectangle, COLORREF /*color*/, int alpha) {
+    if (alpha < 255)
+        return;
+    const RECT covered = clips_.empty() ? rectangle : Intersection(clips_.back(), rectangle);
+    std::erase_if(texts_, [&](const PaintedText& text) { return Contains(covered, text.place); });
+}
+
+void RecordingCanvas::Line(POINT /*from*/, POINT /*to*/, COLORREF /*color*/, int /*width*/) {
+}
+
+void RecordingCanvas::Frame(const RECT& /*rectangle*/, COLORREF /*color*/, int /*width*/) {
+}
+
+void RecordingCanvas::Polygon(std::span<const POINT> /*points*/, COLORREF /*color*/) {
+}
+
+void RecordingCanvas::Text(int x, int y, std::wstring_view text, const FontDescription& font, COLORREF color) {
+    const RECT place{x, y, x + measurer_.Width(font, text), y + measurer_.Metrics(font).Height()};
+    if (IsRectEmpty(place) || (!clips_.empty() && !Intersects(place, clips_.back())))
+        return;
+    const auto same = std::find_if(texts_.begin(), texts_.end(), [&](const PaintedText& known) {
+        return SameRectangle(known.place, place) && known.text == text && known.marks.control == marks_.control;
+    });
+    if (same != texts_.end())
+        texts_.erase(same);
+    texts_.push_back({place, std::wstring(text), font, color, marks_});
+}
+
+void RecordingCanvas::DrawPicture(const RECT& /*place*/, const Picture& /*picture*/) {
+}
+
+} // namespace device

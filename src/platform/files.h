@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/types.h"
+
+#include <optional>
+#include <string>
+
+inline constexpr DWORD FILE_ATTRIBUTE_READONLY = 1;
+inline constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 16;
+inline constexpr DWORD FILE_ATTRIBUTE_NORMAL = 128;
+inline constexpr DWORD INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF;
+inline constexpr int CSIDL_PERSONAL = 5;
+
+/// Device paths ("\My Documents\My Vehicles.dat"). All fail with FALSE and GetLastError.
+/// Copies the whole file, synced to the disk before it returns; with failIfExists it never touches a target that
+/// exists, and a copy that fails half-way leaves no target behind.
+BOOL CopyFileW(const wchar_t* source, const wchar_t* target, BOOL failIfExists);
+/// Renames; fails when the target exists.
+BOOL MoveFileW(const wchar_t* source, const wchar_t* target);
+DWORD GetFileAttributesW(const wchar_t* path);
+/// The path of a special folder (CSIDL_...) without a trailing backslash; the folder is made if `create` is TRUE.
+BOOL SHGetSpecialFolderPath(HWND owner, wchar_t* path, int folder, BOOL create);
+/// The device path of the running program's file. `module` is null. Returns the length, 0 on failure.
+DWORD GetModuleFileNameW(HINSTANCE module, wchar_t* buffer, DWORD size);
+
+DWORD GetLastError();
+void SetLastError(DWORD error);
+
+/// For the data layer alone: where a device path lies on the host, in UTF-8. Nothing for a path that leaves the
+/// mapped folders.
+std::optional<std::string> HostPathOf(const std::wstring& devicePath);

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/drawing/canvas.h"
+#include "platform/types.h"
+
+#include <string>
+
+namespace device {
+
+/// What a person, or a script, did.
+struct InputEvent {
+    enum class Kind {
+        None,
+        KeyDown, ///< key, character (0: none), modifiers
+        KeyUp,
+        Text,   ///< a character alone, without a key
+        Resize, ///< width and height of the screen in device pixels, in x and y
+        MouseDown,
+        MouseUp,
+        DoubleClick,
+        Wheel, ///< delta: lines, up above 0
+        Close, ///< the window's close button, a request to end
+        Repaint ///< what was presented is lost
+    };
+
+    Kind kind = Kind::None;
+    WORD key = 0;
+    wchar_t character = 0;
+    unsigned modifiers = 0; ///< MOD_CONTROL, MOD_SHIFT
+    int x = 0;              ///< device pixels
+    int y = 0;
+    int delta = 0;
+};
+
+/// What the device stands on: a window, a terminal, a script.
+class Host {
+public:
+    virtual ~Host() = default;
+
+    /// The next event. With `wait` it blocks until there is one or Wake was called; false when there is none.
+    /// The device asks with `wait` only when it is idle: nothing posted, nothing to paint.
+    virtual bool NextEvent(InputEvent& event, bool wait) = 0;
+    virtual Canvas& Screen() = 0;
+    /// The frame painted last is finished; `changed` is what differs.
+    virtual void Present(const RECT& changed) = 0;
+    virtual void Beep() = 0;
+    /// Ends a NextEvent that waits. Called from any thread.
+    virtual void Wake() = 0;
+
+    // Hooks of single hosts.
+    virtual void TitleChanged(const std::wstring& /*title*/) {}
+    virtual void BringToFront() {}
+    /// Go back from the first screen: there is no program before this one.
+    virtual void GoBack() {}
+    virtual void WaitCursor(bool /*shown*/) {}
+    /// A message box came up: no sound of MessageBeep's.
+    virtual void Attention() {}
+};
+
+}

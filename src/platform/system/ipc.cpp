@@ -1,0 +1,230 @@
+#include "platform/system/ipc.h"
+
+#include "platform/system/local_socket.h"
+#include "platform/system/runtime_folder.h"
+#include "platform/system/utf8.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdint>
+#include <deque>
+#include <mutex>
+#include <poll.h>
+#include <pthread.h>
+#include <sys/eventfd.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+namespace device {
+namespace {
+
+using SteadyTime = std::chrono::steady_clock::time_point;
+
+constexpr std::chrono::milliseconds Patience{900};
+/// How long a client may take to say what it wants.
+constexpr std::chrono::milliseconds ClientTime{500};
+constexpr std::size_t MostClients = 16;
+/// Requests that nobody takes do not pile up for ever.
+constexpr std::size_t MostRequests = 64;
+constexpr std::string_view FrontRequest = "front";
+constexpr std::string_view PostRequest = "post ";
+constexpr std::string_view Taken = "taken";
+
+std::optional<std::string> SocketPath(const std::wstring& windowClass) {
+    const auto folder = RuntimeFolder();
+    return folder ? std::optional{*folder + "/window-" + ShortNameOf(ToUtf8(windowClass))} : std::nullopt;
+}
+
+std::optional<WindowRequest> RequestIn(const std::string& packet) {
+    if (packet == FrontRequest) {
+        return WindowRequest{WindowRequest::Kind::BringToFront, {}};
+    }
+    const std::string name = packet.substr(std::min(packet.size(), PostRequest.size()));
+    if (packet.rfind(PostRequest, 0) != 0 || name.empty() || name.find('\0') != std::string::npos
+        || ToUtf8(FromUtf8(name)) != name) {
+        return std::nullopt;
+    }
+    return WindowRequest{WindowRequest::Kind::PostRegistered, FromUtf8(name)};
+}
+
+bool Ask(const std::wstring& windowClass, const std::string& request) {
+    const auto path = SocketPath(windowClass);
+    if (!path) {
+        return false;
+    }
+    const FileDescriptor socket = ConnectTo(*path, Patience);
+    return socket.IsOpen() && SendPacket(socket, request) && ReceivePacket(socket) == Taken;
+}
+
+/// The thread that holds it starts all others with signals blocked: they belong to the program's thread.
+class BlockedSignals {
+public:
+    BlockedSignals() {
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_BLOCK, &all, &before_);
+    }
+    BlockedSignals(const BlockedSignals&) = delete;
+    BlockedSignals& operator=(const BlockedSignals&) = delete;
+    ~BlockedSignals() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+
+private:
+    sigset_t before_{};
+};
+
+} // namespace
+
+/// The thread behind a published window, and the place where it puts the requests.
+class PublishedWindow::Listener {
+public:
+    Listener(FileDescriptor socket, std::string path, std::function<void()> wake)
+        : socket_(std::move(socket))
+        , path_(std::move(path))
+        , wake_(std::move(wake))
+        , stop_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+        struct stat found { };
+        inode_ = stat(path_.c_str(), &found) == 0 ? found.st_ino : 0;
+        const BlockedSignals blocked;
+        thread_ = std::thread{[this] { Listen(); }};
+    }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+
+    ~Listener() {
+        // Only what this process put there goes: a folder that was cleared may hold a successor's socket.
+        struct stat found { };
+        const auto held = HoldRuntimeFolder(FolderOf(path_));
+        if (held && stat(path_.c_str(), &found) == 0 && found.st_ino == inode_) {
+            unlink(path_.c_str());
+        }
+        const std::uint64_t one = 1;
+        while (write(stop_.Get(), &one, sizeof one) < 0 && errno == EINTR) { }
+        thread_.join();
+    }
+
+    std::optional<WindowRequest> Take() {
+        const std::lock_guard lock{mutex_};
+        if (requests_.empty()) {
+            return std::nullopt;
+        }
+        WindowRequest request = std::move(requests_.front());
+        requests_.pop_front();
+        return request;
+    }
+
+private:
+    struct Client {
+        FileDescriptor socket;
+        SteadyTime deadline;
+    };
+
+    void Listen() {
+        while (true) {
+            std::vector<pollfd> watched{{stop_.Get(), POLLIN, 0}, {socket_.Get(), POLLIN, 0}};
+            for (const Client& client : clients_) {
+                watched.push_back({client.socket.Get(), POLLIN, 0});
+            }
+            // A silent client is looked at again when its time has run out, and nobody else waits for it.
+            poll(watched.data(), watched.size(), clients_.empty() ? -1 : static_cast<int>(ClientTime.count() / 4));
+            if (watched[0].revents != 0) {
+                return;
+            }
+            for (std::size_t i = clients_.size(); i-- > 0;) {
+                if (watched[i + 2].revents != 0) {
+                    Serve(clients_[i].socket);
+                }
+                if (watched[i + 2].revents != 0 || clients_[i].deadline < std::chrono::steady_clock::now()) {
+                    clients_.erase(clients_.begin() + static_cast<std::ptrdiff_t>(i));
+                }
+            }
+            if (watched[1].revents != 0) {
+                Welcome();
+            }
+        }
+    }
+
+    void Welcome() {
+        FileDescriptor socket = AcceptClient(socket_);
+        if (socket.IsOpen() && clients_.size() == MostClients) {
+            clients_.erase(clients_.begin());
+        }
+        if (socket.IsOpen()) {
+            clients_.push_back({std::move(socket), std::chrono::steady_clock::now() + ClientTime});
+        }
+    }
+
+    void Serve(const FileDescriptor& client) {
+        const auto packet = ReceivePacket(client);
+        auto request = packet ? RequestIn(*packet) : std::nullopt;
+        if (request && Keep(std::move(*request))) {
+            SendPacket(client, Taken);
+            wake_();
+        }
+    }
+
+    bool Keep(WindowRequest request) {
+        const std::lock_guard lock{mutex_};
+        if (requests_.size() >= MostRequests) {
+            return false;
+        }
+        requests_.push_back(std::move(request));
+        return true;
+    }
+
+    FileDescriptor socket_;
+    std::string path_;
+    std::function<void()> wake_;
+    FileDescriptor stop_;
+    ino_t inode_ = 0;
+    std::vector<Client> clients_; // the thread's own
+    std::mutex mutex_; // over requests_
+    std::deque<WindowRequest> requests_;
+    std::thread thread_;
+};
+
+PublishedWindow::PublishedWindow(std::unique_ptr<Listener> listener)
+    : listener_(std::move(listener)) {
+}
+
+PublishedWindow::~PublishedWindow() = default;
+
+std::unique_ptr<PublishedWindow> PublishedWindow::Publish(const std::wstring& windowClass, std::function<void()> wake) {
+    const auto path = SocketPath(windowClass);
+    // Two processes that both find a dead one's socket must not take each other's away.
+    const auto held = path ? HoldRuntimeFolder(FolderOf(*path)) : std::nullopt;
+    FileDescriptor socket = held ? ListenAt(*path) : FileDescriptor{};
+    if (!socket.IsOpen()) {
+        return nullptr;
+    }
+    try {
+        auto listener = std::make_unique<Listener>(std::move(socket), *path, std::move(wake));
+        return std::unique_ptr<PublishedWindow>{new PublishedWindow{std::move(listener)}};
+    } catch (const std::system_error&) {
+        // No thread to be had.
+        unlink(path->c_str());
+        return nullptr;
+    }
+}
+
+std::optional<WindowRequest> PublishedWindow::Take() {
+    return listener_->Take();
+}
+
+bool WindowExists(const std::wstring& windowClass) {
+    const auto path = SocketPath(windowClass);
+    return path && ConnectTo(*path, Patience).IsOpen();
+}
+
+bool BringToFront(const std::wstring& windowClass) {
+    return Ask(windowClass, std::string{FrontRequest});
+}
+
+bool PostRegistered(const std::wstring& windowClass, const std::wstring& messageName) {
+    return Ask(windowClass, std::string{PostRequest} + ToUtf8(messageName));
+}
+
+} // namespace device

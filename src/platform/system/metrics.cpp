@@ -1,0 +1,98 @@
+#include "platform/metrics.h"
+
+#include "platform/system/environment.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int ReferenceDpi = 96;
+constexpr int BarHeight = 24;
+constexpr int EdgeWidth = 2;
+constexpr int ScrollBarWidth = 8;
+
+struct Screen {
+    SIZE size = device::TheEnvironment().screen;
+};
+
+Screen& TheScreen() {
+    return device::MadeForEnvironment<Screen>();
+}
+
+/// From pixels at the reference resolution to the device's, at least one.
+int Scaled(int pixels) {
+    return std::max(1, (pixels * device::Dpi() + ReferenceDpi / 2) / ReferenceDpi);
+}
+
+RECT WorkArea() {
+    const SIZE screen = device::ScreenSize();
+    const int top = std::min<int>(device::TitleHeight(), screen.cy);
+    return {0, top, screen.cx, std::max<int>(top, screen.cy - device::SoftKeyBarHeight())};
+}
+
+} // namespace
+
+COLORREF GetSysColor(int index) {
+    switch (index) {
+    case COLOR_WINDOW:
+    case COLOR_HIGHLIGHTTEXT:
+    case COLOR_CAPTIONTEXT:
+        return RGB(0xFF, 0xFF, 0xFF);
+    case COLOR_HIGHLIGHT:
+        return RGB(0x1A, 0x4F, 0x9C);
+    case COLOR_3DFACE:
+        return RGB(0xE4, 0xE6, 0xEA);
+    case COLOR_GRAYTEXT:
+        return RGB(0x6B, 0x6F, 0x76);
+    case COLOR_ACTIVECAPTION:
+        return RGB(0x2B, 0x34, 0x42);
+    case COLOR_WINDOWTEXT:
+    case COLOR_BTNTEXT:
+    default:
+        return RGB(0, 0, 0);
+    }
+}
+
+int GetSystemMetrics(int index) {
+    switch (index) {
+    case SM_CXSCREEN:
+        return device::ScreenSize().cx;
+    case SM_CYSCREEN:
+        return device::ScreenSize().cy;
+    case SM_CXVSCROLL:
+        return Scaled(ScrollBarWidth);
+    case SM_CXEDGE:
+    case SM_CYEDGE:
+        return Scaled(EdgeWidth);
+    default:
+        return 0;
+    }
+}
+
+BOOL SystemParametersInfoW(UINT action, UINT /*parameter*/, void* data, UINT /*update*/) {
+    if (action != SPI_GETWORKAREA || data == nullptr) {
+        return FALSE;
+    }
+    *static_cast<RECT*>(data) = WorkArea();
+    return TRUE;
+}
+
+int device::TitleHeight() {
+    return Scaled(BarHeight);
+}
+
+int device::SoftKeyBarHeight() {
+    return Scaled(BarHeight);
+}
+
+int device::Dpi() {
+    return TheEnvironment().dpi;
+}
+
+SIZE device::ScreenSize() {
+    return TheScreen().size;
+}
+
+void device::SetScreenSize(SIZE size) {
+    TheScreen().size = {std::max(1, size.cx), std::max(1, size.cy)};
+}

@@ -1,0 +1,209 @@
+#include "platform/registry.h"
+
+#include "platform/system/console_registry.h"
+#include "platform/system/environment.h"
+#include "platform/system/host_file.h"
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+
+const HKEY HKEY_CURRENT_USER = reinterpret_cast<HKEY>(static_cast<std::uintptr_t>(0x80000001U)); // NOLINT
+
+namespace {
+
+using device::RegistryFile;
+using device::RegistryValue;
+
+constexpr DWORD QueryAccess = 1;
+constexpr DWORD SetAccess = 2;
+
+struct OpenKey {
+    std::wstring path;
+    DWORD access = 0;
+};
+
+/// The keys that are open, what was last read, and the changes that wait for their key to be closed.
+struct Registry {
+    std::map<std::uintptr_t, OpenKey> keys;
+    std::uintptr_t lastHandle = 0;
+    RegistryFile file{device::TheEnvironment().registryFile};
+    std::vector<device::RegistryChange> changes;
+};
+
+Registry& TheRegistry() {
+    return device::MadeForEnvironment<Registry>();
+}
+
+OpenKey* Find(HKEY key) {
+    auto& keys = TheRegistry().keys;
+    const auto found = keys.find(reinterpret_cast<std::uintptr_t>(key));
+    return found == keys.end() ? nullptr : &found->second;
+}
+
+/// The path of `name` below `parent`; nothing for a handle that is none.
+std::optional<std::wstring> PathOf(HKEY parent, const wchar_t* name) {
+    std::wstring path;
+    if (parent != HKEY_CURRENT_USER) {
+        const OpenKey* key = Find(parent);
+        if (key == nullptr) {
+            return std::nullopt;
+        }
+        path = key->path;
+    }
+    if (name != nullptr && *name != L'\0') {
+        path += (path.empty() ? L"" : L"\\") + std::wstring{name};
+    }
+    return path;
+}
+
+HKEY Open(const std::wstring& path, DWORD access) {
+    Registry& registry = TheRegistry();
+    const std::uintptr_t handle = ++registry.lastHandle;
+    registry.keys.emplace(handle, OpenKey{path, access});
+    return reinterpret_cast<HKEY>(handle); // NOLINT(performance-no-int-to-ptr): a number that looks like a handle
+}
+
+/// A waiting change of this value, the youngest; null if there is none.
+const device::RegistryChange* WaitingChange(const std::wstring& key, const std::wstring& name) {
+    const auto& changes = TheRegistry().changes;
+    const auto found = std::find_if(changes.rbegin(), changes.rend(),
+        [&](const device::RegistryChange& change) { return change.key == key && change.name == name; });
+    return found == changes.rend() ? nullptr : &*found;
+}
+
+std::optional<RegistryValue> ValueOf(const std::wstring& key, const std::wstring& name) {
+    if (const auto* change = WaitingChange(key, name)) {
+        return change->value;
+    }
+    return TheRegistry().file.Get(key, name);
+}
+
+void ReadAnew() {
+    TheRegistry().file = RegistryFile{device::TheEnvironment().registryFile};
+}
+
+} // namespace
+
+LONG RegCreateKeyExW(HKEY parent, const wchar_t* name, DWORD /*reserved*/, const wchar_t* /*keyClass*/,
+    DWORD /*options*/, DWORD access, const void* /*security*/, HKEY* key, DWORD* disposition) {
+    const auto path = PathOf(parent, name);
+    if (!path || key == nullptr) {
+        return path ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE;
+    }
+    if (const LONG error = device::MakeFolders(device::FolderOf(device::TheEnvironment().registryFile))) {
+        return error;
+    }
+    static constexpr DWORD CreatedNew = 1;
+    static constexpr DWORD OpenedExisting = 2;
+    ReadAnew();
+    if (disposition != nullptr) {
+        *disposition = TheRegistry().file.HasKey(*path) ? OpenedExisting : CreatedNew;
+    }
+    *key = Open(*path, access);
+    return ERROR_SUCCESS;
+}
+
+LONG RegOpenKeyExW(HKEY parent, const wchar_t* name, DWORD /*options*/, DWORD access, HKEY* key) {
+    const auto path = PathOf(parent, name);
+    if (!path || key == nullptr) {
+        return path ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE;
+    }
+    ReadAnew();
+    if (!TheRegistry().file.HasKey(*path)) {
+        return ERROR_FILE_NOT_FOUND;
+    }
+    *key = Open(*path, access);
+    return ERROR_SUCCESS;
+}
+
+LONG RegCloseKey(HKEY key) {
+    if (key == HKEY_CURRENT_USER) {
+        return ERROR_SUCCESS;
+    }
+    Registry& registry = TheRegistry();
+    const auto found = registry.keys.find(reinterpret_cast<std::uintptr_t>(key));
+    if (found == registry.keys.end()) {
+        return ERROR_INVALID_HANDLE;
+    }
+    const bool writes = (found->second.access & SetAccess) != 0;
+    registry.keys.erase(found);
+    if (!writes || registry.changes.empty()) {
+        return ERROR_SUCCESS;
+    }
+    const auto changes = std::move(registry.changes);
+    registry.changes.clear();
+    const LONG error = RegistryFile::Change(device::TheEnvironment().registryFile, changes);
+    ReadAnew();
+    return error;
+}
+
+LONG RegQueryValueExW(HKEY key, const wchar_t* name, DWORD* /*reserved*/, DWORD* type, BYTE* data, DWORD* size) {
+    const OpenKey* open = Find(key);
+    if (open == nullptr) {
+        return ERROR_INVALID_HANDLE;
+    }
+    if ((open->access & QueryAccess) == 0) {
+        return ERROR_ACCESS_DENIED;
+    }
+    if (data != nullptr && size == nullptr) {
+        return ERROR_INVALID_PARAMETER;
+    }
+    const auto value = ValueOf(open->path, name == nullptr ? L"" : name);
+    if (!value) {
+        return ERROR_FILE_NOT_FOUND;
+    }
+    if (type != nullptr) {
+        *type = value->type;
+    }
+    if (size == nullptr) {
+        return ERROR_SUCCESS;
+    }
+    const DWORD room = *size;
+    *size = static_cast<DWORD>(value->data.size());
+    if (data == nullptr) {
+        return ERROR_SUCCESS;
+    }
+    if (room < *size) {
+        return ERROR_MORE_DATA;
+    }
+    std::copy(value->data.begin(), value->data.end(), data);
+    return ERROR_SUCCESS;
+}
+
+LONG RegSetValueExW(HKEY key, const wchar_t* name, DWORD /*reserved*/, DWORD type, const BYTE* data, DWORD size) {
+    const OpenKey* open = Find(key);
+    if (open == nullptr) {
+        return ERROR_INVALID_HANDLE;
+    }
+    if ((open->access & SetAccess) == 0) {
+        return ERROR_ACCESS_DENIED;
+    }
+    const bool known
+        = type == REG_SZ || type == REG_EXPAND_SZ || type == REG_BINARY || (type == REG_DWORD && size == sizeof(DWORD));
+    if (!known || (data == nullptr && size != 0)) {
+        return ERROR_INVALID_PARAMETER;
+    }
+    RegistryValue value{type, std::vector<BYTE>(data, data + size)};
+    if (type == REG_SZ || type == REG_EXPAND_SZ) {
+        // What is stored ends at the NUL, and has one.
+        value = RegistryValue::OfText(value.Text(), type);
+    }
+    TheRegistry().changes.push_back({open->path, name == nullptr ? L"" : name, std::move(value)});
+    return ERROR_SUCCESS;
+}
+
+std::vector<device::NamedRegistryValue> device::ListRegistryValues(const std::wstring& key) {
+    return RegistryFile{TheEnvironment().registryFile}.List(key);
+}
+
+LONG device::SetRegistryValue(const std::wstring& key, const std::wstring& name, const RegistryValue& value) {
+    return RegistryFile::Change(TheEnvironment().registryFile, {{key, name, value}});
+}
+
+LONG device::DeleteRegistryValue(const std::wstring& key, const std::wstring& name) {
+    if (!RegistryFile{TheEnvironment().registryFile}.Get(key, name)) {
+        return ERROR_FILE_NOT_FOUND;
+    }
+    return RegistryFile::Change(TheEnvironment().registryFile, {{key, name, std::nullopt}});
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/types.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace device {
+/// A value as it travels through the registry's calls: numbers four bytes with the lowest first, texts four bytes a
+/// character with a NUL at the end.
+struct RegistryValue {
+    DWORD type; ///< REG_...
+    std::vector<BYTE> data;
+
+    static RegistryValue OfNumber(DWORD number);
+    /// `type` is REG_SZ or REG_EXPAND_SZ.
+    static RegistryValue OfText(const std::wstring& text, DWORD type);
+
+    DWORD Number() const;
+    std::wstring Text() const;
+};
+
+struct NamedRegistryValue {
+    std::wstring name;
+    RegistryValue value;
+};
+
+/// One wanted change; no value: the value goes away.
+struct RegistryChange {
+    std::wstring key;
+    std::wstring name;
+    std::optional<RegistryValue> value;
+};
+
+/// The registry as the file holds it at one moment. Keys are paths below the current user, "Software\Maker\Program".
+/// Names and keys are found in whatever case, of the basic letters, they are asked for.
+class RegistryFile {
+public:
+    /// A file that is not there is an empty registry; of a damaged one all lines that can be read.
+    explicit RegistryFile(std::string path);
+    RegistryFile(RegistryFile&&) noexcept;
+    RegistryFile& operator=(RegistryFile&&) noexcept;
+    ~RegistryFile();
+
+    /// Whether there is a value in `key` or below it.
+    bool HasKey(const std::wstring& key) const;
+    /// Nothing for a value that is missing or cannot be read.
+    std::optional<RegistryValue> Get(const std::wstring& key, const std::wstring& name) const;
+    /// All values of a key that can be read, by name.
+    std::vector<NamedRegistryValue> List(const std::wstring& key) const;
+
+    /// Reads the file at `path` anew, changes it and puts it back whole; everything else in it stays. When this
+    /// returns 0 the changes are on the disk; otherwise the file is as it was. A damaged file is kept under another
+    /// name.
+    static LONG Change(const std::string& path, const std::vector<RegistryChange>& changes);
+
+private:
+    struct Contents;
+
+    void Salvage(const std::string& text);
+    void Apply(const RegistryChange& change);
+    LONG Write() const;
+
+    std::string path_;
+    std::unique_ptr<Contents> contents_;
+    LONG error_ = 0; ///< why the file could not be read at all
+    bool damaged_ = false;
+};
+} // namespace device

@@ -1,0 +1,163 @@
+// A dialog's controls by id, and the shell's services.
+
+#include "platform/dialog.h"
+
+#include "platform/input.h"
+#include "platform/metrics.h"
+#include "platform/windowing/desktop.h"
+#include "platform/windowing/dialog_manager.h"
+#include "platform/windowing/soft_key_bar.h"
+
+#include <algorithm>
+#include <limits>
+#include <string>
+
+using device::Desktop;
+using device::FindWindowRecord;
+using device::Window;
+
+HWND GetDlgItem(HWND dialog, int id) {
+    const Window* window = FindWindowRecord(dialog);
+    if (!window)
+        return nullptr;
+    for (const Window* child : window->children) {
+        if (child->hasId && child->id == id)
+            return child->handle;
+    }
+    return nullptr;
+}
+
+int GetDlgCtrlID(HWND control) {
+    const Window* window = FindWindowRecord(control);
+    return window ? static_cast<int>(window->id) : 0;
+}
+
+namespace {
+
+/// A whole number that fills the text but for blanks around it.
+bool ParseWhole(const std::wstring& text, std::int64_t& value) {
+    const std::size_t first = text.find_first_not_of(L" \t");
+    if (first == std::wstring::npos)
+        return false;
+    const std::size_t end = text.find_last_not_of(L" \t") + 1;
+    std::size_t index = first;
+    const bool negative = text[index] == L'-';
+    if (negative)
+        ++index;
+    if (index == end)
+        return false;
+    value = 0;
+    for (; index < end; ++index) {
+        if (text[index] < L'0' || text[index] > L'9')
+            return false;
+        value = value * 10 + (text[index] - L'0');
+        if (value > (std::int64_t{1} << 33U))
+            return false;
+    }
+    if (negative)
+        value = -value;
+    return true;
+}
+
+std::wstring TextOf(HWND window) {
+    std::wstring text(static_cast<std::size_t>(std::max(0, GetWindowTextLengthW(window))), L'\0');
+    if (!text.empty())
+        GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1);
+    return text;
+}
+
+}
+
+UINT GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned) {
+    if (translated)
+        *translated = FALSE;
+    const HWND control = GetDlgItem(dialog, id);
+    std::int64_t value = 0;
+    if (!control || !ParseWhole(TextOf(control), value))
+        return 0;
+    const bool fits = isSigned ? value >= std::numeric_limits<LONG>::min() && value <= std::numeric_limits<LONG>::max()
+                               : value >= 0 && value <= std::numeric_limits<UINT>::max();
+    if (!fits)
+        return 0;
+    if (translated)
+        *translated = TRUE;
+    return static_cast<UINT>(value);
+}
+
+BOOL SetDlgItemInt(HWND dialog, int id, UINT value, BOOL isSigned) {
+    const std::wstring text = isSigned ? std::to_wstring(static_cast<INT>(value)) : std::to_wstring(value);
+    return SetDlgItemTextW(dialog, id, text.c_str());
+}
+
+UINT GetDlgItemTextW(HWND dialog, int id, wchar_t* buffer, int size) {
+    return static_cast<UINT>(GetWindowTextW(GetDlgItem(dialog, id), buffer, size));
+}
+
+BOOL SetDlgItemTextW(HWND dialog, int id, const wchar_t* text) {
+    return SetWindowTextW(GetDlgItem(dialog, id), text);
+}
+
+LRESULT SendDlgItemMessageW(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam) {
+    return SendMessageW(GetDlgItem(dialog, id), message, wParam, lParam);
+}
+
+BOOL SHCreateMenuBar(SHMENUBARINFO* info) {
+    if (!info || !info->hInstRes)
+        return FALSE;
+    info->hwndMB = nullptr;
+    for (const MenuResource& menu : info->hInstRes->menus) {
+        if (menu.id != info->nToolBarId)
+            continue;
+        const device::SoftKeyBar* bar = device::SoftKeyBar::Make(info->hwndParent, menu.keys);
+        info->hwndMB = bar ? bar->Handle() : nullptr;
+        return bar ? TRUE : FALSE;
+    }
+    return FALSE;
+}
+
+HWND SHFindMenuBar(HWND window) {
+    const device::SoftKeyBar* bar = device::SoftKeyBar::Of(window);
+    return bar ? bar->Handle() : nullptr;
+}
+
+BOOL SHInitDialog(HWND dialog, DWORD /*flags*/) {
+    Window* window = FindWindowRecord(dialog);
+    if (!window || !window->IsTopLevel())
+        return FALSE;
+    const RECT area = Desktop::The().WorkArea();
+    window->place = area;
+    device::UpdateDialogScroll(*window);
+    RECT client;
+    GetClientRect(dialog, &client);
+    SendMessageW(dialog, WM_SIZE, SIZE_RESTORED,
+        MAKELPARAM(static_cast<unsigned>(client.right), static_cast<unsigned>(client.bottom)));
+    return TRUE;
+}
+
+void SHSendBackToFocusWindow(UINT message, WPARAM /*wParam*/, LPARAM lParam) {
+    const bool down = (LOWORD(static_cast<std::uintptr_t>(lParam)) & MOD_KEYUP) == 0;
+    if (message == WM_HOTKEY && HIWORD(static_cast<std::uintptr_t>(lParam)) == VK_TBACK && down)
+        SendMessageW(GetFocus(), WM_CHAR, VK_BACK, 0);
+}
+
+void SHNavigateBack() {
+    Desktop& desktop = Desktop::The();
+    ++desktop.goBacks;
+    if (desktop.IsOn())
+        desktop.TheHost()->GoBack();
+}
+
+BOOL SHGetUIMetrics(UINT metric, void* value, DWORD size, DWORD* required) {
+    constexpr UINT FontSizePixels = 2;
+    if (required)
+        *required = sizeof(DWORD);
+    if (metric != FontSizePixels || !value || size < sizeof(DWORD))
+        return FALSE;
+    constexpr DWORD UserFontPoints = 10;
+    *static_cast<DWORD*>(value) = UserFontPoints * static_cast<DWORD>(device::Dpi()) / 72;
+    return TRUE;
+}
+
+BOOL SHHandleWMSettingChange(HWND dialog, WPARAM /*wParam*/, LPARAM /*lParam*/, void* /*record*/) {
+    return IsWindow(dialog);
+}

@@ -1,0 +1,114 @@
+#include "platform/windowing/menu.h"
+
+#include "platform/input.h"
+#include "platform/windowing/desktop.h"
+
+#include <algorithm>
+#include <map>
+
+namespace device {
+
+namespace {
+
+std::map<HMENU, PopupMenu*>& Popups() {
+    static auto& popups = *new std::map<HMENU, PopupMenu*>;
+    return popups;
+}
+
+HMENU NewHandle() {
+    static std::uintptr_t last = 0x10000;
+    last += 4;
+    return reinterpret_cast<HMENU>(last); // NOLINT(performance-no-int-to-ptr): an opaque number
+}
+
+}
+
+PopupMenu::PopupMenu(std::span<const MenuItemResource> items) : handle_(NewHandle()) {
+    for (const MenuItemResource& item : items) {
+        MenuItem added;
+        added.separator = !item.text;
+        added.text = item.text ? item.text : L"";
+        added.command = item.command;
+        if (!item.popup.empty())
+            added.popup = std::make_unique<PopupMenu>(item.popup);
+        items_.push_back(std::move(added));
+    }
+    Popups()[handle_] = this;
+}
+
+PopupMenu::~PopupMenu() {
+    Popups().erase(handle_);
+}
+
+MenuItem* PopupMenu::Find(UINT command) {
+    for (MenuItem& item : items_) {
+        if (item.popup) {
+            if (MenuItem* inner = item.popup->Find(command))
+                return inner;
+        } else if (!item.separator && item.command == command) {
+            return &item;
+        }
+    }
+    return nullptr;
+}
+
+int PopupMenu::NextEnabled(int from, int step) const {
+    const int count = static_cast<int>(items_.size());
+    for (int tried = 0, index = from; tried < count; ++tried, index += step) {
+        const int wrapped = ((index % count) + count) % count;
+        const MenuItem& item = items_[static_cast<std::size_t>(wrapped)];
+        if (!item.separator && !item.grayed)
+            return wrapped;
+    }
+    return -1;
+}
+
+PopupMenu* FindPopup(HMENU handle) {
+    const auto found = Popups().find(handle);
+    return found == Popups().end() ? nullptr : found->second;
+}
+
+}
+
+int EnableMenuItem(HMENU menu, UINT command, UINT flags) {
+    device::PopupMenu* popup = device::FindPopup(menu);
+    device::MenuItem* item = popup ? popup->Find(command) : nullptr;
+    if (!item)
+        return -1;
+    const int former = item->grayed ? static_cast<int>(MF_GRAYED) : static_cast<int>(MF_ENABLED);
+    item->grayed = (flags & MF_GRAYED) != 0;
+    return former;
+}
+
+DWORD CheckMenuItem(HMENU menu, UINT command, UINT flags) {
+    device::PopupMenu* popup = device::FindPopup(menu);
+    device::MenuItem* item = popup ? popup->Find(command) : nullptr;
+    if (!item)
+        return static_cast<DWORD>(-1);
+    const DWORD former = item->checked ? MF_CHECKED : MF_UNCHECKED;
+    item->checked = (flags & MF_CHECKED) != 0;
+    return former;
+}
+
+HACCEL LoadAcceleratorsW(HINSTANCE module, UINT id) {
+    if (!module)
+        return nullptr;
+    const bool known = std::any_of(module->accelerators.begin(), module->accelerators.end(),
+        [id](const AcceleratorResource& row) { return row.id == id; });
+    return known ? reinterpret_cast<HACCEL>(static_cast<std::uintptr_t>(id)) : nullptr; // NOLINT
+}
+
+int TranslateAcceleratorW(HWND window, HACCEL table, MSG* message) {
+    const HINSTANCE module = GetModuleHandleW(nullptr);
+    if (!module || !table || !message || message->message != WM_KEYDOWN || !IsWindow(window))
+        return 0;
+    const auto id = static_cast<UINT>(reinterpret_cast<std::uintptr_t>(table));
+    const unsigned modifiers = device::Desktop::The().Modifiers();
+    for (const AcceleratorResource& row : module->accelerators) {
+        if (row.id == id && row.key == message->wParam && row.modifiers == modifiers) {
+            SendMessageW(window, WM_COMMAND, row.command | (1U << 16U), 0);
+            return 1;
+        }
+    }
+    return 0;
+}

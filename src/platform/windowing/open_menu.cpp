@@ -1,0 +1,276 @@
+#include "platform/windowing/open_menu.h"
+
+#include "platform/drawing.h"
+#include "platform/input.h"
+#include "platform/windowing/desktop.h"
+#include "platform/windowing/look.h"
+#include "platform/windowing/soft_key_bar.h"
+
+#include <algorithm>
+#include <array>
+
+namespace device {
+
+namespace {
+
+FontDescription MenuFont() {
+    return DeviceFont(10, false);
+}
+
+constexpr int DigitItems = 9; // the keypad's digits from 1 on
+
+/// The number that an item's digit key has among those that can be chosen by digit; 0 for none.
+int DigitOf(const std::vector<MenuItem>& items, int index) {
+    int digit = 0;
+    for (int each = 0; each <= index; ++each) {
+        if (!items[static_cast<std::size_t>(each)].separator)
+            ++digit;
+    }
+    return digit <= DigitItems ? digit : 0;
+}
+
+}
+
+OpenMenu::OpenMenu(SoftKeyBar& bar, bool left) : bar_(bar), left_(left) {
+    Open(*bar.At(left).popup);
+}
+
+HWND OpenMenu::Owner() const {
+    return bar_.Owner();
+}
+
+void OpenMenu::Open(PopupMenu& popup) {
+    SendMessageW(bar_.Owner(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup.Handle()),
+        static_cast<LPARAM>(levels_.size()));
+    levels_.push_back({&popup, popup.NextEnabled(0, 1)});
+    ShowFocused();
+}
+
+OpenMenu::Outcome OpenMenu::Choose(int index) {
+    if (index < 0 || index >= static_cast<int>(Popup().Items().size()))
+        return Outcome::Open;
+    MenuItem& item = levels_.back().popup->Items()[static_cast<std::size_t>(index)];
+    if (item.separator || item.grayed)
+        return Outcome::Open;
+    levels_.back().focused = index;
+    if (item.popup) {
+        Open(*item.popup);
+        return Outcome::Open;
+    }
+    command_ = item.command;
+    return Outcome::Chosen;
+}
+
+void OpenMenu::Move(int step) {
+    Level& level = levels_.back();
+    if (level.focused >= 0)
+        level.focused = level.popup->NextEnabled(level.focused + step, step);
+    ShowFocused();
+}
+
+OpenMenu::Outcome OpenMenu::HandleKey(WORD key) {
+    const Level& level = levels_.back();
+    const auto& items = level.popup->Items();
+    const bool onPopup = level.focused >= 0 && items[static_cast<std::size_t>(level.focused)].popup;
+    switch (key) {
+    case VK_UP:
+        Move(-1);
+        return Outcome::Open;
+    case VK_DOWN:
+        Move(1);
+        return Outcome::Open;
+    case VK_RIGHT:
+        return onPopup ? Choose(level.focused) : Outcome::Open;
+    case VK_LEFT:
+        if (levels_.size() > 1)
+            levels_.pop_back();
+        return Outcome::Open;
+    case VK_RETURN:
+        return Choose(level.focused);
+    case VK_ESCAPE:
+        if (levels_.size() == 1)
+            return Outcome::Closed;
+        levels_.pop_back();
+        return Outcome::Open;
+    case VK_TSOFT1:
+    case VK_TSOFT2: {
+        const bool left = key == VK_TSOFT1;
+        return left != left_ && bar_.At(left).popup ? Outcome::Switched : Outcome::Closed;
+    }
+    default:
+        return Outcome::Open;
+    }
+}
+
+OpenMenu::Outcome OpenMenu::HandleMouse(const InputEvent& event) {
+    const POINT point{event.x, event.y};
+    const RECT place = Place();
+    const SIZE screen = ScreenSize();
+    if (point.y >= screen.cy - SoftKeyBarHeight()) {
+        const bool left = point.x < screen.cx / 2;
+        return left != left_ && bar_.At(left).popup ? Outcome::Switched : Outcome::Closed;
+    }
+    if (point.x < place.left || point.x >= place.right || point.y < place.top || point.y >= place.bottom)
+        return Outcome::Closed;
+    return Choose(ItemAt(point.y));
+}
+
+OpenMenu::Outcome OpenMenu::Handle(const InputEvent& event) {
+    Desktop::The().InvalidateAll();
+    wchar_t character = 0;
+    switch (event.kind) {
+    case InputEvent::Kind::KeyDown:
+        character = event.character;
+        if (character < L'1' || character > L'9')
+            return HandleKey(event.key);
+        break;
+    case InputEvent::Kind::Text:
+        character = event.character;
+        break;
+    case InputEvent::Kind::MouseDown:
+        return HandleMouse(event);
+    case InputEvent::Kind::Wheel:
+        Move(event.delta > 0 ? -1 : 1);
+        return Outcome::Open;
+    default:
+        return Outcome::Open;
+    }
+    const auto& items = Popup().Items();
+    for (int index = 0; index < static_cast<int>(items.size()); ++index) {
+        const int digit = items[static_cast<std::size_t>(index)].separator ? 0 : DigitOf(items, index);
+        if (digit != 0 && character == L'0' + digit)
+            return Choose(index);
+    }
+    return Outcome::Open;
+}
+
+// Layout and painting
+
+int OpenMenu::RowHeight(const MenuItem& item) const {
+    if (item.separator)
+        return Scaled(7);
+    return Desktop::The().Screen().Measurer().Metrics(MenuFont()).Height() + Scaled(6);
+}
+
+RECT OpenMenu::Place() const {
+    const RECT area = Desktop::The().WorkArea();
+    const auto& items = Popup().Items();
+    LONG height = 2 * Scaled(2);
+    LONG width = 0;
+    TextMeasurer& measurer = Desktop::The().Screen().Measurer();
+    for (int index = 0; index < static_cast<int>(items.size()); ++index) {
+        height += RowHeight(items[static_cast<std::size_t>(index)]);
+        width = std::max<LONG>(width, measurer.Width(MenuFont(), PaintedText(index)));
+    }
+    width = std::min(std::max<LONG>(width + Scaled(28), (area.right - area.left) * 3 / 5), area.right - area.left);
+    height = std::min(height, area.bottom - area.top);
+    const LONG x = left_ ? area.left : area.right - width;
+    return {x, area.bottom - height, x + width, area.bottom};
+}
+
+int OpenMenu::CountShown() const {
+    const RECT place = Place();
+    const auto& items = Popup().Items();
+    LONG room = place.bottom - place.top - (2 * Scaled(2));
+    int count = 0;
+    for (auto index = static_cast<std::size_t>(FirstShown()); index < items.size(); ++index, ++count) {
+        room -= RowHeight(items[index]);
+        if (room < 0)
+            break;
+    }
+    return std::max(count, 1);
+}
+
+void OpenMenu::ShowFocused() {
+    Level& level = levels_.back();
+    level.first = std::clamp(level.first, 0, std::max(level.focused, 0));
+    while (level.focused >= level.first + CountShown())
+        ++level.first;
+}
+
+int OpenMenu::ItemAt(int y) const {
+    LONG top = Place().top + Scaled(2);
+    const auto& items = Popup().Items();
+    const int end = FirstShown() + CountShown();
+    for (int index = FirstShown(); index < end && index < static_cast<int>(items.size()); ++index) {
+        const LONG bottom = top + RowHeight(items[static_cast<std::size_t>(index)]);
+        if (y >= top && y < bottom)
+            return index;
+        top = bottom;
+    }
+    return -1;
+}
+
+std::wstring OpenMenu::PaintedText(int index) const {
+    const auto& items = Popup().Items();
+    const MenuItem& item = items[static_cast<std::size_t>(index)];
+    std::wstring text;
+    if (const int digit = DigitOf(items, index))
+        text = std::to_wstring(digit) + L" ";
+    if (item.checked)
+        text += L"\u2713 ";
+    text += item.text;
+    if (item.popup)
+        text += L" \u25B8";
+    return text;
+}
+
+void OpenMenu::Paint(Canvas& canvas) const {
+    const RECT place = Place();
+    canvas.SetMarks({});
+    canvas.Fill(place, MenuColor);
+    canvas.PushClip(place);
+    LONG top = place.top + Scaled(2);
+    const auto& items = Popup().Items();
+    const int end = std::min(FirstShown() + CountShown(), static_cast<int>(items.size()));
+    for (int index = FirstShown(); index < end; ++index) {
+        const MenuItem& item = items[static_cast<std::size_t>(index)];
+        const LONG bottom = top + RowHeight(item);
+        if (item.separator) {
+            const LONG middle = (top + bottom) / 2;
+            canvas.Line({place.left + Scaled(6), middle}, {place.right - Scaled(6), middle}, MenuEdgeColor, 1);
+        } else {
+            const bool focused = index == Focused();
+            if (focused)
+                canvas.Fill({place.left, top, place.right, bottom}, GetSysColor(COLOR_HIGHLIGHT));
+            const COLORREF color = item.grayed ? GetSysColor(COLOR_GRAYTEXT)
+                : focused                      ? GetSysColor(COLOR_HIGHLIGHTTEXT)
+                                               : GetSysColor(COLOR_WINDOWTEXT);
+            PaintMarks marks;
+            marks.role = PaintMarks::Role::Menu;
+            marks.selected = focused;
+            marks.greyed = item.grayed;
+            canvas.SetMarks(marks);
+            const int room = static_cast<int>(place.right - place.left) - Scaled(16);
+            canvas.Text(place.left + Scaled(8), top + Scaled(3),
+                EllipsisText(canvas.Measurer(), MenuFont(), PaintedText(index), room), MenuFont(), color);
+        }
+        top = bottom;
+    }
+    canvas.SetMarks({});
+    canvas.PopClip();
+    canvas.Frame(place, MenuEdgeColor, 1);
+}
+
+UINT RunMenu(SoftKeyBar& bar, bool left) {
+    Desktop& desktop = Desktop::The();
+    const HWND barWindow = bar.Handle();
+    UINT command = 0;
+    for (bool open = true; open;) {
+        OpenMenu menu(bar, left);
+        desktop.SetMenu(&menu);
+        auto outcome = OpenMenu::Outcome::Open;
+        InputEvent event;
+        while (outcome == OpenMenu::Outcome::Open && desktop.NextInput(event)) {
+            desktop.NoteSwallowed(event);
+            outcome = menu.Handle(event);
+        }
+        desktop.SetMenu(nullptr);
+        open = outcome == OpenMenu::Outcome::Switched && IsWindow(barWindow);
+        left = open ? !left : left;
+        command = menu.Command();
+    }
+    return command;
+}
+
+}

@@ -1,0 +1,341 @@
+// The windows' interface: each function forwards to the desktop or translates in a few lines.
+
+#include "platform/drawing/device_context.h"
+#include "platform/metrics.h"
+#include "platform/process.h"
+#include "platform/windowing/desktop.h"
+#include "platform/windowing/dialog_manager.h"
+#include "platform/windowing/process_windows.h"
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+
+using device::Desktop;
+using device::FindWindowRecord;
+using device::Window;
+
+ATOM RegisterClassW(const WNDCLASSW* windowClass) {
+    return windowClass ? device::AddWindowClass(windowClass->lpszClassName, windowClass->lpfnWndProc, nullptr) : 0;
+}
+
+namespace {
+
+void SendSize(HWND handle) {
+    RECT client;
+    if (GetClientRect(handle, &client))
+        SendMessageW(handle, WM_SIZE, SIZE_RESTORED,
+            MAKELPARAM(static_cast<unsigned>(client.right), static_cast<unsigned>(client.bottom)));
+}
+
+}
+
+HWND CreateWindowExW(DWORD exStyle, const wchar_t* className, const wchar_t* title, DWORD style, int x, int y,
+    int width, int height, HWND parent, HMENU menu, HINSTANCE /*module*/, void* parameter) {
+    Desktop& desktop = Desktop::The();
+    const device::WindowClass* windowClass = device::FindWindowClass(className);
+    const bool isChild = (style & WS_CHILD) != 0;
+    Window* parentWindow = FindWindowRecord(parent);
+    if (!desktop.IsOn() || !windowClass || (isChild && !parentWindow))
+        return nullptr;
+    Window* window = desktop.Create(*windowClass, isChild ? parentWindow : nullptr, isChild ? nullptr : parent);
+    if (!window)
+        return nullptr;
+    const HWND handle = window->handle;
+    window->exStyle = exStyle;
+    // A top-level window shows with ShowWindow, so that nothing of it is painted before WM_CREATE is over.
+    window->style = isChild ? style : style & ~WS_VISIBLE;
+    window->text = title ? title : L"";
+    window->id = isChild ? reinterpret_cast<LONG_PTR>(menu) : 0;
+    if (isChild) {
+        window->place = {x, y, x + std::max(width, 0), y + std::max(height, 0)};
+    } else {
+        window->place = desktop.WorkArea();
+        desktop.AddTopLevel(*window);
+    }
+    if (windowClass->factory)
+        window->control = windowClass->factory(handle);
+    CREATESTRUCTW creation{parameter};
+    if (SendMessageW(handle, WM_CREATE, 0, reinterpret_cast<LPARAM>(&creation)) == -1) {
+        DestroyWindow(handle);
+        return nullptr;
+    }
+    if (!FindWindowRecord(handle))
+        return nullptr;
+    if (!isChild && !windowClass->factory && !windowClass->isDialog)
+        device::PublishWindow(handle);
+    SendSize(handle);
+    if (!isChild && (style & WS_VISIBLE) != 0)
+        ShowWindow(handle, SW_SHOW);
+    InvalidateRect(handle, nullptr, TRUE);
+    return handle;
+}
+
+BOOL DestroyWindow(HWND handle) {
+    Window* window = FindWindowRecord(handle);
+    if (!window)
+        return FALSE;
+    Desktop::The().Destroy(*window);
+    return TRUE;
+}
+
+BOOL IsWindow(HWND handle) {
+    return FindWindowRecord(handle) ? TRUE : FALSE;
+}
+
+BOOL ShowWindow(HWND handle, int command) {
+    Window* window = FindWindowRecord(handle);
+    if (!window)
+        return FALSE;
+    const bool was = window->Has(WS_VISIBLE);
+    const bool shown = command != SW_HIDE;
+    if (was == shown)
+        return was ? TRUE : FALSE;
+    if (!shown)
+        InvalidateRect(handle, nullptr, TRUE);
+    window->style = shown ? window->style | WS_VISIBLE : window->style & ~WS_VISIBLE;
+    SendMessageW(handle, WM_SHOWWINDOW, shown ? 1 : 0, 0);
+    if (shown) {
+        InvalidateRect(handle, nullptr, TRUE);
+        if (FindWindowRecord(handle) && window->IsTopLevel() && !window->Has(WS_DISABLED))
+            Desktop::The().Activate(handle);
+    } else if (window->parent && Desktop::The().Focus() == handle) {
+        Desktop::The().SetFocus(window->parent->handle);
+    }
+    return was ? TRUE : FALSE;
+}
+
+BOOL IsWindowVisible(HWND handle) {
+    const Window* window = FindWindowRecord(handle);
+    return window && device::IsShown(*window) ? TRUE : FALSE;
+}
+
+BOOL EnableWindow(HWND handle, BOOL enable) {
+    Window* window = FindWindowRecord(handle);
+    if (!window)
+        return FALSE;
+    const bool wasDisabled = window->Has(WS_DISABLED);
+    if (wasDisabled != (enable == FALSE)) {
+        window->style = enable ? window->style & ~WS_DISABLED : window->style | WS_DISABLED;
+        SendMessageW(handle, WM_ENABLE, enable ? 1 : 0, 0);
+        InvalidateRect(handle, nullptr, TRUE);
+    }
+    return wasDisabled ? TRUE : FALSE;
+}
+
+BOOL IsWindowEnabled(HWND handle) {
+    const Window* window = FindWindowRecord(handle);
+    return window && !window->Has(WS_DISABLED) ? TRUE : FALSE;
+}
+
+LONG_PTR SetWindowLongW(HWND handle, int index, LONG_PTR value) {
+    Window* window = FindWindowRecord(handle);
+    if (!window)
+        return 0;
+    const LONG_PTR former = GetWindowLongW(handle, index);
+    switch (index) {
+    case GWL_WNDPROC:
+        window->procedure = reinterpret_cast<WNDPROC>(value); // NOLINT(performance-no-int-to-ptr)
+        break;
+    case GWL_STYLE:
+        window->style = static_cast<DWORD>(value);
+        break;
+    case GWL_EXSTYLE:
+        window->exStyle = static_cast<DWORD>(value);
+        break;
+    case GWL_USERDATA:
+        window->userData = value;
+        break;
+    case GWL_ID:
+        window->id = value;
+        break;
+    default:
+        return 0;
+    }
+    return former;
+}
+
+LONG_PTR GetWindowLongW(HWND handle, int index) {
+    const Window* window = FindWindowRecord(handle);
+    if (!window)
+        return 0;
+    switch (index) {
+    case GWL_WNDPROC:
+        return reinterpret_cast<LONG_PTR>(window->procedure);
+    case GWL_STYLE:
+        return static_cast<LONG_PTR>(window->style);
+    case GWL_EXSTYLE:
+        return static_cast<LONG_PTR>(window->exStyle);
+    case GWL_USERDATA:
+        return window->userData;
+    case GWL_ID:
+        return window->id;
+    default:
+        return 0;
+    }
+}
+
+BOOL SetWindowTextW(HWND handle, const wchar_t* text) {
+    return IsWindow(handle) && SendMessageW(handle, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)) ? TRUE : FALSE;
+}
+
+int GetWindowTextLengthW(HWND handle) {
+    return static_cast<int>(SendMessageW(handle, WM_GETTEXTLENGTH, 0, 0));
+}
+
+int GetWindowTextW(HWND handle, wchar_t* buffer, int size) {
+    if (!buffer || size <= 0)
+        return 0;
+    buffer[0] = 0;
+    return static_cast<int>(
+        SendMessageW(handle, WM_GETTEXT, static_cast<WPARAM>(size), reinterpret_cast<LPARAM>(buffer)));
+}
+
+int GetClassNameW(HWND handle, wchar_t* buffer, int size) {
+    const Window* window = FindWindowRecord(handle);
+    if (!window || !buffer || size <= 0)
+        return 0;
+    const std::size_t length = window->windowClass->name.copy(buffer, static_cast<std::size_t>(size) - 1);
+    buffer[length] = 0;
+    return static_cast<int>(length);
+}
+
+HWND GetParent(HWND handle) {
+    const Window* window = FindWindowRecord(handle);
+    if (!window)
+        return nullptr;
+    return window->parent ? window->parent->handle : window->owner;
+}
+
+HWND GetWindow(HWND handle, UINT command) {
+    const Window* window = FindWindowRecord(handle);
+    if (!window)
+        return nullptr;
+    if (command == GW_OWNER)
+        return window->owner;
+    if (command == GW_CHILD)
+        return window->children.empty() ? nullptr : window->children.front()->handle;
+    if (command != GW_HWNDNEXT || !window->parent)
+        return nullptr;
+    const auto& siblings = window->parent->children;
+    const auto own = std::find(siblings.begin(), siblings.end(), window);
+    return own == siblings.end() || own + 1 == siblings.end() ? nullptr : (*(own + 1))->handle;
+}
+
+BOOL GetClientRect(HWND handle, RECT* rectangle) {
+    const Window* window = FindWindowRecord(handle);
+    if (!window || !rectangle)
+        return FALSE;
+    const RECT client = device::ScreenClient(*window);
+    *rectangle = {0, 0, client.right - client.left, client.bottom - client.top};
+    return TRUE;
+}
+
+BOOL GetWindowRect(HWND handle, RECT* rectangle) {
+    const Window* window = FindWindowRecord(handle);
+    if (!window || !rectangle)
+        return FALSE;
+    *rectangle = device::ScreenPlace(*window);
+    return TRUE;
+}
+
+BOOL ScreenToClient(HWND handle, POINT* point) {
+    const Window* window = FindWindowRecord(handle);
+    if (!window || !point)
+        return FALSE;
+    const RECT client = device::ScreenClient(*window);
+    *point = {point->x - client.left, point->y - client.top};
+    return TRUE;
+}
+
+BOOL ClientToScreen(HWND handle, POINT* point) {
+    const Window* window = FindWindowRecord(handle);
+    if (!window || !point)
+        return FALSE;
+    const RECT client = device::ScreenClient(*window);
+    *point = {point->x + client.left, point->y + client.top};
+    return TRUE;
+}
+
+BOOL MoveWindow(HWND handle, int x, int y, int width, int height, BOOL repaint) {
+    Window* window = FindWindowRecord(handle);
+    if (!window)
+        return FALSE;
+    const RECT former = window->place;
+    if (repaint)
+        InvalidateRect(handle, nullptr, TRUE);
+    window->place = {x, y, x + std::max(width, 0), y + std::max(height, 0)};
+    if (repaint)
+        InvalidateRect(handle, nullptr, TRUE);
+    const bool sized = former.right - former.left != window->place.right - window->place.left
+        || former.bottom - former.top != window->place.bottom - window->place.top;
+    if (sized)
+        SendSize(handle);
+    return TRUE;
+}
+
+BOOL InvalidateRect(HWND handle, const RECT* rectangle, BOOL /*erase*/) {
+    const Window* window = FindWindowRecord(handle);
+    if (!window)
+        return FALSE;
+    if (!device::IsShown(*window) || !window->redraw)
+        return TRUE;
+    // Without a rectangle the frame around the client area is painted anew as well.
+    RECT part = device::ScreenPlace(*window);
+    if (rectangle) {
+        const RECT client = device::ScreenClient(*window);
+        part = device::Intersect(client,
+            {client.left + rectangle->left, client.top + rectangle->top, client.left + rectangle->right,
+                client.top + rectangle->bottom});
+    }
+    for (const Window* above = window->parent; above; above = above->parent)
+        part = device::Intersect(part, device::ScreenClient(*above));
+    Desktop::The().Invalidate(part);
+    return TRUE;
+}
+
+BOOL UpdateWindow(HWND handle) {
+    if (!IsWindow(handle))
+        return FALSE;
+    Desktop::The().PaintInvalid();
+    return TRUE;
+}
+
+HWND SetFocus(HWND handle) {
+    const HWND former = Desktop::The().Focus();
+    if (former != handle && Desktop::The().SetFocus(handle) && handle)
+        device::EnterControl(handle);
+    return former;
+}
+
+HWND GetFocus() {
+    return Desktop::The().Focus();
+}
+
+HWND GetActiveWindow() {
+    return Desktop::The().Active();
+}
+
+HCURSOR LoadCursorW(HINSTANCE /*module*/, UINT id) {
+    return id == IDC_WAIT ? reinterpret_cast<HCURSOR>(static_cast<std::uintptr_t>(IDC_WAIT)) : nullptr; // NOLINT
+}
+
+HCURSOR SetCursor(HCURSOR cursor) {
+    static HCURSOR current = nullptr;
+    const HCURSOR former = current;
+    current = cursor;
+    Desktop& desktop = Desktop::The();
+    if (cursor && !former)
+        ++desktop.waitCursors;
+    if (desktop.IsOn() && (cursor == nullptr) != (former == nullptr))
+        desktop.TheHost()->WaitCursor(cursor != nullptr);
+    return former;
+}
+
+BOOL MessageBeep(UINT /*type*/) {
+    Desktop& desktop = Desktop::The();
+    ++desktop.beeps;
+    if (desktop.IsOn())
+        desktop.TheHost()->Beep();
+    return TRUE;
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "records/statement.h"
+#include "records/statements.h"
+
+#include <array>
+#include <memory>
+#include <string>
+
+struct CloseConnection {
+    void operator()(sqlite3* connection) const;
+};
+using ConnectionHandle = std::unique_ptr<sqlite3, CloseConnection>;
+
+/// An open data file with its statements.
+class CDataFile {
+public:
+    enum class Status { Ok, Invalid, Failed };
+
+    /// Opens a regular file of the host. Null, and the reason in `status`, where it cannot be used.
+    static std::unique_ptr<CDataFile> Open(const std::string& path, Status* status);
+    /// Makes an empty data file; fails where there is a file already.
+    static bool Create(const std::string& path);
+
+    CStatementRun Run(Sql statement) { return {statements_[static_cast<std::size_t>(statement)].get(), codec_}; }
+    /// For a statement that gives no rows.
+    bool Execute(Sql statement);
+    /// False outside a transaction, and when a failure has ended the transaction already.
+    bool InTransaction() const;
+    CTextCodec& Codec() { return codec_; }
+
+private:
+    explicit CDataFile(ConnectionHandle connection);
+    bool Prepare();
+
+    CTextCodec codec_;
+    ConnectionHandle connection_;
+    // Destroyed before the connection.
+    std::array<StatementHandle, static_cast<std::size_t>(Sql::Count)> statements_;
+};
+
+/// All changes until Commit, or none.
+class CTransaction {
+public:
+    explicit CTransaction(CDataFile& file);
+    CTransaction(const CTransaction&) = delete;
+    CTransaction& operator=(const CTransaction&) = delete;
+    ~CTransaction();
+
+    bool HasBegun() const { return begun_; }
+    /// True when the changes are on the disk.
+    bool Commit();
+
+private:
+    CDataFile& file_;
+    bool begun_;
+};

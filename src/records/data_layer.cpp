@@ -1,0 +1,268 @@
+#include "records/data_layer.h"
+
+#include "platform/files.h"
+#include "records/data_file.h"
+#include "records/entry_filter.h"
+#include "records/record_access.h"
+
+#include <cerrno>
+#include <exception>
+#include <new>
+#include <sys/stat.h>
+
+namespace {
+
+/// Memory that runs out is a failure like any other, and no exception gets past the data layer.
+template <typename Operation> int Guarded(Operation operation) {
+    try {
+        return operation() ? 1 : 0;
+    } catch (const std::exception&) {
+        return 0;
+    }
+}
+
+CDataLayer::ConnectStatus StatusOfPath(const std::string& path) {
+    struct stat info { };
+    if (stat(path.c_str(), &info) != 0)
+        return errno == ENOENT || errno == ENOTDIR ? CDataLayer::ConnectNotFound : CDataLayer::ConnectFailed;
+    if (!S_ISREG(info.st_mode))
+        return CDataLayer::ConnectInvalid;
+    if ((info.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0)
+        return CDataLayer::ConnectReadOnly;
+    return CDataLayer::ConnectOK;
+}
+
+/// Runs a statement whose two last parameters are the record's keys; true when it met the record.
+bool MeetsRecord(CStatementRun& run, const CBaseObject& record, ULONG* refId) {
+    run.Bind(LONGLONG{record.GetID()}).Bind(LONGLONG{record.GetRefID()});
+    return run.SingleRow([&](CStatementRun& row) { *refId = row.ReadKey(); });
+}
+
+template <typename Record> bool Insert(CDataFile& file, const Record& record, LONG* id, ULONG* refId) {
+    if (!file.Run(Sql::TakeRef).SingleRow([&](CStatementRun& row) { *refId = row.ReadKey(); }))
+        return false;
+    CStatementRun run = file.Run(RecordSql<Record>::insert);
+    run.Bind(LONGLONG{*refId});
+    RecordAccess::Bind(run, record);
+    return run.SingleRow([&](CStatementRun& row) { *id = row.ReadLong(); });
+}
+
+template <typename Record> bool Update(CDataFile& file, const Record& record, ULONG* refId) {
+    CStatementRun run = file.Run(RecordSql<Record>::update);
+    RecordAccess::Bind(run, record);
+    return MeetsRecord(run, record, refId);
+}
+
+template <typename Record> bool DeleteRow(CDataFile& file, const Record& record, ULONG* refId) {
+    CStatementRun run = file.Run(RecordSql<Record>::remove);
+    return MeetsRecord(run, record, refId);
+}
+
+bool DeleteOwned(CDataFile& file, Sql statement, ULONG vehicle) {
+    return file.Run(statement).Bind(LONGLONG{vehicle}).Step() == CStatementRun::Result::Done;
+}
+
+} // namespace
+
+CDataLayer::CDataLayer() = default;
+CDataLayer::~CDataLayer() = default;
+
+CDataLayer::ConnectStatus CDataLayer::Connect(const wchar_t* path) {
+    Disconnect();
+    ConnectStatus status = ConnectFailed;
+    Guarded([&] {
+        const std::optional<std::string> hostPath = path ? HostPathOf(path) : std::nullopt;
+        status = hostPath ? StatusOfPath(*hostPath) : ConnectNotFound;
+        if (status != ConnectOK)
+            return false;
+        auto opened = CDataFile::Status::Failed;
+        status = ConnectFailed;
+        file_ = CDataFile::Open(*hostPath, &opened);
+        if (file_)
+            file_->Codec().Use(factory_.get());
+        if (opened != CDataFile::Status::Failed)
+            status = file_ ? ConnectOK : ConnectInvalid;
+        return true;
+    });
+    return status;
+}
+
+void CDataLayer::Disconnect() {
+    file_.reset();
+}
+
+template <typename Record, typename... Keys> int CDataLayer::LoadAll(CObjectListT<Record>* records, Keys... keys) {
+    if (!file_ || !records)
+        return 0;
+    return Guarded([&] {
+        CObjectListT<Record> loaded;
+        CStatementRun run = file_->Run(RecordSql<Record>::load);
+        (run.Bind(keys), ...);
+        CStatementRun::Result result;
+        while ((result = run.Step()) == CStatementRun::Result::Row) {
+            std::unique_ptr<Record> record = RecordAccess::Make<Record>();
+            RecordAccess::Read(run, record.get());
+            loaded.Add(record.get());
+            static_cast<void>(record.release());
+        }
+        if (result == CStatementRun::Result::Failed)
+            return false;
+        records->TakeAll(loaded);
+        return true;
+    });
+}
+
+int CDataLayer::Load(CObjectListT<CVehicle>* vehicles) {
+    return LoadAll(vehicles);
+}
+
+int CDataLayer::Load(CObjectListT<CEntry>* entries, const CEntryFilter* filter) {
+    if (!filter)
+        return 0;
+    const CEntryFilter::Bounds bounds = filter->DateBounds();
+    return LoadAll(
+        entries, LONGLONG{filter->GetVehicleID()}, LONGLONG{filter->GetEntryType()}, bounds.first, bounds.last);
+}
+
+int CDataLayer::Load(CObjectListT<CKeyword>* keywords, CKeyword::Type type) {
+    return LoadAll(keywords, LONGLONG{type});
+}
+
+int CDataLayer::Load(CObjectListT<CNotification>* reminders, ULONG vehicle) {
+    return LoadAll(reminders, LONGLONG{vehicle});
+}
+
+template <typename Record> int CDataLayer::Store(Record* record) {
+    if (!file_ || !record)
+        return 0;
+    return Guarded([&] {
+        CTransaction transaction(*file_);
+        LONG id = record->GetID();
+        ULONG refId = 0;
+        if (!transaction.HasBegun())
+            return false;
+        if (!(id == 0 ? Insert(*file_, *record, &id, &refId) : Update(*file_, *record, &refId)))
+            return false;
+        if (!transaction.Commit())
+            return false;
+        RecordAccess::MarkStored(record, id, refId);
+        return true;
+    });
+}
+
+int CDataLayer::Save(CVehicle* vehicle, int) {
+    return Store(vehicle);
+}
+
+int CDataLayer::Save(CEntry* entry, int) {
+    return Store(entry);
+}
+
+int CDataLayer::Save(CKeyword* keyword, int) {
+    return Store(keyword);
+}
+
+int CDataLayer::Save(CNotification* reminder, int) {
+    return Store(reminder);
+}
+
+template <typename Record> int CDataLayer::Remove(const Record* record) {
+    if (!file_ || !record)
+        return 0;
+    return Guarded([&] {
+        CTransaction transaction(*file_);
+        ULONG refId = 0;
+        return transaction.HasBegun() && DeleteRow(*file_, *record, &refId) && transaction.Commit();
+    });
+}
+
+int CDataLayer::Delete(const CVehicle* vehicle) {
+    if (!file_ || !vehicle)
+        return 0;
+    return Guarded([&] {
+        CTransaction transaction(*file_);
+        ULONG refId = 0;
+        return transaction.HasBegun() && DeleteRow(*file_, *vehicle, &refId)
+            && DeleteOwned(*file_, Sql::DeleteEntriesOfVehicle, refId)
+            && DeleteOwned(*file_, Sql::DeleteRemindersOfVehicle, refId) && transaction.Commit();
+    });
+}
+
+int CDataLayer::Delete(const CEntry* entry) {
+    return Remove(entry);
+}
+
+int CDataLayer::Delete(const CKeyword* keyword) {
+    return Remove(keyword);
+}
+
+int CDataLayer::Delete(const CNotification* reminder) {
+    return Remove(reminder);
+}
+
+int CDataLayer::Delete(const CObjectListT<CEntry>* entries) {
+    if (!file_ || !entries)
+        return 0;
+    return Guarded([&] {
+        CTransaction transaction(*file_);
+        if (!transaction.HasBegun())
+            return false;
+        for (int i = 0; i < entries->GetCount(); ++i) {
+            ULONG refId = 0;
+            if (!DeleteRow(*file_, *entries->Get(i), &refId))
+                return false;
+        }
+        return transaction.Commit();
+    });
+}
+
+int CDataLayer::GetMaxOdometer(ULONG vehicle, LONG* odometer) {
+    if (!file_ || !odometer)
+        return 0;
+    return Guarded([&] {
+        bool found = false;
+        LONG highest = 0;
+        CStatementRun run = file_->Run(Sql::MaxOdometer);
+        const bool done = run.Bind(LONGLONG{vehicle}).SingleRow([&](CStatementRun& row) {
+            found = !row.IsNull();
+            highest = row.ReadLong();
+        });
+        if (!done || !found)
+            return false;
+        *odometer = highest;
+        return true;
+    });
+}
+
+int CDataLayer::UpdateCurrentOdometer(CVehicle* vehicle, LONG odometer) {
+    if (!file_ || !vehicle)
+        return 0;
+    return Guarded([&] {
+        CTransaction transaction(*file_);
+        if (!transaction.HasBegun())
+            return false;
+        ULONG refId = 0;
+        {
+            CStatementRun run = file_->Run(Sql::SetOdometer);
+            run.Bind(LONGLONG{odometer});
+            if (!MeetsRecord(run, *vehicle, &refId))
+                return false;
+        }
+        if (!transaction.Commit())
+            return false;
+        RecordAccess::SetCurrentOdometer(vehicle, odometer);
+        return true;
+    });
+}
+
+CStringHelperFactory* CDataLayer::GetStringHelperFactory() {
+    if (factory_)
+        return factory_.get();
+    return &defaultFactory_;
+}
+
+void CDataLayer::SetStringHelperFactory(std::unique_ptr<CStringHelperFactory> factory) {
+    factory_ = std::move(factory);
+    if (file_)
+        file_->Codec().Use(factory_.get());
+}

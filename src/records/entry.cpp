@@ -1,0 +1,7 @@
+#include "records/entry.h"
+
+#include "records/record_dates.h"
+
+CEntry::CEntry()
+    : date_(TodayDate()) {
+}

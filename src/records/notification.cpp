@@ -1,0 +1,7 @@
+#include "records/notification.h"
+
+#include "records/record_dates.h"
+
+CNotification::CNotification()
+    : date_(TodayDate()) {
+}

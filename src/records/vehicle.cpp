@@ -1,0 +1,7 @@
+#include "records/vehicle.h"
+
+#include "records/record_dates.h"
+
+CVehicle::CVehicle()
+    : insuranceExpirationDate_(TodayDate()) {
+}

@@ -1,0 +1,349 @@
+#include "shell/main_frame.h"
+
+#include "forms/dialog_helpers.h"
+#include "lists/app_fonts.h"
+#include "lists/parent_reflection.h"
+#include "platform/input.h"
+#include "platform/list_view.h"
+#include "platform/resources.h"
+#include "resources/ids.h"
+#include "shell/common/app_settings.h"
+#include "shell/common/load_text.h"
+#include "shell/program_identity.h"
+#include "stats/quick_stats.h"
+#include "stats/screen/dlg_quick_stats.h"
+#include "units/record_text.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+UINT ReloadMessage = 0;
+UINT CloseMessage = 0;
+
+constexpr DWORD VehicleListStyle = 0x5000C01D;
+constexpr DWORD EntryListStyle = 0x50004401;
+
+struct ViewCommand {
+    UINT command;
+    int value;
+};
+
+constexpr ViewCommand EntryTypeCommands[] = {
+    {commands::AllEntries, CEntry::EntryTypeAll},
+    {commands::FuelEntries, CEntry::EntryTypeFuel},
+    {commands::RepairEntries, CEntry::EntryTypeRepair},
+    {commands::TripEntries, CEntry::EntryTypeTrip},
+    {commands::ExpenseEntries, CEntry::EntryTypeExpense},
+};
+
+constexpr ViewCommand DateRangeCommands[] = {
+    {commands::AllDates, CEntryFilter::DateRangeAll},
+    {commands::LastOneWeek, CEntryFilter::DateRangeLastWeek},
+    {commands::LastTwoWeeks, CEntryFilter::DateRangeLastTwoWeeks},
+    {commands::MonthToDate, CEntryFilter::DateRangeMonthToDate},
+    {commands::YearToDate, CEntryFilter::DateRangeYearToDate},
+    {commands::CustomDates, CEntryFilter::DateRangeCustom},
+};
+
+const ViewCommand* FindCommand(std::span<const ViewCommand> table, UINT command) {
+    const auto row
+        = std::find_if(table.begin(), table.end(), [command](const ViewCommand& each) { return each.command == command; });
+    return row == table.end() ? nullptr : &*row;
+}
+
+}
+
+void RegisterFrameMessages() {
+    ReloadMessage = RegisterWindowMessageW(identity::ReloadMessage);
+    CloseMessage = RegisterWindowMessageW(identity::CloseMessage);
+}
+
+CMainFrame::CMainFrame(CMessageLoop& loop) : loop_(loop) {
+    filter_.SetEntryType(static_cast<CEntry::Type>(theSettings.ViewEntryType));
+    filter_.SetDateRangeType(static_cast<CEntryFilter::DateRangeType>(theSettings.ViewDateRangeType));
+}
+
+bool CMainFrame::CreateFrame() {
+    const std::wstring name = LoadText(strings::AppName);
+    if (!Create(name.c_str(), name.c_str(), WS_POPUP, nullptr, 0))
+        return false;
+    accelerators_ = LoadAcceleratorsW(GetModuleHandleW(nullptr), menus::MainAccelerators);
+    return true;
+}
+
+bool CMainFrame::PreTranslateMessage(MSG* message) {
+    return TranslateAcceleratorW(GetHandle(), accelerators_, message) != 0;
+}
+
+LRESULT CMainFrame::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    LRESULT reflected = 0;
+    if (message != WM_MEASUREITEM && message != WM_COMMAND
+        && ReflectNotification(GetHandle(), message, wParam, lParam, reflected) && message != WM_NOTIFY)
+        return reflected;
+    if (message == ReloadMessage) {
+        OnReload();
+        return 0;
+    }
+    switch (message) {
+    case WM_CREATE:
+        return OnCreate();
+    case WM_MEASUREITEM:
+        return OnMeasureItem(wParam, lParam);
+    case WM_NOTIFY:
+        return OnNotify(reinterpret_cast<const NMHDR*>(lParam)); // NOLINT(performance-no-int-to-ptr)
+    case WM_COMMAND:
+        OnCommand(LOWORD(wParam));
+        return 0;
+    case WM_HOTKEY:
+        if (HIWORD(static_cast<std::uintptr_t>(lParam)) == VK_TBACK && LOWORD(static_cast<std::uintptr_t>(lParam)) == 0)
+            OnBackKey();
+        return 0;
+    case WM_INITMENUPOPUP:
+        updateTable_.ApplyTo(reinterpret_cast<HMENU>(wParam)); // NOLINT(performance-no-int-to-ptr)
+        return 0;
+    case WM_SIZE:
+        if (wParam != SIZE_MINIMIZED)
+            LayOut();
+        return 0;
+    case WM_SETFOCUS:
+        SetFocus(visibleView_);
+        return 0;
+    case WM_ENABLE:
+        OnEnable(wParam != 0);
+        return 0;
+    case WM_CLOSE:
+        OnClose();
+        return 0;
+    case WM_DESTROY:
+        PostQuitMessage(1);
+        return 0;
+    default:
+        if (message == CloseMessage && message != 0) {
+            PostMessageW(GetHandle(), WM_CLOSE, 0, 0);
+            return 0;
+        }
+        return DefaultMessage(message, wParam, lParam);
+    }
+}
+
+LRESULT CMainFrame::OnCreate() {
+    menuBar_ = CreateSoftKeyBar(GetHandle(), menus::MainFrame, true, false);
+    loop_.AddMessageFilter(this);
+    if (!vehicleList_.CreateControl(L"SysListView32", VehicleListStyle, GetHandle(), controls::VehicleList)
+        || !entryList_.CreateControl(L"SysListView32", EntryListStyle, GetHandle(), controls::EntryList))
+        return -1;
+    visibleView_ = vehicleList_.GetHandle();
+    for (const HWND list : {vehicleList_.GetHandle(), entryList_.GetHandle()})
+        SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(static_cast<HFONT>(BoldTextFont)), TRUE);
+    ShowWindow(vehicleList_.GetHandle(), SW_SHOW);
+    ShowWindow(entryList_.GetHandle(), SW_HIDE);
+    MarkEntryType();
+    MarkDateRange();
+    return 0;
+}
+
+LRESULT CMainFrame::OnMeasureItem(WPARAM id, LPARAM request) {
+    if (id != controls::EntryList || request == 0)
+        return 0;
+    entryList_.MeasureItem(reinterpret_cast<MEASUREITEMSTRUCT*>(request)); // NOLINT(performance-no-int-to-ptr)
+    return 1;
+}
+
+LRESULT CMainFrame::OnNotify(const NMHDR* note) {
+    if (!note || note->code != LVN_KEYDOWN)
+        return 0;
+    if (reinterpret_cast<const NMLVKEYDOWN*>(note)->wVKey != VK_TACTION)
+        return 0;
+    if (note->idFrom == controls::VehicleList) {
+        if (CVehicle* vehicle = vehicleList_.GetSelectedVehicle())
+            ActivateVehicle(vehicle);
+    } else if (note->idFrom == controls::EntryList) {
+        EditCommand();
+    }
+    return 0;
+}
+
+void CMainFrame::OnCommand(UINT command) {
+    switch (command) {
+    case commands::NewVehicle:
+        NewVehicleCommand();
+        break;
+    case commands::NewFuelEntry:
+    case commands::NewRepair:
+    case commands::NewTrip:
+    case commands::NewExpense:
+        NewEntryCommand(command);
+        break;
+    case commands::Edit:
+        EditCommand();
+        break;
+    case commands::Delete:
+        DeleteCommand();
+        break;
+    case commands::QuickStats:
+        QuickStatsCommand();
+        break;
+    case commands::SelectVehicle:
+        SelectVehicleCommand();
+        break;
+    case commands::Exit:
+        PostMessageW(GetHandle(), WM_CLOSE, 0, 0);
+        break;
+    default:
+        if (FindCommand(EntryTypeCommands, command))
+            EntryTypeCommand(command);
+        else if (FindCommand(DateRangeCommands, command))
+            EntryDateRangeCommand(command);
+        break;
+    }
+}
+
+void CMainFrame::OnBackKey() {
+    if (IsVehicleListVisible())
+        SHNavigateBack();
+    else
+        ShowView(controls::VehicleList);
+}
+
+// A modal window disables the frame below it for as long as it is open.
+bool CMainFrame::IsFormOpen() const {
+    return !IsWindowEnabled(GetHandle());
+}
+
+void CMainFrame::OnEnable(bool enabled) {
+    if (!enabled)
+        return;
+    if (reloadPending_)
+        PostMessageW(GetHandle(), ReloadMessage, 0, 0);
+    if (closePending_)
+        PostMessageW(GetHandle(), WM_CLOSE, 0, 0);
+    reloadPending_ = closePending_ = false;
+}
+
+void CMainFrame::OnClose() {
+    if (IsFormOpen())
+        closePending_ = true;
+    else
+        DestroyWindow(GetHandle());
+}
+
+void CMainFrame::OnReload() {
+    if (IsFormOpen()) {
+        reloadPending_ = true;
+        return;
+    }
+    vehicleList_.Reload();
+    CVehicle* vehicle = vehicleList_.FindVehicle(theSettings.LastActiveVehicle);
+    if (!vehicle)
+        ShowView(controls::VehicleList);
+    ActivateVehicle(vehicle);
+}
+
+void CMainFrame::LayOut() {
+    RECT client;
+    if (visibleView_ && GetClientRect(GetHandle(), &client))
+        MoveWindow(visibleView_, 0, 0, client.right, client.bottom, TRUE);
+}
+
+// The active vehicle
+
+void CMainFrame::ShowView(UINT id) {
+    const bool vehicles = id == controls::VehicleList;
+    const HWND shown = vehicles ? vehicleList_.GetHandle() : entryList_.GetHandle();
+    const HWND hidden = vehicles ? entryList_.GetHandle() : vehicleList_.GetHandle();
+    ShowWindow(shown, SW_SHOW);
+    visibleView_ = shown;
+    SetFocus(shown);
+    ShowWindow(hidden, SW_HIDE);
+    if (vehicles) {
+        theSettings.LastActiveVehicle = 0;
+        SetWindowTextW(GetHandle(), LoadText(strings::MyVehicles).c_str());
+    }
+    LayOut();
+    updateTable_.EnableAll(!vehicles);
+}
+
+void CMainFrame::ActivateVehicle(CVehicle* vehicle) {
+    if (!vehicle) {
+        filter_.SetVehicleID(0);
+        SetWindowTextW(GetHandle(), LoadText(strings::NoActiveVehicle).c_str());
+        entryList_.Refresh(nullptr);
+        theSettings.LastActiveVehicle = 0;
+        theSettings.ActiveVehicleOdometer = 0;
+        return;
+    }
+    SetWindowTextW(GetHandle(), VehicleTitleText(vehicle).c_str());
+    filter_.SetVehicleID(vehicle->GetRefID());
+    entryList_.Refresh(&filter_);
+    SetFocus(entryList_.GetHandle());
+    const int row = vehicleList_.FindRowByData(reinterpret_cast<LPARAM>(vehicle));
+    if (vehicleList_.SetRowState(row, LVIS_FOCUSED | LVIS_SELECTED, LVIS_FOCUSED | LVIS_SELECTED))
+        SendMessageW(vehicleList_.GetHandle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+    theSettings.LastActiveVehicle = vehicle->GetRefID();
+    theSettings.ActiveVehicleOdometer = vehicle->GetCurrentOdometer();
+    ShowView(controls::EntryList);
+}
+
+void CMainFrame::UpdateOdometer() {
+    CVehicle* vehicle = vehicleList_.FindVehicle(theSettings.LastActiveVehicle);
+    if (!vehicle)
+        return;
+    LONG highest = 0;
+    if (!theDataLayer.GetMaxOdometer(vehicle->GetRefID(), &highest))
+        return;
+    if (highest == theSettings.ActiveVehicleOdometer)
+        return;
+    if (!theDataLayer.UpdateCurrentOdometer(vehicle, highest))
+        return;
+    theSettings.ActiveVehicleOdometer = highest;
+}
+
+// View commands
+
+void CMainFrame::EntryTypeCommand(UINT command) {
+    const int type = FindCommand(EntryTypeCommands, command)->value;
+    theSettings.ViewEntryType = type;
+    filter_.SetEntryType(static_cast<CEntry::Type>(type));
+    entryList_.Refresh(&filter_);
+    SetFocus(entryList_.GetHandle());
+    MarkEntryType();
+}
+
+void CMainFrame::MarkEntryType() {
+    for (const ViewCommand& each : EntryTypeCommands)
+        updateTable_.SetCheck(each.command, each.value == filter_.GetEntryType());
+}
+
+void CMainFrame::MarkDateRange() {
+    for (const ViewCommand& each : DateRangeCommands)
+        updateTable_.SetCheck(each.command, each.value == filter_.GetDateRangeType());
+}
+
+void CMainFrame::QuickStatsCommand() {
+    if (theSettings.LastActiveVehicle == 0)
+        return;
+    CQuickStats stats;
+    if (!stats.Calculate(&filter_))
+        return;
+    CDlgQuickStats dialog;
+    dialog.Stats = &stats;
+    dialog.DoModal();
+}
+
+void CMainFrame::SelectVehicleCommand() {
+    if (!IsVehicleListVisible())
+        ShowView(controls::VehicleList);
+}
+
+void CMainFrame::EntryDateRangeCommand(UINT command) {
+    if (command == commands::CustomDates)
+        return;
+    const int type = FindCommand(DateRangeCommands, command)->value;
+    theSettings.ViewDateRangeType = type;
+    filter_.SetDateRangeType(static_cast<CEntryFilter::DateRangeType>(type));
+    entryList_.Refresh(&filter_);
+    SetFocus(entryList_.GetHandle());
+    MarkDateRange();
+}

@@ -1,0 +1,118 @@
+// From the path of the data file to the first screen.
+
+#include "platform/dialog.h"
+#include "platform/files.h"
+#include "resources/ids.h"
+#include "shell/common/app_settings.h"
+#include "shell/common/load_text.h"
+#include "shell/main_frame.h"
+#include "shell/messages/show_message.h"
+
+#include <cwchar>
+#include <string>
+
+namespace {
+
+/// After so many copies in a row that failed there is no way to go on.
+constexpr int CopiesInVain = 3;
+constexpr const wchar_t* JournalSuffix = L"-journal";
+
+std::wstring TextWithPath(UINT id, const std::wstring& path) {
+    std::wstring text = LoadText(id);
+    const std::size_t place = text.find(L"%s");
+    return place == std::wstring::npos ? text : text.replace(place, 2, path);
+}
+
+void ShowFailure(UINT id, const std::wstring& path) {
+    MessageBoxW(GetActiveWindow(), TextWithPath(id, path).c_str(), nullptr, messages::FailureStyle);
+}
+
+bool Exists(const std::wstring& path) {
+    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+/// The first name of `path`.bad, `path`.bad2, ... that neither a file nor a journal has.
+std::wstring FreeNameBeside(const std::wstring& path) {
+    std::wstring name = path + L".bad";
+    for (int number = 2; Exists(name) || Exists(name + JournalSuffix); ++number)
+        name = path + L".bad" + std::to_wstring(number);
+    return name;
+}
+
+/// A file that is no data file gives way under another name, so that nothing of the user's is lost. What belongs to a
+/// transaction of the old file goes first: beside a fresh file it would be rolled back into that.
+void MoveAside(const std::wstring& path) {
+    const std::wstring journal = path + JournalSuffix;
+    if (!Exists(path) && !Exists(journal))
+        return;
+    const std::wstring aside = FreeNameBeside(path);
+    if (Exists(journal) && !MoveFileW(journal.c_str(), (aside + JournalSuffix).c_str()))
+        return;
+    if (Exists(path))
+        MoveFileW(path.c_str(), aside.c_str());
+}
+
+std::wstring TemplatePath() {
+    wchar_t program[MAX_PATH + 1] = {};
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    const std::wstring path = program;
+    return path.substr(0, path.rfind(L'\\') + 1) + LoadText(strings::TemplateFileName);
+}
+
+void FillDefaultPath() {
+    if (theSettings.DBPath[0] != 0)
+        return;
+    wchar_t folder[MAX_PATH + 1] = {};
+    SHGetSpecialFolderPath(nullptr, folder, CSIDL_PERSONAL, TRUE);
+    const std::wstring path = std::wstring(folder) + L"\\" + LoadText(strings::DataFileName);
+    const std::size_t length = path.copy(theSettings.DBPath, CAppSettings::PathSize - 1);
+    theSettings.DBPath[length] = 0;
+}
+
+}
+
+bool CMainFrame::ConnectOrCreate() {
+    const std::wstring loadedPath = theSettings.DBPath;
+    FillDefaultPath();
+    const std::wstring path = theSettings.DBPath;
+    for (int failures = 0; failures < CopiesInVain;) {
+        const CDataLayer::ConnectStatus status = theDataLayer.Connect(path.c_str());
+        if (status == CDataLayer::ConnectOK)
+            return true;
+        if (status == CDataLayer::ConnectReadOnly)
+            ShowFailure(strings::ReadOnlyDataFile, path);
+        else if (status == CDataLayer::ConnectInvalid)
+            ShowFailure(strings::InvalidDataFile, path);
+        const std::wstring templatePath = TemplatePath();
+        // Only where a fresh file can take its place: without a template the user's file stays as it is.
+        if ((status == CDataLayer::ConnectInvalid || status == CDataLayer::ConnectNotFound) && Exists(templatePath))
+            MoveAside(path);
+        if (CopyFileW(templatePath.c_str(), path.c_str(), TRUE)) {
+            failures = 0;
+        } else {
+            ++failures;
+            ShowFailure(strings::CannotCreateDataFile, path);
+        }
+    }
+    std::wcsncpy(theSettings.DBPath, loadedPath.c_str(), CAppSettings::PathSize - 1);
+    return false;
+}
+
+void CMainFrame::ShowFirstScreen() {
+    vehicleList_.InitColumns();
+    entryList_.InitColumns();
+    if (CVehicle* vehicle = vehicleList_.FindVehicle(theSettings.LastActiveVehicle)) {
+        ActivateVehicle(vehicle);
+        return;
+    }
+    ShowView(controls::VehicleList);
+    InvalidateRect(vehicleList_.GetHandle(), nullptr, TRUE);
+}
+
+bool CMainFrame::OpenDatabase() {
+    if (!ConnectOrCreate())
+        return false;
+    theSettings.SaveDBPath();
+    ShowFirstScreen();
+    return true;
+}

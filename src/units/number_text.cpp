@@ -1,0 +1,65 @@
+#include "units/number_text.h"
+
+#include "platform/locale.h"
+
+#include <charconv>
+#include <limits>
+
+namespace {
+
+using LocaleFormatter = int (*)(LCID, DWORD, const wchar_t*, const void*, wchar_t*, int);
+
+/// Always with a point, whatever locale the process itself runs in.
+std::wstring PlainText(float value, bool fraction) {
+    char text[64]; // the greatest float has 39 digits
+    const std::to_chars_result end = fraction
+        ? std::to_chars(text, std::end(text), static_cast<double>(value), std::chars_format::fixed, 2)
+        : std::to_chars(text, std::end(text), WholeNumber(value));
+    return {text, end.ptr};
+}
+
+std::wstring Format(LocaleFormatter formatter, const std::wstring& source) {
+    wchar_t usual[64];
+    int size = formatter(LOCALE_USER_DEFAULT, 0, source.c_str(), nullptr, usual, static_cast<int>(std::size(usual)));
+    if (size > 0)
+        return {usual, static_cast<std::size_t>(size - 1)};
+    size = formatter(LOCALE_USER_DEFAULT, 0, source.c_str(), nullptr, nullptr, 0);
+    if (size <= 0)
+        return {};
+    std::wstring text(static_cast<std::size_t>(size), L'\0');
+    size = formatter(LOCALE_USER_DEFAULT, 0, source.c_str(), nullptr, text.data(), size);
+    text.resize(size > 0 ? static_cast<std::size_t>(size - 1) : 0);
+    return text;
+}
+
+/// A locale without a fraction leaves nothing to cut at, and the whole text stays.
+void CutFraction(std::wstring* text) {
+    wchar_t separator[4] = {};
+    if (GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator, static_cast<int>(std::size(separator))) == 0)
+        return;
+    const std::size_t cut = text->rfind(separator[0]);
+    if (cut != std::wstring::npos)
+        text->resize(cut);
+}
+
+} // namespace
+
+LONG WholeNumber(float value) {
+    using Limits = std::numeric_limits<LONG>;
+    // The upper limit itself is no float; the next one above it is.
+    if (value >= -static_cast<float>(Limits::min()))
+        return Limits::max();
+    if (value <= static_cast<float>(Limits::min()))
+        return Limits::min();
+    return value == value ? static_cast<LONG>(value) : 0; // NaN alone differs from itself
+}
+
+std::wstring NumberText(float value, bool decimals, bool currency) {
+    const std::wstring source = PlainText(value, decimals && value > 0);
+    if (currency)
+        return Format(GetCurrencyFormatW, source);
+    std::wstring text = Format(GetNumberFormatW, source);
+    if (!decimals)
+        CutFraction(&text);
+    return text;
+}

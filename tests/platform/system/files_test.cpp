@@ -1,0 +1,178 @@
+#include "device_fixture.h"
+#include "platform/files.h"
+#include "platform/metrics.h"
+#include "platform/process.h"
+#include "platform/registry.h"
+#include "platform/resources.h"
+#include "platform/system/device_paths.h"
+
+#include <csignal>
+#include <cstring>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace {
+
+constexpr const wchar_t* Target = L"\\My Documents\\My Vehicles.dat";
+constexpr const wchar_t* Source = L"\\My Documents\\Default.ENU";
+
+class FilesTest : public DeviceTest { };
+
+TEST_F(FilesTest, PathsNeverLeaveTheMappedFolders) {
+    const std::string documents = Documents();
+    const std::string program = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+    const std::pair<const wchar_t*, std::string> good[]
+        = {{L"\\My Documents", documents}, {L"/my documents/a.dat", documents + "/a.dat"},
+            {L"\\MY DOCUMENTS\\\\Ö \U0001F697\\b", documents + "/Ö 🚗/b"}, {L"\\My Documents\\...", documents + "/..."},
+            {L"\\Program Files\\odoledger\\Default.ENU", program + "/Default.ENU"}};
+    for (const auto& [path, host] : good) {
+        EXPECT_EQ(HostPathOf(path), host);
+    }
+    for (const wchar_t* path : {L"", L"\\", L"My Documents\\a", L"\\My Documents\\..\\registry",
+             L"\\My Documents\\.\\a", L"\\My Documents/../../x", L"\\My Documents2\\a", L"\\Windows\\a",
+             L"\\Program Files\\a", L"\\Program Files\\Odoledger\\..\\a", L"C:\\My Documents\\a"}) {
+        EXPECT_EQ(HostPathOf(path), std::nullopt) << std::filesystem::path(path);
+    }
+    EXPECT_EQ(HostPathOf(std::wstring(L"\\My Documents\\a\0b", 17)), std::nullopt);
+    EXPECT_EQ(HostPathOf(std::wstring(L"\\My Documents\\") + static_cast<wchar_t>(0xD800)), std::nullopt);
+    EXPECT_FALSE(CopyFileW(L"\\Windows\\a", Target, TRUE));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_PATH_NOT_FOUND));
+}
+
+TEST_F(FilesTest, ACopyIsWholeAndReplacesNothing) {
+    const std::string contents(200001, 'x');
+    Write(Documents() / "Default.ENU", contents);
+    std::filesystem::permissions(Documents() / "Default.ENU", std::filesystem::perms::owner_read);
+    ASSERT_TRUE(CopyFileW(Source, Target, TRUE));
+    EXPECT_EQ(Read(Documents() / "My Vehicles.dat"), contents);
+    EXPECT_EQ(GetFileAttributesW(Target), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(GetFileAttributesW(Source), FILE_ATTRIBUTE_READONLY);
+
+    Write(Documents() / "My Vehicles.dat", "precious");
+    EXPECT_FALSE(CopyFileW(Source, Target, TRUE));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_EXISTS));
+    EXPECT_EQ(Read(Documents() / "My Vehicles.dat"), "precious");
+    EXPECT_FALSE(MoveFileW(Source, Target));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ALREADY_EXISTS));
+    EXPECT_FALSE(CopyFileW(Target, Source, FALSE));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+    EXPECT_TRUE(CopyFileW(Source, Target, FALSE));
+    EXPECT_EQ(Read(Documents() / "My Vehicles.dat"), contents);
+    EXPECT_EQ(CountFiles(Documents()), 2U);
+
+    std::filesystem::create_symlink("nowhere", Documents() / "link");
+    EXPECT_FALSE(CopyFileW(Source, L"\\My Documents\\link", TRUE));
+    EXPECT_FALSE(CopyFileW(L"\\My Documents\\none", L"\\My Documents\\new", TRUE));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+    mkfifo((Documents() / "pipe").c_str(), 0600);
+    EXPECT_FALSE(CopyFileW(L"\\My Documents\\pipe", L"\\My Documents\\new", TRUE));
+    EXPECT_FALSE(std::filesystem::exists(Documents() / "new"));
+}
+
+TEST_F(FilesTest, ACopyThatRunsOutOfSpaceLeavesNothing) {
+    Write(Documents() / "Default.ENU", std::string(200000, 'x'));
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit full{70000, before.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &full);
+    const BOOL copied = CopyFileW(Source, Target, TRUE);
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_FALSE(copied);
+    EXPECT_EQ(CountFiles(Documents()), 1U);
+}
+
+TEST_F(FilesTest, TheDocumentsFolderIsMadeOnDemandAndListed) {
+    wchar_t path[MAX_PATH] = L"";
+    ASSERT_TRUE(SHGetSpecialFolderPath(nullptr, path, CSIDL_PERSONAL, FALSE));
+    EXPECT_STREQ(path, L"\\My Documents");
+    EXPECT_FALSE(SHGetSpecialFolderPath(nullptr, path, 6, TRUE));
+    EXPECT_EQ(device::ListDocuments().size(), 0U);
+    EXPECT_EQ(GetFileAttributesW(L"\\My Documents"), INVALID_FILE_ATTRIBUTES);
+    wchar_t program[MAX_PATH] = L"";
+    ASSERT_NE(GetModuleFileNameW(nullptr, program, MAX_PATH), 0U);
+    EXPECT_EQ(GetModuleFileNameW(nullptr, program, 20), 0U);
+    ASSERT_TRUE(CopyFileW(program, L"\\My Documents\\b", TRUE));
+    EXPECT_EQ(GetFileAttributesW(L"\\My Documents"), FILE_ATTRIBUTE_DIRECTORY);
+    Write(Documents() / "a\xFF", "12345");
+    Write(Documents() / "folder" / "c", "");
+    ASSERT_TRUE(MoveFileW(L"\\My Documents\\b", L"\\My Documents\\Ä"));
+    std::filesystem::permissions(Documents() / "Ä", std::filesystem::perms::owner_read);
+    const auto files = device::ListDocuments();
+    ASSERT_EQ(files.size(), 2U);
+    EXPECT_EQ(files[0].name, "a\uFFFD");
+    EXPECT_EQ(files[0].size, 5U);
+    EXPECT_FALSE(files[0].readOnly);
+    EXPECT_EQ(files[1].name, "Ä");
+    EXPECT_TRUE(files[1].readOnly);
+}
+
+TEST_F(FilesTest, TheVersionRecordIsTheProgramsOwn) {
+    static constexpr VersionResource Version{2, 40, 3, 87};
+    static const Module withVersion{{}, {}, {}, {}, &Version};
+    static const Module without{};
+    wchar_t path[MAX_PATH] = L"";
+    ASSERT_NE(GetModuleFileNameW(nullptr, path, MAX_PATH), 0U);
+    DWORD handle = 1;
+    for (const Module* module : {static_cast<const Module*>(nullptr), &without}) {
+        device::SetModule(module);
+        EXPECT_EQ(GetFileVersionInfoSizeW(path, &handle), 0U);
+    }
+    device::SetModule(&withVersion);
+    EXPECT_EQ(GetFileVersionInfoSizeW(Target, &handle), 0U);
+    std::vector<BYTE> block(GetFileVersionInfoSizeW(path, &handle));
+    ASSERT_TRUE(GetFileVersionInfoW(path, handle, static_cast<DWORD>(block.size()), block.data()));
+    EXPECT_FALSE(GetFileVersionInfoW(path, handle, static_cast<DWORD>(block.size()) - 1, block.data()));
+    void* record = nullptr;
+    UINT length = 0;
+    EXPECT_FALSE(VerQueryValueW(block.data(), L"\\VarFileInfo", &record, &length));
+    ASSERT_TRUE(VerQueryValueW(block.data(), L"\\", &record, &length));
+    VS_FIXEDFILEINFO info;
+    ASSERT_EQ(length, sizeof info);
+    std::memcpy(&info, record, sizeof info);
+    EXPECT_EQ(info.dwFileVersionMS, 0x00020028U);
+    EXPECT_EQ(info.dwFileVersionLS, 0x00030057U);
+    device::SetModule(nullptr);
+}
+
+TEST(Resources, StringsAreFoundByNumberAndCutToTheBuffer) {
+    static constexpr StringResource Strings[] = {{128, L"Odoledger"}, {129, L""}, {32774, L"Äöü \U0001F697"}};
+    static const Module module{Strings, {}, {}, {}, nullptr};
+    wchar_t buffer[16];
+    const struct {
+        UINT id;
+        int size;
+        const wchar_t* text;
+    } cases[] = {{128, 16, L"Odoledger"}, {128, 10, L"Odoledger"}, {128, 9, L"Odoledge"}, {128, 1, L""}, {127, 16, L""},
+        {129, 16, L""}, {130, 16, L""}, {32774, 16, L"Äöü \U0001F697"}, {65535, 16, L""}};
+    for (const auto& testCase : cases) {
+        EXPECT_EQ(
+            LoadStringW(&module, testCase.id, buffer, testCase.size), static_cast<int>(std::wcslen(testCase.text)));
+        EXPECT_STREQ(buffer, testCase.text) << testCase.id;
+    }
+    EXPECT_EQ(LoadStringW(&module, 128, buffer, 0), 0);
+    EXPECT_EQ(LoadStringW(nullptr, 128, buffer, 16), 0);
+}
+
+TEST_F(DeviceTest, MeasuresFollowTheScreenAndItsDensity) {
+    RECT area;
+    ASSERT_TRUE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0));
+    EXPECT_EQ(area.top, 24);
+    EXPECT_EQ(area.right, 320);
+    EXPECT_EQ(area.bottom, 456);
+    Set("HANDSET_SCREEN", "176x220");
+    Set("HANDSET_DPI", "131");
+    EXPECT_EQ(device::TitleHeight(), 33);
+    EXPECT_EQ(GetSystemMetrics(SM_CXEDGE), 3);
+    device::SetScreenSize({10, 20});
+    ASSERT_TRUE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0));
+    EXPECT_LE(area.top, area.bottom);
+    EXPECT_LE(area.bottom, 20);
+    EXPECT_EQ(GetSystemMetrics(SM_CYSCREEN), 20);
+    EXPECT_FALSE(SystemParametersInfoW(1, 0, &area, 0));
+    Set("HANDSET_DPI", "24");
+    EXPECT_EQ(GetSystemMetrics(SM_CXEDGE), 1);
+}
+
+} // namespace

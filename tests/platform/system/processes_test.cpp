@@ -1,0 +1,212 @@
+#include "device_fixture.h"
+#include "platform/files.h"
+#include "platform/process.h"
+#include "platform/registry.h"
+#include "platform/system/ipc.h"
+#include "platform/system/local_socket.h"
+#include "platform/system/runtime_folder.h"
+
+#include <condition_variable>
+#include <csignal>
+#include <mutex>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+class ProcessesTest : public DeviceTest {
+protected:
+    ~ProcessesTest() override { EndOther(); }
+
+    /// Runs `work` in another process of the same device, which then stays until it is ended.
+    template <typename Work> void StartOther(Work work) {
+        int ends[2] = {};
+        ASSERT_EQ(pipe(ends), 0);
+        other_ = fork();
+        if (other_ == 0) {
+            work();
+            const char ready = 'r';
+            _exit(write(ends[1], &ready, 1) == 1 && pause() == -1 ? 0 : 1);
+        }
+        close(ends[1]);
+        char ready = 0;
+        ASSERT_EQ(read(ends[0], &ready, 1), 1);
+        close(ends[0]);
+    }
+    void EndOther() {
+        if (other_ > 0) {
+            kill(other_, SIGKILL);
+            waitpid(other_, nullptr, 0);
+            other_ = 0;
+        }
+    }
+    static DWORD Create(const wchar_t* name, HANDLE& handle) {
+        handle = CreateMutexW(nullptr, FALSE, name);
+        return GetLastError();
+    }
+    static bool IsFree(const wchar_t* name) {
+        HANDLE handle = nullptr;
+        const DWORD error = Create(name, handle);
+        return handle != nullptr && CloseHandle(handle) != FALSE && error == ERROR_SUCCESS;
+    }
+    std::filesystem::path SocketFile() const {
+        for (const auto& entry : std::filesystem::directory_iterator{*device::RuntimeFolder()}) {
+            if (entry.is_socket()) {
+                return entry.path();
+            }
+        }
+        return {};
+    }
+
+    pid_t other_ = 0;
+};
+
+constexpr auto Existed = static_cast<DWORD>(ERROR_ALREADY_EXISTS);
+
+TEST_F(ProcessesTest, AMutexLastsAsLongAsItsLastHandleHere) {
+    HANDLE first = nullptr;
+    HANDLE second = nullptr;
+    EXPECT_EQ(Create(L"Odoledger / é", first), 0U);
+    EXPECT_EQ(Create(L"Odoledger / é", second), Existed);
+    EXPECT_TRUE(CloseHandle(first));
+    EXPECT_FALSE(IsFree(L"Odoledger / é"));
+    EXPECT_TRUE(IsFree(L"another"));
+    EXPECT_TRUE(CloseHandle(second));
+    EXPECT_TRUE(IsFree(L"Odoledger / é"));
+    EXPECT_FALSE(CloseHandle(second));
+    EXPECT_FALSE(CloseHandle(nullptr));
+    EXPECT_EQ(CreateMutexW(nullptr, FALSE, nullptr), nullptr);
+}
+
+TEST_F(ProcessesTest, AMutexIsSharedWithinOneStoragePlaceAndEndsWithItsProcess) {
+    StartOther([] { CreateMutexW(nullptr, FALSE, L"Odoledger"); });
+    EXPECT_FALSE(IsFree(L"Odoledger"));
+    std::filesystem::create_directory(Storage());
+    std::filesystem::create_directory_symlink(Storage(), folder_ / "link");
+    Set("HANDSET_STORAGE", folder_ / "link" / ".");
+    EXPECT_FALSE(IsFree(L"Odoledger"));
+    Set("HANDSET_STORAGE", folder_ / "another");
+    EXPECT_TRUE(IsFree(L"Odoledger"));
+    Set("HANDSET_STORAGE", Storage());
+    EndOther();
+    EXPECT_TRUE(IsFree(L"Odoledger"));
+}
+
+TEST_F(ProcessesTest, OnlyThePresetMutexIsHeldFromTheStart) {
+    const wchar_t* name = L"{7E734BFE-168E-46bb-81BF-C6D0F0C0FAF6}";
+    EXPECT_TRUE(IsFree(name));
+    Set("HANDSET_SYNC", "1");
+    EXPECT_FALSE(IsFree(name));
+    EXPECT_TRUE(IsFree(L"Odoledger"));
+}
+
+TEST_F(ProcessesTest, TheRuntimeFolderIsPrivateOrNotUsed) {
+    const std::string usual = device::RuntimeFolder().value();
+    EXPECT_EQ(usual.rfind(folder_ / "run", 0), 0U);
+    chmod(usual.c_str(), 0777);
+    EXPECT_EQ(device::RuntimeFolder(), usual);
+    struct stat found { };
+    ASSERT_EQ(stat(usual.c_str(), &found), 0);
+    EXPECT_EQ(found.st_mode & 0777U, 0700U);
+
+    // Without a session's folder: below the temporary one; a link planted there is not followed.
+    Set("XDG_RUNTIME_DIR", folder_ / "missing");
+    Set("TMPDIR", folder_ / "run");
+    const std::string temporary = device::RuntimeFolder().value();
+    const std::filesystem::path users = folder_ / "run" / ("odoledger-" + std::to_string(geteuid()));
+    EXPECT_EQ(std::filesystem::path(temporary).parent_path(), users);
+    std::filesystem::remove_all(users);
+    std::filesystem::create_directory(folder_ / "trap");
+    std::filesystem::create_directory_symlink(folder_ / "trap", users);
+    EXPECT_EQ(device::RuntimeFolder(), std::nullopt);
+    HANDLE handle = nullptr;
+    EXPECT_NE(Create(L"Odoledger", handle), 0U);
+    EXPECT_EQ(handle, nullptr);
+    EXPECT_EQ(device::PublishedWindow::Publish(L"Odoledger", [] {}), nullptr);
+    EXPECT_EQ(CountFiles(folder_ / "trap"), 0U);
+}
+
+/// Counts the wake-ups, and waits for them.
+class Waker {
+public:
+    void Wake() {
+        const std::lock_guard lock{mutex_};
+        ++count_;
+        changed_.notify_all();
+    }
+    bool WaitFor(int count) {
+        std::unique_lock lock{mutex_};
+        return changed_.wait_for(lock, std::chrono::seconds{5}, [&] { return count_ >= count; });
+    }
+
+private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    int count_ = 0;
+};
+
+TEST_F(ProcessesTest, RequestsComeInOrderAndOnlyThoseTwo) {
+    Waker waker;
+    EXPECT_FALSE(device::WindowExists(L"Odoledger"));
+    EXPECT_FALSE(device::BringToFront(L"Odoledger"));
+    const auto window = device::PublishedWindow::Publish(L"Odoledger", [&] { waker.Wake(); });
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(device::PublishedWindow::Publish(L"Odoledger", [] {}), nullptr);
+    EXPECT_TRUE(device::WindowExists(L"Odoledger"));
+    EXPECT_FALSE(device::WindowExists(L"Other"));
+
+    // Silent clients take nobody's turn.
+    std::vector<device::FileDescriptor> silent;
+    for (int i = 0; i < 20; ++i) {
+        silent.push_back(device::ConnectTo(SocketFile(), std::chrono::seconds{1}));
+    }
+    for (const std::string& wrong : {std::string{"quit"}, std::string{"post "}, std::string{"frontx"},
+             std::string("post a\0b", 8), std::string{"post \xFF"}, std::string(device::LargestPacket, 'x')}) {
+        const auto socket = device::ConnectTo(SocketFile(), std::chrono::seconds{2});
+        ASSERT_TRUE(socket.IsOpen() && device::SendPacket(socket, wrong));
+        EXPECT_EQ(device::ReceivePacket(socket), std::nullopt) << wrong;
+    }
+    EXPECT_FALSE(device::PostRegistered(L"Odoledger", std::wstring(1000, L'x')));
+    EXPECT_EQ(window->Take(), std::nullopt);
+
+    EXPECT_TRUE(device::BringToFront(L"Odoledger"));
+    EXPECT_TRUE(device::PostRegistered(L"Odoledger", L"{5E75CC96} é"));
+    ASSERT_TRUE(waker.WaitFor(2));
+    EXPECT_EQ(window->Take().value().kind, device::WindowRequest::Kind::BringToFront);
+    const auto post = window->Take().value();
+    EXPECT_EQ(post.kind, device::WindowRequest::Kind::PostRegistered);
+    EXPECT_EQ(post.messageName, L"{5E75CC96} é");
+    EXPECT_EQ(window->Take(), std::nullopt);
+}
+
+TEST_F(ProcessesTest, ADeadProcessWindowGivesWayAndALivingOnesDoesNot) {
+    StartOther([] { device::PublishedWindow::Publish(L"Odoledger", [] {}).release(); });
+    EXPECT_TRUE(device::BringToFront(L"Odoledger"));
+    EXPECT_EQ(device::PublishedWindow::Publish(L"Odoledger", [] {}), nullptr);
+    EndOther();
+    EXPECT_FALSE(device::WindowExists(L"Odoledger"));
+    EXPECT_FALSE(SocketFile().empty());
+    {
+        const auto window = device::PublishedWindow::Publish(L"Odoledger", [] {});
+        ASSERT_NE(window, nullptr);
+        EXPECT_TRUE(device::WindowExists(L"Odoledger"));
+    }
+    EXPECT_TRUE(SocketFile().empty());
+    EXPECT_FALSE(device::WindowExists(L"Odoledger"));
+}
+
+TEST_F(ProcessesTest, LongRuntimePathsAndStoppedProcessesAreNoHindrance) {
+    const std::filesystem::path deep = folder_ / std::string(100, 'd') / std::string(100, 'e');
+    std::filesystem::create_directories(deep);
+    Set("XDG_RUNTIME_DIR", deep);
+    StartOther([] { device::PublishedWindow::Publish(L"Odoledger", [] {}).release(); });
+    EXPECT_TRUE(device::BringToFront(L"Odoledger"));
+    kill(other_, SIGSTOP);
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_TRUE(device::WindowExists(L"Odoledger"));
+    EXPECT_FALSE(device::BringToFront(L"Odoledger"));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds{3});
+}
+
+} // namespace

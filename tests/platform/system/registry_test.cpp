@@ -1,0 +1,197 @@
+#include "device_fixture.h"
+#include "platform/registry.h"
+#include "platform/system/console_registry.h"
+#include "platform/system/utf8.h"
+
+#include <csignal>
+#include <cstring>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+using device::RegistryValue;
+
+constexpr const wchar_t* Key = L"Software\\Larkfield Software\\Odoledger";
+
+class RegistryTest : public DeviceTest {
+protected:
+    static HKEY Create() {
+        HKEY key = nullptr;
+        EXPECT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, Key, 0, nullptr, 0, KEY_READ_WRITE, nullptr, &key, nullptr),
+            ERROR_SUCCESS);
+        return key;
+    }
+    static LONG SetNumber(HKEY key, const wchar_t* name, DWORD number) {
+        BYTE bytes[sizeof number];
+        std::memcpy(bytes, &number, sizeof number);
+        return RegSetValueExW(key, name, 0, REG_DWORD, bytes, sizeof bytes);
+    }
+    /// As the console tells them: name, kind, value.
+    static std::string All() {
+        std::string all;
+        for (const auto& [name, value] : device::ListRegistryValues(Key)) {
+            all += device::ToUtf8(name) + ' ' + std::to_string(value.type) + ' ';
+            all += value.type == REG_DWORD ? std::to_string(value.Number())
+                : value.type == REG_BINARY ? std::to_string(value.data.size()) + " bytes"
+                                           : device::ToUtf8(value.Text());
+            all += '\n';
+        }
+        return all;
+    }
+    std::filesystem::path File() const { return Storage() / "registry"; }
+    static std::string Section(const std::string& lines) {
+        return "[Software\\Larkfield Software\\Odoledger]\n" + lines;
+    }
+};
+
+TEST_F(RegistryTest, EveryKindOfValueSurvivesThePowerCut) {
+    const std::wstring texts[] = {L"", L"\\My Documents\\Kürbis \U0001F697.dat ", L" two\r\nlines\t=[x]\\n#;", L"€"};
+    HKEY key = Create();
+    for (std::size_t i = 0; i < std::size(texts); ++i) {
+        const RegistryValue value = RegistryValue::OfText(texts[i], i == 3 ? REG_EXPAND_SZ : REG_SZ);
+        const std::wstring name = L"t " + std::to_wstring(i) + L"=ä]";
+        EXPECT_EQ(
+            RegSetValueExW(key, name.c_str(), 0, value.type, value.data.data(), static_cast<DWORD>(value.data.size())),
+            ERROR_SUCCESS);
+    }
+    const BYTE bytes[] = {0, 0xFF, 0x10, 0x0A};
+    EXPECT_EQ(RegSetValueExW(key, L"Bytes", 0, REG_BINARY, bytes, 4), ERROR_SUCCESS);
+    EXPECT_EQ(RegSetValueExW(key, L"None", 0, REG_BINARY, nullptr, 0), ERROR_SUCCESS);
+    EXPECT_EQ(SetNumber(key, L"Encoding", 0xFFFFFFFF), ERROR_SUCCESS);
+    EXPECT_EQ(SetNumber(key, L"", 7), ERROR_SUCCESS);
+    EXPECT_FALSE(std::filesystem::exists(File()));
+    EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
+
+    const auto mode = std::filesystem::status(File()).permissions();
+    EXPECT_EQ(mode, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    EXPECT_EQ(CountFiles(Storage()), 1U);
+    device::ReplaceEnvironment(variables_);
+    ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"SOFTWARE\\larkfield software\\Odoledger", 0, KEY_READ, &key), 0);
+    for (std::size_t i = 0; i < std::size(texts); ++i) {
+        const std::wstring name = L"T " + std::to_wstring(i) + L"=ä]";
+        wchar_t buffer[64] = L"";
+        DWORD type = 0;
+        DWORD size = sizeof buffer;
+        EXPECT_EQ(RegQueryValueExW(key, name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size), 0);
+        EXPECT_EQ(std::wstring{buffer}, texts[i]);
+        EXPECT_EQ(size, (texts[i].size() + 1) * sizeof(wchar_t));
+        EXPECT_EQ(type, i == 3 ? REG_EXPAND_SZ : REG_SZ);
+    }
+    BYTE back[8] = {};
+    DWORD size = 3;
+    EXPECT_EQ(RegQueryValueExW(key, L"Bytes", nullptr, nullptr, back, &size), ERROR_MORE_DATA);
+    EXPECT_EQ(size, 4U);
+    EXPECT_EQ(RegQueryValueExW(key, L"Bytes", nullptr, nullptr, back, &size), ERROR_SUCCESS);
+    EXPECT_EQ(std::memcmp(back, bytes, 4), 0);
+    EXPECT_EQ(SetNumber(key, L"Bytes", 1), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
+    EXPECT_EQ(RegCloseKey(key), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(RegQueryValueExW(key, L"Bytes", nullptr, nullptr, nullptr, nullptr), ERROR_INVALID_HANDLE);
+}
+
+TEST_F(RegistryTest, WaitingChangesShowAtOnceAndLeaveAllElseAlone) {
+    HKEY key = nullptr;
+    EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, Key, 0, KEY_READ, &key), ERROR_FILE_NOT_FOUND);
+    Write(File(), "# by hand\n" + Section("Old=dword:1\nStrange=multi:a\n# kept\n") + "\n[Other]\nMine=anything\n");
+    key = Create();
+    EXPECT_EQ(SetNumber(key, L"New", 5), ERROR_SUCCESS);
+    EXPECT_EQ(SetNumber(key, L"OLD", 2), ERROR_SUCCESS);
+    EXPECT_EQ(SetNumber(key, L"New", 6), ERROR_SUCCESS);
+    DWORD number = 0;
+    DWORD size = sizeof number;
+    EXPECT_EQ(RegQueryValueExW(key, L"New", nullptr, nullptr, reinterpret_cast<BYTE*>(&number), &size), 0);
+    EXPECT_EQ(number, 6U);
+    // Another program changes the file before the key is closed.
+    EXPECT_EQ(device::SetRegistryValue(Key, L"Foreign", RegistryValue::OfNumber(9)), ERROR_SUCCESS);
+    EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
+    EXPECT_EQ(All(), "Foreign 4 9\nNew 4 6\nOld 4 2\n");
+    const std::string file = Read(File());
+    for (const char* kept : {"# by hand", "# kept", "Strange=multi:a", "[Other]\nMine=anything"}) {
+        EXPECT_NE(file.find(kept), std::string::npos) << kept << " in\n" << file;
+    }
+    EXPECT_EQ(device::DeleteRegistryValue(Key, L"old"), ERROR_SUCCESS);
+    EXPECT_EQ(device::DeleteRegistryValue(Key, L"old"), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(All(), "Foreign 4 9\nNew 4 6\n");
+}
+
+TEST_F(RegistryTest, AValueThatCannotBeReadIsMissing) {
+    for (const char* text : {"", "5", "dword:", "dword:-1", "dword:4294967296", "dword:5 x", "dword:0x5", "hex:0",
+             "hex:00,", "hex:,00", "hex:000", "hex:0g", "sz:a\\", "sz:\\q", "DWORD:5", "sz:\xFF"}) {
+        Write(File(), Section(std::string{"Value="} + text + "\n"));
+        EXPECT_EQ(All(), "") << text;
+    }
+    Write(File(), Section("a=dword:4294967295\nb=hex:\nc=hex:fF\nd=sz:\n"));
+    EXPECT_EQ(All(), "a 4 4294967295\nb 3 0 bytes\nc 3 1 bytes\nd 1 \n");
+}
+
+TEST_F(RegistryTest, ADamagedFileGivesWhatItCanAndIsKeptAside) {
+    const std::string rubbish = std::string("\x00\x01\xFE\xFF garbage\n", 13)
+        + Section("Good=dword:1\n??\nx\xFF=sz:a\n") + "[broken\nLost=dword:2\n" + Section("More=sz:b\n");
+    Write(File(), rubbish);
+    EXPECT_EQ(All(), "Good 4 1\nMore 1 b\n");
+    EXPECT_EQ(Read(File()), rubbish);
+    EXPECT_EQ(device::SetRegistryValue(Key, L"New", RegistryValue::OfNumber(3)), ERROR_SUCCESS);
+    EXPECT_EQ(All(), "Good 4 1\nMore 1 b\nNew 4 3\n");
+    EXPECT_EQ(Read(Storage() / "registry.bad"), rubbish);
+
+    Write(File(), "once more");
+    EXPECT_EQ(device::SetRegistryValue(Key, L"New", RegistryValue::OfNumber(3)), ERROR_SUCCESS);
+    EXPECT_EQ(Read(Storage() / "registry.bad"), rubbish);
+    EXPECT_EQ(Read(Storage() / "registry.bad2"), "once more");
+    EXPECT_EQ(All(), "New 4 3\n");
+}
+
+TEST_F(RegistryTest, AWriteThatFailsIsToldAndChangesNothing) {
+    ASSERT_EQ(device::SetRegistryValue(Key, L"Kept", RegistryValue::OfNumber(1)), ERROR_SUCCESS);
+    const HKEY key = Create();
+    ASSERT_EQ(SetNumber(key, L"Lost", 2), ERROR_SUCCESS);
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit full{16, before.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &full);
+    const LONG error = RegCloseKey(key);
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_NE(error, ERROR_SUCCESS);
+    EXPECT_EQ(All(), "Kept 4 1\n");
+    EXPECT_EQ(CountFiles(Storage()), 1U);
+
+    Write(folder_ / "file", "");
+    variables_["HANDSET_STORAGE"] = folder_ / "file" / "below";
+    device::ReplaceEnvironment(variables_);
+    HKEY none = nullptr;
+    EXPECT_NE(RegCreateKeyExW(HKEY_CURRENT_USER, Key, 0, nullptr, 0, KEY_WRITE, nullptr, &none, nullptr), 0);
+    EXPECT_NE(device::SetRegistryValue(Key, L"a", RegistryValue::OfNumber(1)), ERROR_SUCCESS);
+}
+
+TEST_F(RegistryTest, TwoProcessesLoseNothingOfEachOther) {
+    constexpr int Count = 40;
+    const pid_t child = fork();
+    for (int i = 0; i < Count; ++i) {
+        const std::wstring name = (child == 0 ? L"child" : L"parent") + std::to_wstring(i);
+        device::SetRegistryValue(Key, name, RegistryValue::OfNumber(1));
+    }
+    if (child == 0) {
+        _exit(0);
+    }
+    waitpid(child, nullptr, 0);
+    EXPECT_EQ(device::ListRegistryValues(Key).size(), 2U * Count);
+}
+
+TEST_F(RegistryTest, ALinkedFileStaysLinkedAndAFolderInItsPlaceIsAnError) {
+    Write(folder_ / "elsewhere" / "mine", Section("a=dword:1\n"));
+    std::filesystem::create_directories(Storage());
+    std::filesystem::create_symlink(folder_ / "elsewhere" / "mine", File());
+    EXPECT_EQ(device::SetRegistryValue(Key, L"b", RegistryValue::OfNumber(2)), ERROR_SUCCESS);
+    EXPECT_TRUE(std::filesystem::is_symlink(File()));
+    EXPECT_EQ(Read(folder_ / "elsewhere" / "mine"), Section("a=dword:1\nb=dword:2\n"));
+    std::filesystem::remove(File());
+    std::filesystem::create_directory(File());
+    EXPECT_NE(device::SetRegistryValue(Key, L"b", RegistryValue::OfNumber(2)), ERROR_SUCCESS);
+    EXPECT_EQ(All(), "");
+}
+
+} // namespace

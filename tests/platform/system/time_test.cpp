@@ -1,0 +1,157 @@
+#include "device_fixture.h"
+#include "platform/time.h"
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+namespace {
+
+SYSTEMTIME Date(int year, int month, int day, int hour = 0, int minute = 0, int second = 0, int milliseconds = 0) {
+    const auto word = [](int number) { return static_cast<WORD>(number); };
+    return {word(year), word(month), 0, word(day), word(hour), word(minute), word(second), word(milliseconds)};
+}
+
+std::string Text(const SYSTEMTIME& time) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02dT%02d:%02d:%02d.%03d/%d", time.wYear, time.wMonth, time.wDay,
+        time.wHour, time.wMinute, time.wSecond, time.wMilliseconds, time.wDayOfWeek);
+    return text;
+}
+
+TEST(OleDates, StandForTheRightMoment) {
+    const struct {
+        SYSTEMTIME time;
+        double date;
+        const char* back;
+    } cases[] = {
+        {Date(1899, 12, 30), 0.0, "1899-12-30T00:00:00.000/6"},
+        {Date(1899, 12, 30, 6), 0.25, "1899-12-30T06:00:00.000/6"},
+        {Date(1899, 12, 29, 6), -1.25, "1899-12-29T06:00:00.000/5"},
+        {Date(2008, 1, 20, 12), 39467.5, "2008-01-20T12:00:00.000/0"},
+        {Date(2024, 2, 29, 23, 59, 59, 999), 45351.0 + 86399.0 / 86400.0, "2024-02-29T23:59:59.000/4"},
+        {Date(100, 1, 1), -657434.0, "0100-01-01T00:00:00.000/5"},
+        {Date(9999, 12, 31, 23, 59, 59), 2958465.0 + 86399.0 / 86400.0, "9999-12-31T23:59:59.000/5"},
+    };
+    for (const auto& testCase : cases) {
+        double date = -1;
+        ASSERT_TRUE(SystemTimeToVariantTime(&testCase.time, &date)) << testCase.back;
+        EXPECT_EQ(date, testCase.date) << testCase.back;
+        SYSTEMTIME back;
+        ASSERT_TRUE(VariantTimeToSystemTime(date, &back)) << testCase.back;
+        EXPECT_EQ(Text(back), testCase.back);
+    }
+}
+
+TEST(OleDates, ComeBackBitForBitForEverySecondOfADay) {
+    for (const SYSTEMTIME& day : {Date(2026, 3, 1), Date(1850, 7, 4), Date(9999, 12, 31)}) {
+        for (int second = 0; second < 86400; ++second) {
+            const SYSTEMTIME time = Date(day.wYear, day.wMonth, day.wDay, second / 3600, second / 60 % 60, second % 60);
+            double date = 0;
+            double again = 0;
+            SYSTEMTIME back;
+            ASSERT_TRUE(SystemTimeToVariantTime(&time, &date) && VariantTimeToSystemTime(date, &back)
+                && SystemTimeToVariantTime(&back, &again));
+            ASSERT_EQ(std::memcmp(&date, &again, sizeof date), 0) << Text(time);
+        }
+    }
+}
+
+TEST(OleDates, RoundUpIntoTheNextDayAndRefuseWhatIsNoDate) {
+    SYSTEMTIME time;
+    ASSERT_TRUE(VariantTimeToSystemTime(39467.999999, &time));
+    EXPECT_EQ(Text(time), "2008-01-21T00:00:00.000/1");
+    // Counted forward from the 28th.
+    ASSERT_TRUE(VariantTimeToSystemTime(-2.999999, &time));
+    EXPECT_EQ(Text(time), "1899-12-29T00:00:00.000/5");
+
+    const SYSTEMTIME untouched = time;
+    for (const double date :
+        {std::nan(""), std::numeric_limits<double>::infinity(), -1e300, 1e300, -657435.0, 2958466.0, 2958465.9999999}) {
+        EXPECT_FALSE(VariantTimeToSystemTime(date, &time)) << date;
+    }
+    EXPECT_EQ(Text(time), Text(untouched));
+    double date = 7;
+    for (const SYSTEMTIME& wrong : {Date(99, 12, 31), Date(10000, 1, 1), Date(2026, 2, 29), Date(2026, 13, 1),
+             Date(2026, 0, 1), Date(2026, 4, 31), Date(2026, 1, 0), Date(2026, 1, 1, 24), Date(2026, 1, 1, 0, 60),
+             Date(2026, 1, 1, 0, 0, 60), Date(2026, 257, 1), Date(2026, 1, 257)}) {
+        EXPECT_FALSE(SystemTimeToVariantTime(&wrong, &date)) << Text(wrong);
+    }
+    EXPECT_EQ(date, 7);
+}
+
+TEST(FileTimes, CountFrom1601To30827) {
+    const struct {
+        SYSTEMTIME time;
+        std::uint64_t ticks;
+    } cases[] = {{Date(1601, 1, 1), 0}, {Date(1601, 1, 2), 864000000000}, {Date(1970, 1, 1), 116444736000000000},
+        {Date(2026, 2, 28, 23, 59, 59, 999), 134167967999990000},
+        {Date(30827, 12, 31, 23, 59, 59, 999), 9223149887999990000U}};
+    for (const auto& testCase : cases) {
+        FILETIME ticks;
+        ASSERT_TRUE(SystemTimeToFileTime(&testCase.time, &ticks)) << Text(testCase.time);
+        EXPECT_EQ((std::uint64_t{ticks.dwHighDateTime} << 32U) | ticks.dwLowDateTime, testCase.ticks);
+        SYSTEMTIME back;
+        ASSERT_TRUE(FileTimeToSystemTime(&ticks, &back));
+        back.wDayOfWeek = 0;
+        EXPECT_EQ(Text(back), Text(testCase.time));
+    }
+    FILETIME ticks;
+    for (const SYSTEMTIME& wrong : {Date(1600, 12, 31), Date(30828, 1, 1), Date(65535, 1, 1), Date(2026, 2, 30)}) {
+        EXPECT_FALSE(SystemTimeToFileTime(&wrong, &ticks)) << Text(wrong);
+    }
+    SYSTEMTIME time;
+    for (const FILETIME& wrong : {FILETIME{0, 0x80000000}, FILETIME{0xFFFFFFFF, 0x7FFFFFFF}}) {
+        EXPECT_FALSE(FileTimeToSystemTime(&wrong, &time));
+    }
+    const FILETIME first{0xFFFFFFFF, 1};
+    const FILETIME second{0, 2};
+    EXPECT_EQ(CompareFileTime(&first, &second), -1);
+    EXPECT_EQ(CompareFileTime(&second, &first), 1);
+    EXPECT_EQ(CompareFileTime(&first, &first), 0);
+}
+
+class ClockTest : public DeviceTest {
+protected:
+    ~ClockTest() override { unsetenv("TZ"); }
+
+    std::string LocalAt(const char* zone, const char* utc) {
+        setenv("TZ", zone, 1);
+        device::StopClock(device::ParseUtcTime(utc).value());
+        SYSTEMTIME time;
+        GetLocalTime(&time);
+        return Text(time);
+    }
+};
+
+TEST_F(ClockTest, LocalTimeFollowsTheZoneThroughSummerTimeAndFarYears) {
+    const struct {
+        const char* zone;
+        const char* utc;
+        const char* local;
+    } cases[] = {
+        {"UTC0", "2026-03-01T10:00:00Z", "2026-03-01T10:00:00.000/0"},
+        {"Europe/Berlin", "2026-03-29T00:59:59.999Z", "2026-03-29T01:59:59.999/0"},
+        {"Europe/Berlin", "2026-03-29T01:00:00Z", "2026-03-29T03:00:00.000/0"},
+        {"Europe/Berlin", "2060-07-01T22:30:00Z", "2060-07-02T00:30:00.000/5"},
+        {"America/New_York", "2026-01-01T04:59:59Z", "2025-12-31T23:59:59.000/3"},
+        {"Asia/Kathmandu", "2026-01-01T00:00:00.5Z", "2026-01-01T05:45:00.500/4"},
+    };
+    for (const auto& testCase : cases) {
+        EXPECT_EQ(LocalAt(testCase.zone, testCase.utc), testCase.local) << testCase.zone;
+    }
+}
+
+TEST_F(ClockTest, AStoppedClockStandsAndARunningOneIsTheHosts) {
+    Set("HANDSET_CLOCK", "2024-02-29T23:59:59Z");
+    SYSTEMTIME time;
+    GetSystemTime(&time);
+    EXPECT_EQ(Text(time), "2024-02-29T23:59:59.000/4");
+    device::StopClock(device::ParseUtcTime("1601-01-01T00:00:00Z").value());
+    GetSystemTime(&time);
+    EXPECT_EQ(Text(time), "1601-01-01T00:00:00.000/1");
+    Set("HANDSET_CLOCK", "");
+    EXPECT_LT(std::chrono::system_clock::now() - device::UtcNow(), std::chrono::minutes{1});
+}
+
+} // namespace

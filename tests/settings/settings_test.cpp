@@ -1,0 +1,161 @@
+#include "../records/test_device.h"
+#include "platform/metrics.h"
+#include "platform/registry.h"
+#include "resources/string_ids.h"
+#include "resources/string_table.h"
+#include "shell/common/app_settings.h"
+#include "shell/common/load_text.h"
+
+#include <cmath>
+#include <cstring>
+
+namespace {
+
+class Settings : public TestDevice {
+protected:
+    static bool OpenKey(HKEY* key) {
+        return RegCreateKeyExW(
+                   HKEY_CURRENT_USER, CAppSettings::RegistryKey, 0, nullptr, 0, KEY_READ_WRITE, nullptr, key, nullptr)
+            == ERROR_SUCCESS;
+    }
+    static void Store(const wchar_t* name, DWORD type, const void* data, std::size_t size) {
+        HKEY key = nullptr;
+        ASSERT_TRUE(OpenKey(&key));
+        RegSetValueExW(key, name, 0, type, static_cast<const BYTE*>(data), static_cast<DWORD>(size));
+        RegCloseKey(key);
+    }
+    static bool HasValue(const wchar_t* name) {
+        HKEY key = nullptr;
+        const bool found
+            = RegOpenKeyExW(HKEY_CURRENT_USER, CAppSettings::RegistryKey, 0, KEY_READ, &key) == ERROR_SUCCESS
+            && RegQueryValueExW(key, name, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+        RegCloseKey(key);
+        return found;
+    }
+};
+
+TEST_F(Settings, BeginWithTheirDefaults) {
+    CAppSettings settings;
+    settings.LoadSettings();
+    EXPECT_EQ(settings.TextSize, 2);
+    EXPECT_EQ(settings.SortAscending, 1);
+    EXPECT_EQ(settings.MileageRate, 0.36F);
+    EXPECT_EQ(settings.RowColorOdd, RGB(0xCE, 0xEF, 0xA5));
+    EXPECT_EQ(settings.RowColorEven, GetSysColor(COLOR_WINDOW));
+    EXPECT_STREQ(settings.DBPath, L"");
+    EXPECT_FALSE(HasValue(L"DBPath"));
+    settings.SaveDBPath();
+    EXPECT_TRUE(HasValue(L"DBPath"));
+    EXPECT_FALSE(HasValue(L"TextSize"));
+}
+
+TEST_F(Settings, SurviveARestart) {
+    const std::pair<int CAppSettings::*, int> values[] = {{&CAppSettings::TextSize, 0},
+        {&CAppSettings::LastColSorted, -1}, {&CAppSettings::SortAscending, 0}, {&CAppSettings::UnitSetupMsgShown, 1},
+        {&CAppSettings::ViewEntryType, 4}, {&CAppSettings::ViewDateRangeType, 3}, {&CAppSettings::UnitDistance, 1},
+        {&CAppSettings::UnitVolume, 2}, {&CAppSettings::UnitFuelEconomy, 3}};
+    const float rate = std::nextafter(0.45F, 1.0F);
+    const wchar_t* path = L"\\My Documents\\Zoës \U0001F697.dat";
+    {
+        CAppSettings settings;
+        settings.LoadSettings();
+        for (const auto& [field, value] : values)
+            settings.*field = value;
+        settings.LastActiveVehicle = 0xFFFFFFFF;
+        settings.MileageRate = rate;
+        settings.RowColorOdd = 1;
+        std::wcscpy(settings.DBPath, path);
+    }
+    {
+        CAppSettings settings;
+        settings.LoadSettings();
+        settings.ViewDateRangeType = 5; // a custom range is not stored
+    }
+    CAppSettings settings;
+    settings.LoadSettings();
+    for (const auto& [field, value] : values)
+        EXPECT_EQ(settings.*field, value);
+    EXPECT_EQ(settings.LastActiveVehicle, 0xFFFFFFFF);
+    EXPECT_EQ(settings.MileageRate, rate);
+    EXPECT_EQ(settings.RowColorOdd, 0x00A5EFCEU);
+    EXPECT_STREQ(settings.DBPath, path);
+}
+
+TEST_F(Settings, PassOverValuesOfAnotherKind) {
+    const DWORD number = 7;
+    const float rate = 2;
+    Store(L"MileageRate", REG_DWORD, &number, sizeof number);
+    Store(L"TextSize", REG_BINARY, &rate, sizeof rate);
+    Store(L"DBPath", REG_DWORD, &number, sizeof number);
+    CAppSettings first;
+    first.LoadSettings();
+    EXPECT_EQ(first.MileageRate, 0.36F);
+    EXPECT_EQ(first.TextSize, 2);
+    EXPECT_STREQ(first.DBPath, L"");
+    Store(L"MileageRate", REG_BINARY, &rate, 3);
+    Store(L"DBPath", REG_EXPAND_SZ, L"\\x", 3 * sizeof(wchar_t));
+    Store(L"TextSize", REG_DWORD, &number, sizeof number);
+    CAppSettings second;
+    second.LoadSettings();
+    EXPECT_EQ(second.MileageRate, 0.36F);
+    EXPECT_EQ(second.TextSize, 7); // there is no check of ranges
+    EXPECT_STREQ(second.DBPath, L"\\x");
+}
+
+TEST_F(Settings, APathMayFillItsRoomAndNoMore) {
+    for (const std::size_t length : {std::size_t{259}, std::size_t{260}}) {
+        const std::wstring path(length, L'p');
+        Store(L"DBPath", REG_SZ, path.c_str(), (length + 1) * sizeof(wchar_t));
+        CAppSettings settings;
+        settings.LoadSettings();
+        EXPECT_EQ(std::wcslen(settings.DBPath), length == 259 ? length : 0U);
+    }
+}
+
+TEST_F(Settings, IconsFollowTheScreen) {
+    const int bars = device::TitleHeight() + device::SoftKeyBarHeight();
+    const SIZE before = device::ScreenSize();
+    for (const LONG height : {100, 150, 200, 250, 300}) {
+        device::SetScreenSize({176, height + bars});
+        RECT area;
+        SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+        EXPECT_EQ(CAppSettings().SmallIconSize, area.bottom > 200 ? 32 : 16) << area.bottom;
+    }
+    device::SetScreenSize(before);
+}
+
+/// At the end of the process the static settings are still able to save, and the data layer outlives them.
+TEST_F(Settings, AreSavedAtTheEndOfAProcessThatLoadedThem) {
+    EXPECT_EXIT(std::exit(0), testing::ExitedWithCode(0), "");
+    EXPECT_FALSE(HasValue(L"TextSize"));
+    EXPECT_EXIT(
+        {
+            theSettings.LoadSettings();
+            theSettings.TextSize = 3;
+            std::exit(0);
+        },
+        testing::ExitedWithCode(0), "");
+    CAppSettings settings;
+    settings.LoadSettings();
+    EXPECT_EQ(settings.TextSize, 3);
+}
+
+TEST(LoadText, GivesTextsOfAnyLength) {
+    std::wstring longText(255, L'a');
+    std::wstring longest(5000, L'b');
+    const StringResource texts[] = {{1, L"short"}, {2, longText.c_str()}, {3, longest.c_str()}};
+    const Module own{texts, {}, {}, {}};
+    device::SetModule(&own);
+    EXPECT_EQ(LoadText(1), L"short");
+    EXPECT_EQ(LoadText(2), longText);
+    EXPECT_EQ(LoadText(3), longest);
+    EXPECT_EQ(LoadText(4), L"");
+    const Module program{StringTable(), {}, {}, {}};
+    device::SetModule(&program);
+    EXPECT_EQ(
+        LoadText(strings::CheckUnits), L"Please press Menu > Options and verify the units for distance  and volume.");
+    device::SetModule(nullptr);
+    EXPECT_EQ(LoadText(strings::CheckUnits), L"");
+}
+
+} // namespace
