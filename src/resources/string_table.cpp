@@ -7,9 +7,9 @@ namespace {
 constexpr StringResource table[] = {
     {strings::AppName, L"Odoledger"},
     {strings::SupportText,
-        L"1. The manual, MANUAL.md, comes with the program.\n"
-        L"2. Ask other owners in the discussion forum: odoledger.example/forum\n"
-        L"3. Look into the knowledge base: odoledger.example/help"},
+        L"1. Read on in the manual: MANUAL.md, which comes with the program.\n"
+        L"2. Ask or report where README.md says.\n"
+        L"3. Look behind the screens: ARCHITECTURE.md."},
     {strings::MyVehicles, L"My Vehicles"},
     {strings::NoActiveVehicle, L"<No Active Vehicle>"},
     {strings::ColumnName, L"Name"},

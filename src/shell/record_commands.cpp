@@ -8,7 +8,6 @@
 #include "shell/record_editing.h"
 
 #include <memory>
-#include <new>
 
 namespace {
 
@@ -43,7 +42,7 @@ void Prepare(CEntry& entry, UINT command) {
 }
 
 void CMainFrame::NewVehicleCommand() {
-    std::unique_ptr<CVehicle> vehicle(new (std::nothrow) CVehicle);
+    std::unique_ptr<CVehicle> vehicle(new CVehicle);
     if (!vehicle || !EditVehicle(vehicle.get()))
         return;
     if (!IsVehicleListVisible())
@@ -54,7 +53,7 @@ void CMainFrame::NewVehicleCommand() {
 void CMainFrame::NewEntryCommand(UINT command) {
     if (theSettings.LastActiveVehicle == 0)
         return;
-    std::unique_ptr<CEntry> entry(new (std::nothrow) CEntry);
+    std::unique_ptr<CEntry> entry(new CEntry);
     if (!entry)
         return;
     Prepare(*entry, command);

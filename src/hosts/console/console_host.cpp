@@ -26,7 +26,7 @@ constexpr int PowerLost = 3;
 constexpr long MostPresses = 10'000'000;
 
 std::string TimeText(const SYSTEMTIME& time) {
-    std::array<char, 40> text{};
+    std::array<char, 64> text{};
     std::snprintf(text.data(), text.size(), "%04u-%02u-%02uT%02u:%02u:%02u.%03u", time.wYear, time.wMonth, time.wDay,
         time.wHour, time.wMinute, time.wSecond, time.wMilliseconds);
     return text.data();

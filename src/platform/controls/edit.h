@@ -41,6 +41,7 @@ private:
     EditText::Rules Rules() const;
     void Notify(UINT code) const;
     void Layout();
+    bool NeedsScrollBar(int wholeWidth) const;
     /// The caret moved or the text changed: brings the caret into view.
     void Moved();
     void Changed();
@@ -52,6 +53,7 @@ private:
     void MoveLines(int step, bool extend);
     void Character(wchar_t character);
     void Click(LPARAM point, bool extend, bool word);
+    LRESULT Wheel(WPARAM wParam, LPARAM lParam);
     void OpenFullScreen();
     void Paint(HDC context);
     void PaintLine(HDC context, std::size_t line, bool focused) const;

@@ -1,0 +1,97 @@
+#include "forms/dialog_helpers.h"
+
+#include "lists/app_fonts.h"
+#include "platform/dialog.h"
+#include "platform/input.h"
+#include "platform/metrics.h"
+#include "resources/control_ids.h"
+
+#include <algorithm>
+#include <cwchar>
+#include <cwctype>
+
+namespace {
+
+bool IsLabel(UINT id) {
+    return (id >= controls::FirstLabel && id <= controls::LastLabel)
+        || (id >= controls::FirstExtraLabel && id <= controls::LastExtraLabel);
+}
+
+/// Class names know no case.
+bool IsSameClass(const wchar_t* name, const wchar_t* other) {
+    for (; *name != L'\0'
+         && std::towlower(static_cast<std::wint_t>(*name)) == std::towlower(static_cast<std::wint_t>(*other));
+         ++name, ++other) { }
+    return *name == *other;
+}
+
+} // namespace
+
+HWND CreateSoftKeyBar(HWND dialog, UINT menuId, bool overrideBack, bool onParent) {
+    SHMENUBARINFO info;
+    info.hwndParent = onParent ? GetParent(dialog) : dialog;
+    info.dwFlags = SHCMBF_HMENU;
+    info.nToolBarId = menuId;
+    info.hInstRes = GetModuleHandleW(nullptr);
+    if (!SHCreateMenuBar(&info))
+        return nullptr;
+    if (overrideBack)
+        OverrideBackKey(info.hwndMB);
+    return info.hwndMB;
+}
+
+void OverrideBackKey(HWND menuBar) {
+    SendMessageW(menuBar, SHCMBM_OVERRIDEKEY, VK_TBACK, SHMBOF_NODEFAULT_NOTIFY);
+}
+
+void ApplyLabelFont(HWND dialog) {
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (IsLabel(static_cast<UINT>(GetDlgCtrlID(child))))
+            SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(LabelFont), TRUE);
+    }
+}
+
+bool InitFullScreen(HWND dialog) {
+    return SHInitDialog(dialog, SHIDIF_SIZEDLGFULLSCREEN) != FALSE;
+}
+
+void SetNumericInputMode(HWND dialog, std::span<const UINT> ids) {
+    for (const UINT id : ids)
+        SendDlgItemMessageW(dialog, static_cast<int>(id), EM_SETINPUTMODE, 0, EIM_NUMBERS);
+}
+
+void StretchControls(HWND dialog, std::span<const UINT> ids) {
+    const int edge = GetSystemMetrics(SM_CXEDGE);
+    RECT client;
+    if (!GetClientRect(dialog, &client))
+        return;
+    const int width = std::max(0, static_cast<int>(client.right - client.left) - 4 * edge);
+    for (const UINT id : ids) {
+        const HWND control = GetDlgItem(dialog, static_cast<int>(id));
+        RECT place;
+        if (!control || !GetWindowRect(control, &place))
+            continue;
+        POINT corner{place.left, place.top};
+        ScreenToClient(dialog, &corner);
+        MoveWindow(
+            control, 2 * edge, static_cast<int>(corner.y), width, static_cast<int>(place.bottom - place.top), TRUE);
+    }
+}
+
+void FitControlToClient(HWND dialog, UINT id, int top) {
+    const HWND control = GetDlgItem(dialog, static_cast<int>(id));
+    RECT client;
+    if (!control || !GetClientRect(dialog, &client))
+        return;
+    MoveWindow(control, 0, top, static_cast<int>(client.right - client.left),
+        std::max(0, static_cast<int>(client.bottom - client.top) - top), TRUE);
+}
+
+bool IsEditFocused() {
+    constexpr int ClassNameSize = 8; // holds the longer of the two names, and cuts all that could not match
+    const HWND focus = GetFocus();
+    wchar_t name[ClassNameSize] = {};
+    if (!IsWindow(focus) || GetClassNameW(focus, name, ClassNameSize) == 0)
+        return false;
+    return IsSameClass(name, L"Edit") || IsSameClass(name, L"CAPEDIT");
+}

@@ -1,0 +1,106 @@
+#include "forms/dlg_fuel_entry.h"
+
+#include "forms/form_templates.h"
+#include "forms/last_price.h"
+#include "forms/pick_keyword.h"
+#include "resources/ids.h"
+#include "shell/common/app_settings.h"
+#include "shell/common/load_text.h"
+#include "units/units.h"
+
+namespace {
+
+constexpr UINT Stretched[] = {controls::Date, controls::Odometer, controls::FirstText, controls::Volume,
+    controls::UnitPrice, controls::Money, controls::Notes};
+constexpr UINT Numeric[] = {controls::Volume, controls::UnitPrice, controls::Money};
+constexpr FormDescription::Buddy Buddies[] = {{controls::NotesSpin, controls::Notes}};
+
+constexpr FormDescription Description{
+    .dialogTemplate = &templates::FuelEntry,
+    .menu = menus::FuelEntry,
+    .firstFocus = controls::Date,
+    .keywordField = controls::FirstText,
+    .doneNeedsSender = true,
+    .stretched = Stretched,
+    .buddies = Buddies,
+    .numeric = Numeric,
+};
+
+float QuotientOrZero(float dividend, float divisor) {
+    return divisor > 0.0F ? dividend / divisor : 0.0F;
+}
+
+} // namespace
+
+CDlgFuelEntry::CDlgFuelEntry()
+    : CFormFrame(Description) {
+}
+
+bool CDlgFuelEntry::ExchangeFields(bool save) {
+    return ExchangeInt(controls::Odometer, Odometer, save) && ExchangeFloat(controls::UnitPrice, UnitPrice, save)
+        && ExchangeFloat(controls::Volume, Volume, save) && ExchangeFloat(controls::Money, TotalCost, save)
+        && ExchangeText(controls::FirstText, Vendor, save) && ExchangeText(controls::Notes, Notes, save);
+}
+
+void CDlgFuelEntry::OnOpening() {
+    if (IsNew)
+        LoadLastPrice(&UnitPrice);
+}
+
+void CDlgFuelEntry::OnDateShown() {
+    UINT volumeLabel = 0;
+    UINT priceLabel = 0;
+    switch (theSettings.UnitVolume) {
+    case VolumeGallonsUS:
+    case VolumeGallonsUK:
+        volumeLabel = strings::NumGallons;
+        priceLabel = strings::CostPerGallon;
+        break;
+    case VolumeLitres:
+        volumeLabel = strings::NumLitres;
+        priceLabel = strings::CostPerLitre;
+        break;
+    default:
+        return;
+    }
+    SetDlgItemTextW(GetHandle(), controls::VolumeLabel, LoadText(volumeLabel).c_str());
+    SetDlgItemTextW(GetHandle(), controls::UnitPriceLabel, LoadText(priceLabel).c_str());
+}
+
+bool CDlgFuelEntry::AcceptFields() {
+    StoreLastPrice(UnitPrice);
+    return true;
+}
+
+bool CDlgFuelEntry::OnCommand(UINT id, UINT code, HWND sender) {
+    if (id != commands::Calculate)
+        return CFormFrame::OnCommand(id, code, sender);
+    Calculate();
+    return true;
+}
+
+int CDlgFuelEntry::KeywordType() const {
+    return CKeyword::KeywordFuelVendor;
+}
+
+void CDlgFuelEntry::Calculate() {
+    if (!ExchangeFields(true))
+        return;
+    const UINT computed = ComputeMissing();
+    ExchangeFields(false);
+    FocusControl(computed, true);
+}
+
+UINT CDlgFuelEntry::ComputeMissing() {
+    if (TotalCost != 0.0F && UnitPrice == 0.0F) {
+        UnitPrice = QuotientOrZero(TotalCost, Volume);
+        return controls::UnitPrice;
+    }
+    if (TotalCost != 0.0F && Volume == 0.0F) {
+        Volume = QuotientOrZero(TotalCost, UnitPrice);
+        return controls::Volume;
+    }
+    // With all three filled in the total gives way.
+    TotalCost = UnitPrice * Volume;
+    return controls::Money;
+}

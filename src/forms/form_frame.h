@@ -1,0 +1,82 @@
+#pragma once
+
+#include "platform/window_object.h"
+
+#include <span>
+
+/// What a form is made of, beyond its fields: constant data of the form's class.
+struct FormDescription {
+    struct Buddy {
+        UINT spin;
+        UINT edit;
+    };
+
+    LPCDLGTEMPLATEW dialogTemplate;
+    UINT menu;
+    UINT firstFocus; ///< the control that has the focus on opening
+    UINT keywordField; ///< 0: the form has none
+    bool doneNeedsSender; ///< a Done that names no sending window (the Action key) is ignored
+    std::span<const UINT> stretched; ///< the value controls, which run the full width
+    std::span<const Buddy> buddies;
+    std::span<const UINT> numeric; ///< the fields that start in the numbers mode
+};
+
+/// The frame of the record forms: how a form opens and ends, its soft keys, its layout, the Back key and the Action key
+/// in its keyword field. A form works on its own fields, which its caller fills before and reads after; they hold
+/// something new only where DoModal gave 1 (Done), not 2 (Cancel).
+class CFormFrame : public CDialogImpl {
+protected:
+    explicit CFormFrame(const FormDescription& description);
+
+    LPCDLGTEMPLATEW GetTemplate() const override { return description_.dialogTemplate; }
+    bool ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+
+    /// The print pass, and with `save` the save pass: all fields in the form's own order, up to the first failure.
+    virtual bool ExchangeFields(bool save) = 0;
+    /// The OLE date that the form's date picker shows.
+    virtual double& DateField() = 0;
+    /// Particular steps of opening, before the date is shown and after.
+    virtual void OnOpening() { }
+    virtual void OnDateShown() { }
+    /// The save pass at Done failed; the beep and the focus have told so.
+    virtual void OnSaveFailed() { }
+    /// The form's rules, and its own steps, after the save pass of Done. False keeps the form open.
+    virtual bool AcceptFields() { return true; }
+    /// A command or a notification (`code` not 0) of a control. False for one that is not the form's.
+    virtual bool OnCommand(UINT id, UINT code, HWND sender);
+    /// CKeyword::Type of the list behind the keyword field.
+    virtual int KeywordType() const { return 0; }
+
+    /// Ends the form with 1 when the save pass and the rules hold.
+    void OnDone();
+    /// Lets the user pick the text of the keyword field.
+    void SelectKeyword();
+    /// Moves the focus to a control; with `selectAll` all its text is selected.
+    void FocusControl(UINT id, bool selectAll) const;
+
+    /// Kept from the opening on.
+    HWND datePicker_ = nullptr;
+
+private:
+    /// Sees the keyword field's messages before the field does.
+    class CKeywordField : public CWindowImpl {
+    public:
+        explicit CKeywordField(CFormFrame& form)
+            : form_(form) { }
+
+    protected:
+        LRESULT ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+    private:
+        CFormFrame& form_;
+    };
+
+    void OnInitDialog();
+    void OnSize() const;
+    bool OnHotKey(WPARAM wParam, LPARAM lParam) const;
+    void ShowDate();
+    void ReadDate();
+
+    const FormDescription& description_;
+    CKeywordField keyword_{*this};
+};

@@ -1,0 +1,17 @@
+#include "lists/client_context.h"
+
+#include <cwchar>
+
+LONG LineHeight(HDC context, HFONT font) {
+    const HGDIOBJ former = SelectObject(context, font);
+    TEXTMETRICW metrics;
+    GetTextMetricsW(context, &metrics);
+    SelectObject(context, former);
+    return metrics.tmHeight + metrics.tmExternalLeading;
+}
+
+SIZE TextExtent(HDC context, const wchar_t* text) {
+    SIZE extent;
+    GetTextExtentPoint32W(context, text, static_cast<int>(std::wcslen(text)), &extent);
+    return extent;
+}

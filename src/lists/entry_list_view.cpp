@@ -1,0 +1,175 @@
+#include "lists/entry_list_view.h"
+
+#include "lists/app_fonts.h"
+#include "lists/client_context.h"
+#include "lists/compare_entries.h"
+#include "lists/entry_row.h"
+#include "platform/wait_cursor.h"
+#include "records/data_layer.h"
+#include "resources/ids.h"
+#include "shell/common/load_text.h"
+#include "units/date_text.h"
+
+#include <vector>
+
+namespace {
+
+constexpr int FirstColumnWidth = 100;
+constexpr int RowTextSize = 260;
+constexpr LONG LinesBelow = 3; ///< what a row's texts leave free at its bottom, in pixels
+constexpr LONG IconTop = 2;
+
+/// In the order of the types, from EntryTypeFuel on.
+constexpr UINT TypeIcons[] = {icons::Fuel, icons::Repair, icons::Trip, icons::Expense};
+
+LPARAM DataOf(CEntry* entry) {
+    return reinterpret_cast<LPARAM>(entry);
+}
+
+} // namespace
+
+void CEntryListView::InitColumns() {
+    SetExtendedStyle(LVS_EX_SUBITEMIMAGES | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP);
+    InsertColumn(0, LoadText(strings::ColumnDescription).c_str(), LVCFMT_LEFT, FirstColumnWidth);
+    for (const UINT icon : TypeIcons)
+        AddIcon(icon);
+    UseImageList();
+}
+
+void CEntryListView::Refresh(CEntryFilter* filter) {
+    const CWaitCursor wait;
+    entries_.Clear();
+    SendMessageW(GetHandle(), LVM_DELETEALLITEMS, 0, 0);
+    if (!filter || !theDataLayer.Load(&entries_, filter))
+        return;
+    AllowRedraw(false);
+    for (int index = 0; index < entries_.GetCount(); ++index)
+        AddRow(entries_.Get(index), 0);
+    SortRows(SortColumnNone);
+    AllowRedraw(true);
+    RedrawAll();
+    SetRowState(0, SelectedAndFocused, SelectedAndFocused);
+    RemeasureRows();
+}
+
+int CEntryListView::AppendRow(CEntry* entry) {
+    const int row = InsertRow(GetRowCount(), DateText(entry->GetDate()).c_str(), entry->GetType() - 1);
+    SetRowData(row, DataOf(entry));
+    return row;
+}
+
+int CEntryListView::AddRow(CEntry* entry, int update) {
+    if (!update)
+        return AppendRow(entry);
+    const int former = FindRowByData(DataOf(entry));
+    if (former == -1)
+        return -1;
+    AllowRedraw(false);
+    DeleteRow(former);
+    const int row = AppendRow(entry);
+    SetRowState(row, SelectedAndFocused, SelectedAndFocused);
+    SortRows(SortColumnNone);
+    SendMessageW(GetHandle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(FindRowByData(DataOf(entry))), FALSE);
+    AllowRedraw(true);
+    return row;
+}
+
+void CEntryListView::AddEntry(CEntry* entry) {
+    entries_.Add(entry);
+    ClearSelection();
+    SetRowState(AddRow(entry, 0), SelectedAndFocused, SelectedAndFocused);
+    SortRows(SortColumnNone);
+    SendMessageW(GetHandle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(FindRowByData(DataOf(entry))), FALSE);
+}
+
+void CEntryListView::SortRows(int column) {
+    const CWaitCursor wait;
+    if (column == SortColumnNone)
+        column = theSettings.LastColSorted;
+    if (column == SortColumnNone)
+        return;
+    const CSummaryMemory summaries;
+    SendMessageW(GetHandle(), LVM_SORTITEMS, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&CompareEntries));
+    theSettings.LastColSorted = column;
+}
+
+int CEntryListView::GetSelectedEntries(CObjectList* list) const {
+    const auto count = static_cast<int>(SendMessageW(GetHandle(), LVM_GETSELECTEDCOUNT, 0, 0));
+    if (count == 0)
+        return 0;
+    list->AllowAutoCleanup(0);
+    for (int row = GetNextSelected(-1); row != -1; row = GetNextSelected(row))
+        list->AddItem(GetRowEntry(row));
+    return count;
+}
+
+void CEntryListView::DeleteSelectedRows() {
+    const CWaitCursor wait;
+    std::vector<int> selected;
+    for (int row = GetNextSelected(-1); row != -1; row = GetNextSelected(row))
+        selected.push_back(row);
+    if (selected.empty())
+        return;
+    AllowRedraw(false);
+    // From the bottom up no deletion moves a row that is still to go.
+    for (auto row = selected.rbegin(); row != selected.rend(); ++row)
+        DeleteRow(*row);
+    AllowRedraw(true);
+    RedrawAll();
+}
+
+CEntry* CEntryListView::GetRowEntry(int row) const {
+    return reinterpret_cast<CEntry*>(GetRowData(row)); // NOLINT(performance-no-int-to-ptr)
+}
+
+void CEntryListView::MeasureItem(MEASUREITEMSTRUCT* request) {
+    const CClientContext context(GetHandle());
+    request->itemHeight = static_cast<UINT>((LineHeight(context.GetHandle(), BoldTextFont) * 2) + LinesBelow);
+}
+
+void CEntryListView::DrawItem(const DRAWITEMSTRUCT* request) {
+    const auto row = static_cast<int>(request->itemID);
+    const CEntry* entry = GetRowEntry(row);
+    if (!entry)
+        return;
+    LVITEMW item;
+    item.mask = LVIF_IMAGE;
+    item.iItem = row;
+    SendMessageW(GetHandle(), LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    wchar_t date[RowTextSize];
+    GetRowText(row, 0, date, RowTextSize);
+
+    const HDC context = request->hDC;
+    const LONG gap = TextExtent(context, L" ").cx;
+    RECT place;
+    place.left = LVIR_LABEL;
+    SendMessageW(GetHandle(), LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+    place.left += gap;
+    place.bottom -= LinesBelow;
+    FillEntryRow(context, request->rcItem, row, (request->itemState & ODS_SELECTED) != 0);
+    DrawEntryRowTexts(context, place, gap, MakeEntryRowTexts(*entry, date));
+    DrawIcon(*request, item.iImage);
+    MoveToEx(context, 0, request->rcItem.bottom - 1, nullptr);
+    LineTo(context, place.right, request->rcItem.bottom - 1);
+}
+
+void CEntryListView::DrawIcon(const DRAWITEMSTRUCT& request, int image) const {
+    if (!GetImageList())
+        return;
+    RECT place;
+    place.left = LVIR_ICON;
+    SendMessageW(GetHandle(), LVM_GETITEMRECT, request.itemID, reinterpret_cast<LPARAM>(&place));
+    const HICON icon = ImageList_GetIcon(GetImageList(), image, 0);
+    const int size = theSettings.SmallIconSize;
+    DrawIconEx(request.hDC, place.left, place.top + IconTop, icon, size, size, 0, nullptr, DI_NORMAL);
+    DestroyIcon(icon);
+}
+
+LRESULT CEntryListView::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = CCustomListView::ProcessWindowMessage(message, wParam, lParam);
+    if (message == WM_SIZE) {
+        FitColumn(0);
+        RedrawIfEmpty();
+    }
+    return result;
+}

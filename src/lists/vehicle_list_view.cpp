@@ -1,0 +1,85 @@
+#include "lists/vehicle_list_view.h"
+
+#include "records/data_layer.h"
+#include "resources/ids.h"
+#include "shell/common/load_text.h"
+#include "units/record_text.h"
+
+namespace {
+
+constexpr int FirstColumnWidth = 50;
+
+LPARAM DataOf(CVehicle* vehicle) {
+    return reinterpret_cast<LPARAM>(vehicle);
+}
+
+} // namespace
+
+void CVehicleListView::InitColumns() {
+    SetExtendedStyle(LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP);
+    RemoveHorizontalScrollBar();
+    InsertColumn(0, LoadText(strings::ColumnName).c_str(), LVCFMT_LEFT, FirstColumnWidth);
+    AddIcon(icons::Vehicle);
+    UseImageList();
+    Reload();
+}
+
+int CVehicleListView::Reload() {
+    vehicles_.Clear();
+    SendMessageW(GetHandle(), LVM_DELETEALLITEMS, 0, 0);
+    const int loaded = theDataLayer.Load(&vehicles_);
+    if (!loaded)
+        return loaded;
+    AllowRedraw(false);
+    for (int index = 0; index < vehicles_.GetCount(); ++index)
+        AddRow(vehicles_.Get(index), 0);
+    AllowRedraw(true);
+    RedrawAll();
+    RemeasureRows();
+    return loaded;
+}
+
+int CVehicleListView::AddRow(CVehicle* vehicle, int update) {
+    if (update) {
+        const int former = FindRowByData(DataOf(vehicle));
+        if (former == -1)
+            return -1;
+        DeleteRow(former);
+    }
+    const int row = InsertRow(0, VehicleTitleText(vehicle).c_str(), 0);
+    SetRowData(row, DataOf(vehicle));
+    if (update)
+        SelectRow(row);
+    return row;
+}
+
+void CVehicleListView::AddVehicle(CVehicle* vehicle) {
+    vehicles_.Add(vehicle);
+    SelectRow(AddRow(vehicle, 0));
+}
+
+CVehicle* CVehicleListView::GetSelectedVehicle() const {
+    const int row = GetNextSelected(-1);
+    return row == -1 ? nullptr : reinterpret_cast<CVehicle*>(GetRowData(row)); // NOLINT(performance-no-int-to-ptr)
+}
+
+CVehicle* CVehicleListView::FindVehicle(ULONG refId) const {
+    for (int index = 0; index < vehicles_.GetCount(); ++index) {
+        if (vehicles_.Get(index)->GetRefID() == refId)
+            return vehicles_.Get(index);
+    }
+    return nullptr;
+}
+
+LRESULT CVehicleListView::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = CCustomListView::ProcessWindowMessage(message, wParam, lParam);
+    if (message == WM_SIZE) {
+        FitColumnToHeader();
+        RedrawIfEmpty();
+    }
+    return result;
+}
+
+// The control draws these rows itself.
+void CVehicleListView::DrawItem(const DRAWITEMSTRUCT* /*request*/) { }
+void CVehicleListView::MeasureItem(MEASUREITEMSTRUCT* /*request*/) { }

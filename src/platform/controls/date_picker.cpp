@@ -1,0 +1,199 @@
+#include "platform/controls/date_picker.h"
+
+#include "platform/controls/edit_frame.h"
+#include "platform/drawing/device_context.h"
+#include "platform/input.h"
+#include "platform/metrics.h"
+#include "platform/time.h"
+#include "platform/windowing/desktop.h"
+#include "platform/windowing/look.h"
+
+namespace device {
+
+namespace {
+
+template <typename Kind> Kind* Pointer(LPARAM value) {
+    return reinterpret_cast<Kind*>(value); // NOLINT(performance-no-int-to-ptr): what the interface passes
+}
+
+/// -1 for what is no digit, neither the keypad's nor the locale's.
+int DigitOf(wchar_t character) {
+    if (character >= L'0' && character <= L'9')
+        return character - L'0';
+    for (WORD value = 0; value <= 9; ++value) {
+        SYSTEMTIME date;
+        date.wDay = value;
+        if (ShortDatePartText({ShortDatePart::Kind::Day, {}, false}, date) == std::wstring_view(&character, 1))
+            return value;
+    }
+    return -1;
+}
+
+} // namespace
+
+DatePicker::DatePicker(HWND window)
+    : Control(window)
+    , parts_(ShortDateOrder()) {
+    SYSTEMTIME today;
+    GetLocalTime(&today);
+    parts_.Set(today);
+}
+
+std::wstring DatePicker::Text() const {
+    std::wstring text;
+    for (const DateParts::Piece& piece : parts_.Pieces())
+        text += piece.text;
+    return text;
+}
+
+void DatePicker::Changed() {
+    InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+void DatePicker::Key(WORD key) {
+    constexpr int LastPart = 3;
+    switch (key) {
+    case VK_LEFT:
+        parts_.Choose(Part() - 1);
+        break;
+    case VK_RIGHT:
+        parts_.Choose(Part() + 1);
+        break;
+    case VK_HOME:
+        parts_.Choose(1);
+        break;
+    case VK_END:
+        parts_.Choose(LastPart);
+        break;
+    default:
+        return;
+    }
+    Changed();
+}
+
+void DatePicker::Character(wchar_t character) {
+    if (character == L'+' || character == L'-')
+        parts_.Step(character == L'+' ? 1 : -1);
+    else if (const int digit = DigitOf(character); digit >= 0)
+        parts_.Type(digit);
+    else
+        return;
+    Changed();
+}
+
+void DatePicker::Click(int x) {
+    const Window* window = FindWindowRecord(Handle());
+    const std::vector<DateParts::Piece> pieces = parts_.Pieces();
+    const std::vector<RECT> places = PiecePlaces(pieces, FontOf(window ? window->font : nullptr));
+    for (std::size_t index = 0; index < pieces.size(); ++index) {
+        if (pieces[index].part > 0 && x >= places[index].left && x < places[index].right) {
+            parts_.Choose(pieces[index].part);
+            Changed();
+            return;
+        }
+    }
+}
+
+LRESULT DatePicker::CopyText(wchar_t* buffer, std::size_t size) const {
+    if (!buffer || size == 0)
+        return 0;
+    const std::size_t length = Text().copy(buffer, size - 1);
+    buffer[length] = 0;
+    return static_cast<LRESULT>(length);
+}
+
+LRESULT DatePicker::Message(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case DTM_SETSYSTEMTIME: {
+        const auto* date = Pointer<const SYSTEMTIME>(lParam);
+        if (static_cast<LRESULT>(wParam) != GDT_VALID || !date || !parts_.Set(*date))
+            return FALSE;
+        Changed();
+        return TRUE;
+    }
+    case DTM_GETSYSTEMTIME:
+        if (auto* date = Pointer<SYSTEMTIME>(lParam))
+            *date = parts_.Get();
+        return GDT_VALID;
+    case WM_SETTEXT:
+        return FALSE; // the text is the date's
+    case WM_GETTEXT:
+        return CopyText(Pointer<wchar_t>(lParam), wParam);
+    case WM_GETTEXTLENGTH:
+        return static_cast<LRESULT>(Text().size());
+    case WM_GETDLGCODE:
+        return DLGC_WANTCHARS;
+    case WM_SETFOCUS:
+        // Without a former owner the focus comes back from another top-level window: the picker was not left.
+        if (wParam != 0)
+            parts_.Choose(1);
+        return 0;
+    case WM_KILLFOCUS:
+        parts_.Settle();
+        Changed();
+        return 0;
+    case WM_KEYDOWN:
+        Key(static_cast<WORD>(wParam));
+        return 0;
+    case WM_CHAR:
+        Character(static_cast<wchar_t>(wParam));
+        return 0;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+        Click(static_cast<std::int16_t>(LOWORD(static_cast<std::uintptr_t>(lParam))));
+        return 0;
+    case WM_MOUSEWHEEL:
+        return SendMessageW(GetParent(Handle()), message, wParam, lParam); // scrolls the dialog
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_PAINT:
+        Paint(reinterpret_cast<HDC>(wParam)); // NOLINT(performance-no-int-to-ptr)
+        return 0;
+    default:
+        return DefWindowProcW(Handle(), message, wParam, lParam);
+    }
+}
+
+// Layout and painting
+
+std::vector<RECT> DatePicker::PiecePlaces(
+    const std::vector<DateParts::Piece>& pieces, const FontDescription& font) const {
+    RECT client;
+    GetClientRect(Handle(), &client);
+    TextMeasurer& measurer = Desktop::The().Screen().Measurer();
+    const LONG height = measurer.Metrics(font).Height();
+    const LONG top = (client.bottom - height) / 2;
+    LONG left = FieldPadding();
+    std::vector<RECT> places;
+    for (const DateParts::Piece& piece : pieces) {
+        const LONG right = left + measurer.Width(font, piece.text);
+        places.push_back({left, top, right, top + height});
+        left = right;
+    }
+    return places;
+}
+
+void DatePicker::Paint(HDC context) const {
+    RECT client;
+    GetClientRect(Handle(), &client);
+    const bool focused = GetFocus() == Handle();
+    const bool enabled = IsWindowEnabled(Handle()) != FALSE;
+    FillRect(context, &client, GetSysColorBrush(COLOR_WINDOW));
+    const std::vector<DateParts::Piece> pieces = parts_.Pieces();
+    const std::vector<RECT> places = PiecePlaces(pieces, ContextFont(context));
+    SetBkMode(context, TRANSPARENT);
+    for (std::size_t index = 0; index < pieces.size(); ++index) {
+        RECT place = places[index];
+        const bool chosen = focused && pieces[index].part == Part();
+        if (chosen)
+            FillRect(context, &place, GetSysColorBrush(COLOR_HIGHLIGHT));
+        SetTextColor(context, GetSysColor(chosen ? COLOR_HIGHLIGHTTEXT : enabled ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
+        DrawTextW(context, pieces[index].text.c_str(), -1, &place, DT_SINGLELINE | DT_NOPREFIX);
+    }
+}
+
+void DatePicker::PaintFrame(Canvas& canvas, const RECT& place) {
+    PaintFieldFrame(canvas, place, GetFocus() == Handle());
+}
+
+} // namespace device

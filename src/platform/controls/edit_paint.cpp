@@ -1,0 +1,99 @@
+#include "platform/controls/edit.h"
+
+#include "platform/controls/edit_frame.h"
+#include "platform/drawing/device_context.h"
+#include "platform/windowing/desktop.h"
+#include "platform/windowing/dialog_manager.h"
+
+#include <algorithm>
+
+namespace device {
+
+bool Edit::NeedsScrollBar(int wholeWidth) const {
+    const int lines = static_cast<int>(layout_.Lines().size());
+    const int shown = layout_.LinesShown();
+    const Window* window = FindWindowRecord(Handle());
+    // The width without a bar decides, so that it does not come and go by its own doing; counting the lines at that
+    // width is only worth it where a bar shows and the answer is near.
+    const bool near = window && window->insets.right > 0 && lines > shown && lines <= 2 * shown;
+    return near ? layout_.CountLines(wholeWidth) > shown : lines > shown;
+}
+
+void Edit::Layout() {
+    Window* window = FindWindowRecord(Handle());
+    if (!window || !Desktop::The().IsOn())
+        return;
+    const auto update = [&] {
+        const RECT client = ScreenClient(*window);
+        return layout_.Update(
+            {&Desktop::The().Screen().Measurer(), FontOf(window->font),
+                {client.right - client.left, client.bottom - client.top}, FieldPadding(), IsMultiline()},
+            text_.Text());
+    };
+    if (!update() || !IsMultiline() || !HasStyle(WS_VSCROLL))
+        return;
+    const bool bar = NeedsScrollBar(static_cast<int>(window->place.right - window->place.left));
+    const LONG inset = bar ? GetSystemMetrics(SM_CXVSCROLL) : 0;
+    if (inset == window->insets.right)
+        return;
+    SetInsets(*window, {0, 0, inset, 0});
+    update();
+}
+
+void Edit::PaintLine(HDC context, std::size_t line, bool focused) const {
+    RECT client;
+    GetClientRect(Handle(), &client);
+    const POINT at = layout_.LinePlace(line);
+    const std::wstring text(layout_.LineText(line));
+    RECT place{at.x, at.y, client.right, client.bottom};
+    constexpr UINT Format = DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP;
+    SetTextColor(context, GetSysColor(IsWindowEnabled(Handle()) ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
+    DrawTextW(context, text.c_str(), static_cast<int>(text.size()), &place, Format);
+    const RECT selected = layout_.SelectionPlace(line, text_.Start(), text_.End());
+    if (!focused || IsRectEmpty(selected))
+        return;
+    // The same run once more, so that letters that join keep their shapes at the edge of the selection.
+    const int saved = SaveDC(context);
+    ClipContext(context, selected);
+    FillRect(context, &selected, GetSysColorBrush(COLOR_HIGHLIGHT));
+    SetTextColor(context, GetSysColor(COLOR_HIGHLIGHTTEXT));
+    DrawTextW(context, text.c_str(), static_cast<int>(text.size()), &place, Format);
+    RestoreDC(context, saved);
+}
+
+void Edit::Paint(HDC context) {
+    Layout();
+    RECT client;
+    GetClientRect(Handle(), &client);
+    const bool focused = GetFocus() == Handle();
+    FillRect(context, &client, GetSysColorBrush(IsReadOnly() ? COLOR_3DFACE : COLOR_WINDOW));
+    if (layout_.Lines().empty())
+        return;
+    SetBkMode(context, TRANSPARENT);
+    const LONG padding = FieldPadding();
+    const int saved = SaveDC(context);
+    ClipContext(context, {padding / 2, IsMultiline() ? padding / 2 : 0, client.right - padding / 2, client.bottom});
+    for (auto line = static_cast<std::size_t>(layout_.FirstLine()); line < layout_.Lines().size(); ++line) {
+        if (layout_.LinePlace(line).y >= client.bottom)
+            break;
+        PaintLine(context, line, focused);
+    }
+    if (focused) {
+        const std::size_t line = layout_.LineOf(text_.Caret());
+        const LONG x = layout_.CaretX(line, text_.Caret());
+        const LONG top = layout_.LinePlace(line).y;
+        const RECT caret{x, top, x + std::min(Scaled(1), 2), top + layout_.LineHeight()};
+        FillRect(context, &caret, GetSysColorBrush(COLOR_WINDOWTEXT));
+    }
+    RestoreDC(context, saved);
+}
+
+void Edit::PaintFrame(Canvas& canvas, const RECT& place) {
+    const Window* window = FindWindowRecord(Handle());
+    if (window && window->insets.right > 0)
+        PaintScrollBar(canvas, {place.right - window->insets.right, place.top, place.right, place.bottom},
+            static_cast<int>(layout_.Lines().size()), layout_.LinesShown(), layout_.FirstLine());
+    PaintFieldFrame(canvas, place, GetFocus() == Handle());
+}
+
+} // namespace device

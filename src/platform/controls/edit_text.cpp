@@ -1,0 +1,130 @@
+#include "platform/controls/edit_text.h"
+
+#include "platform/drawing/text_fit.h"
+#include "platform/locale.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace device {
+
+namespace {
+
+bool IsControlCharacter(wchar_t character) {
+    return character < L' ' || (character >= 0x7F && character < 0xA0);
+}
+
+bool IsBlank(wchar_t character) {
+    return character == L' ' || character == L'\t' || character == L'\n' || character == L'\r';
+}
+
+} // namespace
+
+bool EditText::IsStop(std::size_t index) const {
+    const bool insideLineEnd = index > 0 && index < text_.size() && text_[index - 1] == L'\r' && text_[index] == L'\n';
+    return !insideLineEnd && IsTextBoundary(text_, index);
+}
+
+std::size_t EditText::Next(std::size_t index) const {
+    do
+        index = NextTextBoundary(text_, index);
+    while (!IsStop(index));
+    return index;
+}
+
+std::size_t EditText::Previous(std::size_t index) const {
+    do
+        index = PreviousTextBoundary(text_, index);
+    while (!IsStop(index));
+    return index;
+}
+
+std::size_t EditText::Snap(std::size_t index) const {
+    index = std::min(index, text_.size());
+    return IsStop(index) ? index : Previous(index);
+}
+
+void EditText::Set(std::wstring text, const Rules& rules) {
+    text_ = std::move(text);
+    if (rules.upperCase)
+        CharUpperW(text_.data());
+    caret_ = anchor_ = 0;
+}
+
+void EditText::Select(std::ptrdiff_t start, std::ptrdiff_t end) {
+    if (start < 0) {
+        anchor_ = caret_;
+        return;
+    }
+    anchor_ = Snap(static_cast<std::size_t>(start));
+    caret_ = end < 0 ? text_.size() : Snap(static_cast<std::size_t>(end));
+}
+
+void EditText::SelectWord(std::size_t index) {
+    const std::size_t at = Snap(std::min(index, text_.empty() ? 0 : text_.size() - 1));
+    if (text_.empty())
+        return;
+    const bool blank = IsBlank(text_[at]);
+    anchor_ = caret_ = at;
+    while (anchor_ > 0 && IsBlank(text_[anchor_ - 1]) == blank)
+        --anchor_;
+    while (caret_ < text_.size() && IsBlank(text_[caret_]) == blank)
+        ++caret_;
+}
+
+void EditText::MoveTo(std::size_t index, bool extend) {
+    caret_ = Snap(index);
+    if (!extend)
+        anchor_ = caret_;
+}
+
+void EditText::Step(bool forward, bool extend) {
+    if (HasSelection() && !extend)
+        MoveTo(forward ? End() : Start(), false);
+    else if (forward ? caret_ < text_.size() : caret_ > 0)
+        MoveTo(forward ? Next(caret_) : Previous(caret_), extend);
+}
+
+bool EditText::Insert(std::wstring_view text, bool limited, const Rules& rules) {
+    std::wstring added(text);
+    if (rules.upperCase)
+        CharUpperW(added.data());
+    const std::size_t start = Start();
+    const std::size_t replaced = End() - start;
+    if (limited && rules.limit > 0 && text_.size() - replaced + added.size() > rules.limit)
+        return false;
+    text_.replace(start, replaced, added);
+    // What combines with the text behind the caret makes one step with it: the caret goes behind that.
+    caret_ = start + added.size();
+    if (!IsStop(caret_))
+        caret_ = Next(caret_);
+    anchor_ = caret_;
+    return true;
+}
+
+bool EditText::Type(wchar_t character, const Rules& rules) {
+    const bool isLineEnd = character == L'\n' && rules.lines;
+    if (IsControlCharacter(character) && !isLineEnd)
+        return false;
+    if (rules.digitsOnly && !isLineEnd && (character < L'0' || character > L'9'))
+        return false;
+    return Insert({&character, 1}, true, rules);
+}
+
+void EditText::Replace(std::wstring_view text, const Rules& rules) {
+    Insert(text, false, rules);
+}
+
+bool EditText::Delete(bool forward) {
+    if (!HasSelection())
+        Step(forward, true);
+    if (!HasSelection())
+        return false;
+    text_.erase(Start(), End() - Start());
+    caret_ = anchor_ = Start();
+    // What stood behind the gap may combine with what stands before it now.
+    caret_ = anchor_ = Snap(caret_);
+    return true;
+}
+
+} // namespace device

@@ -1,0 +1,53 @@
+#include "stats/screen/dlg_quick_stats.h"
+
+#include "forms/dialog_helpers.h"
+#include "lists/parent_reflection.h"
+#include "resources/ids.h"
+
+namespace {
+
+constexpr DWORD ListStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_NOSORTHEADER | LVS_NOCOLUMNHEADER
+    | LVS_OWNERDRAWFIXED | LVS_SINGLESEL | LVS_REPORT;
+
+constexpr DialogItemTemplate Items[] = {
+    {L"SysListView32", ListStyle, 0, 0, 115, 154, controls::List, L""},
+};
+
+constexpr DLGTEMPLATE Template{
+    WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_SETFONT, 115, 154, L"Quick Stats", L"MS Shell Dlg", 8, Items};
+
+} // namespace
+
+LPCDLGTEMPLATEW CDlgQuickStats::GetTemplate() const {
+    return &Template;
+}
+
+bool CDlgQuickStats::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    if (ReflectNotification(GetHandle(), message, wParam, lParam, result))
+        return true;
+    switch (message) {
+    case WM_INITDIALOG:
+        OnInitDialog();
+        return true;
+    case WM_SIZE:
+        FitControlToClient(GetHandle(), controls::List, 0);
+        return true;
+    case WM_COMMAND:
+        if (LOWORD(wParam) != commands::Done && LOWORD(wParam) != commands::Cancel)
+            return false;
+        EndDialog(GetHandle(), LOWORD(wParam));
+        return true;
+    default:
+        return false;
+    }
+}
+
+void CDlgQuickStats::OnInitDialog() {
+    CreateSoftKeyBar(GetHandle(), menus::DoneCancel, false, false);
+    InitFullScreen(GetHandle());
+    listView_.Subclass(GetDlgItem(GetHandle(), controls::List));
+    listView_.InitColumnsAndRows();
+    if (Stats)
+        listView_.SetStats(Stats);
+    listView_.SelectRow(0);
+}

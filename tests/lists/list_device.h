@@ -1,0 +1,119 @@
+#pragma once
+
+#include "../platform/windowing/scripted_host.h"
+#include "../records/test_device.h"
+#include "lists/app_fonts.h"
+#include "lists/entry_list_view.h"
+#include "lists/parent_reflection.h"
+#include "lists/vehicle_list_view.h"
+#include "platform/metrics.h"
+#include "records/entry_filter.h"
+#include "resources/module.h"
+
+/// A frame around one list, which it fits to its client area.
+class ListFrame final : public CWindowImpl {
+public:
+    HWND List = nullptr;
+
+protected:
+    LRESULT ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        LRESULT result = 0;
+        if (ReflectNotification(GetHandle(), message, wParam, lParam, result))
+            return result;
+        if (message == WM_SIZE && List)
+            MoveWindow(List, 0, 0, LOWORD(static_cast<WPARAM>(lParam)), HIWORD(static_cast<WPARAM>(lParam)), TRUE);
+        return CWindowImpl::ProcessWindowMessage(message, wParam, lParam);
+    }
+};
+
+/// A device with the program's resources and fonts, an empty log, and a frame for one list.
+class ListDevice : public TestLog {
+protected:
+    static constexpr ULONG Vehicle = 1001;
+
+    ListDevice() {
+        device::SetModule(OdoledgerModule());
+        theSettings.TextSize = 2;
+        theSettings.SortAscending = 1;
+        theSettings.LastColSorted = 0;
+        theSettings.AlternateRowShading = 1;
+        CreateAppFonts();
+        Filter.SetVehicleID(Vehicle);
+        Frame.Create(L"ListFrame", L"", WS_POPUP | WS_VISIBLE, nullptr, 0);
+    }
+    ~ListDevice() override {
+        DestroyWindow(Frame.GetHandle());
+        DeleteAppFonts();
+        device::SetModule(nullptr);
+    }
+
+    void Show(CCustomListView& list, DWORD style) {
+        list.CreateControl(L"SysListView32", style, Frame.GetHandle(), 7);
+        Frame.List = list.GetHandle();
+        RECT client;
+        GetClientRect(Frame.GetHandle(), &client);
+        MoveWindow(Frame.List, 0, 0, client.right, client.bottom, TRUE);
+        SendMessageW(Frame.List, WM_SETFONT, reinterpret_cast<WPARAM>(BoldTextFont), TRUE);
+        SetFocus(Frame.List);
+    }
+    void ShowEntries(CEntryListView& list) {
+        Show(list, 0x50004401);
+        list.InitColumns();
+        list.Refresh(&Filter);
+    }
+    void ShowVehicles(CVehicleListView& list) {
+        Show(list, 0x5000C01D);
+        list.InitColumns();
+    }
+
+    std::unique_ptr<CEntry> Store(double date, CEntry::Type type, const wchar_t* name, LONG odometer = 0,
+        float amount = 0, const wchar_t* vendor = L"") {
+        auto entry = std::make_unique<CEntry>();
+        entry->SetVehicleID(Vehicle);
+        entry->SetDate(date);
+        entry->SetType(type);
+        entry->SetName(name);
+        entry->SetOdometer(odometer);
+        entry->SetAmount(amount);
+        entry->SetVendor(vendor);
+        EXPECT_TRUE(Layer.Save(entry.get(), 0));
+        return entry;
+    }
+    void StoreVehicle(const wchar_t* name, int year) {
+        CVehicle vehicle;
+        vehicle.SetName(name);
+        vehicle.SetYear(year);
+        EXPECT_TRUE(Layer.Save(&vehicle, 0));
+    }
+
+    const std::vector<device::PaintedText>& Painted() {
+        Host.Pump();
+        return static_cast<device::RecordingCanvas&>(Host.Screen()).Texts();
+    }
+    /// Null when no such text is on the screen.
+    const device::PaintedText* Painted(const std::wstring& start) {
+        for (const device::PaintedText& text : Painted()) {
+            if (text.text.starts_with(start))
+                return &text;
+        }
+        return nullptr;
+    }
+
+    ScriptedHost Host;
+    CEntryFilter Filter;
+    ListFrame Frame;
+};
+
+/// The records behind the rows, from the top.
+template <typename Record> std::vector<Record*> RecordsOf(const CCustomListView& list) {
+    std::vector<Record*> records;
+    for (int row = 0; row < list.GetRowCount(); ++row)
+        records.push_back(reinterpret_cast<Record*>(list.GetRowData(row)));
+    return records;
+}
+
+inline std::wstring RowTextOf(const CCustomListView& list, int row) {
+    wchar_t text[260];
+    list.GetRowText(row, 0, text, 260);
+    return text;
+}
