@@ -7,8 +7,8 @@
 #include "resources/control_ids.h"
 
 #include <algorithm>
-#include <cwchar>
 #include <cwctype>
+#include <string_view>
 
 namespace {
 
@@ -18,11 +18,10 @@ bool IsLabel(UINT id) {
 }
 
 /// Class names know no case.
-bool IsSameClass(const wchar_t* name, const wchar_t* other) {
-    for (; *name != L'\0'
-         && std::towlower(static_cast<std::wint_t>(*name)) == std::towlower(static_cast<std::wint_t>(*other));
-         ++name, ++other) { }
-    return *name == *other;
+bool IsSameClass(std::wstring_view name, std::wstring_view other) {
+    return std::equal(name.begin(), name.end(), other.begin(), other.end(), [](wchar_t left, wchar_t right) {
+        return std::towlower(static_cast<std::wint_t>(left)) == std::towlower(static_cast<std::wint_t>(right));
+    });
 }
 
 } // namespace

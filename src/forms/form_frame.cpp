@@ -19,8 +19,7 @@ bool CFormFrame::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam
         OnSize();
         return true;
     case WM_COMMAND:
-        return OnCommand(LOWORD(wParam), HIWORD(wParam),
-            reinterpret_cast<HWND>(lParam)); // NOLINT(performance-no-int-to-ptr): what the interface passes
+        return OnCommand(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
     case WM_HOTKEY:
         return OnHotKey(wParam, lParam);
     default:
@@ -121,7 +120,7 @@ void CFormFrame::FocusControl(UINT id, bool selectAll) const {
 LRESULT CFormFrame::CKeywordField::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_GETDLGCODE)
         return DefaultMessage(message, wParam, lParam);
-    const auto* pending = reinterpret_cast<const MSG*>(lParam); // NOLINT(performance-no-int-to-ptr)
+    const auto* pending = reinterpret_cast<const MSG*>(lParam);
     const bool isAction
         = pending && pending->message == WM_KEYDOWN && pending->wParam == VK_TACTION && pending->hwnd == GetHandle();
     if (isAction)

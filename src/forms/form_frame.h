@@ -54,9 +54,6 @@ protected:
     /// Moves the focus to a control; with `selectAll` all its text is selected.
     void FocusControl(UINT id, bool selectAll) const;
 
-    /// Kept from the opening on.
-    HWND datePicker_ = nullptr;
-
 private:
     /// Sees the keyword field's messages before the field does.
     class CKeywordField : public CWindowImpl {
@@ -79,4 +76,5 @@ private:
 
     const FormDescription& description_;
     CKeywordField keyword_{*this};
+    HWND datePicker_ = nullptr; ///< kept from the opening on
 };

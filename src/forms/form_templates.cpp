@@ -26,7 +26,7 @@ constexpr Kind LongText{L"EDIT", FieldStyle | ES_AUTOHSCROLL | ES_MULTILINE};
 constexpr Kind Spin{L"msctls_updown32", SpinOfLongText};
 
 static_assert(FormStyle == 0x80E80040 && Digits.style == 0x50012080 && LongText.style == 0x50010084);
-static_assert(Label.style == 0x50020000 && Spin.style == 0x50000614);
+static_assert(Capitals.style == 0x50010088 && Label.style == 0x50020000 && Spin.style == 0x50000614);
 
 // Dialog units.
 constexpr int Margin = 3;

@@ -94,8 +94,8 @@ int CCustomListView::InsertColumn(int index, const wchar_t* heading, int format,
     column.fmt = format;
     column.cx = width;
     column.pszText = const_cast<wchar_t*>(heading); // NOLINT(cppcoreguidelines-pro-type-const-cast): read only
-    return static_cast<int>(SendMessageW(
-        GetHandle(), LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column)));
+    return static_cast<int>(
+        SendMessageW(GetHandle(), LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column)));
 }
 
 void CCustomListView::FitColumn(int column) {
@@ -116,8 +116,7 @@ void CCustomListView::FitColumn(int column) {
 }
 
 void CCustomListView::FitColumnToHeader() {
-    SendMessageW(
-        GetHandle(), LVM_SETCOLUMNWIDTH, 0, MAKELPARAM(static_cast<unsigned>(LVSCW_AUTOSIZE_USEHEADER), 0));
+    SendMessageW(GetHandle(), LVM_SETCOLUMNWIDTH, 0, MAKELPARAM(static_cast<unsigned>(LVSCW_AUTOSIZE_USEHEADER), 0));
 }
 
 void CCustomListView::RemeasureRows() {

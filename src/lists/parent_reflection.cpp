@@ -36,7 +36,6 @@ HWND ControlOf(HWND parent, UINT message, WPARAM wParam, LPARAM lParam) {
 
 bool ReflectNotification(HWND parent, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     const HWND control = ControlOf(parent, message, wParam, lParam);
-    // Commands also come from the soft-key bar, which is no child.
     if (!control || !IsWindow(control) || GetParent(control) != parent)
         return false;
     result = SendMessageW(control, OCM_BASE + message, wParam, lParam);

@@ -81,5 +81,7 @@ LRESULT CVehicleListView::ProcessWindowMessage(UINT message, WPARAM wParam, LPAR
 }
 
 // The control draws these rows itself.
-void CVehicleListView::DrawItem(const DRAWITEMSTRUCT* /*request*/) { }
-void CVehicleListView::MeasureItem(MEASUREITEMSTRUCT* /*request*/) { }
+void CVehicleListView::DrawItem(const DRAWITEMSTRUCT* /*request*/) {
+}
+void CVehicleListView::MeasureItem(MEASUREITEMSTRUCT* /*request*/) {
+}

@@ -75,29 +75,6 @@ TEST_F(VehicleFormTest, EachFieldHasItsControl) {
     EXPECT_EQ(form.ExpirationDate, 39500.5);
 }
 
-TEST_F(VehicleFormTest, LettersOfThePlateBecomeCapitals) {
-    form.Name = L"Car";
-    EXPECT_EQ(Run(form,
-                  {Focus(LicensePlate),
-                      [&] {
-                          for (const wchar_t character : {L'a', L'\u00e4', L'1'}) {
-                              device::InputEvent event;
-                              event.kind = device::InputEvent::Kind::Text;
-                              event.character = character;
-                              host.events.push_back(event);
-                          }
-                      },
-                      Done()}),
-        1);
-    EXPECT_EQ(form.LicensePlate, L"A\u00c41");
-}
-
-TEST_F(VehicleFormTest, BackOnThePickerIsCancel) {
-    form.Name = L"Car";
-    EXPECT_EQ(Run(form, {Put(FirstText, L"Other"), Focus(Date), Press({VK_TBACK})}), 2);
-    EXPECT_EQ(form.Name, L"Car");
-}
-
 TEST_F(VehicleFormTest, DownWalksTheFormsFromTopToBottom) {
     const auto walk = [this](CFormFrame& walked, const std::vector<UINT>& order) {
         std::vector<Step> script;

@@ -1,0 +1,199 @@
+#include "list_device.h"
+#include "lists/compare_entries.h"
+#include "platform/input.h"
+
+namespace {
+
+constexpr auto Fuel = CEntry::EntryTypeFuel;
+constexpr auto Repair = CEntry::EntryTypeRepair;
+constexpr auto Expense = CEntry::EntryTypeExpense;
+
+class EntryList : public ListDevice {
+protected:
+    std::wstring Names() const {
+        std::wstring names;
+        for (const CEntry* entry : RecordsOf<CEntry>(List))
+            names += entry->GetName();
+        return names;
+    }
+    int Selected(CObjectList& list) const { return List.GetSelectedEntries(&list); }
+    void SetSort(int column, int ascending) {
+        theSettings.LastColSorted = column;
+        theSettings.SortAscending = ascending;
+        List.Refresh(&Filter);
+    }
+
+    CEntryListView List;
+};
+
+TEST_F(EntryList, IsSortedByTheSettings) {
+    Store(40002, Repair, L"b", 30, 1);
+    Store(40001, Expense, L"D", 10, 5);
+    Store(40001, Repair, L"a", 20, 9);
+    Store(40003, Repair, L"c", 10, 2);
+    ShowEntries(List);
+    const struct {
+        int column;
+        int ascending;
+        const wchar_t* names;
+    } cases[] = {
+        {SortColumnDate, 1, L"aDbc"}, // two of one date stand by their text, whatever its case
+        {SortColumnDate, 0, L"cbDa"}, // and the other way round
+        {SortColumnDescription, 1, L"abcD"},
+        {SortColumnDescription, 0, L"Dcba"},
+        {SortColumnOdometer, 1, L"cDab"}, // two of one reading stand by their amount
+        {SortColumnOdometer, 0, L"baDc"},
+        {SortColumnAmount, 1, L"bcDa"},
+        {SortColumnNone, 1, L"Dabc"}, // as loaded
+        {7, 1, L"Dabc"},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.names);
+        SetSort(each.column, each.ascending);
+        EXPECT_EQ(Names(), each.names);
+        EXPECT_EQ(theSettings.LastColSorted, each.column);
+    }
+}
+
+TEST_F(EntryList, KeepsTheOrderOfRowsThatCompareEqual) {
+    for (const wchar_t* name : {L"1", L"2", L"3", L"4"})
+        Store(40000, Repair, name, 5, 7);
+    ShowEntries(List);
+    for (const int ascending : {1, 0}) {
+        SetSort(SortColumnAmount, ascending);
+        EXPECT_EQ(Names(), L"1234");
+    }
+}
+
+TEST_F(EntryList, ComparesTextWithoutCaseBeyondAscii) {
+    const auto upper = Store(40000, Repair, L"ÉTÉ");
+    const auto lower = Store(40000, Repair, L"été", 0, 0, L"x");
+    const auto order = [](const CEntry& a, const CEntry& b) {
+        return CompareEntries(reinterpret_cast<LPARAM>(&a), reinterpret_cast<LPARAM>(&b), SortColumnDescription);
+    };
+    EXPECT_LT(order(*upper, *lower), 0);
+    lower->SetVendor(nullptr);
+    EXPECT_EQ(order(*upper, *lower), 0);
+    const CSummaryMemory memory;
+    EXPECT_EQ(order(*upper, *lower), 0);
+}
+
+TEST_F(EntryList, DrawsTwoLinesWithTheFiguresWhole) {
+    const auto entry = Store(39467, Fuel, L"", 1550, 31, std::wstring(5000, L'v').c_str());
+    entry->SetCustom1(10);
+    entry->SetCustom2(3.1F);
+    Layer.Save(entry.get(), 0);
+    Store(39468, Repair, L"Öl 🚗 שלום", -5, -3.75F);
+    ShowEntries(List);
+    const device::PaintedText* date = Painted(L"1/20/2008");
+    const device::PaintedText* odometer = Painted(L"1,550");
+    const device::PaintedText* amount = Painted(L"$31.00");
+    const device::PaintedText* description = Painted(L"10.00 gal @ $3.10");
+    ASSERT_TRUE(date && odometer && amount && description);
+    EXPECT_EQ(description->text.back(), L'…');
+    EXPECT_LT(description->place.right, amount->place.left);
+    EXPECT_EQ(odometer->place.right, amount->place.right);
+    EXPECT_EQ(date->place.left, description->place.left);
+    EXPECT_LE(date->place.bottom, description->place.top + 1);
+    EXPECT_TRUE(Painted(L"Öl 🚗 שלום"));
+    EXPECT_TRUE(Painted(L"-$3.00"));
+}
+
+TEST_F(EntryList, GivesSelectedRowsTheHighlightAndTheFirstOneTheFocus) {
+    Store(40000, Repair, L"first");
+    Store(40001, Repair, L"second");
+    ShowEntries(List);
+    EXPECT_TRUE(Painted(L"first")->marks.selected);
+    EXPECT_EQ(Painted(L"first")->color, GetSysColor(COLOR_HIGHLIGHTTEXT));
+    EXPECT_EQ(Painted(L"second")->color, GetSysColor(COLOR_WINDOWTEXT));
+}
+
+TEST_F(EntryList, AnEditedEntryMovesToItsPlaceSelected) {
+    for (int day = 0; day < 40; ++day)
+        Store(40000 + day, Repair, std::to_wstring(day).c_str());
+    ShowEntries(List);
+    CEntry* entry = RecordsOf<CEntry>(List)[0];
+    entry->SetDate(40038.5);
+    EXPECT_EQ(List.AddRow(entry, 1), 39) << "before the sort it stood at the end";
+    EXPECT_EQ(RecordsOf<CEntry>(List)[38], entry);
+    EXPECT_EQ(RowTextOf(List, 38), L"8/13/2009");
+    CObjectList selected;
+    EXPECT_EQ(Selected(selected), 1);
+    EXPECT_EQ(selected.GetItem(0), entry);
+    EXPECT_TRUE(Painted(L"0")) << "it is in view";
+    CEntry stranger;
+    EXPECT_EQ(List.AddRow(&stranger, 1), -1);
+    EXPECT_EQ(List.GetRowCount(), 40);
+
+    theSettings.LastColSorted = SortColumnNone;
+    entry->SetDate(1);
+    List.AddRow(entry, 1);
+    EXPECT_EQ(RecordsOf<CEntry>(List)[39], entry) << "without an order it stays at the bottom";
+}
+
+TEST_F(EntryList, TakesANewEntryOverAndSelectsItAlone) {
+    Store(40000, Repair, L"a");
+    Store(40002, Repair, L"c");
+    ShowEntries(List);
+    Host.Key(L'A', MOD_CONTROL).Pump();
+    List.AddEntry(Store(40001, Repair, L"b").release());
+    EXPECT_EQ(Names(), L"abc");
+    CObjectList selected;
+    ASSERT_EQ(Selected(selected), 1);
+    EXPECT_STREQ(selected.GetItem(0)->GetName(), L"b");
+}
+
+TEST_F(EntryList, DeletesTheSelectedRowsAndKeepsTheRecords) {
+    for (const wchar_t* name : {L"a", L"b", L"c", L"d", L"e"})
+        Store(40000, Repair, name);
+    ShowEntries(List);
+    for (const int row : {0, 1, 3})
+        List.SetRowState(row, LVIS_SELECTED, LVIS_SELECTED);
+    CObjectList selected;
+    EXPECT_EQ(Selected(selected), 3);
+    List.DeleteSelectedRows();
+    EXPECT_EQ(Names(), L"ce");
+    EXPECT_STREQ(selected.GetItem(2)->GetName(), L"d");
+    CObjectList none;
+    EXPECT_EQ(Selected(none), 0);
+    List.DeleteSelectedRows();
+    EXPECT_EQ(List.GetRowCount(), 2);
+}
+
+TEST_F(EntryList, IsEmptyWithoutAFilterOrALoad) {
+    Store(40000, Repair, L"a");
+    ShowEntries(List);
+    EXPECT_EQ(List.GetRowCount(), 1);
+    List.Refresh(nullptr);
+    EXPECT_EQ(List.GetRowCount(), 0);
+    List.Refresh(&Filter);
+    Layer.Disconnect();
+    List.Refresh(&Filter);
+    EXPECT_EQ(List.GetRowCount(), 0);
+    EXPECT_TRUE(Painted(L"There are no items in this list."));
+}
+
+TEST_F(EntryList, ARowWithoutARecordStaysUndrawn) {
+    Store(40000, Repair, L"a");
+    ShowEntries(List);
+    List.SetRowData(0, 0);
+    EXPECT_TRUE(Painted().empty());
+}
+
+TEST_F(EntryList, RowsTakeTheNewTextSizeAtOnce) {
+    Store(40000, Repair, L"a");
+    ShowEntries(List);
+    LONG former = 0;
+    for (const int textSize : {1, 2, 3}) {
+        theSettings.TextSize = textSize;
+        CreateAppFonts();
+        SendMessageW(List.GetHandle(), WM_SETFONT, reinterpret_cast<WPARAM>(BoldTextFont), TRUE);
+        List.RemeasureRows();
+        RECT row;
+        SendMessageW(List.GetHandle(), LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&row));
+        EXPECT_GT(row.bottom - row.top, former);
+        former = row.bottom - row.top;
+    }
+}
+
+} // namespace

@@ -5,6 +5,7 @@
 //   % env NAME=VALUE   the surroundings of the processes started from here on
 //   % write FILE TEXT  makes a file below the storage folder; "\n" in TEXT is a line end
 //   % mode FILE OCTAL  % remove FILE  % exists FILE  % missing FILE  % same FILE TEXT
+//   % second           another process starts on the same storage: it must give way at once, with exit 1
 //   % kill             the process is killed, as by a failing battery
 //   % end              the end of input: the process must end with status 3
 //   # comment
@@ -39,6 +40,7 @@ public:
     Console(const Console&) = delete;
     Console& operator=(const Console&) = delete;
 
+    const std::string& Program() const { return program_; }
     bool IsRunning() const { return process_ > 0; }
 
     void Start(const std::map<std::string, std::string>& surroundings) {
@@ -251,6 +253,11 @@ private:
         } else if (verb == "same") {
             if (FileText(file) != rest)
                 Fail(number, directive);
+        } else if (verb == "second") {
+            Console other(console_.Program());
+            other.Start(surroundings_);
+            if (const Lines answer = other.Ask("boot"); answer != Lines{"exit 1 (status 1)"})
+                Fail(number, "the second process did not give way: " + (answer.empty() ? "(no answer)" : answer[0]));
         } else if (verb == "kill") {
             console_.Kill();
         } else if (verb == "end") {

@@ -115,7 +115,9 @@ void DateParts::EndTyping() {
     if (typedDigits_ == 0)
         return;
     const Kind kind = ChosenKind();
-    Take(kind, typed_);
+    // A year that was not typed to its end is no year: the former one stays.
+    if (kind != Kind::Year || typedDigits_ == DigitsOf(kind))
+        Take(kind, typed_);
     if (kind == Kind::Day)
         wantedDay_ = date_.wDay;
     else if (wantedDay_ > 0)

@@ -112,7 +112,8 @@ void Desktop::RouteKey(const InputEvent& event) {
     }
     const HWND target = FindWindowRecord(focus_) ? focus_ : active_;
     Post({target, down ? WM_KEYDOWN : WM_KEYUP, event.key, 0});
-    pendingCharacter_ = down ? event.character : 0;
+    // Hosts give the key that deletes backwards as a key alone.
+    pendingCharacter_ = !down ? L'\0' : event.key == VK_BACK ? L'\b' : event.character;
 }
 
 void Desktop::RouteSoftKey(bool left, bool down) {

@@ -23,8 +23,6 @@ LPCDLGTEMPLATEW CDlgQuickStats::GetTemplate() const {
 }
 
 bool CDlgQuickStats::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    if (ReflectNotification(GetHandle(), message, wParam, lParam, result))
-        return true;
     switch (message) {
     case WM_INITDIALOG:
         OnInitDialog();
@@ -33,13 +31,15 @@ bool CDlgQuickStats::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lP
         FitControlToClient(GetHandle(), controls::List, 0);
         return true;
     case WM_COMMAND:
-        if (LOWORD(wParam) != commands::Done && LOWORD(wParam) != commands::Cancel)
-            return false;
-        EndDialog(GetHandle(), LOWORD(wParam));
-        return true;
+        if (LOWORD(wParam) == commands::Done || LOWORD(wParam) == commands::Cancel) {
+            EndDialog(GetHandle(), LOWORD(wParam));
+            return true;
+        }
+        break;
     default:
-        return false;
+        break;
     }
+    return ReflectNotification(GetHandle(), message, wParam, lParam, result);
 }
 
 void CDlgQuickStats::OnInitDialog() {

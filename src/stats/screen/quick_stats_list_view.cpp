@@ -31,6 +31,8 @@ void CQuickStatsListView::SetStats(const CQuickStats* stats) {
 
 void CQuickStatsListView::InitColumnsAndRows() {
     SetExtendedStyle(LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP);
+    // The labels are measured in the list's own font, which would be the dialog's smaller one.
+    SendMessageW(GetHandle(), WM_SETFONT, reinterpret_cast<WPARAM>(BoldTextFont), FALSE);
     InsertColumn(0, L"", LVCFMT_LEFT, FirstColumnWidth);
     for (int row = 0; row < QuickStatsRowCount; ++row)
         InsertRow(row, LoadText(QuickStatsLabelId(row)).c_str(), NoImage);
@@ -39,8 +41,8 @@ void CQuickStatsListView::InitColumnsAndRows() {
 
 void CQuickStatsListView::MeasureItem(MEASUREITEMSTRUCT* request) {
     const CClientContext context(GetHandle());
-    request->itemHeight = static_cast<UINT>(LineHeight(context.GetHandle(), BoldTextFont)
-        + LineHeight(context.GetHandle(), TextFont) + LinesBelow);
+    request->itemHeight = static_cast<UINT>(
+        LineHeight(context.GetHandle(), BoldTextFont) + LineHeight(context.GetHandle(), TextFont) + LinesBelow);
 }
 
 void CQuickStatsListView::DrawItem(const DRAWITEMSTRUCT* request) {

@@ -84,7 +84,7 @@ TEST_F(DatePartsTest, KeysFillChooseAndStep) {
         {MonthFirst, Date(2026, 11, 22), L"120120", L"12/1/[20]"},
         {MonthFirst, Date(2026, 11, 22), L"12012031", L"12/1/[2031]"},
         {MonthFirst, Date(2026, 11, 22), L">>202", L"11/22/[202]"},
-        {MonthFirst, Date(2026, 11, 22), L">>202<", L"11/[22]/1601"},
+        {MonthFirst, Date(2026, 11, 22), L">>202<", L"11/[22]/2026"},
         {MonthFirst, Date(2026, 11, 22), L">>20301", L"11/22/[1]"},
         // A day that its month does not have, from both sides.
         {MonthFirst, Date(2026, 1, 31), L"2", L"2/[28]/2026"},
@@ -181,5 +181,5 @@ TEST_F(DatePickerTest, FirstPartOnEntryAndTheSamePartAfterAMessageBox) {
 TEST_F(DatePickerTest, LeavingEndsTyping) {
     Run({picker, other},
         {[&] { Put(Date(2026, 11, 22)); }, Keys({VK_END}), Typing(L"19"), [&] { EXPECT_EQ(TextOf(10), L"11/22/19"); },
-            Keys({VK_DOWN}), [&] { EXPECT_EQ(TextOf(10), L"11/22/1601"); }});
+            Keys({VK_DOWN}), [&] { EXPECT_EQ(TextOf(10), L"11/22/2026"); }});
 }

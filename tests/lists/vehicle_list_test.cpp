@@ -1,0 +1,76 @@
+#include "list_device.h"
+
+namespace {
+
+class VehicleList : public ListDevice {
+protected:
+    std::wstring Rows() const {
+        std::wstring rows;
+        for (int row = 0; row < List.GetRowCount(); ++row)
+            rows += RowTextOf(List, row) + L";";
+        return rows;
+    }
+
+    CVehicleListView List;
+};
+
+TEST_F(VehicleList, StandsInTheOrderOfItsTexts) {
+    for (const wchar_t* name : {L"van", L"Zoë", L"Étoile", L"estate", L"Van"})
+        StoreVehicle(name, 2007);
+    ShowVehicles(List);
+    EXPECT_EQ(Rows(), L"estate (2007);Étoile (2007);van (2007);Van (2007);Zoë (2007);");
+    EXPECT_EQ(List.GetSelectedVehicle(), nullptr);
+}
+
+TEST_F(VehicleList, FindsTwinsByTheirReference) {
+    StoreVehicle(L"Van", 2007);
+    StoreVehicle(L"Van", 2007);
+    ShowVehicles(List);
+    ASSERT_EQ(List.GetRowCount(), 2);
+    const auto twins = RecordsOf<CVehicle>(List);
+    EXPECT_NE(twins[0], twins[1]);
+    for (CVehicle* vehicle : twins)
+        EXPECT_EQ(List.FindVehicle(vehicle->GetRefID()), vehicle);
+    EXPECT_EQ(List.FindVehicle(0), nullptr);
+    EXPECT_EQ(List.FindVehicle(static_cast<ULONG>(twins[0]->GetID())), nullptr);
+}
+
+TEST_F(VehicleList, AnEditedVehicleMovesSelected) {
+    for (const wchar_t* name : {L"a", L"b", L"c"})
+        StoreVehicle(name, 1);
+    ShowVehicles(List);
+    CVehicle* vehicle = RecordsOf<CVehicle>(List)[0];
+    vehicle->SetName(L"x");
+    EXPECT_EQ(List.AddRow(vehicle, 1), 2);
+    EXPECT_EQ(Rows(), L"b (1);c (1);x (1);");
+    EXPECT_EQ(List.GetSelectedVehicle(), vehicle);
+    CVehicle stranger;
+    EXPECT_EQ(List.AddRow(&stranger, 1), -1);
+    EXPECT_EQ(List.GetRowCount(), 3);
+}
+
+TEST_F(VehicleList, TakesANewVehicleOver) {
+    StoreVehicle(L"b", 1);
+    ShowVehicles(List);
+    auto* vehicle = new CVehicle;
+    vehicle->SetName(L"a");
+    ASSERT_TRUE(Layer.Save(vehicle, 0));
+    List.AddVehicle(vehicle);
+    EXPECT_EQ(List.GetSelectedVehicle(), vehicle);
+    EXPECT_EQ(List.FindVehicle(vehicle->GetRefID()), vehicle);
+    EXPECT_EQ(List.Reload(), 1);
+    EXPECT_EQ(List.GetRowCount(), 2);
+    EXPECT_EQ(List.GetSelectedVehicle(), nullptr);
+}
+
+TEST_F(VehicleList, IsEmptyWhenItCannotBeLoaded) {
+    StoreVehicle(L"b", 1);
+    ShowVehicles(List);
+    Layer.Disconnect();
+    EXPECT_EQ(List.Reload(), 0);
+    EXPECT_EQ(List.GetRowCount(), 0);
+    EXPECT_EQ(List.FindVehicle(1002), nullptr);
+    EXPECT_TRUE(Painted(L"There are no items in this list."));
+}
+
+} // namespace
