@@ -1,6 +1,6 @@
 // Runs a walk: a transcript of odoledger-console, the lines a person would give and what must come back.
 //
-//   > COMMAND          given to the console; the lines below it are the answer, without its closing "."
+//   $ COMMAND          given to the console; the lines below it are the answer, without its closing "."
 //   ...                in an answer: any lines, also none
 //   % env NAME=VALUE   the surroundings of the processes started from here on
 //   % write FILE TEXT  makes a file below the storage folder; "\n" in TEXT is a line end
@@ -169,7 +169,7 @@ public:
     int Run(std::istream& walk) {
         std::string line;
         for (int number = 1; std::getline(walk, line); ++number) {
-            if (line.rfind("> ", 0) == 0) {
+            if (line.rfind("$ ", 0) == 0) {
                 Settle();
                 command_ = line.substr(2);
                 commandLine_ = number;
@@ -202,12 +202,12 @@ private:
         if (commandLine_ == 0)
             return;
         if (record_) {
-            std::cout << "> " << command_ << '\n';
+            std::cout << "$ " << command_ << '\n';
             const bool anything = wanted_.size() == 1 && wanted_[0] == "...";
             for (const std::string& line : anything ? wanted_ : got_)
                 std::cout << line << '\n';
         } else if (!Matches(wanted_, 0, got_, 0)) {
-            Fail(commandLine_, "> " + command_);
+            Fail(commandLine_, "$ " + command_);
             for (const std::string& line : wanted_)
                 std::cout << "  wanted: " << line << '\n';
             for (const std::string& line : got_)
