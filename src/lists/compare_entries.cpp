@@ -5,33 +5,81 @@
 #include "shell/common/app_settings.h"
 #include "units/record_text.h"
 
+#include <functional>
 #include <string>
-#include <unordered_map>
+#include <string_view>
+#include <vector>
 
 namespace {
 
-using Summaries = std::unordered_map<const CEntry*, std::wstring>;
+/// The lower-case summaries of entries, each made when it is first asked for. One table and one text hold them all: a
+/// sort asks for millions.
+class SummaryKeys {
+public:
+    SummaryKeys()
+        : slots_(FirstSize) { }
 
-Summaries* kept = nullptr; ///< null outside a sort
+    int Compare(const CEntry* a, const CEntry* b) {
+        const Slot first = SlotOf(a);
+        const Slot second = SlotOf(b);
+        return KeyIn(first).compare(KeyIn(second));
+    }
 
-/// Such that comparing two of them ignores case.
-std::wstring SummaryKey(const CEntry* entry) {
+private:
+    struct Slot {
+        const CEntry* entry = nullptr; ///< null: free
+        std::size_t start = 0;
+        std::size_t length = 0;
+    };
+    static constexpr std::size_t FirstSize = 64; ///< sizes are powers of 2
+
+    std::wstring_view KeyIn(const Slot& slot) const { return std::wstring_view(keys_).substr(slot.start, slot.length); }
+    Slot& Find(const CEntry* entry);
+    Slot SlotOf(const CEntry* entry);
+    void Grow();
+
+    std::vector<Slot> slots_;
+    std::size_t used_ = 0;
+    std::wstring keys_;
+};
+
+/// The entry's slot, or the free one that it would take.
+SummaryKeys::Slot& SummaryKeys::Find(const CEntry* entry) {
+    // Objects of one kind lie at multiples of their size: the lowest bits tell little.
+    const std::size_t hash = std::hash<const CEntry*>()(entry);
+    std::size_t place = (hash >> 4U) ^ (hash >> 12U);
+    while (slots_[place & (slots_.size() - 1)].entry && slots_[place & (slots_.size() - 1)].entry != entry)
+        ++place;
+    return slots_[place & (slots_.size() - 1)];
+}
+
+SummaryKeys::Slot SummaryKeys::SlotOf(const CEntry* entry) {
+    Slot& slot = Find(entry);
+    if (slot.entry)
+        return slot;
     std::wstring key = EntrySummaryText(entry);
     CharLowerW(key.data());
-    return key;
+    slot = {entry, keys_.size(), key.size()};
+    keys_ += key;
+    const Slot made = slot;
+    if (++used_ * 2 > slots_.size())
+        Grow();
+    return made;
 }
 
-const std::wstring& KeptSummaryKey(const CEntry* entry) {
-    const auto [place, added] = kept->try_emplace(entry);
-    if (added)
-        place->second = SummaryKey(entry);
-    return place->second;
+void SummaryKeys::Grow() {
+    std::vector<Slot> former(slots_.size() * 2);
+    former.swap(slots_);
+    for (const Slot& slot : former) {
+        if (slot.entry)
+            Find(slot.entry) = slot;
+    }
 }
+
+SummaryKeys* kept = nullptr; ///< null outside a sort
 
 int CompareSummaries(const CEntry* a, const CEntry* b) {
-    if (kept)
-        return KeptSummaryKey(a).compare(KeptSummaryKey(b));
-    return SummaryKey(a).compare(SummaryKey(b));
+    return kept ? kept->Compare(a, b) : _wcsicmp(EntrySummaryText(a).c_str(), EntrySummaryText(b).c_str());
 }
 
 template <typename Value> int Order(Value a, Value b) {
@@ -45,7 +93,7 @@ const CEntry* EntryOf(LPARAM data) {
 } // namespace
 
 CSummaryMemory::CSummaryMemory() {
-    kept = new Summaries;
+    kept = new SummaryKeys;
 }
 
 CSummaryMemory::~CSummaryMemory() {

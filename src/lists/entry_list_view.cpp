@@ -10,12 +10,14 @@
 #include "shell/common/load_text.h"
 #include "units/date_text.h"
 
+#include <limits>
 #include <vector>
 
 namespace {
 
 constexpr int FirstColumnWidth = 100;
 constexpr int RowTextSize = 260;
+constexpr int AtTheEnd = std::numeric_limits<int>::max();
 constexpr LONG LinesBelow = 3; ///< what a row's texts leave free at its bottom, in pixels
 constexpr LONG IconTop = 2;
 
@@ -53,7 +55,7 @@ void CEntryListView::Refresh(CEntryFilter* filter) {
 }
 
 int CEntryListView::AppendRow(CEntry* entry) {
-    const int row = InsertRow(GetRowCount(), DateText(entry->GetDate()).c_str(), entry->GetType() - 1);
+    const int row = InsertRow(AtTheEnd, DateText(entry->GetDate()).c_str(), entry->GetType() - 1);
     SetRowData(row, DataOf(entry));
     return row;
 }
