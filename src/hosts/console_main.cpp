@@ -16,7 +16,7 @@ namespace {
 constexpr int BadEnvironment = 2;
 constexpr int PowerLost = 3;
 
-}
+} // namespace
 
 int main() {
     if (const auto& error = device::EnvironmentError()) {
@@ -24,8 +24,8 @@ int main() {
         std::_Exit(BadEnvironment);
     }
     device::SetModule(OdoledgerModule());
-    device::ConsoleHost host({identity::WindowClass, CAppSettings::RegistryKey, identity::ReloadMessage,
-        identity::CloseMessage});
+    device::ConsoleHost host(
+        {identity::WindowClass, CAppSettings::RegistryKey, identity::ReloadMessage, identity::CloseMessage});
     if (!host.WaitForBoot())
         std::_Exit(PowerLost);
     device::Desktop::The().SwitchOn(host);

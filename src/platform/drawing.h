@@ -84,12 +84,12 @@ BOOL DestroyIcon(HICON icon);
 BOOL DrawIconEx(HDC context, int x, int y, HICON icon, int width, int height, UINT step, HBRUSH brush, UINT flags);
 
 HIMAGELIST ImageList_Create(int width, int height, UINT flags, int initial, int grow); // NOLINT: the handset's names
-BOOL ImageList_Destroy(HIMAGELIST list);                                              // NOLINT
-int ImageList_ReplaceIcon(HIMAGELIST list, int index, HICON icon);                    // NOLINT
-BOOL ImageList_RemoveAll(HIMAGELIST list);                                            // NOLINT
-int ImageList_GetImageCount(HIMAGELIST list);                                         // NOLINT
+BOOL ImageList_Destroy(HIMAGELIST list); // NOLINT
+int ImageList_ReplaceIcon(HIMAGELIST list, int index, HICON icon); // NOLINT
+BOOL ImageList_RemoveAll(HIMAGELIST list); // NOLINT
+int ImageList_GetImageCount(HIMAGELIST list); // NOLINT
 /// An icon of the list's own; DrawIconEx takes it, DestroyIcon frees it. Null for a bad index.
-HICON ImageList_GetIcon(HIMAGELIST list, int index, UINT flags);                      // NOLINT
+HICON ImageList_GetIcon(HIMAGELIST list, int index, UINT flags); // NOLINT
 
 inline bool IsRectEmpty(const RECT& rectangle) {
     return rectangle.right <= rectangle.left || rectangle.bottom <= rectangle.top;

@@ -13,7 +13,7 @@ struct InputEvent {
         None,
         KeyDown, ///< key, character (0: none), modifiers
         KeyUp,
-        Text,   ///< a character alone, without a key
+        Text, ///< a character alone, without a key
         Resize, ///< width and height of the screen in device pixels, in x and y
         MouseDown,
         MouseUp,
@@ -27,7 +27,7 @@ struct InputEvent {
     WORD key = 0;
     wchar_t character = 0;
     unsigned modifiers = 0; ///< MOD_CONTROL, MOD_SHIFT
-    int x = 0;              ///< device pixels
+    int x = 0; ///< device pixels
     int y = 0;
     int delta = 0;
 };
@@ -48,13 +48,13 @@ public:
     virtual void Wake() = 0;
 
     // Hooks of single hosts.
-    virtual void TitleChanged(const std::wstring& /*title*/) {}
-    virtual void BringToFront() {}
+    virtual void TitleChanged(const std::wstring& /*title*/) { }
+    virtual void BringToFront() { }
     /// Go back from the first screen: there is no program before this one.
-    virtual void GoBack() {}
-    virtual void WaitCursor(bool /*shown*/) {}
+    virtual void GoBack() { }
+    virtual void WaitCursor(bool /*shown*/) { }
     /// A message box came up: no sound of MessageBeep's.
-    virtual void Attention() {}
+    virtual void Attention() { }
 };
 
-}
+} // namespace device

@@ -17,8 +17,7 @@ inline constexpr int CSTR_GREATER_THAN = 3;
 int GetNumberFormatW(LCID locale, DWORD flags, const wchar_t* value, const void* format, wchar_t* buffer, int size);
 int GetCurrencyFormatW(LCID locale, DWORD flags, const wchar_t* value, const void* format, wchar_t* buffer, int size);
 /// The short date with a four-digit year in the locale's order. `picture` is always null.
-int GetDateFormatW(
-    LCID locale, DWORD flags, const SYSTEMTIME* date, const wchar_t* picture, wchar_t* buffer, int size);
+int GetDateFormatW(LCID locale, DWORD flags, const SYSTEMTIME* date, const wchar_t* picture, wchar_t* buffer, int size);
 int GetLocaleInfoW(LCID locale, DWORD type, wchar_t* buffer, int size);
 /// The locale's collation; CSTR_... or 0. Lengths of -1 mean NUL-terminated.
 int CompareStringW(

@@ -37,4 +37,4 @@ int Dpi();
 /// The screen's size in device pixels; starts as HANDSET_SCREEN says and follows the host's window.
 SIZE ScreenSize();
 void SetScreenSize(SIZE size);
-}
+} // namespace device

@@ -82,4 +82,4 @@ int LoadStringW(HINSTANCE module, UINT id, wchar_t* buffer, int size);
 namespace device {
 /// Called by a host before the program starts (and by tests).
 void SetModule(HINSTANCE module);
-}
+} // namespace device

@@ -5,7 +5,8 @@
 /// Shows the wait cursor and puts the former one back at the end.
 class CWaitCursor {
 public:
-    CWaitCursor() : former_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
+    CWaitCursor()
+        : former_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) { }
     CWaitCursor(const CWaitCursor&) = delete;
     CWaitCursor& operator=(const CWaitCursor&) = delete;
     ~CWaitCursor() { SetCursor(former_); }

@@ -28,7 +28,7 @@ protected:
     /// What the window would do without the object.
     LRESULT DefaultMessage(UINT message, WPARAM wParam, LPARAM lParam);
     /// The window is gone; the last thing that is heard of it.
-    virtual void OnFinalMessage() {}
+    virtual void OnFinalMessage() { }
 
 private:
     static LRESULT Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

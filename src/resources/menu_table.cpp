@@ -125,7 +125,7 @@ constexpr AcceleratorResource Accelerators[] = {
     {menus::MainAccelerators, L'Q', MOD_CONTROL, commands::Exit},
 };
 
-}
+} // namespace
 
 std::span<const MenuResource> MenuTable() {
     return Menus;

@@ -52,7 +52,7 @@ int Run(int showCommand) {
     return result;
 }
 
-}
+} // namespace
 
 int WinMain(HINSTANCE instance, HINSTANCE /*previousInstance*/, wchar_t* /*commandLine*/, int showCommand) {
     RegisterFrameMessages();

@@ -19,7 +19,7 @@ HWND WithTopmostPopup(HWND window) {
     return reinterpret_cast<HWND>(reinterpret_cast<std::uintptr_t>(window) | 1U); // NOLINT(performance-no-int-to-ptr)
 }
 
-}
+} // namespace
 
 HRESULT ActivatePreviousInstance(HINSTANCE instance) {
     wchar_t name[MAX_PATH] = {};

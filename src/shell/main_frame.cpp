@@ -48,19 +48,20 @@ constexpr ViewCommand DateRangeCommands[] = {
 };
 
 const ViewCommand* FindCommand(std::span<const ViewCommand> table, UINT command) {
-    const auto row
-        = std::find_if(table.begin(), table.end(), [command](const ViewCommand& each) { return each.command == command; });
+    const auto row = std::find_if(
+        table.begin(), table.end(), [command](const ViewCommand& each) { return each.command == command; });
     return row == table.end() ? nullptr : &*row;
 }
 
-}
+} // namespace
 
 void RegisterFrameMessages() {
     ReloadMessage = RegisterWindowMessageW(identity::ReloadMessage);
     CloseMessage = RegisterWindowMessageW(identity::CloseMessage);
 }
 
-CMainFrame::CMainFrame(CMessageLoop& loop) : loop_(loop) {
+CMainFrame::CMainFrame(CMessageLoop& loop)
+    : loop_(loop) {
     filter_.SetEntryType(static_cast<CEntry::Type>(theSettings.ViewEntryType));
     filter_.SetDateRangeType(static_cast<CEntryFilter::DateRangeType>(theSettings.ViewDateRangeType));
 }

@@ -69,7 +69,7 @@ void FillDefaultPath() {
     theSettings.DBPath[length] = 0;
 }
 
-}
+} // namespace
 
 bool CMainFrame::ConnectOrCreate() {
     const std::wstring loadedPath = theSettings.DBPath;

@@ -39,7 +39,7 @@ void Prepare(CEntry& entry, UINT command) {
     }
 }
 
-}
+} // namespace
 
 void CMainFrame::NewVehicleCommand() {
     std::unique_ptr<CVehicle> vehicle(new CVehicle);

@@ -45,7 +45,7 @@ int EditFuelEntry(CEntry* entry) {
     return 1;
 }
 
-}
+} // namespace
 
 int EditVehicle(CVehicle* vehicle) {
     CDlgVehicle form;

@@ -20,7 +20,8 @@ CUpdateTable::CUpdateTable()
         {commands::MonthToDate, false, false},
         {commands::YearToDate, false, false},
         {commands::CustomDates, false, false},
-    }} {}
+    }} {
+}
 
 void CUpdateTable::EnableAll(bool enable) {
     for (State& state : states_)

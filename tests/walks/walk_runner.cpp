@@ -22,10 +22,10 @@
 #include <map>
 #include <sstream>
 #include <string>
-#include <utility>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -35,7 +35,8 @@ using Lines = std::vector<std::string>;
 
 class Console {
 public:
-    explicit Console(std::string program) : program_(std::move(program)) {}
+    explicit Console(std::string program)
+        : program_(std::move(program)) { }
     ~Console() { Kill(); }
     Console(const Console&) = delete;
     Console& operator=(const Console&) = delete;
@@ -145,7 +146,9 @@ std::string FileText(const fs::path& path) {
 
 class Walk {
 public:
-    Walk(std::string console, bool record) : console_(std::move(console)), record_(record) {
+    Walk(std::string console, bool record)
+        : console_(std::move(console))
+        , record_(record) {
         std::string pattern = (fs::temp_directory_path() / "walk-XXXXXX").string();
         if (!mkdtemp(pattern.data()))
             std::exit(2);
@@ -279,7 +282,7 @@ private:
     int failures_ = 0;
 };
 
-}
+} // namespace
 
 int main(int count, char** arguments) {
     const bool record = count > 1 && std::string(arguments[1]) == "--record";

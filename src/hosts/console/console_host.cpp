@@ -44,9 +44,12 @@ bool MayComeBeforeBoot(const std::string& verb) {
     return verb == "registry" || verb == "clock" || verb == "now" || verb == "files";
 }
 
-}
+} // namespace
 
-ConsoleHost::ConsoleHost(ProgramFacts facts) : facts_(std::move(facts)), canvas_(PangoMeasurer()) {}
+ConsoleHost::ConsoleHost(ProgramFacts facts)
+    : facts_(std::move(facts))
+    , canvas_(PangoMeasurer()) {
+}
 
 void ConsoleHost::Answer(const std::string& line) {
     std::fwrite(line.data(), 1, line.size(), stdout);
@@ -264,4 +267,4 @@ void ConsoleHost::Shot(const std::string& file) {
         Refuse("the file cannot be written");
 }
 
-}
+} // namespace device

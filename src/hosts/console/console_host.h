@@ -22,8 +22,8 @@ public:
 
     bool NextEvent(InputEvent& event, bool wait) override;
     Canvas& Screen() override { return canvas_; }
-    void Present(const RECT& /*changed*/) override {}
-    void Beep() override {}
+    void Present(const RECT& /*changed*/) override { }
+    void Beep() override { }
     void Wake() override { reader_.Wake(); }
 
 private:
@@ -63,4 +63,4 @@ private:
     int toldEventBeeps_ = 0;
 };
 
-}
+} // namespace device

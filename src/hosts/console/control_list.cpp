@@ -129,7 +129,7 @@ void AddChildren(std::vector<std::string>& lines, const Window& window) {
     }
 }
 
-}
+} // namespace
 
 std::vector<std::string> ControlLines() {
     const Desktop& desktop = Desktop::The();
@@ -146,4 +146,4 @@ std::vector<std::string> ControlLines() {
     return lines;
 }
 
-}
+} // namespace device

@@ -44,7 +44,7 @@ bool IsAsciiAlnum(wchar_t character) {
         || (character >= L'A' && character <= L'Z');
 }
 
-}
+} // namespace
 
 std::optional<InputEvent> KeyOfName(const std::string& name) {
     InputEvent event;
@@ -72,4 +72,4 @@ std::optional<InputEvent> KeyOfName(const std::string& name) {
     return event;
 }
 
-}
+} // namespace device

@@ -56,8 +56,7 @@ LineReader::Result LineReader::Next(std::string& line) {
             return Result::End;
         std::array<char, 4096> bytes{};
         if ((sources[1].revents & POLLIN) != 0) {
-            while (read(wakeRead_, bytes.data(), bytes.size()) > 0) {
-            }
+            while (read(wakeRead_, bytes.data(), bytes.size()) > 0) { }
             return Result::Woken;
         }
         if (sources[0].revents == 0)
@@ -70,4 +69,4 @@ LineReader::Result LineReader::Next(std::string& line) {
     }
 }
 
-}
+} // namespace device

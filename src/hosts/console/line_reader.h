@@ -29,4 +29,4 @@ private:
     int wakeWrite_ = -1;
 };
 
-}
+} // namespace device

@@ -12,4 +12,4 @@ struct ProgramFacts {
     std::wstring closeMessage;
 };
 
-}
+} // namespace device

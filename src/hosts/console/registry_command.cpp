@@ -97,7 +97,7 @@ std::vector<std::string> Remove(const std::wstring& key, const std::string& name
     return {};
 }
 
-}
+} // namespace
 
 std::vector<std::string> RegistryCommand(const std::wstring& key, const std::string& arguments) {
     std::string rest = arguments;
@@ -114,4 +114,4 @@ std::vector<std::string> RegistryCommand(const std::wstring& key, const std::str
     return lines;
 }
 
-}
+} // namespace device

@@ -110,7 +110,7 @@ std::string RoleText(const RecordingCanvas& canvas, PaintMarks::Role role) {
     return {};
 }
 
-}
+} // namespace
 
 std::vector<std::string> ScreenLines(const RecordingCanvas& canvas) {
     const Desktop& desktop = Desktop::The();
@@ -128,4 +128,4 @@ std::vector<std::string> ScreenLines(const RecordingCanvas& canvas) {
     return lines;
 }
 
-}
+} // namespace device

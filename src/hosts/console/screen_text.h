@@ -10,4 +10,4 @@ namespace device {
 /// The screen as lines of text: what a person sees, from the texts that were really painted.
 std::vector<std::string> ScreenLines(const RecordingCanvas& canvas);
 
-}
+} // namespace device

@@ -54,4 +54,4 @@ bool Unquote(const std::string& text, std::wstring& result) {
     return true;
 }
 
-}
+} // namespace device

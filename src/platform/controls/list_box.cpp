@@ -25,7 +25,7 @@ int Compare(const std::wstring& first, const std::wstring& second) {
     return CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, first.c_str(), -1, second.c_str(), -1) - CSTR_EQUAL;
 }
 
-}
+} // namespace
 
 bool ListBox::IsSpinner() const {
     return UpDown::PartnerOf(Handle(), UDS_HORZ) != nullptr;
@@ -308,4 +308,4 @@ void ListBox::PaintFrame(Canvas& canvas, const RECT& place) {
         canvas.Frame(place, MenuEdgeColor, 1);
 }
 
-}
+} // namespace device

@@ -17,7 +17,8 @@ public:
         LPARAM data = 0;
     };
 
-    explicit ListBox(HWND window) : Control(window) {}
+    explicit ListBox(HWND window)
+        : Control(window) { }
 
     const std::vector<Row>& Rows() const { return rows_; }
     int Selected() const { return selected_; }
@@ -49,4 +50,4 @@ private:
     int first_ = 0;
 };
 
-}
+} // namespace device

@@ -26,9 +26,12 @@ DWORD StyleOf(HWND window) {
     return static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
 }
 
-}
+} // namespace
 
-ListView::ListView(HWND window) : Control(window), rows_((StyleOf(window) & LVS_SINGLESEL) != 0) {}
+ListView::ListView(HWND window)
+    : Control(window)
+    , rows_((StyleOf(window) & LVS_SINGLESEL) != 0) {
+}
 
 bool ListView::HasStyle(DWORD style) const {
     return (StyleOf(Handle()) & style) != 0;
@@ -151,8 +154,8 @@ LRESULT ListView::GetItem(LVITEMW& item) const {
     if ((item.mask & LVIF_PARAM) != 0)
         item.lParam = rows_.At(item.iItem).data;
     if ((item.mask & LVIF_STATE) != 0)
-        item.state = (rows_.IsSelected(item.iItem) ? LVIS_SELECTED : 0)
-            | (rows_.Focused() == item.iItem ? LVIS_FOCUSED : 0);
+        item.state
+            = (rows_.IsSelected(item.iItem) ? LVIS_SELECTED : 0) | (rows_.Focused() == item.iItem ? LVIS_FOCUSED : 0);
     return TRUE;
 }
 
@@ -400,4 +403,4 @@ void ListView::Click(WPARAM keys, LPARAM point) {
     SendNotification(NM_CLICK);
 }
 
-}
+} // namespace device

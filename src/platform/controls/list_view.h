@@ -66,4 +66,4 @@ private:
     int rowHeight_ = 16;
 };
 
-}
+} // namespace device

@@ -65,8 +65,7 @@ void ListView::AskOwnerToPaint(HDC context, int row, const RECT& place) const {
     request.CtlType = ODT_LISTVIEW;
     request.CtlID = static_cast<UINT>(GetDlgCtrlID(Handle()));
     request.itemID = static_cast<UINT>(row);
-    request.itemState
-        = (rows_.IsSelected(row) ? ODS_SELECTED : 0) | (rows_.Focused() == row ? ODS_FOCUS : 0);
+    request.itemState = (rows_.IsSelected(row) ? ODS_SELECTED : 0) | (rows_.Focused() == row ? ODS_FOCUS : 0);
     request.hwndItem = Handle();
     request.hDC = context;
     request.rcItem = place;
@@ -91,8 +90,8 @@ void ListView::PaintRow(HDC context, int row, RECT place) const {
     LONG left = 0;
     for (std::size_t index = 0; index < columns_.size(); ++index) {
         const Column& column = columns_[index];
-        RECT cell{(index == 0 ? label.left : left) + Scaled(4), place.top, left + column.width - Scaled(4),
-            place.bottom};
+        RECT cell{
+            (index == 0 ? label.left : left) + Scaled(4), place.top, left + column.width - Scaled(4), place.bottom};
         const std::wstring text = rows_.Cell(row, static_cast<int>(index));
         DrawTextW(context, text.c_str(), -1, &cell,
             DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS
@@ -113,4 +112,4 @@ void ListView::PaintFrame(Canvas& canvas, const RECT& place) {
         canvas.Frame(place, MenuEdgeColor, 1);
 }
 
-}
+} // namespace device

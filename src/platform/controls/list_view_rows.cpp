@@ -220,4 +220,4 @@ void ListViewRows::EnsureVisible(int row, int shown) {
     ScrollTo(first, shown);
 }
 
-}
+} // namespace device

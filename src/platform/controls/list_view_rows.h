@@ -22,7 +22,8 @@ public:
     /// How a key moves.
     enum class Move { Alone, Select, Extend };
 
-    explicit ListViewRows(bool singleSelection) : single_(singleSelection) {}
+    explicit ListViewRows(bool singleSelection)
+        : single_(singleSelection) { }
 
     int Count() const { return static_cast<int>(rows_.size()); }
     bool Has(int row) const { return row >= 0 && row < Count(); }
@@ -76,4 +77,4 @@ private:
     int first_ = 0;
 };
 
-}
+} // namespace device

@@ -13,7 +13,7 @@ template <typename Kind> std::unique_ptr<Control> Make(HWND window) {
     return std::make_unique<Kind>(window);
 }
 
-}
+} // namespace
 
 void RegisterControls() {
     RegisterControlClass(L"Static", Make<StaticText>);
@@ -24,4 +24,4 @@ void RegisterControls() {
     RegisterControlClass(L"msctls_updown32", Make<UpDown>);
 }
 
-}
+} // namespace device

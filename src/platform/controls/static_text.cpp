@@ -42,4 +42,4 @@ LRESULT StaticText::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-}
+} // namespace device

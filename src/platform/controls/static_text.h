@@ -8,7 +8,8 @@ namespace device {
 /// A text, wrapped to the width of the control, or (SS_BITMAP) a picture set with STM_SETIMAGE.
 class StaticText final : public Control {
 public:
-    explicit StaticText(HWND window) : Control(window) {}
+    explicit StaticText(HWND window)
+        : Control(window) { }
 
     LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool TakesFocus() const override { return false; }
@@ -19,4 +20,4 @@ private:
     HICON picture_ = nullptr;
 };
 
-}
+} // namespace device

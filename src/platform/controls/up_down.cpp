@@ -29,4 +29,4 @@ HWND UpDown::PartnerOf(HWND control, DWORD styleBits) {
     return nullptr;
 }
 
-}
+} // namespace device

@@ -8,7 +8,8 @@ namespace device {
 /// multi-line edit open full screen. It shows nothing of its own and takes no focus.
 class UpDown final : public Control {
 public:
-    explicit UpDown(HWND window) : Control(window) {}
+    explicit UpDown(HWND window)
+        : Control(window) { }
 
     HWND Buddy() const { return buddy_; }
     LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -21,4 +22,4 @@ private:
     HWND buddy_ = nullptr;
 };
 
-}
+} // namespace device

@@ -10,7 +10,8 @@ namespace device {
 /// The inside of a window of one of the device's own classes. It lives as long as its window.
 class Control {
 public:
-    explicit Control(HWND window) : window_(window) {}
+    explicit Control(HWND window)
+        : window_(window) { }
     virtual ~Control() = default;
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
@@ -19,7 +20,7 @@ public:
     /// Every message of the window that no subclass took; what is not the control's own goes on to DefWindowProcW.
     virtual LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) = 0;
     /// Border and scroll bar, painted after the content; `place` is the whole window in screen coordinates.
-    virtual void PaintFrame(Canvas& /*canvas*/, const RECT& /*place*/) {}
+    virtual void PaintFrame(Canvas& /*canvas*/, const RECT& /*place*/) { }
     /// False for a control that the focus passes by.
     virtual bool TakesFocus() const { return true; }
     /// What typing means while the control has the focus, told beside the title; empty: nothing is typed.
@@ -38,4 +39,4 @@ void RegisterControls();
 /// The inside of a window, null if it has none.
 Control* ControlOf(HWND window);
 
-}
+} // namespace device

@@ -26,7 +26,7 @@ bool WindowTarget(HWND handle, ContextTarget& target) {
     return true;
 }
 
-}
+} // namespace
 
 Desktop& Desktop::The() {
     static auto& desktop = *new Desktop;
@@ -168,7 +168,10 @@ LRESULT Desktop::Send(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     struct Depth {
         int& count;
-        explicit Depth(int& depth) : count(depth) { ++count; }
+        explicit Depth(int& depth)
+            : count(depth) {
+            ++count;
+        }
         ~Depth() { --count; }
         Depth(const Depth&) = delete;
         Depth& operator=(const Depth&) = delete;
@@ -254,4 +257,4 @@ void Desktop::Wake() {
         host_->Wake();
 }
 
-}
+} // namespace device

@@ -114,4 +114,4 @@ private:
 const WindowClass* FindWindowClass(const wchar_t* name);
 ATOM AddWindowClass(const wchar_t* name, WNDPROC procedure, ControlFactory factory, bool isDialog = false);
 
-}
+} // namespace device

@@ -66,7 +66,7 @@ std::wstring TextOf(HWND window) {
     return text;
 }
 
-}
+} // namespace
 
 UINT GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned) {
     if (translated)

@@ -98,7 +98,7 @@ bool IsDialogMessage(HWND handle, const MSG& message) {
     }
 }
 
-}
+} // namespace
 
 LONG_PTR RunModal(HWND handle, HWND owner, LONG_PTR otherwise) {
     LONG_PTR result = otherwise;
@@ -263,9 +263,9 @@ LRESULT DialogWindowProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM l
 
 constexpr const wchar_t* DialogClass = L"Dialog";
 
-}
+} // namespace
 
-}
+} // namespace device
 
 using device::Desktop;
 using device::FindWindowRecord;

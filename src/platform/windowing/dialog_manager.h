@@ -18,4 +18,4 @@ void PaintDialogScrollBar(Canvas& canvas, const Window& dialog);
 /// A track and a thumb: `page` of `range` show from `position` on.
 void PaintScrollBar(Canvas& canvas, const RECT& place, int range, int page, int position);
 
-}
+} // namespace device

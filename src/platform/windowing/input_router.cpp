@@ -27,7 +27,7 @@ LPARAM ClientPoint(const Window& window, const InputEvent& event) {
     return MAKELPARAM(static_cast<unsigned>(event.x - client.left), static_cast<unsigned>(event.y - client.top));
 }
 
-}
+} // namespace
 
 void Desktop::Route(const InputEvent& event) {
     switch (event.kind) {
@@ -157,8 +157,8 @@ void Desktop::RouteMouse(const InputEvent& event) {
         return;
     Window* target = ChildAt(*front, {event.x, event.y});
     modifiers_ = event.modifiers;
-    const WPARAM keys = ((event.modifiers & MOD_SHIFT) != 0 ? MK_SHIFT : 0)
-        | ((event.modifiers & MOD_CONTROL) != 0 ? MK_CONTROL : 0);
+    const WPARAM keys
+        = ((event.modifiers & MOD_SHIFT) != 0 ? MK_SHIFT : 0) | ((event.modifiers & MOD_CONTROL) != 0 ? MK_CONTROL : 0);
     if (event.kind == InputEvent::Kind::Wheel) {
         const auto lines = static_cast<std::uintptr_t>(static_cast<WORD>(event.delta));
         Post({target->handle, WM_MOUSEWHEEL, (lines << 16U) | keys, 0});
@@ -171,8 +171,8 @@ void Desktop::RouteMouse(const InputEvent& event) {
         return;
     }
     mouseTarget_ = target->handle;
-    const bool takes = target->parent && target->Has(WS_TABSTOP | WS_VISIBLE) && target->control
-        && target->control->TakesFocus();
+    const bool takes
+        = target->parent && target->Has(WS_TABSTOP | WS_VISIBLE) && target->control && target->control->TakesFocus();
     if (takes && focus_ != target->handle)
         SetFocus(target->handle);
     if (FindWindowRecord(mouseTarget_) != target)
@@ -181,11 +181,11 @@ void Desktop::RouteMouse(const InputEvent& event) {
     Post({target->handle, message, keys, ClientPoint(*target, event)});
 }
 
-}
+} // namespace device
 
 std::int16_t GetKeyState(int key) {
     const unsigned modifiers = device::Desktop::The().Modifiers();
-    const bool down = (key == VK_SHIFT && (modifiers & MOD_SHIFT) != 0)
-        || (key == VK_CONTROL && (modifiers & MOD_CONTROL) != 0);
+    const bool down
+        = (key == VK_SHIFT && (modifiers & MOD_SHIFT) != 0) || (key == VK_CONTROL && (modifiers & MOD_CONTROL) != 0);
     return down ? static_cast<std::int16_t>(-128) : static_cast<std::int16_t>(0);
 }

@@ -25,4 +25,4 @@ inline constexpr COLORREF MenuColor = RGB(0xFA, 0xFA, 0xFA);
 inline constexpr COLORREF MenuEdgeColor = RGB(0x90, 0xA4, 0xAE);
 inline constexpr int DimAlpha = 110;
 
-}
+} // namespace device

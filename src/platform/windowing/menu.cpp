@@ -21,9 +21,10 @@ HMENU NewHandle() {
     return reinterpret_cast<HMENU>(last); // NOLINT(performance-no-int-to-ptr): an opaque number
 }
 
-}
+} // namespace
 
-PopupMenu::PopupMenu(std::span<const MenuItemResource> items) : handle_(NewHandle()) {
+PopupMenu::PopupMenu(std::span<const MenuItemResource> items)
+    : handle_(NewHandle()) {
     for (const MenuItemResource& item : items) {
         MenuItem added;
         added.separator = !item.text;
@@ -68,7 +69,7 @@ PopupMenu* FindPopup(HMENU handle) {
     return found == Popups().end() ? nullptr : found->second;
 }
 
-}
+} // namespace device
 
 int EnableMenuItem(HMENU menu, UINT command, UINT flags) {
     device::PopupMenu* popup = device::FindPopup(menu);

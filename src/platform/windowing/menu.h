@@ -42,4 +42,4 @@ private:
 
 PopupMenu* FindPopup(HMENU handle);
 
-}
+} // namespace device

@@ -78,7 +78,7 @@ LRESULT SetText(Window& window, LPARAM text) {
     return TRUE;
 }
 
-}
+} // namespace
 
 LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     Window* window = FindWindowRecord(handle);

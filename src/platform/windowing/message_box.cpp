@@ -26,7 +26,8 @@ FontDescription BoxFont() {
 /// The panel of a message box: icon and text; its buttons stand on the soft keys.
 class MessagePanel final : public Control {
 public:
-    explicit MessagePanel(HWND window) : Control(window) {}
+    explicit MessagePanel(HWND window)
+        : Control(window) { }
 
     void Fill(const wchar_t* text, UINT style) {
         style_ = style;
@@ -36,7 +37,8 @@ public:
         LOGFONTW description;
         description.lfHeight = BoxFont().height;
         font_ = CreateFontIndirectW(&description);
-        text_ = CreateWindowExW(0, L"Static", text, WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, Handle(), nullptr, nullptr, nullptr);
+        text_ = CreateWindowExW(
+            0, L"Static", text, WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, Handle(), nullptr, nullptr, nullptr);
         if (Window* child = FindWindowRecord(text_))
             child->hasId = false;
         SendMessageW(text_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), 0);
@@ -73,8 +75,7 @@ void MessagePanel::Layout() {
     TextMeasurer& measurer = Desktop::The().Screen().Measurer();
     const auto lines = BreakLines(measurer, BoxFont(), child->text, width);
     const int textHeight = static_cast<int>(lines.size()) * measurer.Metrics(BoxFont()).Height();
-    const LONG height
-        = std::min<LONG>(std::max(icon, textHeight) + (2 * padding), area.bottom - area.top);
+    const LONG height = std::min<LONG>(std::max(icon, textHeight) + (2 * padding), area.bottom - area.top);
     window->place = {area.left, area.bottom - height, area.right, area.bottom};
     MoveWindow(text_, left, padding + std::max(0, (icon - textHeight) / 2), width, textHeight, TRUE);
     Desktop::The().InvalidateAll();
@@ -145,17 +146,17 @@ std::span<const MenuItemResource> ButtonsOf(UINT style) {
     }
 }
 
-}
+} // namespace
 
-}
+} // namespace device
 
 int MessageBoxW(HWND owner, const wchar_t* text, const wchar_t* caption, UINT style) {
     using namespace device;
     Desktop& desktop = Desktop::The();
     if (!desktop.IsOn())
         return 0;
-    RegisterControlClass(BoxClass,
-        [](HWND window) -> std::unique_ptr<Control> { return std::make_unique<MessagePanel>(window); });
+    RegisterControlClass(
+        BoxClass, [](HWND window) -> std::unique_ptr<Control> { return std::make_unique<MessagePanel>(window); });
     if (!IsWindow(owner))
         owner = desktop.Active();
     const HWND handle = CreateWindowExW(

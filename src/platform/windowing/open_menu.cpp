@@ -29,9 +29,11 @@ int DigitOf(const std::vector<MenuItem>& items, int index) {
     return digit <= DigitItems ? digit : 0;
 }
 
-}
+} // namespace
 
-OpenMenu::OpenMenu(SoftKeyBar& bar, bool left) : bar_(bar), left_(left) {
+OpenMenu::OpenMenu(SoftKeyBar& bar, bool left)
+    : bar_(bar)
+    , left_(left) {
     Open(*bar.At(left).popup);
 }
 
@@ -40,8 +42,8 @@ HWND OpenMenu::Owner() const {
 }
 
 void OpenMenu::Open(PopupMenu& popup) {
-    SendMessageW(bar_.Owner(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup.Handle()),
-        static_cast<LPARAM>(levels_.size()));
+    SendMessageW(
+        bar_.Owner(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup.Handle()), static_cast<LPARAM>(levels_.size()));
     levels_.push_back({&popup, popup.NextEnabled(0, 1)});
     ShowFocused();
 }
@@ -273,4 +275,4 @@ UINT RunMenu(SoftKeyBar& bar, bool left) {
     return command;
 }
 
-}
+} // namespace device

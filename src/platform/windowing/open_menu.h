@@ -59,4 +59,4 @@ private:
 /// Runs the popup of a soft key until it closes: the command chosen, 0 for none.
 UINT RunMenu(SoftKeyBar& bar, bool left);
 
-}
+} // namespace device

@@ -130,7 +130,7 @@ void PaintScreen(Desktop& desktop, Canvas& canvas, const RECT& dirty) {
     canvas.EndFrame();
 }
 
-}
+} // namespace
 
 void Desktop::PaintInvalid() {
     if (IsRectEmpty(dirty_))
@@ -154,4 +154,4 @@ void Desktop::TellTitle() {
     host_->TitleChanged(toldTitle_);
 }
 
-}
+} // namespace device

@@ -60,7 +60,7 @@ std::vector<std::wstring>& RegisteredNames() {
     return names;
 }
 
-}
+} // namespace
 
 void PublishWindow(HWND window) {
     const Window* record = FindWindowRecord(window);
@@ -93,7 +93,7 @@ void Desktop::CollectInbox() {
     }
 }
 
-}
+} // namespace device
 
 UINT RegisterWindowMessageW(const wchar_t* name) {
     if (!name)

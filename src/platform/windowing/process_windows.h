@@ -9,4 +9,4 @@ void PublishWindow(HWND window);
 void WithdrawWindow(HWND window);
 void WithdrawAllWindows();
 
-}
+} // namespace device

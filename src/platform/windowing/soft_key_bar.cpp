@@ -10,13 +10,12 @@ namespace {
 constexpr const wchar_t* BarClass = L"menu_worker";
 
 const WindowClass* TheBarClass() {
-    RegisterControlClass(BarClass, [](HWND window) -> std::unique_ptr<Control> {
-        return std::make_unique<SoftKeyBar>(window);
-    });
+    RegisterControlClass(
+        BarClass, [](HWND window) -> std::unique_ptr<Control> { return std::make_unique<SoftKeyBar>(window); });
     return FindWindowClass(BarClass);
 }
 
-}
+} // namespace
 
 SoftKeyBar* SoftKeyBar::Make(HWND owner, std::span<const MenuItemResource> keys) {
     Window* top = FindWindowRecord(owner);
@@ -75,4 +74,4 @@ void SoftKeyBar::Press(bool left) {
     }
 }
 
-}
+} // namespace device

@@ -17,7 +17,8 @@ public:
         std::unique_ptr<PopupMenu> popup;
     };
 
-    explicit SoftKeyBar(HWND window) : Control(window) {}
+    explicit SoftKeyBar(HWND window)
+        : Control(window) { }
 
     /// A bar for `owner`, destroyed with it; a former bar of the owner goes. Null when the owner is no window.
     static SoftKeyBar* Make(HWND owner, std::span<const MenuItemResource> keys);
@@ -40,4 +41,4 @@ private:
     std::set<WORD> overridden_;
 };
 
-}
+} // namespace device

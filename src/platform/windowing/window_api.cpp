@@ -28,7 +28,7 @@ void SendSize(HWND handle) {
             MAKELPARAM(static_cast<unsigned>(client.right), static_cast<unsigned>(client.bottom)));
 }
 
-}
+} // namespace
 
 HWND CreateWindowExW(DWORD exStyle, const wchar_t* className, const wchar_t* title, DWORD style, int x, int y,
     int width, int height, HWND parent, HMENU menu, HINSTANCE /*module*/, void* parameter) {

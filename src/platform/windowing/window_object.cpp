@@ -8,7 +8,7 @@ CWindowImpl* ObjectOf(HWND window) {
     return reinterpret_cast<CWindowImpl*>(GetWindowLongW(window, GWL_USERDATA)); // NOLINT(performance-no-int-to-ptr)
 }
 
-}
+} // namespace
 
 CWindowImpl::~CWindowImpl() {
     Detach();

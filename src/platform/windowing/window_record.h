@@ -33,7 +33,7 @@ struct Window {
     DWORD exStyle = 0;
     LONG_PTR id = 0;
     bool hasId = true;
-    RECT place;  ///< in the parent's client area; of a top-level window, on the screen
+    RECT place; ///< in the parent's client area; of a top-level window, on the screen
     RECT insets; ///< what border and scroll bars take from each side of the client area
     std::wstring text;
     HFONT font = nullptr;
@@ -74,4 +74,4 @@ inline RECT Intersect(const RECT& a, const RECT& b) {
         a.bottom < b.bottom ? a.bottom : b.bottom};
 }
 
-}
+} // namespace device

@@ -42,7 +42,7 @@ std::wstring ClassKey(const wchar_t* name) {
     return key;
 }
 
-}
+} // namespace
 
 Window* FindWindowRecord(HWND handle) {
     const auto value = reinterpret_cast<std::uintptr_t>(handle);
@@ -90,8 +90,8 @@ RECT ScreenPlace(const Window& window) {
 RECT ScreenClient(const Window& window) {
     const RECT place = ScreenPlace(window);
     const RECT& insets = window.insets;
-    RECT client{place.left + insets.left, place.top + insets.top, place.right - insets.right,
-        place.bottom - insets.bottom};
+    RECT client{
+        place.left + insets.left, place.top + insets.top, place.right - insets.right, place.bottom - insets.bottom};
     client.right = std::max(client.left, client.right);
     client.bottom = std::max(client.top, client.bottom);
     return client;
@@ -140,7 +140,7 @@ LRESULT ControlProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam
     return control ? control->Message(message, wParam, lParam) : DefWindowProcW(handle, message, wParam, lParam);
 }
 
-}
+} // namespace
 
 void RegisterControlClass(const wchar_t* className, ControlFactory factory) {
     AddWindowClass(className, ControlProcedure, factory);
@@ -240,4 +240,4 @@ void Desktop::SwitchOff() {
     ClearGraveyard();
 }
 
-}
+} // namespace device

@@ -25,12 +25,12 @@ std::wstring LoadWhole(UINT id) {
     }
 }
 
-}
+} // namespace
 
 int ShowMessage(HWND owner, std::uintptr_t text, std::uintptr_t caption, UINT style) try {
     std::wstring loadedText;
     std::wstring loadedCaption;
-    const auto* textPointer = reinterpret_cast<const wchar_t*>(text);       // NOLINT(performance-no-int-to-ptr)
+    const auto* textPointer = reinterpret_cast<const wchar_t*>(text); // NOLINT(performance-no-int-to-ptr)
     const auto* captionPointer = reinterpret_cast<const wchar_t*>(caption); // NOLINT(performance-no-int-to-ptr)
     if (text < FirstPointer) {
         loadedText = LoadWhole(static_cast<UINT>(text));

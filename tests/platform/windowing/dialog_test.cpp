@@ -74,7 +74,10 @@ TEST_F(DialogTest, UpAndDownWalkInTemplateOrderAndWrap) {
     items[3].style |= WS_DISABLED;
     items[5].style &= ~WS_VISIBLE;
     host.Then(note).Key(VK_DOWN).Then(note).Key(VK_DOWN).Then(note).Key(VK_UP).Then(note);
-    host.Then([] { EndDialog(Front(), 7); PostMessageW(Front(), WM_NULL, 0, 0); });
+    host.Then([] {
+        EndDialog(Front(), 7);
+        PostMessageW(Front(), WM_NULL, 0, 0);
+    });
     EXPECT_EQ(RunForm(items), 7);
     EXPECT_EQ(visited, (std::vector{100, 103, 100, 103}));
 }
@@ -97,7 +100,10 @@ TEST_F(DialogTest, TheControlEnteredShowsWithItsLabel) {
             EXPECT_LT(client.right, 176) << "a scroll bar takes its room";
         });
     }
-    host.Key(VK_ESCAPE).Key(VK_DOWN).Then([] { EndDialog(Front(), 1); PostMessageW(Front(), WM_NULL, 0, 0); });
+    host.Key(VK_ESCAPE).Key(VK_DOWN).Then([] {
+        EndDialog(Front(), 1);
+        PostMessageW(Front(), WM_NULL, 0, 0);
+    });
     RunForm(Fields(8));
     device::SetScreenSize({320, 480});
 }
@@ -222,4 +228,4 @@ TEST_F(DialogTest, WholeNumbersReadStrictly) {
     RunForm(Fields(1));
 }
 
-}
+} // namespace

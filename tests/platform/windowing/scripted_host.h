@@ -11,8 +11,8 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-/// A host whose person is a list of steps: the next one runs whenever the device is idle, whichever loop waits. A script
-/// that runs dry while a loop still waits fails the test and ends the loop.
+/// A host whose person is a list of steps: the next one runs whenever the device is idle, whichever loop waits. A
+/// script that runs dry while a loop still waits fails the test and ends the loop.
 class ScriptedHost final : public device::Host {
 public:
     using Event = device::InputEvent;
@@ -73,8 +73,8 @@ public:
     }
     device::Canvas& Screen() override { return canvas_; }
     void Present(const RECT& /*changed*/) override { ++frames; }
-    void Beep() override {}
-    void Wake() override {}
+    void Beep() override { }
+    void Wake() override { }
     void GoBack() override { ++goBacks; }
 
     std::deque<Event> events;
@@ -82,7 +82,6 @@ public:
     int goBacks = 0;
 
 private:
-
     device::RecordingCanvas canvas_{device::PangoMeasurer()};
     std::deque<std::function<void()>> steps_;
 };

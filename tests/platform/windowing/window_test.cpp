@@ -99,9 +99,7 @@ TEST_F(WindowTest, MenusByArrowsDigitsAndBack) {
 
 TEST_F(WindowTest, AGreyedItemCannotBeChosen) {
     onPopup = [](HMENU menu) { EnableMenuItem(menu, 22, MF_GRAYED); };
-    host.Key(VK_TSOFT2).Then([this] {
-        host.events.push_back({ScriptedHost::Event::Kind::Text, 0, L'2'});
-    });
+    host.Key(VK_TSOFT2).Then([this] { host.events.push_back({ScriptedHost::Event::Kind::Text, 0, L'2'}); });
     host.Then([] { EXPECT_NE(device::Desktop::The().Menu(), nullptr); }).Key(VK_TBACK);
     host.Pump();
     EXPECT_TRUE(commands.empty());
@@ -186,4 +184,4 @@ TEST_F(WindowTest, BackAtTheFrameGoesBackAndResizeReachesIt) {
     device::SetScreenSize({320, 480});
 }
 
-}
+} // namespace
