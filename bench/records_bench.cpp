@@ -1,54 +1,21 @@
 // What the data layer costs beside the bare work: the same statements, the same texts, the same file.
 
+#include "bench_log.h"
 #include "platform/files.h"
-#include "platform/system/environment.h"
-#include "records/data_file.h"
 #include "records/data_layer.h"
 #include "records/entry_filter.h"
 #include "records/utf8.h"
-#include "resources/string_table.h"
 #include "stats/quick_stats.h"
 
 #include <benchmark/benchmark.h>
-#include <cstdlib>
-#include <filesystem>
 #include <malloc.h>
 #include <sqlite3.h>
 #include <vector>
 
 namespace {
 
-constexpr const wchar_t* path = L"\\My Documents\\My Vehicles.dat";
-constexpr ULONG vehicle = 1001;
-
 std::string HostPath() {
-    return *HostPathOf(path);
-}
-
-/// A log of `count` entries in the order of their dates, as it grows in use.
-void MakeLog(int count) {
-    theDataLayer.Disconnect();
-    std::filesystem::remove(HostPath());
-    CDataFile::Create(HostPath());
-    sqlite3* connection = nullptr;
-    sqlite3_open(HostPath().c_str(), &connection);
-    const std::string script = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
-        + std::to_string(count)
-        + ") INSERT INTO entries (ref, vehicle, date, type, odometer, amount, custom1, custom2, name, notes, vendor)"
-          " SELECT 1001 + i, 1001, 30000.0 + i / 10, 1 + i % 4, 1000 + i * 7, 31.5, 10.1, 3.1,"
-          " CASE i % 4 WHEN 0 THEN '' ELSE 'Oil change ' || i END, CASE i % 5 WHEN 0 THEN 'said ' || i ELSE '' END,"
-          " 'Vendor ' || i % 50 FROM n";
-    if (sqlite3_exec(connection, script.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-        std::abort();
-    sqlite3_close(connection);
-    if (theDataLayer.Connect(path) != CDataLayer::ConnectOK)
-        std::abort();
-}
-
-CEntryFilter Everything() {
-    CEntryFilter filter;
-    filter.SetVehicleID(vehicle);
-    return filter;
+    return *HostPathOf(LogPath);
 }
 
 struct PlainEntry {
@@ -74,7 +41,7 @@ void BareLoad(benchmark::State& state) {
     sqlite3_prepare_v2(connection, SqlText(Sql::LoadEntries), -1, &statement, nullptr);
     for ([[maybe_unused]] auto _ : state) {
         std::vector<PlainEntry> entries;
-        sqlite3_bind_int64(statement, 1, vehicle);
+        sqlite3_bind_int64(statement, 1, LogVehicle);
         sqlite3_bind_int64(statement, 2, 0);
         sqlite3_bind_double(statement, 3, -1e9);
         sqlite3_bind_double(statement, 4, 1e9);
@@ -157,7 +124,7 @@ void Save(benchmark::State& state) {
     double date = 50000;
     for ([[maybe_unused]] auto _ : state) {
         CEntry entry;
-        entry.SetVehicleID(vehicle);
+        entry.SetVehicleID(LogVehicle);
         entry.SetDate(date++);
         entry.SetType(CEntry::EntryTypeFuel);
         entry.SetVendor(L"Vendor");
@@ -170,13 +137,13 @@ void MaxOdometer(benchmark::State& state) {
     MakeLog(static_cast<int>(state.range(0)));
     LONG odometer = 0;
     for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(theDataLayer.GetMaxOdometer(vehicle, &odometer));
+        benchmark::DoNotOptimize(theDataLayer.GetMaxOdometer(LogVehicle, &odometer));
 }
 
 void Connect(benchmark::State& state) {
     MakeLog(static_cast<int>(state.range(0)));
     for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(theDataLayer.Connect(path));
+        benchmark::DoNotOptimize(theDataLayer.Connect(LogPath));
 }
 
 void Sizes(benchmark::internal::Benchmark* benchmark) {
@@ -195,16 +162,7 @@ BENCHMARK(Connect)->Apply(Sizes);
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    // Beside the program, not in a folder that may lie in memory: a save is measured with its syncs.
-    std::string folder = (std::filesystem::current_path() / "records_bench.XXXXXX").string();
-    if (!mkdtemp(folder.data()))
-        return 1;
-    device::ReplaceEnvironment({{"HANDSET_STORAGE", folder}});
-    std::filesystem::create_directories(*HostPathOf(L"\\My Documents"));
-    const Module program{StringTable(), {}, {}, {}};
-    device::SetModule(&program);
+    const BenchStorage storage;
     benchmark::RunSpecifiedBenchmarks();
-    theDataLayer.Disconnect();
-    std::filesystem::remove_all(folder);
     return 0;
 }

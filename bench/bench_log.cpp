@@ -1,0 +1,61 @@
+#include "bench_log.h"
+
+#include "platform/files.h"
+#include "platform/system/environment.h"
+#include "records/data_file.h"
+#include "records/data_layer.h"
+#include "records/entry_filter.h"
+#include "resources/module.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <sqlite3.h>
+
+BenchStorage::BenchStorage() {
+    std::snprintf(
+        folder_, sizeof(folder_), "%s/odoledger-bench.XXXXXX", std::filesystem::current_path().string().c_str());
+    if (!mkdtemp(folder_))
+        std::abort();
+    device::ReplaceEnvironment({{"HANDSET_STORAGE", folder_}});
+    std::filesystem::create_directories(*HostPathOf(L"\\My Documents"));
+    device::SetModule(OdoledgerModule());
+}
+
+BenchStorage::~BenchStorage() {
+    theDataLayer.Disconnect();
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+}
+
+void MakeLog(int count) {
+    const std::string file = *HostPathOf(LogPath);
+    theDataLayer.Disconnect();
+    std::filesystem::remove(file);
+    CDataFile::Create(file);
+    sqlite3* connection = nullptr;
+    sqlite3_open(file.c_str(), &connection);
+    const std::string script = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
+        + std::to_string(count)
+        + ") INSERT INTO entries (ref, vehicle, date, type, odometer, amount, custom1, custom2, name, notes, vendor)"
+          " SELECT 1001 + i, 1001, 30000.0 + i / 10, 1 + i % 4, 1000 + i * 7, 31.5, 10.1, 3.1,"
+          " CASE i % 4 WHEN 0 THEN '' ELSE 'Oil change ' || i END, CASE i % 5 WHEN 0 THEN 'said ' || i ELSE '' END,"
+          " 'Vendor ' || i % 50 FROM n";
+    if (sqlite3_exec(connection, script.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+        std::fprintf(stderr, "%s\n", sqlite3_errmsg(connection));
+        std::abort();
+    }
+    sqlite3_close(connection);
+    if (theDataLayer.Connect(LogPath) != CDataLayer::ConnectOK)
+        std::abort();
+    CVehicle vehicle; // the first record of a file: its RefID is LogVehicle
+    vehicle.SetName(L"Bus");
+    if (!theDataLayer.Save(&vehicle, 0) || vehicle.GetRefID() != LogVehicle)
+        std::abort();
+}
+
+CEntryFilter Everything() {
+    CEntryFilter filter;
+    filter.SetVehicleID(LogVehicle);
+    return filter;
+}

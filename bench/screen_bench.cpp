@@ -1,0 +1,192 @@
+// What a person waits for: the list of a long log filled, sorted and painted, and the program's start.
+
+#include "bench_log.h"
+#include "lists/app_fonts.h"
+#include "lists/entry_list_view.h"
+#include "lists/parent_reflection.h"
+#include "platform/drawing/cairo_canvas.h"
+#include "platform/host.h"
+#include "platform/metrics.h"
+#include "platform/window.h"
+#include "platform/windowing/desktop.h"
+#include "records/data_layer.h"
+#include "records/entry_filter.h"
+#include "resources/ids.h"
+#include "shell/common/app_settings.h"
+#include "units/record_text.h"
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr double Zoom = 2.0;
+
+class BenchHost final : public device::Host {
+public:
+    bool NextEvent(device::InputEvent& /*event*/, bool /*wait*/) override { return false; }
+    device::Canvas& Screen() override { return canvas_; }
+    void Present(const RECT& /*changed*/) override { }
+    void Beep() override { }
+    void Wake() override { }
+
+private:
+    device::CairoCanvas canvas_{{320, 480}, Zoom};
+};
+
+CEntryListView* list = nullptr;
+
+LRESULT FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    LRESULT result = 0;
+    if (message == WM_MEASUREITEM && list) {
+        list->MeasureItem(reinterpret_cast<MEASUREITEMSTRUCT*>(lParam));
+        return 1;
+    }
+    if (ReflectNotification(window, message, wParam, lParam, result))
+        return result;
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+/// A window with the entry list in it.
+class ListWindow {
+public:
+    ListWindow() {
+        device::Desktop::The().SwitchOn(host_);
+        CreateAppFonts();
+        const WNDCLASSW windowClass{FrameProcedure, L"Bench"};
+        RegisterClassW(&windowClass);
+        frame_ = CreateWindowExW(
+            0, L"Bench", L"Bench", WS_POPUP | WS_VISIBLE, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+        list = &list_;
+        list_.CreateControl(L"SysListView32", 0x50004401, frame_, controls::EntryList);
+        SendMessageW(list_.GetHandle(), WM_SETFONT, reinterpret_cast<WPARAM>(BoldTextFont), TRUE);
+        list_.InitColumns();
+        RECT client;
+        GetClientRect(frame_, &client);
+        MoveWindow(list_.GetHandle(), 0, 0, client.right, client.bottom, TRUE);
+    }
+    ListWindow(const ListWindow&) = delete;
+    ListWindow& operator=(const ListWindow&) = delete;
+    ~ListWindow() {
+        DestroyWindow(frame_);
+        list = nullptr;
+        DeleteAppFonts();
+        device::Desktop::The().SwitchOff();
+    }
+
+    CEntryListView& List() { return list_; }
+    static void Paint() { device::Desktop::The().PaintInvalid(); }
+
+private:
+    BenchHost host_;
+    HWND frame_ = nullptr;
+    CEntryListView list_;
+};
+
+void LoadAlone(benchmark::State& state) {
+    MakeLog(static_cast<int>(state.range(0)));
+    CEntryFilter filter = Everything();
+    for ([[maybe_unused]] auto _ : state) {
+        CObjectListT<CEntry> entries;
+        benchmark::DoNotOptimize(theDataLayer.Load(&entries, &filter));
+    }
+}
+
+void RefreshEntryList(benchmark::State& state) {
+    MakeLog(static_cast<int>(state.range(0)));
+    theSettings.LastColSorted = 0;
+    CEntryFilter filter = Everything();
+    ListWindow window;
+    for ([[maybe_unused]] auto _ : state) {
+        window.List().Refresh(&filter);
+        ListWindow::Paint();
+    }
+}
+
+/// Sorting by turns forwards and backwards, so that no sort finds its work done.
+void SortEntryList(benchmark::State& state) {
+    MakeLog(static_cast<int>(state.range(0)));
+    CEntryFilter filter = Everything();
+    ListWindow window;
+    window.List().Refresh(&filter);
+    for ([[maybe_unused]] auto _ : state) {
+        theSettings.SortAscending = !theSettings.SortAscending;
+        window.List().SortRows(static_cast<int>(state.range(1)));
+    }
+    theSettings.SortAscending = 1;
+}
+
+/// The same order from keys that are made once: the description, lower-cased, beside the date.
+void SortReadyKeys(benchmark::State& state) {
+    MakeLog(static_cast<int>(state.range(0)));
+    CEntryFilter filter = Everything();
+    CObjectListT<CEntry> entries;
+    theDataLayer.Load(&entries, &filter);
+    for ([[maybe_unused]] auto _ : state) {
+        std::vector<std::pair<std::wstring, int>> keys;
+        for (int index = 0; index < entries.GetCount(); ++index)
+            keys.emplace_back(EntrySummaryText(entries.Get(index)), index);
+        std::stable_sort(
+            keys.begin(), keys.end(), [](const auto& first, const auto& second) { return first.first < second.first; });
+        benchmark::DoNotOptimize(keys.data());
+    }
+}
+
+void FullRepaint(benchmark::State& state) {
+    MakeLog(static_cast<int>(state.range(0)));
+    CEntryFilter filter = Everything();
+    ListWindow window;
+    window.List().Refresh(&filter);
+    for ([[maybe_unused]] auto _ : state) {
+        device::Desktop::The().InvalidateAll();
+        ListWindow::Paint();
+    }
+}
+
+/// From the start of a process to the answer of `boot`, with a log of 1,000 entries as the first screen.
+void ConsoleStart(benchmark::State& state, const BenchStorage* storage, const std::string& program) {
+    MakeLog(1000);
+    theDataLayer.Disconnect();
+    const std::string command = "HANDSET_STORAGE='" + std::string(storage->Folder()) + "' " + program + " > /dev/null";
+    const auto run = [&command](const char* input) {
+        FILE* console = popen(command.c_str(), "w");
+        std::fputs(input, console);
+        return pclose(console);
+    };
+    run("registry set LastActiveVehicle dword 1001\nregistry set UnitSetupMsgShown dword 1\n");
+    for ([[maybe_unused]] auto _ : state)
+        run("boot\n");
+}
+
+void Sizes(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Arg(1'000)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+}
+
+void SortSizes(benchmark::internal::Benchmark* benchmark) {
+    for (const int column : {0, 1, 2, 3})
+        benchmark->Args({100'000, column});
+    benchmark->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(LoadAlone)->Apply(Sizes);
+BENCHMARK(RefreshEntryList)->Apply(Sizes);
+BENCHMARK(SortEntryList)->Apply(SortSizes);
+BENCHMARK(SortReadyKeys)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(FullRepaint)->Arg(10)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    const BenchStorage storage;
+    const std::string program
+        = std::string(argv[0]).substr(0, std::string(argv[0]).rfind('/') + 1) + "odoledger-console";
+    benchmark::RegisterBenchmark("ConsoleStart", ConsoleStart, &storage, program)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime();
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
