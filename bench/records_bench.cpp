@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "records/data_layer.h"
 #include "records/entry_filter.h"
+#include "records/statements.h"
 #include "records/utf8.h"
 #include "stats/quick_stats.h"
 

@@ -326,15 +326,16 @@ bool WindowHost::NextEvent(InputEvent& event, bool wait) {
     window.isWoken = false;
     while (window.events.empty()) {
         SDL_Event native;
-        if (SDL_PollEvent(&native) != 0) {
-            window.Translate(native);
-        } else if (window.isResized) {
+        bool isThere = SDL_PollEvent(&native) != 0;
+        if (!isThere && window.isResized) {
             window.ApplyResize();
-        } else if (!wait || window.isWoken || !window.WaitForEvent(native)) {
-            return false;
-        } else {
-            window.Translate(native);
+            continue;
         }
+        if (!isThere && wait && !window.isWoken)
+            isThere = window.WaitForEvent(native);
+        if (!isThere)
+            return false;
+        window.Translate(native);
     }
     event = window.events.front();
     window.events.pop_front();
