@@ -16,6 +16,22 @@ namespace {
 constexpr int BadEnvironment = 2;
 constexpr int PowerLost = 3;
 
+// The program's settings are stored when its static objects die. Who is told of the end may read them at once, so the
+// telling comes last of all: what was registered before any static object was made runs after all of them are gone.
+int exitResult = 0;
+bool hasEnded = false;
+
+void TellExit() {
+    if (!hasEnded)
+        return;
+    std::printf("exit %d\n.\n", exitResult);
+    std::fflush(stdout);
+}
+
+[[gnu::constructor(101)]] void RegisterTellExit() {
+    std::atexit(TellExit);
+}
+
 } // namespace
 
 int main() {
@@ -31,6 +47,7 @@ int main() {
     device::Desktop::The().SwitchOn(host);
     const int result = WinMain(OdoledgerModule(), nullptr, nullptr, SW_SHOW);
     device::Desktop::The().SwitchOff();
-    host.TellExit(result);
+    exitResult = result;
+    hasEnded = true;
     return result & 0xFF;
 }

@@ -40,6 +40,15 @@ bool ParseCount(const std::string& text, long& count) {
     return true;
 }
 
+/// A command that stands alone.
+bool IsPlainQuery(const std::string& verb) {
+    for (const char* each : {"boot", "screen", "controls", "beeps", "events", "now", "files"}) {
+        if (verb == each)
+            return true;
+    }
+    return false;
+}
+
 bool MayComeBeforeBoot(const std::string& verb) {
     return verb == "registry" || verb == "clock" || verb == "now" || verb == "files";
 }
@@ -86,11 +95,6 @@ bool ConsoleHost::WaitForBoot() {
         Execute(line);
         Finish();
     }
-}
-
-void ConsoleHost::TellExit(int result) {
-    Answer("exit " + std::to_string(result));
-    Finish();
 }
 
 bool ConsoleHost::TakeQueued(InputEvent& event) {
@@ -170,7 +174,7 @@ bool ConsoleHost::ExecuteKey(const std::string& verb, const std::string& rest) {
     }
     long times = 1;
     if (space != std::string::npos
-        && (verb != "key" || !ParseCount(rest.substr(space + 1), times) || times > MostPresses)) {
+        && (verb != "key" || !ParseCount(rest.substr(space + 1), times) || times < 1 || times > MostPresses)) {
         Refuse("wrong number of presses");
         return false;
     }
@@ -220,7 +224,7 @@ void ConsoleHost::ExecuteQuery(const std::string& verb, const std::string& rest)
         return;
     }
     if (!rest.empty()) {
-        Refuse(verb + " takes nothing");
+        Refuse(IsPlainQuery(verb) ? verb + " takes nothing" : "unknown command");
         return;
     }
     if (verb == "screen") {

@@ -17,8 +17,6 @@ public:
 
     /// Answers the commands that may come before the program starts. True after `boot`, false at the end of input.
     bool WaitForBoot();
-    /// The program has ended: the last answer.
-    void TellExit(int result);
 
     bool NextEvent(InputEvent& event, bool wait) override;
     Canvas& Screen() override { return canvas_; }

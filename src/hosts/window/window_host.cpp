@@ -29,14 +29,28 @@ bool IsBlindDriver(std::string_view driver) {
     return driver == "dummy" || driver == "offscreen" || driver == "evdev";
 }
 
+constexpr const char* NoDisplay = "no display answers; start it inside a desktop session, or set DISPLAY to one";
+
+bool IsSet(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
 bool InitVideo(std::string& error) {
+    // Libraries below SDL complain on their own where there is nothing to connect to.
+    if (!IsSet("DISPLAY") && !IsSet("WAYLAND_DISPLAY") && !IsSet("SDL_VIDEODRIVER")) {
+        error = NoDisplay;
+        return false;
+    }
+    if (!IsSet("WAYLAND_DISPLAY") && !IsSet("SDL_VIDEODRIVER"))
+        SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
     SDL_SetMainReady();
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
-        error = std::string("No display: ") + SDL_GetError();
-    } else if (IsBlindDriver(SDL_GetCurrentVideoDriver()) && std::getenv("SDL_VIDEODRIVER") == nullptr) {
-        error = "No display";
+        error = std::string(NoDisplay) + " (" + SDL_GetError() + ")";
+    } else if (IsBlindDriver(SDL_GetCurrentVideoDriver()) && !IsSet("SDL_VIDEODRIVER")) {
+        error = NoDisplay;
         SDL_QuitSubSystem(SDL_INIT_VIDEO);
     } else {
         return true;

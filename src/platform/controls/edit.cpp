@@ -78,10 +78,20 @@ void Edit::Notify(UINT code) const {
         reinterpret_cast<LPARAM>(self));
 }
 
+// Where a single line scrolls to is settled once before it is painted, however much was typed until then: measuring it
+// anew for each character would make typing a long one quadratic.
 void Edit::Moved() {
-    Layout();
-    layout_.ShowCaret(text_.Caret());
+    caretMoved_ = true;
+    if (IsMultiline())
+        Settle();
     InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+void Edit::Settle() {
+    Layout();
+    if (caretMoved_)
+        layout_.ShowCaret(text_.Caret());
+    caretMoved_ = false;
 }
 
 void Edit::Changed() {
@@ -95,6 +105,7 @@ LRESULT Edit::SetText(const wchar_t* text) {
     goalX_ = -1;
     Layout();
     layout_.ScrollToStart();
+    caretMoved_ = false;
     InvalidateRect(Handle(), nullptr, TRUE);
     if (!IsMultiline())
         Notify(EN_CHANGE);
@@ -190,7 +201,7 @@ void Edit::Character(wchar_t character) {
 }
 
 void Edit::Click(LPARAM point, bool extend, bool word) {
-    Layout();
+    Settle();
     const auto packed = static_cast<std::uintptr_t>(point);
     const std::size_t index
         = layout_.IndexAt({static_cast<std::int16_t>(LOWORD(packed)), static_cast<std::int16_t>(HIWORD(packed))});
@@ -203,7 +214,7 @@ void Edit::Click(LPARAM point, bool extend, bool word) {
 }
 
 LRESULT Edit::Wheel(WPARAM wParam, LPARAM lParam) {
-    Layout();
+    Settle();
     // A text that shows as a whole leaves the wheel to the dialog around it.
     if (static_cast<int>(layout_.Lines().size()) <= layout_.LinesShown())
         return SendMessageW(GetParent(Handle()), WM_MOUSEWHEEL, wParam, lParam);
@@ -308,6 +319,7 @@ LRESULT Edit::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         Moved();
         return 0;
     case WM_ERASEBKGND:
+        Settle();
         return 1;
     case WM_PAINT:
         Paint(reinterpret_cast<HDC>(wParam)); // NOLINT(performance-no-int-to-ptr)

@@ -45,6 +45,7 @@ private:
     /// The caret moved or the text changed: brings the caret into view.
     void Moved();
     void Changed();
+    void Settle();
     bool FieldMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     LRESULT DialogCode(const MSG* pending) const;
     LRESULT SetText(const wchar_t* text);
@@ -62,6 +63,7 @@ private:
     EditLayout layout_;
     std::size_t limit_ = 0;
     bool numbersMode_ = false;
+    bool caretMoved_ = false; ///< the caret is to be brought into view before the next painting
     int goalX_ = -1; ///< where up and down aim at; below 0: at the caret
 };
 

@@ -88,12 +88,15 @@ void Desktop::RouteKey(const InputEvent& event) {
     const bool down = event.kind == InputEvent::Kind::KeyDown;
     Window* top = FindWindowRecord(active_);
     // A key belongs to the window that heard it go down: one half of a press never reaches another window.
+    const auto held = std::find_if(
+        keysDown_.begin(), keysDown_.end(), [&](const auto& each) { return each.first == event.key; });
     if (down) {
-        std::erase_if(keysDown_, [&](const auto& held) { return held.first == event.key; });
-        keysDown_.emplace_back(event.key, active_);
+        // So does its repetition while it is held.
+        if (held != keysDown_.end() && held->second != active_)
+            return;
+        if (held == keysDown_.end())
+            keysDown_.emplace_back(event.key, active_);
     } else {
-        const auto held = std::find_if(
-            keysDown_.begin(), keysDown_.end(), [&](const auto& each) { return each.first == event.key; });
         const bool own = held != keysDown_.end() && held->second == active_;
         if (held != keysDown_.end())
             keysDown_.erase(held);

@@ -18,6 +18,7 @@ namespace {
 
 constexpr const wchar_t* BoxClass = L"MessageBox";
 constexpr const wchar_t* DefaultCaption = L"Error";
+constexpr int IconSize = 32; // at 96 pixels per inch
 
 FontDescription BoxFont() {
     return DeviceFont(10, false);
@@ -55,11 +56,17 @@ private:
     void Answer(int id) { EndDialog(Handle(), id); }
     void Command(int id, LPARAM sender);
     void Paint(HDC context);
+    void Scroll(int step);
+    void PaintFrame(Canvas& canvas, const RECT& place) override;
 
     UINT style_ = 0;
     UINT picture_ = 0;
+    bool hasIcon_ = false;
     HFONT font_ = nullptr;
     HWND text_ = nullptr;
+    int textHeight_ = 0;
+    int room_ = 0; ///< what shows of the text
+    int scroll_ = 0;
 };
 
 void MessagePanel::Layout() {
@@ -69,16 +76,32 @@ void MessagePanel::Layout() {
         return;
     const RECT area = Desktop::The().WorkArea();
     const int padding = Scaled(10);
-    const int icon = picture_ != 0 ? Scaled(32) : 0;
+    // On a very narrow screen the text needs the icon's place.
+    hasIcon_ = picture_ != 0 && area.right - area.left > Scaled(5 * IconSize);
+    const int icon = hasIcon_ ? Scaled(IconSize) : 0;
     const int left = padding + (icon > 0 ? icon + padding : 0);
     const int width = std::max(1, static_cast<int>(area.right - area.left) - left - padding);
     TextMeasurer& measurer = Desktop::The().Screen().Measurer();
     const auto lines = BreakLines(measurer, BoxFont(), child->text, width);
-    const int textHeight = static_cast<int>(lines.size()) * measurer.Metrics(BoxFont()).Height();
-    const LONG height = std::min<LONG>(std::max(icon, textHeight) + (2 * padding), area.bottom - area.top);
+    textHeight_ = static_cast<int>(lines.size()) * measurer.Metrics(BoxFont()).Height();
+    const LONG height = std::min<LONG>(std::max(icon, textHeight_) + (2 * padding), area.bottom - area.top);
+    room_ = std::max(0, static_cast<int>(height) - (2 * padding));
+    scroll_ = std::clamp(scroll_, 0, std::max(0, textHeight_ - room_));
     window->place = {area.left, area.bottom - height, area.right, area.bottom};
-    MoveWindow(text_, left, padding + std::max(0, (icon - textHeight) / 2), width, textHeight, TRUE);
+    MoveWindow(text_, left, padding + std::max(0, (icon - textHeight_) / 2) - scroll_, width, textHeight_, TRUE);
     Desktop::The().InvalidateAll();
+}
+
+void MessagePanel::Scroll(int step) {
+    scroll_ += step * Desktop::The().Screen().Measurer().Metrics(BoxFont()).Height();
+    Layout();
+}
+
+void MessagePanel::PaintFrame(Canvas& canvas, const RECT& place) {
+    const int width = GetSystemMetrics(SM_CXVSCROLL);
+    if (textHeight_ > room_)
+        PaintScrollBar(canvas, {place.right - width, place.top + Scaled(3), place.right, place.bottom}, textHeight_,
+            std::max(1, room_), scroll_);
 }
 
 void MessagePanel::Command(int id, LPARAM sender) {
@@ -99,10 +122,10 @@ void MessagePanel::Paint(HDC context) {
     canvas.SetMarks(ContextMarks(context));
     canvas.Fill(ToCanvas(context, client), GetSysColor(COLOR_WINDOW));
     canvas.Fill(ToCanvas(context, RECT{0, 0, client.right, Scaled(3)}), GetSysColor(COLOR_HIGHLIGHT));
-    if (picture_ == 0)
+    if (!hasIcon_)
         return;
     const int padding = Scaled(10);
-    const RECT place{padding, padding, padding + Scaled(32), padding + Scaled(32)};
+    const RECT place{padding, padding, padding + Scaled(IconSize), padding + Scaled(IconSize)};
     canvas.DrawPicture(ToCanvas(context, place), FindPicture(nullptr, picture_));
 }
 
@@ -114,6 +137,11 @@ LRESULT MessagePanel::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KEYDOWN:
         if (wParam == VK_RETURN && HasOneButton())
             Answer(IDOK);
+        else if (wParam == VK_UP || wParam == VK_DOWN)
+            Scroll(wParam == VK_UP ? -1 : 1);
+        return 0;
+    case WM_MOUSEWHEEL:
+        Scroll(-static_cast<std::int16_t>(HIWORD(wParam)));
         return 0;
     case WM_SETTINGCHANGE:
         Layout();
