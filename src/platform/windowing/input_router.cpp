@@ -88,8 +88,8 @@ void Desktop::RouteKey(const InputEvent& event) {
     const bool down = event.kind == InputEvent::Kind::KeyDown;
     Window* top = FindWindowRecord(active_);
     // A key belongs to the window that heard it go down: one half of a press never reaches another window.
-    const auto held = std::find_if(
-        keysDown_.begin(), keysDown_.end(), [&](const auto& each) { return each.first == event.key; });
+    const auto held
+        = std::find_if(keysDown_.begin(), keysDown_.end(), [&](const auto& each) { return each.first == event.key; });
     if (down) {
         // So does its repetition while it is held.
         if (held != keysDown_.end() && held->second != active_)
