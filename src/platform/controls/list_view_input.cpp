@@ -1,0 +1,90 @@
+#include "platform/controls/list_view.h"
+
+#include "platform/dialog.h"
+#include "platform/input.h"
+#include "platform/windowing/desktop.h"
+
+#include <algorithm>
+
+namespace device {
+
+// Keys and the mouse
+
+void ListView::SendNotification(INT code) {
+    NMHDR note{Handle(), static_cast<UINT>(GetDlgCtrlID(Handle())), code};
+    SendMessageW(GetParent(Handle()), WM_NOTIFY, note.idFrom, reinterpret_cast<LPARAM>(&note));
+}
+
+void ListView::SendKeyNotification(WORD key) {
+    NMLVKEYDOWN note;
+    note.hdr = {Handle(), static_cast<UINT>(GetDlgCtrlID(Handle())), LVN_KEYDOWN};
+    note.wVKey = key;
+    SendMessageW(GetParent(Handle()), WM_NOTIFY, note.hdr.idFrom, reinterpret_cast<LPARAM>(&note));
+}
+
+void ListView::KeyDown(WORD key) {
+    const unsigned modifiers = Desktop::The().Modifiers();
+    if (key == VK_RETURN && (modifiers & MOD_SHIFT) != 0) {
+        rows_.ToggleFocused();
+        InvalidateRect(Handle(), nullptr, FALSE);
+        return;
+    }
+    const HWND self = Handle();
+    SendKeyNotification(key);
+    if (!IsWindow(self))
+        return;
+    if (key == L'A' && (modifiers & MOD_CONTROL) != 0)
+        rows_.SelectAll();
+    else
+        MoveKey(key);
+    InvalidateRect(self, nullptr, FALSE);
+}
+
+void ListView::MoveKey(WORD key) {
+    const unsigned modifiers = Desktop::The().Modifiers();
+    const auto move = (modifiers & MOD_SHIFT) != 0 ? ListViewRows::Move::Extend
+        : (modifiers & MOD_CONTROL) != 0           ? ListViewRows::Move::Alone
+                                                   : ListViewRows::Move::Select;
+    const int page = std::max(1, RowsShown() - 1);
+    switch (key) {
+    case VK_UP:
+        rows_.MoveBy(-1, move);
+        break;
+    case VK_DOWN:
+        rows_.MoveBy(1, move);
+        break;
+    case VK_PRIOR:
+        rows_.MoveBy(-page, move);
+        break;
+    case VK_NEXT:
+        rows_.MoveBy(page, move);
+        break;
+    case VK_HOME:
+        rows_.MoveTo(0, move);
+        break;
+    case VK_END:
+        rows_.MoveTo(rows_.Count() - 1, move);
+        break;
+    default:
+        return;
+    }
+    rows_.EnsureVisible(rows_.Focused(), RowsShown());
+}
+
+void ListView::Click(WPARAM keys, LPARAM point) {
+    const int row = RowAt(point);
+    if (!rows_.Has(row))
+        return;
+    if ((keys & MK_CONTROL) != 0) {
+        rows_.MoveTo(row, ListViewRows::Move::Alone);
+        if (!HasStyle(LVS_SINGLESEL))
+            rows_.ToggleFocused();
+    } else {
+        rows_.MoveTo(row, (keys & MK_SHIFT) != 0 ? ListViewRows::Move::Extend : ListViewRows::Move::Select);
+    }
+    rows_.EnsureVisible(row, RowsShown());
+    InvalidateRect(Handle(), nullptr, FALSE);
+    SendNotification(NM_CLICK);
+}
+
+} // namespace device
