@@ -2,7 +2,6 @@
 
 #include "forms/form_templates.h"
 #include "forms/last_price.h"
-#include "forms/pick_keyword.h"
 #include "resources/ids.h"
 #include "shell/common/app_settings.h"
 #include "shell/common/load_text.h"
@@ -77,10 +76,6 @@ bool CDlgFuelEntry::OnCommand(UINT id, UINT code, HWND sender) {
         return CFormFrame::OnCommand(id, code, sender);
     Calculate();
     return true;
-}
-
-int CDlgFuelEntry::KeywordType() const {
-    return CKeyword::KeywordFuelVendor;
 }
 
 void CDlgFuelEntry::Calculate() {

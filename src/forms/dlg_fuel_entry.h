@@ -28,7 +28,7 @@ protected:
     void OnDateShown() override;
     bool AcceptFields() override;
     bool OnCommand(UINT id, UINT code, HWND sender) override;
-    int KeywordType() const override;
+    CKeyword::Type KeywordType() const override { return CKeyword::KeywordFuelVendor; }
 
 private:
     void Calculate();

@@ -2,7 +2,6 @@
 
 #include "forms/form_templates.h"
 #include "resources/ids.h"
-#include "shell/messages/show_message.h"
 
 namespace {
 
@@ -44,9 +43,5 @@ bool CDlgVehicle::ExchangeFields(bool save) {
 }
 
 bool CDlgVehicle::AcceptFields() {
-    if (!Name.empty())
-        return true;
-    ShowMessage(GetHandle(), strings::NameRequired, strings::AppName, messages::NoticeStyle);
-    FocusControl(controls::FirstText, false);
-    return false;
+    return RequireText(Name, controls::FirstText, strings::NameRequired, strings::AppName);
 }

@@ -1,9 +1,11 @@
 #include "forms/form_frame.h"
 
 #include "forms/dialog_helpers.h"
+#include "forms/pick_keyword.h"
 #include "platform/input.h"
 #include "platform/time.h"
 #include "resources/ids.h"
+#include "shell/messages/show_message.h"
 
 CFormFrame::CFormFrame(const FormDescription& description)
     : description_(description) {
@@ -106,8 +108,20 @@ void CFormFrame::ReadDate() {
         SystemTimeToVariantTime(&time, &DateField());
 }
 
-void CFormFrame::SelectKeyword() {
-    // There are no keyword lists yet: the field is typed into.
+void CFormFrame::SelectKeyword() const {
+    std::wstring text;
+    if (description_.keywordField == 0 || !PickKeyword(KeywordType(), text))
+        return;
+    SetDlgItemTextW(GetHandle(), static_cast<int>(description_.keywordField), text.c_str());
+    FocusControl(description_.keywordField, false);
+}
+
+bool CFormFrame::RequireText(const std::wstring& text, UINT id, UINT message, UINT caption) const {
+    if (!text.empty())
+        return true;
+    ShowMessage(GetHandle(), message, caption, messages::NoticeStyle);
+    FocusControl(id, false);
+    return false;
 }
 
 void CFormFrame::FocusControl(UINT id, bool selectAll) const {

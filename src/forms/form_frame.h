@@ -1,8 +1,10 @@
 #pragma once
 
 #include "platform/window_object.h"
+#include "records/keyword.h"
 
 #include <span>
+#include <string>
 
 /// What a form is made of, beyond its fields: constant data of the form's class.
 struct FormDescription {
@@ -44,13 +46,15 @@ protected:
     virtual bool AcceptFields() { return true; }
     /// A command or a notification (`code` not 0) of a control. False for one that is not the form's.
     virtual bool OnCommand(UINT id, UINT code, HWND sender);
-    /// CKeyword::Type of the list behind the keyword field.
-    virtual int KeywordType() const { return 0; }
+    /// The list behind the keyword field.
+    virtual CKeyword::Type KeywordType() const { return {}; }
 
     /// Ends the form with 1 when the save pass and the rules hold.
     void OnDone();
-    /// Lets the user pick the text of the keyword field.
-    void SelectKeyword();
+    /// Lets the user pick the text of the keyword field; what the other fields hold stays.
+    void SelectKeyword() const;
+    /// The rule that `text` is not empty: else a message (string ids) and the focus to its control, and false.
+    bool RequireText(const std::wstring& text, UINT id, UINT message, UINT caption) const;
     /// Moves the focus to a control; with `selectAll` all its text is selected.
     void FocusControl(UINT id, bool selectAll) const;
 
@@ -74,7 +78,7 @@ private:
     void ShowDate();
     void ReadDate();
 
-    const FormDescription& description_;
+    const FormDescription description_;
     CKeywordField keyword_{*this};
     HWND datePicker_ = nullptr; ///< kept from the opening on
 };

@@ -21,12 +21,14 @@ constexpr Kind Label{L"STATIC", WS_CHILD | WS_VISIBLE | GroupStart};
 constexpr Kind Date{L"SysDateTimePick32", FieldStyle};
 constexpr Kind Digits{L"EDIT", FieldStyle | ES_AUTOHSCROLL | ES_NUMBER};
 constexpr Kind Text{L"EDIT", FieldStyle | ES_AUTOHSCROLL};
+constexpr Kind ReadOnly{L"EDIT", FieldStyle | ES_AUTOHSCROLL | ES_READONLY};
 constexpr Kind Capitals{L"EDIT", FieldStyle | ES_AUTOHSCROLL | ES_UPPERCASE};
 constexpr Kind LongText{L"EDIT", FieldStyle | ES_AUTOHSCROLL | ES_MULTILINE};
 constexpr Kind Spin{L"msctls_updown32", SpinOfLongText};
 
 static_assert(FormStyle == 0x80E80040 && Digits.style == 0x50012080 && LongText.style == 0x50010084);
-static_assert(Capitals.style == 0x50010088 && Label.style == 0x50020000 && Spin.style == 0x50000614);
+static_assert(Capitals.style == 0x50010088 && ReadOnly.style == 0x50010880 && Label.style == 0x50020000
+    && Spin.style == 0x50000614);
 
 // Dialog units.
 constexpr int Margin = 3;
@@ -75,6 +77,66 @@ constexpr DialogItemTemplate FuelItems[] = {
     SpinAt(6, FuelWidth, controls::NotesSpin),
 };
 
+constexpr int RepairWidth = 115;
+
+constexpr DialogItemTemplate RepairItems[] = {
+    LabelAt(0, RepairWidth, LabelId(0), L"Date:"),
+    FieldAt(0, RepairWidth, controls::Date, Date),
+    LabelAt(1, RepairWidth, LabelId(1), L"Odometer:"),
+    FieldAt(1, RepairWidth, controls::Odometer, Digits),
+    LabelAt(2, RepairWidth, LabelId(2), L"Description:"),
+    FieldAt(2, RepairWidth, controls::FirstText, Text),
+    LabelAt(3, RepairWidth, LabelId(3), L"Location/Vendor:"),
+    FieldAt(3, RepairWidth, controls::Vendor, Text),
+    LabelAt(4, RepairWidth, LabelId(4), L"Amount paid:"),
+    FieldAt(4, RepairWidth, controls::Money, Text),
+    LabelAt(5, RepairWidth, LabelId(5), L"Notes"), // without a colon, in this form alone
+    FieldAt(5, RepairWidth, controls::Notes, LongText),
+    SpinAt(5, RepairWidth, controls::NotesSpin),
+};
+
+constexpr int ExpenseWidth = 119;
+
+constexpr DialogItemTemplate ExpenseItems[] = {
+    LabelAt(0, ExpenseWidth, LabelId(0), L"Date:"),
+    FieldAt(0, ExpenseWidth, controls::Date, Date),
+    LabelAt(1, ExpenseWidth, LabelId(1), L"Odometer:"),
+    FieldAt(1, ExpenseWidth, controls::Odometer, Digits),
+    LabelAt(2, ExpenseWidth, LabelId(2), L"Description:"),
+    FieldAt(2, ExpenseWidth, controls::FirstText, Text),
+    LabelAt(3, ExpenseWidth, LabelId(3), L"Vendor:"),
+    FieldAt(3, ExpenseWidth, controls::Vendor, Text),
+    LabelAt(4, ExpenseWidth, LabelId(4), L"Amt. paid:"),
+    FieldAt(4, ExpenseWidth, controls::Money, Text),
+    LabelAt(5, ExpenseWidth, LabelId(5), L"Notes:"),
+    FieldAt(5, ExpenseWidth, controls::Notes, LongText),
+    SpinAt(5, ExpenseWidth, controls::NotesSpin),
+};
+
+constexpr int TripWidth = 115;
+
+constexpr DialogItemTemplate TripItems[] = {
+    LabelAt(0, TripWidth, LabelId(0), L"Date:"),
+    FieldAt(0, TripWidth, controls::Date, Date),
+    LabelAt(1, TripWidth, LabelId(1), L"Description/purpose:"),
+    FieldAt(1, TripWidth, controls::FirstText, Text),
+    LabelAt(2, TripWidth, LabelId(2), L"Start odometer:"),
+    FieldAt(2, TripWidth, controls::StartOdometer, Digits),
+    LabelAt(3, TripWidth, LabelId(3), L"End odometer:"),
+    FieldAt(3, TripWidth, controls::EndOdometer, Digits),
+    LabelAt(4, TripWidth, LabelId(4), L"Elapsed distance:"),
+    FieldAt(4, TripWidth, controls::ElapsedDistance, Digits),
+    LabelAt(5, TripWidth, LabelId(5), L"Mileage rate:"),
+    FieldAt(5, TripWidth, controls::TripMileageRate, ReadOnly),
+    LabelAt(6, TripWidth, LabelId(6), L"Total cost:"),
+    FieldAt(6, TripWidth, controls::Money, Text),
+    LabelAt(7, TripWidth, LabelId(7), L"Category:"),
+    FieldAt(7, TripWidth, controls::Category, Text),
+    LabelAt(8, TripWidth, LabelId(8), L"Notes:"),
+    FieldAt(8, TripWidth, controls::Notes, LongText),
+    SpinAt(8, TripWidth, controls::NotesSpin),
+};
+
 constexpr int VehicleWidth = 119;
 
 constexpr DialogItemTemplate VehicleItems[] = {
@@ -119,6 +181,9 @@ constexpr int FormFontPoints = 8;
 namespace templates {
 
 constexpr DLGTEMPLATE FuelEntry{FormStyle, FuelWidth, 179, L"Fuel Entry", FormFont, FormFontPoints, FuelItems};
+constexpr DLGTEMPLATE Repair{FormStyle, RepairWidth, 154, L"Repair", FormFont, FormFontPoints, RepairItems};
+constexpr DLGTEMPLATE Expense{FormStyle, ExpenseWidth, 153, L"Expense", FormFont, FormFontPoints, ExpenseItems};
+constexpr DLGTEMPLATE Trip{FormStyle, TripWidth, 226, L"Trip", FormFont, FormFontPoints, TripItems};
 constexpr DLGTEMPLATE Vehicle{
     FormStyle, VehicleWidth, 350, L"Vehicle Properties", FormFont, FormFontPoints, VehicleItems};
 

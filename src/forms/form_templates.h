@@ -6,5 +6,8 @@
 /// screen; the dialog manager scrolls them.
 namespace templates {
 extern const DLGTEMPLATE FuelEntry;
+extern const DLGTEMPLATE Repair;
+extern const DLGTEMPLATE Expense;
+extern const DLGTEMPLATE Trip;
 extern const DLGTEMPLATE Vehicle;
 } // namespace templates

@@ -4,6 +4,6 @@
 
 #include <string>
 
-/// Lets the user pick from a keyword list; true when `text` was replaced by the choice. A form's keyword field will ask
-/// for it once the lists are there; until then nobody does.
+/// Lets the user pick from a keyword list, and change the list, over the active window. True when `text` was replaced
+/// by the choice; false on Cancel, whatever happened to the list.
 bool PickKeyword(CKeyword::Type type, std::wstring& text);

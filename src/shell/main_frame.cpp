@@ -6,6 +6,11 @@
 #include "platform/input.h"
 #include "platform/list_view.h"
 #include "platform/resources.h"
+#include "prefs/about_dlg.h"
+#include "prefs/dlg_options.h"
+#include "prefs/pick_date_range.h"
+#include "reminders/due_reminders.h"
+#include "reminders/reminder_commands.h"
 #include "resources/ids.h"
 #include "shell/common/app_settings.h"
 #include "shell/common/load_text.h"
@@ -186,6 +191,18 @@ void CMainFrame::OnCommand(UINT command) {
     case commands::QuickStats:
         QuickStatsCommand();
         break;
+    case commands::Options:
+        OptionsCommand();
+        break;
+    case commands::About:
+        CAboutDlg().DoModal();
+        break;
+    case commands::NewReminder:
+        NewReminderCommand();
+        break;
+    case commands::ManageReminders:
+        ManageRemindersCommand();
+        break;
     case commands::SelectVehicle:
         SelectVehicleCommand();
         break;
@@ -285,6 +302,8 @@ void CMainFrame::ActivateVehicle(CVehicle* vehicle) {
     theSettings.LastActiveVehicle = vehicle->GetRefID();
     theSettings.ActiveVehicleOdometer = vehicle->GetCurrentOdometer();
     ShowView(controls::EntryList);
+    // Last of all: the user has the vehicle's log behind a reminder.
+    CheckDueReminders(vehicle);
 }
 
 void CMainFrame::UpdateOdometer() {
@@ -299,6 +318,7 @@ void CMainFrame::UpdateOdometer() {
     if (!theDataLayer.UpdateCurrentOdometer(vehicle, highest))
         return;
     theSettings.ActiveVehicleOdometer = highest;
+    CheckDueReminders(vehicle);
 }
 
 // View commands
@@ -333,15 +353,41 @@ void CMainFrame::QuickStatsCommand() {
     dialog.DoModal();
 }
 
+void CMainFrame::OptionsCommand() {
+    const int formerTextSize = theSettings.TextSize;
+    if (CDlgOptions().DoModal() == commands::Cancel)
+        return;
+    theSettings.SaveSettings();
+    if (theSettings.TextSize != formerTextSize) {
+        CreateAppFonts();
+        for (const HWND list : {vehicleList_.GetHandle(), entryList_.GetHandle()})
+            SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(static_cast<HFONT>(BoldTextFont)), TRUE);
+        entryList_.RemeasureRows();
+    }
+    if (!IsVehicleListVisible())
+        entryList_.Refresh(&filter_);
+}
+
+void CMainFrame::NewReminderCommand() {
+    if (theSettings.LastActiveVehicle != 0)
+        NewReminder(vehicleList_.GetSelectedVehicle());
+}
+
+void CMainFrame::ManageRemindersCommand() {
+    CVehicle* vehicle = vehicleList_.GetSelectedVehicle();
+    if (theSettings.LastActiveVehicle != 0 && vehicle)
+        ManageReminders(vehicle);
+}
+
 void CMainFrame::SelectVehicleCommand() {
     if (!IsVehicleListVisible())
         ShowView(controls::VehicleList);
 }
 
 void CMainFrame::EntryDateRangeCommand(UINT command) {
-    if (command == commands::CustomDates)
-        return;
     const int type = FindCommand(DateRangeCommands, command)->value;
+    if (type == CEntryFilter::DateRangeCustom && !PickCustomDates(&filter_))
+        return;
     theSettings.ViewDateRangeType = type;
     filter_.SetDateRangeType(static_cast<CEntryFilter::DateRangeType>(type));
     entryList_.Refresh(&filter_);

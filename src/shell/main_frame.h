@@ -51,6 +51,9 @@ private:
     void EntryTypeCommand(UINT command);
     void EntryDateRangeCommand(UINT command);
     void QuickStatsCommand();
+    void OptionsCommand();
+    void NewReminderCommand();
+    void ManageRemindersCommand();
     void SelectVehicleCommand();
     void MarkEntryType();
     void MarkDateRange();

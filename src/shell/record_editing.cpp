@@ -1,12 +1,16 @@
 #include "shell/record_editing.h"
 
+#include "forms/dlg_expense.h"
 #include "forms/dlg_fuel_entry.h"
+#include "forms/dlg_repair.h"
+#include "forms/dlg_trip.h"
 #include "forms/dlg_vehicle.h"
 #include "platform/dialog.h"
 #include "platform/wait_cursor.h"
 #include "records/data_layer.h"
 #include "resources/ids.h"
 #include "shell/messages/show_message.h"
+#include "units/number_text.h"
 
 namespace {
 
@@ -43,6 +47,72 @@ int EditFuelEntry(CEntry* entry) {
     entry->SetVendor(form.Vendor.c_str());
     entry->SetNotes(form.Notes.c_str());
     return 1;
+}
+
+/// Repairs and other expenses keep the same values; only their forms differ.
+template <typename Form> int EditPaidEntry(CEntry* entry) {
+    Form form;
+    form.Date = entry->GetDate();
+    form.Odometer = entry->GetOdometer();
+    form.Amount = entry->GetAmount();
+    form.Vendor = TextOf(entry->GetVendor());
+    form.Description = TextOf(entry->GetName());
+    form.Notes = TextOf(entry->GetNotes());
+    if (form.DoModal() != commands::Done)
+        return 0;
+    entry->SetDate(form.Date);
+    entry->SetOdometer(form.Odometer);
+    entry->SetAmount(form.Amount);
+    entry->SetVendor(form.Vendor.c_str());
+    entry->SetName(form.Description.c_str());
+    entry->SetNotes(form.Notes.c_str());
+    return 1;
+}
+
+int EditRepairEntry(CEntry* entry) {
+    return EditPaidEntry<CDlgRepair>(entry);
+}
+
+int EditExpenseEntry(CEntry* entry) {
+    return EditPaidEntry<CDlgExpense>(entry);
+}
+
+int EditTripEntry(CEntry* entry) {
+    CDlgTrip form;
+    form.Date = entry->GetDate();
+    form.Description = TextOf(entry->GetName());
+    form.StartOdometer = WholeNumber(entry->GetCustom1());
+    form.EndOdometer = WholeNumber(entry->GetCustom2());
+    form.Category = TextOf(entry->GetVendor());
+    form.TotalCost = entry->GetAmount();
+    form.Notes = TextOf(entry->GetNotes());
+    if (form.DoModal() != commands::Done)
+        return 0;
+    entry->SetDate(form.Date);
+    entry->SetName(form.Description.c_str());
+    entry->SetOdometer(form.EndOdometer);
+    entry->SetCustom1(static_cast<float>(form.StartOdometer));
+    entry->SetCustom2(static_cast<float>(form.EndOdometer));
+    entry->SetVendor(form.Category.c_str());
+    entry->SetAmount(form.TotalCost);
+    entry->SetNotes(form.Notes.c_str());
+    return 1;
+}
+
+/// The form of the entry's kind; 0 also for a kind that has none.
+int RunEntryForm(CEntry* entry) {
+    switch (entry->GetType()) {
+    case CEntry::EntryTypeFuel:
+        return EditFuelEntry(entry);
+    case CEntry::EntryTypeRepair:
+        return EditRepairEntry(entry);
+    case CEntry::EntryTypeTrip:
+        return EditTripEntry(entry);
+    case CEntry::EntryTypeExpense:
+        return EditExpenseEntry(entry);
+    default:
+        return 0;
+    }
 }
 
 } // namespace
@@ -83,10 +153,7 @@ int EditVehicle(CVehicle* vehicle) {
 }
 
 int EditEntry(CEntry* entry) {
-    int done = 0;
-    if (entry->GetType() == CEntry::EntryTypeFuel)
-        done = EditFuelEntry(entry);
-    return done ? SaveIfDirty(entry) : 0;
+    return RunEntryForm(entry) ? SaveIfDirty(entry) : 0;
 }
 
 int DeleteVehicle(CVehicle* vehicle) {

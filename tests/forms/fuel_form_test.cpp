@@ -128,14 +128,11 @@ TEST_F(FuelFormTest, DatesBeyondTheCalendarAndLongNumbers) {
 }
 
 TEST_F(FuelFormTest, ActionEndsNothing) {
-    EXPECT_EQ(Run(form,
-                  {Press({VK_RETURN}), Focus(FirstText), Press({VK_RETURN}),
-                      [&] {
-                          EXPECT_EQ(FocusedId(), FirstText);
-                          EXPECT_EQ(SendMessageW(Item(FirstText), WM_GETDLGCODE, 0, 0), DLGC_WANTTAB);
-                      },
-                      Focus(Money), Press({VK_RETURN}), [&] { SendMessageW(Form(), WM_COMMAND, commands::Done, 0); },
-                      Done()}),
+    EXPECT_EQ(
+        Run(form,
+            {Press({VK_RETURN}), [&] { EXPECT_EQ(SendMessageW(Item(FirstText), WM_GETDLGCODE, 0, 0), DLGC_WANTTAB); },
+                Focus(Money), Press({VK_RETURN}), [&] { SendMessageW(Form(), WM_COMMAND, commands::Done, 0); },
+                Done()}),
         1);
 }
 

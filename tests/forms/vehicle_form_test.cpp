@@ -1,7 +1,10 @@
 #include "form_fixture.h"
 
 #include "forms/dialog_helpers.h"
+#include "forms/dlg_expense.h"
 #include "forms/dlg_fuel_entry.h"
+#include "forms/dlg_repair.h"
+#include "forms/dlg_trip.h"
 #include "forms/dlg_vehicle.h"
 #include "platform/metrics.h"
 
@@ -93,7 +96,7 @@ TEST_F(VehicleFormTest, DownWalksTheFormsFromTopToBottom) {
         }
         script.emplace_back([&, this] {
             EXPECT_EQ(FocusedId(), order.front()) << "from the last to the first";
-            SendMessageW(Form(), WM_COMMAND, commands::Cancel, 0);
+            SendMessageW(Form(), WM_COMMAND, commands::Cancel, reinterpret_cast<LPARAM>(Form()));
             PostMessageW(Form(), WM_NULL, 0, 0);
         });
         Run(walked, script);
@@ -104,6 +107,12 @@ TEST_F(VehicleFormTest, DownWalksTheFormsFromTopToBottom) {
             DealerPhone, DealerAddress, Notes});
     CDlgFuelEntry fuel;
     walk(fuel, {Date, Odometer, Volume, UnitPrice, Money, FirstText, Notes});
+    CDlgRepair repair;
+    walk(repair, {Date, Odometer, FirstText, Vendor, Money, Notes});
+    CDlgExpense expense;
+    walk(expense, {Date, Odometer, FirstText, Vendor, Money, Notes});
+    CDlgTrip trip;
+    walk(trip, {Date, FirstText, StartOdometer, EndOdometer, ElapsedDistance, TripMileageRate, Money, Category, Notes});
 }
 
 TEST_F(VehicleFormTest, ControlsFollowTheScreensWidth) {

@@ -64,6 +64,8 @@ struct PangoTextMeasurer::Font {
     explicit Font(const std::wstring& face)
         : description(pango_font_description_new()) {
         pango_font_description_set_family(description, Utf8Face(face).c_str());
+        // A small screen wants a narrow face; where there is none the face's own width serves.
+        pango_font_description_set_stretch(description, PANGO_STRETCH_CONDENSED);
     }
     ~Font() { pango_font_description_free(description); }
     Font(const Font&) = delete;

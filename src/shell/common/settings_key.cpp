@@ -2,6 +2,7 @@
 
 #include "shell/common/app_settings.h"
 
+#include <cmath>
 #include <cstring>
 #include <cwchar>
 
@@ -43,7 +44,10 @@ void CSettingsKey::Read(const wchar_t* name, ULONG* value) const {
 
 void CSettingsKey::Read(const wchar_t* name, float* value) const {
     static_assert(sizeof *value == sizeof(DWORD));
-    ReadBytes(name, REG_BINARY, value, sizeof *value);
+    float found = 0.0F;
+    // What is no number would spoil every sum, and no field could take it back: it counts as missing.
+    if (ReadBytes(name, REG_BINARY, &found, sizeof found) && std::isfinite(found))
+        *value = found;
 }
 
 void CSettingsKey::ReadText(const wchar_t* name, wchar_t* text, DWORD capacity) const {

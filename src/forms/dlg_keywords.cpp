@@ -1,0 +1,221 @@
+#include "forms/dlg_keywords.h"
+
+#include "forms/dialog_helpers.h"
+#include "forms/dlg_keywords_add.h"
+#include "records/data_layer.h"
+#include "resources/ids.h"
+#include "shell/common/load_text.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace {
+
+constexpr DWORD PlainRowHeights = 0x100; // a row may show in part, so that the list fills the screen
+constexpr DWORD ListStyle = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | PlainRowHeights | LBS_SORT | LBS_NOTIFY;
+static_assert(ListStyle == 0x50210103);
+
+constexpr DialogItemTemplate Items[] = {
+    {L"LISTBOX", ListStyle, 0, 0, 115, 154, controls::List, L""},
+};
+
+constexpr DLGTEMPLATE Template{
+    WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_SETFONT, 115, 154, L"#", L"MS Shell Dlg", 8, Items};
+
+/// What the shell keeps about a dialog while its input panel comes and goes.
+struct ShellRecord {
+    DWORD size = 12;
+    DWORD lastFocus = 0;
+    DWORD panelState = 0;
+};
+static_assert(sizeof(ShellRecord) == 12);
+
+constexpr WPARAM InputPanelSetting = 224;
+
+LPARAM AsParameter(const std::wstring& text) {
+    return reinterpret_cast<LPARAM>(text.c_str());
+}
+
+} // namespace
+
+LPCDLGTEMPLATEW CDlgKeywords::GetTemplate() const {
+    return &Template;
+}
+
+bool CDlgKeywords::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/, LRESULT& /*result*/) {
+    switch (message) {
+    case WM_INITDIALOG:
+        OnInitDialog();
+        return true;
+    case WM_SIZE:
+        FitControlToClient(GetHandle(), controls::List, 0);
+        return true;
+    case WM_COMMAND:
+        return OnCommand(LOWORD(wParam));
+    default:
+        return false;
+    }
+}
+
+void CDlgKeywords::OnInitDialog() {
+    const HWND dialog = GetHandle();
+    CreateSoftKeyBar(dialog, menus::Keywords, true, false);
+    ApplyLabelFont(dialog);
+    InitFullScreen(dialog);
+    list_ = GetDlgItem(dialog, controls::List);
+    ShowTitle();
+    LoadList();
+    SelectItem(0);
+    ShellRecord record;
+    SHHandleWMSettingChange(dialog, InputPanelSetting, 0, &record);
+}
+
+bool CDlgKeywords::OnCommand(UINT command) {
+    switch (command) {
+    case commands::Done:
+    case commands::Cancel:
+        OnDone(command);
+        return true;
+    case commands::AddKeyword:
+        AddKeyword();
+        return true;
+    case commands::EditKeyword:
+        EditKeyword();
+        return true;
+    case commands::DeleteKeyword:
+        DeleteKeyword();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void CDlgKeywords::ShowTitle() const {
+    UINT title = 0;
+    switch (KeywordType) {
+    case CKeyword::KeywordTripCategory:
+        title = strings::TripCategories;
+        break;
+    case CKeyword::KeywordRepair:
+        title = strings::RepairKeywords;
+        break;
+    case CKeyword::KeywordExpense:
+        title = strings::ExpenseKeywords;
+        break;
+    case CKeyword::KeywordFuelVendor:
+        title = strings::FuelVendors;
+        break;
+    default:
+        return;
+    }
+    SetWindowTextW(GetHandle(), LoadText(title).c_str());
+}
+
+void CDlgKeywords::LoadList() const {
+    SendList(LB_RESETCONTENT);
+    CObjectListT<CKeyword> keywords;
+    if (!theDataLayer.Load(&keywords, KeywordType))
+        return;
+    for (int index = 0; index < keywords.GetCount(); ++index)
+        AddItem(*keywords.Get(index));
+}
+
+bool CDlgKeywords::KeywordExists(const CKeyword& keyword) const {
+    CObjectListT<CKeyword> keywords;
+    if (!theDataLayer.Load(&keywords, KeywordType))
+        return true;
+    const std::wstring_view name = keyword.GetName();
+    for (int index = 0; index < keywords.GetCount(); ++index) {
+        if (name == keywords.Get(index)->GetName())
+            return true;
+    }
+    return false;
+}
+
+bool CDlgKeywords::Store(CKeyword& keyword, const std::wstring& name) const {
+    keyword.SetType(KeywordType);
+    keyword.SetName(name.c_str());
+    return !KeywordExists(keyword) && theDataLayer.Save(&keyword, 0);
+}
+
+void CDlgKeywords::AddKeyword() const {
+    CDlgKeywordsAdd dialog;
+    if (dialog.DoModal() != commands::Done)
+        return;
+    CKeyword keyword;
+    if (Store(keyword, dialog.Text))
+        SelectItem(AddItem(keyword));
+}
+
+void CDlgKeywords::EditKeyword() const {
+    const int index = SelectedIndex();
+    if (index < 0)
+        return;
+    CDlgKeywordsAdd dialog;
+    dialog.Text = TextAt(index);
+    if (dialog.DoModal() != commands::Done)
+        return;
+    CKeyword keyword;
+    keyword.SetID(IdAt(index));
+    if (!Store(keyword, dialog.Text))
+        return;
+    // It keeps its place; the list is sorted when it is next filled.
+    SendList(LB_DELETESTRING, index);
+    SendList(LB_INSERTSTRING, index, AsParameter(dialog.Text));
+    SendList(LB_SETITEMDATA, index, keyword.GetID());
+    SelectItem(index);
+    SetFocus(list_);
+}
+
+void CDlgKeywords::DeleteKeyword() const {
+    const int index = SelectedIndex();
+    if (index < 0)
+        return;
+    CKeyword keyword;
+    keyword.SetID(IdAt(index));
+    if (!theDataLayer.Delete(&keyword))
+        return;
+    SendList(LB_DELETESTRING, index);
+    SelectItem(std::max(index - 1, 0));
+    SetFocus(list_);
+}
+
+void CDlgKeywords::OnDone(UINT command) {
+    if (command == commands::Done) {
+        const int index = SelectedIndex();
+        if (index < 0)
+            return;
+        Selection = TextAt(index);
+    }
+    EndDialog(GetHandle(), command);
+}
+
+LRESULT CDlgKeywords::SendList(UINT message, int index, LPARAM lParam) const {
+    return SendMessageW(list_, message, static_cast<WPARAM>(index), lParam);
+}
+
+int CDlgKeywords::SelectedIndex() const {
+    return static_cast<int>(SendList(LB_GETCURSEL));
+}
+
+std::wstring CDlgKeywords::TextAt(int index) const {
+    const LRESULT length = std::max<LRESULT>(0, SendList(LB_GETTEXTLEN, index));
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+    SendList(LB_GETTEXT, index, reinterpret_cast<LPARAM>(text.data()));
+    text.pop_back();
+    return text;
+}
+
+LONG CDlgKeywords::IdAt(int index) const {
+    return static_cast<LONG>(SendList(LB_GETITEMDATA, index));
+}
+
+int CDlgKeywords::AddItem(const CKeyword& keyword) const {
+    const auto index = static_cast<int>(SendList(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(keyword.GetName())));
+    SendList(LB_SETITEMDATA, index, keyword.GetID());
+    return index;
+}
+
+void CDlgKeywords::SelectItem(int index) const {
+    SendList(LB_SETCURSEL, index);
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/window_object.h"
+#include "records/keyword.h"
+
+#include <string>
+
+/// One keyword list: the user picks a text from it, and adds, renames and deletes keywords in place. Such a change is
+/// in the data file at once, and a failing one is passed over without a word. DoModal gives 1 when Selection was
+/// picked.
+class CDlgKeywords : public CDialogImpl {
+public:
+    CKeyword::Type KeywordType = {}; ///< set by the caller
+    std::wstring Selection; ///< the text that was picked
+
+protected:
+    LPCDLGTEMPLATEW GetTemplate() const override;
+    bool ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+
+private:
+    void OnInitDialog();
+    bool OnCommand(UINT command);
+    void ShowTitle() const;
+    void LoadList() const;
+    /// Whether the list has the keyword's name, compared exactly. True also when it cannot be read: without it nothing
+    /// may be stored.
+    bool KeywordExists(const CKeyword& keyword) const;
+    /// Names the keyword and saves it, new or changed, unless the name is taken.
+    bool Store(CKeyword& keyword, const std::wstring& name) const;
+    void AddKeyword() const;
+    void EditKeyword() const;
+    void DeleteKeyword() const;
+    void OnDone(UINT command);
+
+    // The list's items: a keyword's name with its ID.
+    LRESULT SendList(UINT message, int index = 0, LPARAM lParam = 0) const;
+    /// Below 0 when no item is selected.
+    int SelectedIndex() const;
+    std::wstring TextAt(int index) const;
+    LONG IdAt(int index) const;
+    /// Sorts it in, and gives its index.
+    int AddItem(const CKeyword& keyword) const;
+    void SelectItem(int index) const;
+
+    HWND list_ = nullptr;
+};

@@ -1,0 +1,47 @@
+#include "reminders/due_reminders.h"
+
+#include "platform/time.h"
+#include "records/data_layer.h"
+#include "reminders/dlg_notification_fire.h"
+#include "resources/ids.h"
+#include "shell/common/app_settings.h"
+
+#include <limits>
+
+namespace {
+
+/// In UTC, as the dates of reminders are. Before every date where the clock shows none.
+double Now() {
+    SYSTEMTIME time;
+    GetSystemTime(&time);
+    double now = std::numeric_limits<double>::lowest();
+    SystemTimeToVariantTime(&time, &now);
+    return now;
+}
+
+bool IsDue(const CNotification& reminder, double now) {
+    return theSettings.ActiveVehicleOdometer >= reminder.GetOdometer() || now >= reminder.GetDate();
+}
+
+} // namespace
+
+void CheckDueReminders(CVehicle* vehicle) {
+    if (theSettings.LastActiveVehicle == 0 || !vehicle)
+        return;
+    CDlgNotificationFire dialog;
+    CObjectListT<CNotification> reminders;
+    if (!theDataLayer.Load(&reminders, theSettings.LastActiveVehicle))
+        return;
+    const double now = Now();
+    // A deleted reminder stays in the list, so that the walk neither skips nor repeats one.
+    for (int index = 0; index < reminders.GetCount(); ++index) {
+        const CNotification* reminder = reminders.Get(index);
+        if (!IsDue(*reminder, now))
+            continue;
+        dialog.Reminder = reminder;
+        dialog.Vehicle = vehicle;
+        // One that cannot be deleted comes up again at the next check.
+        if (dialog.DoModal() == commands::Done)
+            theDataLayer.Delete(reminder);
+    }
+}
