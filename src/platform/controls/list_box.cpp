@@ -243,6 +243,28 @@ int ListBox::RowsShown() const {
     return std::max(1, static_cast<int>(client.bottom) / RowHeight());
 }
 
+/// What an arrow of a spinner takes of its width.
+int ListBox::ArrowRoom() {
+    return Scaled(16);
+}
+
+/// They stand on grounds of their own, so that one sees which key does what before the spinner has the focus.
+void ListBox::PaintArrows(Canvas& canvas, const RECT& place, COLORREF color, bool focused) {
+    const LONG room = ArrowRoom();
+    if (!focused) {
+        canvas.Fill({place.left, place.top, place.left + room, place.bottom}, GetSysColor(COLOR_3DFACE));
+        canvas.Fill({place.right - room, place.top, place.right, place.bottom}, GetSysColor(COLOR_3DFACE));
+    }
+    const LONG middle = (place.top + place.bottom) / 2;
+    const LONG arrow = Scaled(5);
+    const LONG left = place.left + (room - arrow) / 2;
+    const LONG right = place.right - (room - arrow) / 2;
+    const POINT toLeft[] = {{left, middle}, {left + arrow, middle - arrow}, {left + arrow, middle + arrow}};
+    const POINT toRight[] = {{right, middle}, {right - arrow, middle - arrow}, {right - arrow, middle + arrow}};
+    canvas.Polygon(toLeft, color);
+    canvas.Polygon(toRight, color);
+}
+
 void ListBox::PaintSpinner(HDC context, const RECT& client) const {
     const bool focused = GetFocus() == Handle();
     Canvas& canvas = ContextCanvas(context);
@@ -250,18 +272,11 @@ void ListBox::PaintSpinner(HDC context, const RECT& client) const {
     canvas.SetMarks(ContextMarks(context));
     canvas.Fill(place, focused ? GetSysColor(COLOR_HIGHLIGHT) : GetSysColor(COLOR_WINDOW));
     const COLORREF color = GetSysColor(focused ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT);
-    const LONG middle = (place.top + place.bottom) / 2;
-    const LONG arrow = Scaled(4);
-    const LONG left = place.left + Scaled(5);
-    const LONG right = place.right - Scaled(5);
-    const POINT toLeft[] = {{left, middle}, {left + arrow, middle - arrow}, {left + arrow, middle + arrow}};
-    const POINT toRight[] = {{right, middle}, {right - arrow, middle - arrow}, {right - arrow, middle + arrow}};
-    canvas.Polygon(toLeft, color);
-    canvas.Polygon(toRight, color);
+    PaintArrows(canvas, place, color, focused);
     if (selected_ < 0)
         return;
     SetTextColor(context, color);
-    RECT inner{Scaled(14), 0, client.right - Scaled(14), client.bottom};
+    RECT inner{ArrowRoom(), 0, client.right - ArrowRoom(), client.bottom};
     DrawTextW(context, rows_[static_cast<std::size_t>(selected_)].text.c_str(), -1, &inner,
         DT_SINGLELINE | DT_VCENTER | DT_CENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }

@@ -42,6 +42,8 @@ private:
     int RowHeight() const;
     int RowsShown() const;
     void Paint(HDC context) const;
+    static int ArrowRoom();
+    static void PaintArrows(Canvas& canvas, const RECT& place, COLORREF color, bool focused);
     void PaintSpinner(HDC context, const RECT& client) const;
     void PaintRows(HDC context, const RECT& client) const;
 

@@ -11,6 +11,15 @@
 
 namespace device {
 
+namespace {
+
+/// Between a cell's edge and its text: no more than it needs, for columns are narrow here.
+int CellPadding() {
+    return Scaled(2);
+}
+
+} // namespace
+
 int ListView::HeaderHeight() const {
     if (HasStyle(LVS_NOCOLUMNHEADER))
         return 0;
@@ -52,7 +61,7 @@ void ListView::PaintHeader(HDC context, const RECT& client) const {
     SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
     LONG left = 0;
     for (const Column& column : columns_) {
-        RECT cell{left + Scaled(4), 0, left + column.width - Scaled(4), header.bottom};
+        RECT cell{left + CellPadding(), 0, left + column.width - CellPadding(), header.bottom};
         DrawTextW(context, column.heading.c_str(), -1, &cell,
             DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS
                 | (column.format == LVCFMT_RIGHT ? DT_RIGHT : 0));
@@ -91,7 +100,7 @@ void ListView::PaintRow(HDC context, int row, RECT place) const {
     for (std::size_t index = 0; index < columns_.size(); ++index) {
         const Column& column = columns_[index];
         RECT cell{
-            (index == 0 ? label.left : left) + Scaled(4), place.top, left + column.width - Scaled(4), place.bottom};
+            (index == 0 ? label.left : left) + CellPadding(), place.top, left + column.width - CellPadding(), place.bottom};
         const std::wstring text = rows_.Cell(row, static_cast<int>(index));
         DrawTextW(context, text.c_str(), -1, &cell,
             DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS
