@@ -28,6 +28,11 @@ constexpr DialogItemTemplate TextAt(int top, int height, UINT id, const wchar_t*
     return {L"STATIC", TextStyle, Margin, top, Inside, height, id, text};
 }
 
+/// A vehicle's name and year, whose length nobody limits.
+constexpr DialogItemTemplate HeadingAt(int top, int height, UINT id) {
+    return {L"STATIC", TextStyle | SS_ENDELLIPSIS, Margin, top, Inside, height, id, L""};
+}
+
 constexpr DialogItemTemplate LineAt(int top, UINT id, const wchar_t* text = L"") {
     return TextAt(top, LineHeight, id, text);
 }
@@ -42,7 +47,7 @@ constexpr DialogItemTemplate EditAt(int top, UINT id, DWORD more = 0) {
 
 constexpr DialogItemTemplate DueItems[] = {
     LineAt(3, controls::DueHeading, L"The following maintenance is now due:"),
-    TextAt(15, HeadingHeight, controls::DueVehicle, L""),
+    HeadingAt(15, HeadingHeight, controls::DueVehicle),
     EditAt(32, controls::FirstText, ES_READONLY),
     LabelAt(48, 0, L"Reminder odometer:"),
     LineAt(59, controls::DueReminderOdometer),
@@ -68,7 +73,7 @@ constexpr int ListTop = 17;
 constexpr int ListHeight = 134;
 
 constexpr DialogItemTemplate ListItems[] = {
-    TextAt(3, LabelHeight, controls::FirstText, L""),
+    HeadingAt(3, LabelHeight, controls::FirstText),
     {L"SysListView32", ListStyle, Margin, ListTop, Inside, ListHeight, controls::List, L""},
 };
 

@@ -17,11 +17,13 @@ void StaticText::Paint(HDC context) const {
     if (text.empty())
         return;
     GetWindowTextW(Handle(), text.data(), static_cast<int>(text.size()) + 1);
-    const bool centred = (static_cast<DWORD>(GetWindowLongW(Handle(), GWL_STYLE)) & 0x1FU) == SS_CENTER;
+    const auto style = static_cast<DWORD>(GetWindowLongW(Handle(), GWL_STYLE));
+    const bool centred = (style & 0x1FU) == SS_CENTER;
+    const UINT breaking = (style & SS_ENDELLIPSIS) != 0 ? DT_SINGLELINE | DT_END_ELLIPSIS : DT_WORDBREAK;
     SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
     SetBkMode(context, TRANSPARENT);
     DrawTextW(context, text.c_str(), static_cast<int>(text.size()), &client,
-        DT_WORDBREAK | DT_NOPREFIX | (centred ? DT_CENTER : 0));
+        breaking | DT_NOPREFIX | (centred ? DT_CENTER : 0));
 }
 
 LRESULT StaticText::Message(UINT message, WPARAM wParam, LPARAM lParam) {
