@@ -18,7 +18,7 @@ namespace {
 constexpr DWORD WithDoneButton = 1;
 constexpr DWORD WithoutInputPanel = 8;
 
-/// Left to right, then downwards: the texts under the picture.
+/// Under the picture.
 constexpr UINT Texts[] = {controls::AboutName, controls::AboutVersion, controls::AboutRights};
 
 std::wstring VersionLine() {
@@ -56,6 +56,14 @@ void MoveTo(HWND dialog, UINT id, const RECT& place, LONG left, LONG top) {
 
 } // namespace
 
+CAboutDlg::CAboutDlg()
+    : picture_(LoadIconW(GetModuleHandleW(nullptr), icons::AboutPicture)) {
+}
+
+CAboutDlg::~CAboutDlg() {
+    DestroyIcon(picture_);
+}
+
 LPCDLGTEMPLATEW CAboutDlg::GetTemplate() const {
     return &templates::About;
 }
@@ -87,7 +95,7 @@ void CAboutDlg::OnInitDialog() {
     SetDlgItemTextW(dialog, static_cast<int>(controls::AboutName), LoadText(strings::AppName).c_str());
     SetDlgItemTextW(dialog, static_cast<int>(controls::AboutVersion), VersionLine().c_str());
     SendDlgItemMessageW(dialog, static_cast<int>(controls::AboutPicture), STM_SETIMAGE, IMAGE_BITMAP,
-        reinterpret_cast<LPARAM>(LoadIconW(GetModuleHandleW(nullptr), icons::AboutPicture)));
+        reinterpret_cast<LPARAM>(picture_));
     ShowNameInBold();
     SHInitDialog(dialog, WithDoneButton | SHIDIF_SIZEDLGFULLSCREEN | WithoutInputPanel);
     CreateSoftKeyBar(dialog, menus::AboutKeys, false, false);

@@ -5,6 +5,10 @@
 
 /// "About": the program's name, picture and version. What DoModal gives tells nothing.
 class CAboutDlg final : public CDialogImpl {
+public:
+    CAboutDlg();
+    ~CAboutDlg() override;
+
 protected:
     LPCDLGTEMPLATEW GetTemplate() const override;
     bool ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
@@ -16,4 +20,5 @@ private:
     void ShowNameInBold();
 
     CWindowFont boldFont_;
+    const HICON picture_;
 };

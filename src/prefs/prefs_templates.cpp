@@ -20,6 +20,7 @@ constexpr int Top = 2;
 constexpr int LabelHeight = 11; // the label font is taller than the template's
 constexpr int FieldHeight = 12;
 constexpr int Pitch = 25;
+constexpr int SymbolWidth = 40;
 
 constexpr UINT LabelId(UINT number) {
     return controls::FirstLabel + number;
@@ -51,7 +52,8 @@ constexpr DialogItemTemplate OptionsItems[] = {
     LabelAt(2, controls::EconomyUnitLabel, L"Fuel economy unit:"),
     ListAt(2, controls::EconomyUnit),
     LabelAt(3, LabelId(6), L"Currency:"),
-    FieldAt(3, controls::Currency, L"EDIT", EditStyle | WS_DISABLED),
+    {L"EDIT", EditStyle | WS_DISABLED, Margin, Top + 3 * Pitch + LabelHeight, SymbolWidth, FieldHeight,
+        controls::Currency, L""},
     LabelAt(4, LabelId(3), L"Sort entries by:"),
     ListAt(4, controls::SortColumn),
     LabelAt(5, LabelId(4), L"Sort order:"),
@@ -77,7 +79,7 @@ constexpr DialogItemTemplate AboutItems[] = {
     {L"STATIC", TextStyle, Margin, 50, Inside, 12, controls::AboutName, L""},
     {L"STATIC", TextStyle, Margin, 62, Inside, 12, controls::AboutVersion, L""},
     {L"STATIC", TextStyle, Margin, 78, Inside, 22, controls::AboutRights,
-        L"Copyright 2026 the Odoledger authors.\nMIT licence; see LICENSE."},
+        L"\u00a9 2026 the Odoledger authors.\nMIT licence; see LICENSE."},
 };
 
 constexpr DialogItemTemplate DateRangeItems[] = {

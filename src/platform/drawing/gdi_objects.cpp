@@ -84,8 +84,11 @@ HBRUSH WhiteBrush() {
 }
 
 const FontDescription& FontOf(HFONT font) {
+    static const FontDescription& plain = *new FontDescription;
     const FontDescription* found = FindFont(font);
-    return found != nullptr ? *found : *FindFont(SystemFont());
+    if (found == nullptr)
+        found = FindFont(SystemFont());
+    return found != nullptr ? *found : plain;
 }
 
 bool BrushColor(HBRUSH brush, COLORREF& color) {

@@ -35,7 +35,7 @@ std::wstring Wide(const UnicodeString& text) {
 UnicodeString Narrow(std::wstring_view text) {
     UnicodeString result;
     for (const wchar_t character : text) {
-        const auto point = static_cast<UChar32>(character);
+        const auto point = static_cast<UChar32>(static_cast<char32_t>(character));
         const bool scalar = point >= 0 && point <= UCHAR_MAX_VALUE && !U_IS_SURROGATE(point);
         result.append(scalar ? point : 0xFFFD);
     }
@@ -45,7 +45,7 @@ UnicodeString Narrow(std::wstring_view text) {
 /// The library gives every name a locale; whether it knows the language shows in its list. The list of names is read
 /// and not that of ready-made locales, which takes as long to make as all the rest here.
 Locale Known(const std::string& name) {
-    const Locale wanted = Locale::createFromName(name.c_str());
+    Locale wanted = Locale::createFromName(name.c_str());
     const std::string language = wanted.getLanguage();
     for (std::int32_t i = 0; i < uloc_countAvailable(); ++i) {
         const std::string_view known = uloc_getAvailable(i);
