@@ -1,6 +1,8 @@
 #include "hosts/window/window_host.h"
 
+#include "hosts/window/display.h"
 #include "hosts/window/keyboard.h"
+#include "hosts/window/remembered_size.h"
 #include "hosts/window/tone.h"
 #include "platform/drawing/cairo_canvas.h"
 #include "platform/drawing/rectangles.h"
@@ -11,70 +13,19 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
-#include <cstdlib>
 #include <deque>
-#include <string_view>
 
 namespace device {
 
 namespace {
 
 constexpr char FirstTitle[] = "Handset";
-constexpr double DesktopDpi = 96.0;
 constexpr float LinesPerWheelStep = 3.0F;
 constexpr int ToneCheckMilliseconds = 100;
+constexpr Uint32 FillsDisplay = SDL_WINDOW_MAXIMIZED | SDL_WINDOW_FULLSCREEN | SDL_WINDOW_FULLSCREEN_DESKTOP;
 
-/// A driver that shows nothing is taken only when it was asked for by name.
-bool IsBlindDriver(std::string_view driver) {
-    return driver == "dummy" || driver == "offscreen" || driver == "evdev";
-}
-
-constexpr const char* NoDisplay = "no display answers; start it inside a desktop session, or set DISPLAY to one";
-
-bool IsSet(const char* variable) {
-    const char* value = std::getenv(variable);
-    return value != nullptr && *value != '\0';
-}
-
-bool InitVideo(std::string& error) {
-    // Libraries below SDL complain on their own where there is nothing to connect to.
-    if (!IsSet("DISPLAY") && !IsSet("WAYLAND_DISPLAY") && !IsSet("SDL_VIDEODRIVER")) {
-        error = NoDisplay;
-        return false;
-    }
-    if (!IsSet("WAYLAND_DISPLAY") && !IsSet("SDL_VIDEODRIVER"))
-        SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
-    SDL_SetMainReady();
-    SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
-    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
-    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
-        error = std::string(NoDisplay) + " (" + SDL_GetError() + ")";
-    } else if (IsBlindDriver(SDL_GetCurrentVideoDriver()) && !IsSet("SDL_VIDEODRIVER")) {
-        error = NoDisplay;
-        SDL_QuitSubSystem(SDL_INIT_VIDEO);
-    } else {
-        return true;
-    }
-    std::replace(error.begin(), error.end(), '\n', ' ');
-    return false;
-}
-
-int InImage(LONG devicePixels, double zoom) {
-    return std::max(1, static_cast<int>(std::lround(devicePixels * zoom)));
-}
-
-/// By the display's density in steps of a half, but no larger than the display has room for.
-double ZoomOfDisplay(int display, SIZE screen) {
-    float dpi = 0;
-    double zoom = 1.0;
-    if (SDL_GetDisplayDPI(display, nullptr, nullptr, &dpi) == 0)
-        zoom = std::clamp(std::round(dpi / DesktopDpi * 2.0) / 2.0, 1.0, 4.0);
-    SDL_Rect room;
-    if (SDL_GetDisplayUsableBounds(display, &room) != 0)
-        return zoom;
-    while (zoom > 1.0 && (InImage(screen.cx, zoom) > room.w || InImage(screen.cy, zoom) > room.h))
-        zoom -= 0.5;
-    return zoom;
+std::string MemoryFile() {
+    return TheEnvironment().registryFile + ".window";
 }
 
 } // namespace
@@ -86,8 +37,12 @@ struct WindowHost::Window {
     Window& operator=(const Window&) = delete;
 
     bool Create();
-    double PixelsPerPoint() const;
+    void ApplyZoom();
     void ApplyResize();
+    void ChangeZoom(double chosen);
+    bool Obey(Keyboard::HostCommand command);
+    bool IsFree() const;
+    void Remember() const;
     void CopyToWindow(const RECT& imagePlace);
     void CopyAll();
     bool WaitForEvent(SDL_Event& event);
@@ -99,10 +54,13 @@ struct WindowHost::Window {
 
     SDL_Window* handle = nullptr;
     SIZE screen;
-    double zoom = 1.0;
-    bool zoomIsGiven = false;
+    double zoom = 1.0; ///< image pixels a device pixel: the display's own by what was chosen
+    double displayZoom = 1.0;
+    RememberedSize chosen; ///< the zoom that was chosen, and the screen while the window was free to have any size
+    bool isGiven = false; ///< size or zoom were told from outside: nothing is remembered then
     std::unique_ptr<CairoCanvas> canvas;
     bool isPainted = false; ///< the canvas shows something worth copying
+    bool isMoved = false; ///< to another display, or the display changed
     bool isResized = false; ///< a size came that the canvas does not have yet
     bool isWoken = false;
     std::atomic<bool> wakeIsQueued = false;
@@ -116,10 +74,16 @@ struct WindowHost::Window {
 
 WindowHost::Window::Window()
     : screen(TheEnvironment().screen)
-    , zoomIsGiven(TheEnvironment().zoom.has_value()) {
+    , isGiven(IsSet("HANDSET_SCREEN") || TheEnvironment().zoom.has_value()) {
+    if (const auto remembered = isGiven ? std::nullopt : RememberedSize::Load(MemoryFile())) {
+        chosen = *remembered;
+        screen = chosen.screen;
+    }
+    chosen.screen = screen;
 }
 
 WindowHost::Window::~Window() {
+    Remember();
     if (waitCursor != nullptr)
         SDL_FreeCursor(waitCursor);
     if (handle != nullptr)
@@ -132,10 +96,8 @@ bool WindowHost::Window::Create() {
     handle = SDL_CreateWindow(FirstTitle, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, screen.cx, screen.cy, Flags);
     if (handle == nullptr)
         return false;
-    const double scale = PixelsPerPoint();
-    const int display = std::max(SDL_GetWindowDisplayIndex(handle), 0);
-    zoom = zoomIsGiven ? *TheEnvironment().zoom : scale > 1.0 ? scale : ZoomOfDisplay(display, screen);
-    SDL_SetWindowSize(handle, InImage(screen.cx, zoom / scale), InImage(screen.cy, zoom / scale));
+    displayZoom = ZoomOfDisplay(handle, TheEnvironment().screen);
+    ApplyZoom();
     SDL_SetWindowPosition(handle, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
     wakeEvent = SDL_RegisterEvents(1);
     canvas = std::make_unique<CairoCanvas>(screen, zoom);
@@ -145,21 +107,84 @@ bool WindowHost::Window::Create() {
     return SDL_GetWindowSurface(handle) != nullptr;
 }
 
-double WindowHost::Window::PixelsPerPoint() const {
-    int points = 0;
-    int pixels = 0;
-    SDL_GetWindowSize(handle, &points, nullptr);
-    SDL_GetWindowSizeInPixels(handle, &pixels, nullptr);
-    return points > 0 && pixels > 0 ? static_cast<double>(pixels) / points : 1.0;
+/// The size is the person's own to choose, so it is worth keeping.
+bool WindowHost::Window::IsFree() const {
+    return (SDL_GetWindowFlags(handle) & FillsDisplay) == 0;
+}
+
+/// A free window grows and shrinks with the zoom, so that its screen holds as much as before, as far as there is room.
+void WindowHost::Window::ApplyZoom() {
+    zoom = TheEnvironment().zoom ? *TheEnvironment().zoom * chosen.zoom : displayZoom * chosen.zoom;
+    isResized = true;
+    if (!IsFree())
+        return;
+    const double scale = PixelsPerPoint(handle);
+    int width = InImage(screen.cx, zoom / scale);
+    int height = InImage(screen.cy, zoom / scale);
+    SDL_Rect room;
+    const int display = std::max(SDL_GetWindowDisplayIndex(handle), 0);
+    if (!TheEnvironment().zoom && SDL_GetDisplayUsableBounds(display, &room) == 0 && room.w > 0 && room.h > 0) {
+        width = std::min(width, room.w);
+        height = std::min(height, room.h);
+    }
+    SDL_SetWindowSize(handle, width, height);
+}
+
+void WindowHost::Window::ChangeZoom(double chosenZoom) {
+    if (chosenZoom == chosen.zoom)
+        return;
+    // A window that the display was too small for gets its size back when there is room again.
+    if (IsFree())
+        screen = chosen.screen;
+    chosen.zoom = chosenZoom;
+    ApplyZoom();
+    mustRepaint = true;
+}
+
+bool WindowHost::Window::Obey(Keyboard::HostCommand command) {
+    switch (command) {
+    case Keyboard::HostCommand::None:
+        return false;
+    case Keyboard::HostCommand::ZoomIn:
+        ChangeZoom(LargerZoom(chosen.zoom));
+        break;
+    case Keyboard::HostCommand::ZoomOut:
+        ChangeZoom(SmallerZoom(chosen.zoom));
+        break;
+    case Keyboard::HostCommand::ZoomReset:
+        ChangeZoom(1.0);
+        break;
+    case Keyboard::HostCommand::FullScreen:
+        SDL_SetWindowFullscreen(handle,
+            (SDL_GetWindowFlags(handle) & SDL_WINDOW_FULLSCREEN) != 0 ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+        break;
+    }
+    return true;
+}
+
+void WindowHost::Window::Remember() const {
+    // What was never shown gave way to a first instance, whose size it is.
+    if (isGiven || handle == nullptr || !isShown)
+        return;
+    if (RememberedSize::Load(MemoryFile()) != chosen)
+        chosen.Store(MemoryFile());
 }
 
 void WindowHost::Window::ApplyResize() {
     isResized = false;
+    if (isMoved) {
+        isMoved = false;
+        const double now = ZoomOfDisplay(handle, TheEnvironment().screen);
+        if (now != displayZoom) {
+            displayZoom = now;
+            ApplyZoom();
+            isResized = false;
+            mustRepaint = true;
+        }
+    }
     int width = 0;
     int height = 0;
     SDL_GetWindowSizeInPixels(handle, &width, &height);
-    const double scale = PixelsPerPoint();
-    const double wantedZoom = zoomIsGiven || scale <= 1.0 ? zoom : scale;
     const auto inDevice
         = [wantedZoom](int pixels) { return std::max(1, static_cast<int>(pixels / wantedZoom + 0.001)); };
     const SIZE size{inDevice(width), inDevice(height)};

@@ -109,7 +109,7 @@ struct RegistryFile::Contents {
     KeyFile file{g_key_file_new()};
 };
 
-RegistryFile::RegistryFile(std::string path)
+RegistryFile::RegistryFile(const std::string& path)
     : path_(Resolved(path))
     , contents_(std::make_unique<Contents>()) {
     FileDescriptor file;
@@ -148,7 +148,10 @@ void RegistryFile::Salvage(const std::string& text) {
         // Each line is tried by itself, a value under the header that stands before it.
         const KeyFile trial{g_key_file_new()};
         const bool header = !line.empty() && line.front() == '[';
-        if (Parse(trial.get(), (header || group.empty() ? line : group + '\n' + line) + '\n')) {
+        std::string tried = header || group.empty() ? std::string() : group + '\n';
+        tried += line;
+        tried += '\n';
+        if (Parse(trial.get(), tried)) {
             good += line + '\n';
             group = header ? line : group;
         } else if (header) {

@@ -39,7 +39,7 @@ struct RegistryChange {
 class RegistryFile {
 public:
     /// A file that is not there is an empty registry; of a damaged one all lines that can be read.
-    explicit RegistryFile(std::string path);
+    explicit RegistryFile(const std::string& path);
     RegistryFile(RegistryFile&&) noexcept;
     RegistryFile& operator=(RegistryFile&&) noexcept;
     ~RegistryFile();
