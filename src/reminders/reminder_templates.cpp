@@ -46,17 +46,17 @@ constexpr DialogItemTemplate EditAt(int top, UINT id, DWORD more = 0) {
 }
 
 constexpr DialogItemTemplate DueItems[] = {
-    LineAt(3, controls::DueHeading, L"The following maintenance is now due:"),
-    HeadingAt(15, HeadingHeight, controls::DueVehicle),
-    EditAt(32, controls::FirstText, ES_READONLY),
-    LabelAt(48, 0, L"Reminder odometer:"),
-    LineAt(59, controls::DueReminderOdometer),
-    LabelAt(71, 1, L"Current odometer:"),
-    LineAt(82, controls::DueCurrentOdometer),
-    LabelAt(94, 2, L"Reminder date:"),
-    LineAt(105, controls::DueReminderDate),
-    LabelAt(117, 3, L"Current date:"),
-    LineAt(128, controls::DueCurrentDate),
+    TextAt(3, 2 * LineHeight, controls::DueHeading, L"The following maintenance is now due:"), // wraps when narrow
+    HeadingAt(24, HeadingHeight, controls::DueVehicle),
+    EditAt(41, controls::FirstText, ES_READONLY),
+    LabelAt(57, 0, L"Reminder odometer:"),
+    LineAt(68, controls::DueReminderOdometer),
+    LabelAt(80, 1, L"Current odometer:"),
+    LineAt(91, controls::DueCurrentOdometer),
+    LabelAt(103, 2, L"Reminder date:"),
+    LineAt(114, controls::DueReminderDate),
+    LabelAt(126, 3, L"Current date:"),
+    LineAt(137, controls::DueCurrentDate),
 };
 
 constexpr DialogItemTemplate EditItems[] = {
@@ -84,7 +84,7 @@ constexpr int DialogFontPoints = 8;
 
 namespace templates {
 
-constexpr DLGTEMPLATE DueReminder{ScrollingStyle, Width, 141, L"Reminder", DialogFont, DialogFontPoints, DueItems};
+constexpr DLGTEMPLATE DueReminder{ScrollingStyle, Width, 150, L"Reminder", DialogFont, DialogFontPoints, DueItems};
 constexpr DLGTEMPLATE EditReminder{
     ScrollingStyle, Width, 96, L"Edit Reminder", DialogFont, DialogFontPoints, EditItems};
 constexpr DLGTEMPLATE Reminders{

@@ -27,17 +27,6 @@ std::vector<HWND> FocusOrder(const Window& dialog) {
     return order;
 }
 
-void Walk(const Window& dialog, int step) {
-    const std::vector<HWND> order = FocusOrder(dialog);
-    if (order.empty())
-        return;
-    const auto own = std::find(order.begin(), order.end(), GetFocus());
-    const auto count = static_cast<std::ptrdiff_t>(order.size());
-    std::ptrdiff_t index = own == order.end() ? (step > 0 ? -1 : 0) : own - order.begin();
-    index = (index + step + count) % count;
-    FocusDlgItem(dialog.handle, order[static_cast<std::size_t>(index)]);
-}
-
 int Height(const RECT& rectangle) {
     return static_cast<int>(rectangle.bottom - rectangle.top);
 }
@@ -63,6 +52,28 @@ void ScrollTo(Window& dialog, int position) {
         child->place.bottom += move;
     }
     InvalidateRect(dialog.handle, nullptr, TRUE);
+}
+
+/// Texts below the last control, or above the first one, are scrolled into view before the walk begins anew.
+bool ScrollsBeyond(Window& dialog, int step) {
+    const int hidden
+        = step < 0 ? dialog.modal->scroll : ContentHeight(dialog) - Height(ScreenClient(dialog)) - dialog.modal->scroll;
+    if (hidden <= Scaled(8))
+        return false;
+    ScrollTo(dialog, dialog.modal->scroll + (step * Scaled(24)));
+    return true;
+}
+
+void Walk(Window& dialog, int step) {
+    const std::vector<HWND> order = FocusOrder(dialog);
+    const auto own = std::find(order.begin(), order.end(), GetFocus());
+    const bool atEnd = order.empty() || (own != order.end() && GetFocus() == (step > 0 ? order.back() : order.front()));
+    if ((atEnd && ScrollsBeyond(dialog, step)) || order.empty())
+        return;
+    const auto count = static_cast<std::ptrdiff_t>(order.size());
+    std::ptrdiff_t index = own == order.end() ? (step > 0 ? -1 : 0) : own - order.begin();
+    index = (index + step + count) % count;
+    FocusDlgItem(dialog.handle, order[static_cast<std::size_t>(index)]);
 }
 
 /// True when the dialog took the message, or is gone.

@@ -47,7 +47,7 @@ void CSettingsKey::Read(const wchar_t* name, float* value) const {
     float found = 0.0F;
     // What is no number would spoil every sum, and no field could take it back: it counts as missing.
     if (ReadBytes(name, REG_BINARY, &found, sizeof found) && std::isfinite(found))
-        *value = found;
+        *value = found + 0.0F; // no minus zero
 }
 
 void CSettingsKey::ReadText(const wchar_t* name, wchar_t* text, DWORD capacity) const {
