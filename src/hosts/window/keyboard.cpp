@@ -62,6 +62,11 @@ template <std::size_t Count> WORD Lookup(const KeyPair (&pairs)[Count], SDL_Keyc
     return found == std::end(pairs) ? WORD{0} : found->handset;
 }
 
+bool IsControlAlone(unsigned modifiers) {
+    // AltGr counts as Control and Alt on some keyboards, and types characters.
+    return (modifiers & KMOD_CTRL) != 0 && (modifiers & (KMOD_ALT | KMOD_MODE)) == 0;
+}
+
 WORD ControlKey(const SDL_Keysym& key) {
     if (key.sym >= SDLK_a && key.sym <= SDLK_z)
         return static_cast<WORD>('A' + (key.sym - SDLK_a));
@@ -79,15 +84,46 @@ WORD HandsetKey(const SDL_Keysym& key) {
         if (const WORD pad = Lookup(PadKeys, key.sym))
             return pad;
     }
-    const bool control = (key.mod & KMOD_CTRL) != 0 && (key.mod & (KMOD_ALT | KMOD_MODE)) == 0;
-    return control ? ControlKey(key) : WORD{0};
+    return IsControlAlone(key.mod) ? ControlKey(key) : WORD{0};
 }
 
 unsigned HandsetModifiers(unsigned modifiers) {
     return ((modifiers & KMOD_CTRL) != 0 ? MOD_CONTROL : 0) | ((modifiers & KMOD_SHIFT) != 0 ? MOD_SHIFT : 0);
 }
 
+struct HostKey {
+    SDL_Keycode desktop;
+    Keyboard::HostCommand command;
+};
+
+/// With Control. A plus shares its key with the equals sign on many keyboards.
+constexpr HostKey ControlHostKeys[] = {
+    {SDLK_PLUS, Keyboard::HostCommand::ZoomIn},
+    {SDLK_EQUALS, Keyboard::HostCommand::ZoomIn},
+    {SDLK_KP_PLUS, Keyboard::HostCommand::ZoomIn},
+    {SDLK_MINUS, Keyboard::HostCommand::ZoomOut},
+    {SDLK_KP_MINUS, Keyboard::HostCommand::ZoomOut},
+    {SDLK_0, Keyboard::HostCommand::ZoomReset},
+    {SDLK_KP_0, Keyboard::HostCommand::ZoomReset},
+};
+
 } // namespace
+
+Keyboard::HostCommand Keyboard::CommandOf(const SDL_KeyboardEvent& key) {
+    const auto& [scancode, symbol, modifiers, unused] = key.keysym;
+    if (key.state != SDL_PRESSED)
+        return HostCommand::None;
+    if (symbol == SDLK_F11)
+        return key.repeat == 0 ? HostCommand::FullScreen : HostCommand::None;
+    if (!IsControlAlone(modifiers))
+        return HostCommand::None;
+    for (const HostKey& known : ControlHostKeys) {
+        if (known.desktop == symbol)
+            return known.command;
+    }
+    // Layouts that have other characters there: by the place of the key.
+    return scancode == SDL_SCANCODE_0 ? HostCommand::ZoomReset : HostCommand::None;
+}
 
 void Keyboard::Translate(const SDL_KeyboardEvent& key, std::deque<InputEvent>& events) {
     InputEvent event;
@@ -109,7 +145,7 @@ void Keyboard::Translate(const SDL_KeyboardEvent& key, std::deque<InputEvent>& e
 
 void Keyboard::TranslateText(const char* utf8, std::deque<InputEvent>& events) {
     const unsigned modifiers = SDL_GetModState();
-    if ((modifiers & KMOD_CTRL) != 0 && (modifiers & (KMOD_ALT | KMOD_MODE)) == 0)
+    if (IsControlAlone(modifiers))
         return;
     for (const wchar_t character : FromUtf8(utf8)) {
         if (character < L' ' || character == 0x7F)

@@ -13,6 +13,10 @@ namespace device {
 /// Control is held.
 class Keyboard {
 public:
+    /// What a key asks of the window itself; such a key never reaches the handset.
+    enum class HostCommand { None, ZoomIn, ZoomOut, ZoomReset, FullScreen };
+    static HostCommand CommandOf(const SDL_KeyboardEvent& key);
+
     /// Appends what the key gives, if anything.
     void Translate(const SDL_KeyboardEvent& key, std::deque<InputEvent>& events);
     /// Appends each character of a typed text.

@@ -14,6 +14,7 @@
 #include <atomic>
 #include <cmath>
 #include <deque>
+#include <utility>
 
 namespace device {
 
@@ -40,6 +41,7 @@ struct WindowHost::Window {
     void ApplyZoom();
     void ApplyResize();
     void ChangeZoom(double chosen);
+    void NoteSize(SIZE now);
     bool Obey(Keyboard::HostCommand command);
     bool IsFree() const;
     void Remember() const;
@@ -56,7 +58,9 @@ struct WindowHost::Window {
     SIZE screen;
     double zoom = 1.0; ///< image pixels a device pixel: the display's own by what was chosen
     double displayZoom = 1.0;
-    RememberedSize chosen; ///< the zoom that was chosen, and the screen while the window was free to have any size
+    SIZE asked{}; ///< what the window was asked to be, in points
+    SIZE askedFor{}; ///< the screen that would need
+    RememberedSize chosen; ///< the zoom that was chosen, and the screen while the window had no display to fill
     bool isGiven = false; ///< size or zoom were told from outside: nothing is remembered then
     std::unique_ptr<CairoCanvas> canvas;
     bool isPainted = false; ///< the canvas shows something worth copying
@@ -114,31 +118,25 @@ bool WindowHost::Window::IsFree() const {
 
 /// A free window grows and shrinks with the zoom, so that its screen holds as much as before, as far as there is room.
 void WindowHost::Window::ApplyZoom() {
-    zoom = TheEnvironment().zoom ? *TheEnvironment().zoom * chosen.zoom : displayZoom * chosen.zoom;
+    zoom = TheEnvironment().zoom.value_or(displayZoom) * chosen.zoom;
     isResized = true;
     if (!IsFree())
         return;
     const double scale = PixelsPerPoint(handle);
-    int width = InImage(screen.cx, zoom / scale);
-    int height = InImage(screen.cy, zoom / scale);
+    asked = {InImage(chosen.screen.cx, zoom / scale), InImage(chosen.screen.cy, zoom / scale)};
     SDL_Rect room;
     const int display = std::max(SDL_GetWindowDisplayIndex(handle), 0);
-    if (!TheEnvironment().zoom && SDL_GetDisplayUsableBounds(display, &room) == 0 && room.w > 0 && room.h > 0) {
-        width = std::min(width, room.w);
-        height = std::min(height, room.h);
-    }
-    SDL_SetWindowSize(handle, width, height);
+    if (!isGiven && SDL_GetDisplayUsableBounds(display, &room) == 0 && room.w > 0 && room.h > 0)
+        asked = {std::min(asked.cx, room.w), std::min(asked.cy, room.h)};
+    askedFor = chosen.screen;
+    SDL_SetWindowSize(handle, asked.cx, asked.cy);
 }
 
 void WindowHost::Window::ChangeZoom(double chosenZoom) {
     if (chosenZoom == chosen.zoom)
         return;
-    // A window that the display was too small for gets its size back when there is room again.
-    if (IsFree())
-        screen = chosen.screen;
     chosen.zoom = chosenZoom;
     ApplyZoom();
-    mustRepaint = true;
 }
 
 bool WindowHost::Window::Obey(Keyboard::HostCommand command) {
@@ -155,8 +153,8 @@ bool WindowHost::Window::Obey(Keyboard::HostCommand command) {
         ChangeZoom(1.0);
         break;
     case Keyboard::HostCommand::FullScreen:
-        SDL_SetWindowFullscreen(handle,
-            (SDL_GetWindowFlags(handle) & SDL_WINDOW_FULLSCREEN) != 0 ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+        SDL_SetWindowFullscreen(
+            handle, (SDL_GetWindowFlags(handle) & SDL_WINDOW_FULLSCREEN) != 0 ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
         break;
     }
     return true;
@@ -164,36 +162,41 @@ bool WindowHost::Window::Obey(Keyboard::HostCommand command) {
 
 void WindowHost::Window::Remember() const {
     // What was never shown gave way to a first instance, whose size it is.
-    if (isGiven || handle == nullptr || !isShown)
+    if (isGiven || handle == nullptr || (SDL_GetWindowFlags(handle) & SDL_WINDOW_HIDDEN) != 0)
         return;
     if (RememberedSize::Load(MemoryFile()) != chosen)
         chosen.Store(MemoryFile());
 }
 
+/// A size that is not the one asked for is the person's own wish. One that is stands for the screen it was asked for,
+/// which may have been more than the display had room for.
+void WindowHost::Window::NoteSize(SIZE now) {
+    int width = 0;
+    int height = 0;
+    SDL_GetWindowSize(handle, &width, &height);
+    if (IsFree())
+        chosen.screen = width == asked.cx && height == asked.cy ? askedFor : now;
+}
+
 void WindowHost::Window::ApplyResize() {
-    isResized = false;
     if (isMoved) {
         isMoved = false;
-        const double now = ZoomOfDisplay(handle, TheEnvironment().screen);
-        if (now != displayZoom) {
-            displayZoom = now;
+        const double before = std::exchange(displayZoom, ZoomOfDisplay(handle, TheEnvironment().screen));
+        if (displayZoom != before)
             ApplyZoom();
-            isResized = false;
-            mustRepaint = true;
-        }
     }
+    isResized = false;
     int width = 0;
     int height = 0;
     SDL_GetWindowSizeInPixels(handle, &width, &height);
-    const auto inDevice
-        = [wantedZoom](int pixels) { return std::max(1, static_cast<int>(pixels / wantedZoom + 0.001)); };
+    const auto inDevice = [this](int pixels) { return std::max(1, static_cast<int>(pixels / zoom + 0.001)); };
     const SIZE size{inDevice(width), inDevice(height)};
-    if (size.cx == screen.cx && size.cy == screen.cy && wantedZoom == zoom) {
+    NoteSize(size);
+    if (size.cx == screen.cx && size.cy == screen.cy && zoom == canvas->Zoom()) {
         CopyAll();
         return;
     }
     screen = size;
-    zoom = wantedZoom;
     canvas->Resize(screen, zoom);
     isPainted = false;
     InputEvent event;
@@ -251,7 +254,7 @@ bool WindowHost::Window::WaitForEvent(SDL_Event& event) {
 }
 
 void WindowHost::Window::AddMouse(InputEvent::Kind kind, int x, int y, int delta) {
-    const double scale = PixelsPerPoint() / zoom;
+    const double scale = PixelsPerPoint(handle) / zoom;
     InputEvent event;
     event.kind = kind;
     event.modifiers = Keyboard::Modifiers();
@@ -283,8 +286,12 @@ void WindowHost::Window::TranslateWheel(const SDL_MouseWheelEvent& event) {
 
 void WindowHost::Window::TranslateWindow(const SDL_WindowEvent& event) {
     switch (event.event) {
-    case SDL_WINDOWEVENT_SIZE_CHANGED:
     case SDL_WINDOWEVENT_DISPLAY_CHANGED:
+        isMoved = true;
+        isResized = true;
+        break;
+    case SDL_WINDOWEVENT_SIZE_CHANGED:
+        isMoved = isMoved || PixelsPerPoint(handle) != 1.0;
         isResized = true;
         break;
     case SDL_WINDOWEVENT_EXPOSED:
@@ -307,6 +314,9 @@ void WindowHost::Window::Translate(const SDL_Event& event) {
         TranslateWindow(event.window);
         break;
     case SDL_KEYDOWN:
+        if (!Obey(Keyboard::CommandOf(event.key)))
+            keyboard.Translate(event.key, events);
+        break;
     case SDL_KEYUP:
         keyboard.Translate(event.key, events);
         break;
@@ -399,6 +409,10 @@ void WindowHost::Present(const RECT& changed) {
     window.CopyToWindow(
         {static_cast<LONG>(std::floor(changed.left * zoom)), static_cast<LONG>(std::floor(changed.top * zoom)),
             static_cast<LONG>(std::ceil(changed.right * zoom)), static_cast<LONG>(std::ceil(changed.bottom * zoom))});
+}
+
+void WindowHost::SetIcon(const Picture& picture) {
+    SetWindowIcon(window_->handle, picture);
 }
 
 void WindowHost::Beep() {

@@ -8,7 +8,9 @@
 namespace device {
 
 /// The device in a window of the desktop: its screen is the window's inside, `zoom` image pixels a device pixel. The
-/// window can be resized; the screen then holds more or less, at the same zoom. One a process.
+/// window can be resized; the screen then holds more or less, at the same zoom. Its keys for the zoom and for the full
+/// screen are the host's own. Size and zoom are remembered from one run to the next, beside the registry, unless they
+/// are told by HANDSET_SCREEN or HANDSET_ZOOM. One a process.
 class WindowHost final : public Host {
 public:
     /// Null without a display, and then `error` says why, in one line.
@@ -17,6 +19,8 @@ public:
     WindowHost(const WindowHost&) = delete;
     WindowHost& operator=(const WindowHost&) = delete;
 
+    /// The window's own icon.
+    void SetIcon(const Picture& picture);
     /// In device pixels.
     SIZE ScreenSize() const;
     double Zoom() const;

@@ -1,0 +1,75 @@
+#include "hosts/terminal/terminal_host.h"
+#include "hosts/window/help_text.h"
+#include "hosts/window/window_host.h"
+
+#include "platform/system/environment.h"
+#include "platform/window.h"
+#include "platform/windowing/desktop.h"
+#include "resources/module.h"
+#include "shell/entry_point.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unistd.h>
+
+namespace {
+
+constexpr int CannotStart = 2;
+
+[[noreturn]] void Refuse(const std::string& reason) {
+    std::fprintf(stderr, "odoledger: %s\n", reason.c_str());
+    std::_Exit(CannotStart); // nothing of the program has begun, so nothing of its end runs
+}
+
+std::unique_ptr<device::Host> OpenTerminal(std::string& error) {
+    return device::TerminalHost::Open(error);
+}
+
+std::unique_ptr<device::Host> OpenWindow(std::string& error) {
+    return device::WindowHost::Open(error);
+}
+
+/// The host that HANDSET_HOST names; else a window where a display answers, else the terminal that it was started in.
+std::unique_ptr<device::Host> OpenHost(std::string& error) {
+    const char* variable = std::getenv("HANDSET_HOST");
+    const std::string_view wanted = variable ? variable : "";
+    if (wanted == "window")
+        return OpenWindow(error);
+    if (wanted == "terminal")
+        return OpenTerminal(error);
+    if (!wanted.empty()) {
+        error = "HANDSET_HOST: \"" + std::string(wanted) + "\" is neither window nor terminal";
+        return nullptr;
+    }
+    if (auto window = OpenWindow(error))
+        return window;
+    if (isatty(STDIN_FILENO) == 0 || isatty(STDOUT_FILENO) == 0)
+        return nullptr;
+    return OpenTerminal(error);
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    if (count > 1 && (std::string_view(arguments[1]) == "--help" || std::string_view(arguments[1]) == "-h")) {
+        std::fputs(device::HelpText(), stdout);
+        std::fflush(stdout);
+        std::_Exit(0);
+    }
+    if (const auto& error = device::EnvironmentError())
+        Refuse(*error);
+    // The program's module is known first: a window takes its icon from there.
+    device::SetModule(OdoledgerModule());
+    std::string error;
+    std::unique_ptr<device::Host> host = OpenHost(error);
+    if (!host)
+        Refuse(error);
+    device::Desktop::The().SwitchOn(*host);
+    const int result = WinMain(OdoledgerModule(), nullptr, nullptr, SW_SHOW);
+    device::Desktop::The().SwitchOff();
+    host.reset();
+    return result & 0xFF;
+}

@@ -1,0 +1,87 @@
+#include "hosts/terminal/cell_measurer.h"
+
+#include "platform/metrics.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <glib.h>
+
+namespace device {
+
+namespace {
+
+// A cell is large beside the few pixels that lie between texts, so that rounding to cells loses those alone.
+constexpr int CellWidth = 50; // at 96 pixels per inch, as the others
+constexpr int CellHeight = 100;
+/// The font of dialogs is a little lower than a cell: a field with its label then takes three rows exactly.
+constexpr int DialogFontHeight = 96;
+constexpr int DialogFontPoints = 8;
+constexpr wchar_t Ellipsis = 0x2026;
+
+int AtDpi(int length) {
+    return std::max(1, length * Dpi() / 96);
+}
+
+bool IsControl(wchar_t character) {
+    return character < 0x20 || (character >= 0x7F && character < 0xA0);
+}
+
+} // namespace
+
+CellMeasurer::CellMeasurer(bool unicode)
+    : unicode_(unicode)
+    , cell_{AtDpi(CellWidth), AtDpi(CellHeight)}
+    , smallHeight_(AtDpi(DialogFontHeight))
+    , smallFont_(DialogFontPoints * Dpi() / 72) {
+}
+
+int CellMeasurer::Columns(wchar_t character) const {
+    const auto point = static_cast<gunichar>(character);
+    if (g_unichar_validate(point) == FALSE)
+        return 1;
+    if (point != 0 && !IsControl(character) && g_unichar_iszerowidth(point) != FALSE)
+        return 0;
+    if (!unicode_)
+        return static_cast<int>(Shown(character).size());
+    return g_unichar_iswide(point) != FALSE ? 2 : 1;
+}
+
+std::wstring CellMeasurer::Shown(wchar_t character) const {
+    if (character == L'\t' || character == L'\n' || character == L'\r')
+        return L" ";
+    if (IsControl(character) || g_unichar_validate(static_cast<gunichar>(character)) == FALSE)
+        return unicode_ ? L"\uFFFD" : L"?";
+    if (unicode_ || character < 0x80)
+        return std::wstring(1, character);
+    switch (character) {
+    case Ellipsis:
+        return L"..";
+    case 0x2713: // the check mark
+        return L"*";
+    case 0x25B8: // the mark of an inner popup
+        return L">";
+    case 0xA0:
+        return L" ";
+    default:
+        return L"?";
+    }
+}
+
+FontMetrics CellMeasurer::Metrics(const FontDescription& font) {
+    const int height = std::abs(font.height) <= smallFont_ ? smallHeight_ : static_cast<int>(cell_.cy);
+    const int descent = height / 5;
+    return {height - descent, descent, 0, static_cast<int>(cell_.cx)};
+}
+
+int CellMeasurer::Width(const FontDescription& /*font*/, std::wstring_view text) {
+    int columns = 0;
+    for (const wchar_t character : text)
+        columns += Columns(character);
+    return columns * static_cast<int>(cell_.cx);
+}
+
+int CellMeasurer::CaretX(const FontDescription& font, std::wstring_view text, std::size_t index) {
+    return Width(font, text.substr(0, std::min(index, text.size())));
+}
+
+} // namespace device

@@ -1,0 +1,69 @@
+#include "hosts/terminal/signals.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+#include <utility>
+
+namespace device {
+
+namespace {
+
+constexpr std::array<std::pair<int, Signals::Kind>, 4> Known{{{SIGWINCH, Signals::Kind::Resized},
+    {SIGINT, Signals::Kind::Interrupted}, {SIGHUP, Signals::Kind::HungUp}, {SIGTERM, Signals::Kind::Ended}}};
+
+std::array<int, 2> ends{-1, -1};
+std::array<struct sigaction, Known.size()> former;
+
+extern "C" void NoteSignal(int number) {
+    const int error = errno;
+    for (const auto& [signal, kind] : Known) {
+        if (signal == number)
+            Signals::Tell(kind);
+    }
+    errno = error;
+}
+
+} // namespace
+
+Signals::Signals() {
+    if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        return;
+    struct sigaction action { };
+    action.sa_handler = NoteSignal;
+    action.sa_flags = SA_RESTART;
+    sigemptyset(&action.sa_mask);
+    for (std::size_t index = 0; index < Known.size(); ++index)
+        sigaction(Known[index].first, &action, &former[index]);
+    // A terminal that is gone is noticed where it is written to.
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
+Signals::~Signals() {
+    if (ends[0] < 0)
+        return;
+    for (std::size_t index = 0; index < Known.size(); ++index)
+        sigaction(Known[index].first, &former[index], nullptr);
+    const auto open = std::exchange(ends, {-1, -1});
+    close(open[0]);
+    close(open[1]);
+}
+
+int Signals::Descriptor() const {
+    return ends[0];
+}
+
+Signals::Kind Signals::Next() {
+    char byte = 0;
+    return ends[0] >= 0 && read(ends[0], &byte, 1) == 1 ? static_cast<Kind>(byte) : Kind::None;
+}
+
+void Signals::Tell(Kind kind) {
+    const char byte = static_cast<char>(kind);
+    // A full pipe has more than enough to tell.
+    [[maybe_unused]] const auto written = write(ends[1], &byte, 1);
+}
+
+} // namespace device

@@ -1,0 +1,24 @@
+#pragma once
+
+namespace device {
+
+/// What a signal or another thread has to say to the loop that waits for keys. One a process.
+class Signals {
+public:
+    enum class Kind { None, Wake, Resized, Interrupted, HungUp, Ended };
+
+    Signals();
+    /// The signals are as they were before.
+    ~Signals();
+    Signals(const Signals&) = delete;
+    Signals& operator=(const Signals&) = delete;
+
+    /// Readable when Next has something to tell.
+    int Descriptor() const;
+    /// What came next; None when there is nothing.
+    Kind Next();
+    /// From any thread.
+    static void Tell(Kind kind);
+};
+
+} // namespace device

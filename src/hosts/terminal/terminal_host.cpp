@@ -1,0 +1,189 @@
+#include "hosts/terminal/terminal_host.h"
+
+#include "hosts/terminal/signals.h"
+#include "hosts/terminal/terminal_canvas.h"
+#include "hosts/terminal/terminal_keys.h"
+#include "hosts/terminal/terminal_screen.h"
+#include "platform/input.h"
+#include "platform/messages.h"
+#include "platform/metrics.h"
+#include "platform/window.h"
+#include "platform/windowing/desktop.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <deque>
+#include <optional>
+#include <poll.h>
+#include <string_view>
+#include <unistd.h>
+
+namespace device {
+
+namespace {
+
+/// More than any nesting of forms and messages takes.
+constexpr int MostEndingSteps = 300;
+
+/// The focus is where a bracket is text.
+bool IsTyping() {
+    wchar_t name[16] = {};
+    const HWND focus = Desktop::The().Focus();
+    return GetClassNameW(focus, name, 16) > 0 && std::wstring_view(name) == L"Edit";
+}
+
+InputEvent EventOf(InputEvent::Kind kind) {
+    InputEvent event;
+    event.kind = kind;
+    return event;
+}
+
+} // namespace
+
+struct TerminalHost::Terminal {
+    // The screen is given back before the signals are let go.
+    Signals signals;
+    TerminalScreen screen;
+    std::optional<TerminalCanvas> canvas;
+    std::deque<InputEvent> events;
+    bool isWoken = false;
+    bool isStale = true; ///< something happened since the last frame
+    bool isEnding = false;
+    int endingSteps = 0;
+
+    void Collect();
+    void CollectSignal(Signals::Kind kind);
+    void Wait();
+    void ApplySize();
+    bool EndFurther();
+};
+
+void TerminalHost::Terminal::ApplySize() {
+    screen.Measure();
+    canvas->Resize(screen.Columns(), screen.Rows());
+    InputEvent event = EventOf(InputEvent::Kind::Resize);
+    event.x = static_cast<int>(canvas->ScreenSize().cx);
+    event.y = static_cast<int>(canvas->ScreenSize().cy);
+    events.push_back(event);
+}
+
+void TerminalHost::Terminal::CollectSignal(Signals::Kind kind) {
+    switch (kind) {
+    case Signals::Kind::Wake:
+        isWoken = true;
+        break;
+    case Signals::Kind::Resized:
+        ApplySize();
+        break;
+    case Signals::Kind::Interrupted:
+        events.push_back(EventOf(InputEvent::Kind::Close));
+        break;
+    case Signals::Kind::HungUp:
+        screen.GiveUp();
+        isEnding = true;
+        break;
+    case Signals::Kind::Ended:
+        isEnding = true;
+        break;
+    case Signals::Kind::None:
+        break;
+    }
+}
+
+void TerminalHost::Terminal::Collect() {
+    for (auto kind = signals.Next(); kind != Signals::Kind::None; kind = signals.Next())
+        CollectSignal(kind);
+    // One at a time: what a key means depends on where the one before it led.
+    if (!events.empty())
+        return;
+    if (const auto key = screen.NextKey())
+        TerminalKeys::Translate(*key, IsTyping(), events);
+}
+
+void TerminalHost::Terminal::Wait() {
+    std::array<pollfd, 2> sources{{{STDIN_FILENO, POLLIN, 0}, {signals.Descriptor(), POLLIN, 0}}};
+    if (poll(sources.data(), sources.size(), -1) < 0)
+        return;
+    // A terminal that is gone may come without a signal, to a process that is not of its session.
+    constexpr short Gone = POLLHUP | POLLERR | POLLNVAL;
+    if ((sources[0].revents & Gone) != 0)
+        CollectSignal(Signals::Kind::HungUp);
+}
+
+/// One more step towards the end of the program. True when there is an event to give out.
+bool TerminalHost::Terminal::EndFurther() {
+    if (++endingSteps > MostEndingSteps)
+        std::exit(EXIT_FAILURE);
+    const Window* front = Desktop::The().Front();
+    if (endingSteps == 1 || !front || !front->modal) {
+        events.push_back(EventOf(InputEvent::Kind::Close));
+        return true;
+    }
+    if (front->isMessageBox && endingSteps % 2 == 0) {
+        // The right key is the one that changes nothing: No, Cancel.
+        for (const auto kind : {InputEvent::Kind::KeyDown, InputEvent::Kind::KeyUp}) {
+            events.push_back(EventOf(kind));
+            events.back().key = VK_TSOFT2;
+        }
+        return true;
+    }
+    PostMessageW(front->handle, WM_CLOSE, 0, 0);
+    return false;
+}
+
+TerminalHost::TerminalHost(std::unique_ptr<Terminal> terminal)
+    : terminal_(std::move(terminal)) {
+}
+
+TerminalHost::~TerminalHost() = default;
+
+std::unique_ptr<TerminalHost> TerminalHost::Open(std::string& error) {
+    auto terminal = std::make_unique<Terminal>();
+    if (!terminal->screen.Open(error))
+        return nullptr;
+    terminal->canvas.emplace(terminal->screen.Columns(), terminal->screen.Rows(), terminal->screen.IsUnicode());
+    SetScreenSize(terminal->canvas->ScreenSize());
+    return std::unique_ptr<TerminalHost>(new TerminalHost(std::move(terminal)));
+}
+
+bool TerminalHost::NextEvent(InputEvent& event, bool wait) {
+    Terminal& terminal = *terminal_;
+    terminal.isWoken = false;
+    terminal.Collect();
+    if (terminal.events.empty() && wait && !terminal.isWoken && !terminal.isEnding) {
+        terminal.Wait();
+        terminal.Collect();
+    }
+    if (terminal.events.empty() && terminal.isEnding && wait)
+        terminal.EndFurther();
+    if (terminal.events.empty()) {
+        // A frame is always the whole screen: cells and pixels have no edges in common.
+        if (!wait && terminal.isStale)
+            Desktop::The().InvalidateAll();
+        terminal.isStale = wait;
+        return false;
+    }
+    terminal.isStale = true;
+    event = terminal.events.front();
+    terminal.events.pop_front();
+    return true;
+}
+
+Canvas& TerminalHost::Screen() {
+    return *terminal_->canvas;
+}
+
+void TerminalHost::Present(const RECT& /*changed*/) {
+    terminal_->screen.Show(terminal_->canvas->Grid());
+}
+
+void TerminalHost::Beep() {
+    terminal_->screen.Beep();
+}
+
+void TerminalHost::Wake() {
+    Signals::Tell(Signals::Kind::Wake);
+}
+
+} // namespace device

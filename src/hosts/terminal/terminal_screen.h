@@ -1,0 +1,52 @@
+#pragma once
+
+#include "hosts/terminal/cell_grid.h"
+
+#include <optional>
+#include <string>
+
+namespace device {
+
+/// A key as the terminal tells it: a character, or one of the library's codes.
+struct TerminalKey {
+    bool isCode = false;
+    wchar_t character = 0;
+    int code = 0;
+};
+
+/// The terminal that the process was started from, while the program has it. Whatever way the process ends, the
+/// terminal is given back as it was. One a process.
+class TerminalScreen {
+public:
+    /// False, with one line on why, when there is no terminal that can be used.
+    bool Open(std::string& error);
+    TerminalScreen() = default;
+    ~TerminalScreen();
+    TerminalScreen(const TerminalScreen&) = delete;
+    TerminalScreen& operator=(const TerminalScreen&) = delete;
+
+    /// It shows more than ASCII.
+    bool IsUnicode() const { return unicode_; }
+    int Columns() const;
+    int Rows() const;
+    /// Takes over the terminal's size as it is now.
+    void Measure();
+    void Show(const CellGrid& grid);
+    void Beep();
+    /// The next key that came in, without waiting.
+    std::optional<TerminalKey> NextKey();
+    /// Nothing of it is written any more.
+    void GiveUp() { isGone_ = true; }
+
+private:
+    void ShowCell(const Cell& cell, int column, int row);
+    unsigned Attributes(const Cell& cell, short& pair);
+    short ShadePair(COLORREF shade);
+
+    bool isOpen_ = false;
+    bool isGone_ = false;
+    bool unicode_ = false;
+    bool colors_ = false;
+};
+
+} // namespace device

@@ -1,0 +1,100 @@
+#include "hosts/window/display.h"
+
+#include "platform/drawing/picture.h"
+#include "platform/drawing/pixel_image.h"
+
+#include <SDL.h>
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <string_view>
+
+namespace device {
+
+namespace {
+
+constexpr double DesktopDpi = 96.0;
+constexpr int IconSize = 64;
+
+/// A driver that shows nothing is taken only when it was asked for by name.
+bool IsBlindDriver(std::string_view driver) {
+    return driver == "dummy" || driver == "offscreen" || driver == "evdev";
+}
+
+constexpr const char* NoDisplay = "no display answers; start it inside a desktop session, or set DISPLAY to one";
+
+} // namespace
+
+bool IsSet(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+bool InitVideo(std::string& error) {
+    // Libraries below SDL complain on their own where there is nothing to connect to.
+    if (!IsSet("DISPLAY") && !IsSet("WAYLAND_DISPLAY") && !IsSet("SDL_VIDEODRIVER")) {
+        error = NoDisplay;
+        return false;
+    }
+    if (!IsSet("WAYLAND_DISPLAY") && !IsSet("SDL_VIDEODRIVER"))
+        SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
+    SDL_SetMainReady();
+    SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
+        error = std::string(NoDisplay) + " (" + SDL_GetError() + ")";
+    } else if (IsBlindDriver(SDL_GetCurrentVideoDriver()) && !IsSet("SDL_VIDEODRIVER")) {
+        error = NoDisplay;
+        SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    } else {
+        return true;
+    }
+    std::replace(error.begin(), error.end(), '\n', ' ');
+    return false;
+}
+
+int InImage(LONG devicePixels, double zoom) {
+    return std::max(1, static_cast<int>(std::lround(devicePixels * zoom)));
+}
+
+double PixelsPerPoint(SDL_Window* window) {
+    int points = 0;
+    int pixels = 0;
+    SDL_GetWindowSize(window, &points, nullptr);
+    SDL_GetWindowSizeInPixels(window, &pixels, nullptr);
+    return points > 0 && pixels > 0 ? static_cast<double>(pixels) / points : 1.0;
+}
+
+double ZoomOfDisplay(SDL_Window* window, SIZE screen) {
+    const double scale = PixelsPerPoint(window);
+    if (scale > 1.0)
+        return scale;
+    const int display = std::max(SDL_GetWindowDisplayIndex(window), 0);
+    float dpi = 0;
+    double zoom = 1.0;
+    if (SDL_GetDisplayDPI(display, nullptr, nullptr, &dpi) == 0)
+        zoom = std::clamp(std::round(dpi / DesktopDpi * 2.0) / 2.0, 1.0, 4.0);
+    SDL_Rect room;
+    if (SDL_GetDisplayUsableBounds(display, &room) != 0)
+        return zoom;
+    while (zoom > 1.0 && (InImage(screen.cx, zoom) > room.w || InImage(screen.cy, zoom) > room.h))
+        zoom -= 0.5;
+    return zoom;
+}
+
+void SetWindowIcon(SDL_Window* window, const Picture& picture) {
+    const ImageResource* image = BestSize(picture, IconSize);
+    if (image == nullptr)
+        return;
+    std::optional<PixelImage> pixels = DecodePixels(*image);
+    if (!pixels)
+        return;
+    SDL_Surface* icon = SDL_CreateRGBSurfaceWithFormatFrom(pixels->argb.data(), pixels->width, pixels->height, 32,
+        pixels->width * static_cast<int>(sizeof(std::uint32_t)), SDL_PIXELFORMAT_ARGB8888);
+    if (icon == nullptr)
+        return;
+    SDL_SetWindowIcon(window, icon);
+    SDL_FreeSurface(icon);
+}
+
+} // namespace device

@@ -1,0 +1,166 @@
+#include "hosts/terminal/terminal_canvas.h"
+#include "platform/metrics.h"
+#include "platform/windowing/look.h"
+
+#include <gtest/gtest.h>
+
+using namespace device;
+
+namespace {
+
+const FontDescription ListFont{-13, 400, false, {}};
+const FontDescription DialogFont{-10, 400, false, {}};
+
+class TerminalCanvasTest : public testing::Test {
+protected:
+    TerminalCanvasTest() {
+        SetScreenSize(canvas.ScreenSize());
+        canvas.BeginFrame({});
+    }
+    void Draw(int x, int y, const std::wstring& text, const FontDescription& font = ListFont) {
+        canvas.Text(x, TitleHeight() + y, text, font, RGB(0, 0, 0));
+    }
+    std::wstring Line(int row) const {
+        std::wstring line;
+        for (int column = 0; column < canvas.Grid().columns; ++column) {
+            const Cell& cell = canvas.Grid().At(column, row);
+            if (!cell.covered)
+                line += cell.text.empty() ? L" " : cell.text;
+        }
+        return line.substr(0, line.find_last_not_of(L' ') + 1);
+    }
+    TerminalCanvas canvas{10, 24, true};
+};
+
+TEST(CellMeasurerTest, CountsCells) {
+    CellMeasurer unicode(true);
+    CellMeasurer ascii(false);
+    const int cell = unicode.Cell().cx;
+    const struct {
+        std::wstring text;
+        int unicodeCells;
+        int asciiCells;
+    } cases[] = {
+        {L"", 0, 0},
+        {L"abc", 3, 3},
+        {L"\u6C7D\u8ECA", 4, 2},
+        {L"e\u0301", 1, 1},
+        {L"\u0301", 0, 0},
+        {L"a\u2026", 2, 3},
+        {L"\t\x01", 2, 2},
+        {std::wstring(1, static_cast<wchar_t>(0xD800)), 1, 1},
+        {L"\u20AC5", 2, 2},
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(unicode.Width(ListFont, each.text), each.unicodeCells * cell) << each.unicodeCells;
+        EXPECT_EQ(ascii.Width(ListFont, each.text), each.asciiCells * cell) << each.asciiCells;
+    }
+    EXPECT_EQ(unicode.CaretX(ListFont, L"\u6C7D\u8ECA", 1), 2 * cell);
+    EXPECT_EQ(unicode.CaretX(ListFont, L"ab", 9), 2 * cell);
+    EXPECT_EQ(EllipsisText(unicode, ListFont, L"\u6C7D\u8ECA\u6C7D", 5 * cell), L"\u6C7D\u8ECA\u2026");
+}
+
+TEST(CellMeasurerTest, AsciiTerminalsGetWhatComesNear) {
+    const CellMeasurer ascii(false);
+    EXPECT_EQ(ascii.Shown(L'\u2713'), L"*");
+    EXPECT_EQ(ascii.Shown(L'\u25B8'), L">");
+    EXPECT_EQ(ascii.Shown(L'\u2026'), L"..");
+    EXPECT_EQ(ascii.Shown(L'\u00DC'), L"?");
+}
+
+TEST_F(TerminalCanvasTest, TwoLinesOfAListRowTakeTwoRows) {
+    const int height = canvas.Measurer().Metrics(ListFont).Height();
+    for (int row = 0; row < 11; ++row) {
+        const int top = row * (2 * height + 3);
+        Draw(0, top, L"a" + std::to_wstring(row));
+        Draw(0, top + height, L"b" + std::to_wstring(row));
+    }
+    for (int row = 0; row < 11; ++row) {
+        EXPECT_EQ(Line(1 + 2 * row), L"a" + std::to_wstring(row));
+        EXPECT_EQ(Line(2 + 2 * row), L"b" + std::to_wstring(row));
+    }
+}
+
+TEST_F(TerminalCanvasTest, FieldsStandBelowTheirLabels) {
+    const int unit = canvas.Measurer().Metrics(DialogFont).Height() / 8;
+    for (int field = 0; field < 7; ++field) {
+        const int top = (2 + 25 * field) * unit;
+        Draw(0, top, L"label");
+        Draw(0, top + 11 * unit + 2 * unit, L"field", DialogFont);
+        EXPECT_EQ(Line(1 + 3 * field), L"label") << field;
+        EXPECT_EQ(Line(2 + 3 * field), L"field") << field;
+        EXPECT_EQ(Line(3 + 3 * field), L"") << field;
+    }
+}
+
+TEST_F(TerminalCanvasTest, CutsAtTheClipWithAnEllipsis) {
+    const int cell = static_cast<int>(canvas.Measurer().Width(ListFont, L"x"));
+    canvas.PushClip({0, 0, 4 * cell, 2000});
+    Draw(0, 0, L"abcdef");
+    Draw(0, 200, L"abcd");
+    Draw(0, 400, L"\u6C7D\u8ECA\u6C7D");
+    Draw(-cell, 600, L"abc");
+    Draw(0, 2100, L"below");
+    canvas.PopClip();
+    EXPECT_EQ(Line(1), L"abc\u2026");
+    EXPECT_EQ(Line(3), L"abcd");
+    EXPECT_EQ(Line(5), L"\u6C7D\u2026");
+    EXPECT_EQ(Line(7), L"bc");
+    EXPECT_EQ(Line(22), L"");
+}
+
+TEST_F(TerminalCanvasTest, TitleAndSoftKeysAreTheFirstAndTheLastRow) {
+    const SIZE screen = canvas.ScreenSize();
+    const RECT bar{0, screen.cy - SoftKeyBarHeight(), screen.cx, screen.cy};
+    canvas.Fill({0, 0, screen.cx, TitleHeight()}, BarColor, 255);
+    canvas.Fill(bar, BarColor, 255);
+    PaintMarks marks;
+    marks.role = PaintMarks::Role::Title;
+    canvas.SetMarks(marks);
+    canvas.Text(6, -38, L"Title", ListFont, BarTextColor);
+    marks.role = PaintMarks::Role::LeftSoftKey;
+    canvas.SetMarks(marks);
+    canvas.Text(0, bar.top - 38, L"New", ListFont, BarTextColor);
+    EXPECT_EQ(Line(0), L"Title");
+    EXPECT_EQ(Line(23), L"New");
+    EXPECT_EQ(canvas.Grid().At(9, 0).ground, Ground::Bar);
+    EXPECT_EQ(canvas.Grid().At(9, 23).ground, Ground::Bar);
+    EXPECT_EQ(canvas.Grid().At(0, 1).ground, Ground::Plain);
+    EXPECT_EQ(canvas.Grid().At(0, 22).ground, Ground::Plain);
+}
+
+TEST_F(TerminalCanvasTest, SelectionCaretAndDimmedGroundShow) {
+    const int title = TitleHeight();
+    canvas.Fill({0, title + 203, 500, title + 406}, GetSysColor(COLOR_HIGHLIGHT), 255);
+    Draw(0, 203, L"chosen");
+    EXPECT_EQ(canvas.Grid().At(0, 2).ground, Ground::Plain);
+    EXPECT_EQ(canvas.Grid().At(0, 3).ground, Ground::Selected);
+    EXPECT_EQ(canvas.Grid().At(9, 4).ground, Ground::Selected);
+    EXPECT_EQ(canvas.Grid().At(0, 5).ground, Ground::Plain);
+    canvas.Fill({152, title + 900, 153, title + 996}, GetSysColor(COLOR_WINDOWTEXT), 255);
+    EXPECT_TRUE(canvas.Grid().caretShown);
+    EXPECT_EQ(canvas.Grid().caretColumn, 3);
+    EXPECT_EQ(canvas.Grid().caretRow, 10);
+    canvas.Fill({0, title, 500, title + 2200}, RGB(0, 0, 0), 110);
+    EXPECT_FALSE(canvas.Grid().caretShown);
+    EXPECT_TRUE(canvas.Grid().At(0, 3).dim);
+    EXPECT_EQ(Line(3), L"chosen");
+}
+
+TEST_F(TerminalCanvasTest, TinyScreensKeepTheirBounds) {
+    for (const auto& [columns, rows] : {std::pair{1, 1}, {10, 4}, {0, 0}, {3, 2}}) {
+        canvas.Resize(columns, rows);
+        canvas.BeginFrame({});
+        const SIZE screen = canvas.ScreenSize();
+        canvas.Fill({0, 0, screen.cx, screen.cy}, GetSysColor(COLOR_HIGHLIGHT), 255);
+        canvas.Fill({0, 0, screen.cx, screen.cy}, MenuColor, 255);
+        Draw(-5000, -5000, L"far away");
+        Draw(0, 5000, L"\u6C7D");
+        canvas.Frame({-50, 0, 5000, 96}, GetSysColor(COLOR_HIGHLIGHT), 2);
+        canvas.EndFrame();
+        EXPECT_EQ(canvas.Grid().cells.size(),
+            static_cast<std::size_t>(std::max(columns, 1)) * static_cast<std::size_t>(std::max(rows, 1)));
+    }
+}
+
+} // namespace
