@@ -99,8 +99,8 @@ void ListView::PaintRow(HDC context, int row, RECT place) const {
     LONG left = 0;
     for (std::size_t index = 0; index < columns_.size(); ++index) {
         const Column& column = columns_[index];
-        RECT cell{
-            (index == 0 ? label.left : left) + CellPadding(), place.top, left + column.width - CellPadding(), place.bottom};
+        RECT cell{(index == 0 ? label.left : left) + CellPadding(), place.top, left + column.width - CellPadding(),
+            place.bottom};
         const std::wstring text = rows_.Cell(row, static_cast<int>(index));
         DrawTextW(context, text.c_str(), -1, &cell,
             DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS
