@@ -36,7 +36,7 @@ CellMeasurer::CellMeasurer(bool unicode)
 }
 
 int CellMeasurer::Columns(wchar_t character) const {
-    const auto point = static_cast<gunichar>(character);
+    const auto point = static_cast<gunichar>(static_cast<char32_t>(character));
     if (g_unichar_validate(point) == FALSE)
         return 1;
     if (point != 0 && !IsControl(character) && g_unichar_iszerowidth(point) != FALSE)

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
@@ -21,7 +22,7 @@ constexpr std::array<int, 11> ZoomSteps = {50, 75, 100, 125, 150, 175, 200, 250,
 constexpr std::size_t LargestFile = 256;
 
 int Percent(double zoom) {
-    return static_cast<int>(zoom * 100.0 + 0.5);
+    return static_cast<int>(std::lround(zoom * 100.0));
 }
 
 /// Takes `before` and a number of `least` to `most` off the front of `text`.

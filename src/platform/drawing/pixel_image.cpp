@@ -33,7 +33,7 @@ std::optional<PixelImage> DecodePixels(const ImageResource& image) {
     for (int y = 0; y < pixels.height; ++y, row += cairo_image_surface_get_stride(surface)) {
         for (int x = 0; x < pixels.width; ++x) {
             std::uint32_t pixel = 0;
-            std::memcpy(&pixel, row + x * static_cast<int>(sizeof pixel), sizeof pixel);
+            std::memcpy(&pixel, row + static_cast<std::size_t>(x) * sizeof pixel, sizeof pixel);
             pixels.argb.push_back(format == CAIRO_FORMAT_ARGB32 ? WithoutAlphaInColors(pixel) : pixel | 0xFF000000U);
         }
     }
