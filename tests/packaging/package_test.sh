@@ -4,8 +4,9 @@ set -euo pipefail
 build=$1
 scratch=$(mktemp -d)
 display=
+program=
 finish() {
-    [ -z "$display" ] || kill "$display" 2>/dev/null || true
+    for process in $program $display; do kill -KILL "$process" 2>/dev/null || true; done
     rm -rf "$scratch"
 }
 trap finish EXIT
@@ -41,7 +42,7 @@ menu_entry_starts() {
     local command
     command=$(sed -n 's/^Exec=//p' "$1/share/applications/odoledger.desktop")
     PATH=$1/bin:$PATH sh -c "exec $command" &
-    local program=$!
+    program=$!
     timeout 30 xdotool search --sync --onlyvisible --class odoledger >/dev/null || fail "no window"
     # The units message of a first start holds an end back until it is answered.
     for _ in $(seq 100); do
@@ -52,6 +53,7 @@ menu_entry_starts() {
     kill -0 $program 2>/dev/null && { kill -KILL $program; fail "the window does not end"; }
     local status=0
     wait $program || status=$?
+    program=
     [ $status -eq 1 ] || fail "the window ended with $status"
     [ -s "$HOME/Documents/My Vehicles.dat" ] || fail "the window made no log"
     [ -s "$HOME/.config/odoledger/registry" ] || fail "the window stored no settings"

@@ -82,7 +82,13 @@ double ZoomOfDisplay(SDL_Window* window, SIZE screen) {
     return zoom;
 }
 
-void SetWindowIcon(SDL_Window* window, const Picture& picture) {
+void SetProgramIcon(SDL_Window* window) {
+    const HINSTANCE module = GetModuleHandleW(nullptr);
+    if (module == nullptr || module->images.empty())
+        return;
+    const auto first = std::min_element(module->images.begin(), module->images.end(),
+        [](const ImageResource& a, const ImageResource& b) { return a.id < b.id; });
+    const Picture picture = FindPicture(module, first->id);
     const ImageResource* image = BestSize(picture, IconSize);
     if (image == nullptr)
         return;

@@ -1,10 +1,7 @@
 #include "hosts/window/window_host.h"
 
 #include "hosts/window/display.h"
-#include "hosts/window/keyboard.h"
-#include "hosts/window/remembered_size.h"
-#include "hosts/window/tone.h"
-#include "platform/drawing/cairo_canvas.h"
+#include "hosts/window/native_window.h"
 #include "platform/drawing/rectangles.h"
 #include "platform/system/environment.h"
 #include "platform/system/utf8.h"
@@ -23,68 +20,8 @@ namespace {
 constexpr char FirstTitle[] = "Handset";
 constexpr float LinesPerWheelStep = 3.0F;
 constexpr int ToneCheckMilliseconds = 100;
-constexpr Uint32 FillsDisplay = SDL_WINDOW_MAXIMIZED | SDL_WINDOW_FULLSCREEN | SDL_WINDOW_FULLSCREEN_DESKTOP;
-
-std::string MemoryFile() {
-    return TheEnvironment().registryFile + ".window";
-}
 
 } // namespace
-
-struct WindowHost::Window {
-    Window();
-    ~Window();
-    Window(const Window&) = delete;
-    Window& operator=(const Window&) = delete;
-
-    bool Create();
-    void ApplyZoom();
-    void ApplyResize();
-    void ChangeZoom(double chosen);
-    void NoteSize(SIZE now);
-    bool Obey(Keyboard::HostCommand command);
-    bool IsFree() const;
-    void Remember() const;
-    void CopyToWindow(const RECT& imagePlace);
-    void CopyAll();
-    bool WaitForEvent(SDL_Event& event);
-    void Translate(const SDL_Event& event);
-    void TranslateWindow(const SDL_WindowEvent& event);
-    void TranslateButton(const SDL_MouseButtonEvent& event);
-    void TranslateWheel(const SDL_MouseWheelEvent& event);
-    void AddMouse(InputEvent::Kind kind, int x, int y, int delta = 0);
-
-    SDL_Window* handle = nullptr;
-    SIZE screen;
-    double zoom = 1.0; ///< image pixels a device pixel: the display's own by what was chosen
-    double displayZoom = 1.0;
-    SIZE asked{}; ///< what the window was asked to be, in points
-    SIZE askedFor{}; ///< the screen that would need
-    RememberedSize chosen; ///< the zoom that was chosen, and the screen while the window had no display to fill
-    bool isGiven = false; ///< size or zoom were told from outside: nothing is remembered then
-    std::unique_ptr<CairoCanvas> canvas;
-    bool isPainted = false; ///< the canvas shows something worth copying
-    bool isMoved = false; ///< to another display, or the display changed
-    bool isResized = false; ///< a size came that the canvas does not have yet
-    bool isWoken = false;
-    std::atomic<bool> wakeIsQueued = false;
-    Uint32 wakeEvent = 0;
-    float wheelRest = 0;
-    Keyboard keyboard;
-    Tone tone;
-    SDL_Cursor* waitCursor = nullptr;
-    std::deque<InputEvent> events;
-};
-
-WindowHost::Window::Window()
-    : screen(TheEnvironment().screen)
-    , isGiven(IsSet("HANDSET_SCREEN") || TheEnvironment().zoom.has_value()) {
-    if (const auto remembered = isGiven ? std::nullopt : RememberedSize::Load(MemoryFile())) {
-        chosen = *remembered;
-        screen = chosen.screen;
-    }
-    chosen.screen = screen;
-}
 
 WindowHost::Window::~Window() {
     Remember();
@@ -107,103 +44,9 @@ bool WindowHost::Window::Create() {
     canvas = std::make_unique<CairoCanvas>(screen, zoom);
     // What the desktop made of the wish comes as a resize like any other.
     isResized = true;
+    SetProgramIcon(handle);
     SDL_StartTextInput();
     return SDL_GetWindowSurface(handle) != nullptr;
-}
-
-/// The size is the person's own to choose, so it is worth keeping.
-bool WindowHost::Window::IsFree() const {
-    return (SDL_GetWindowFlags(handle) & FillsDisplay) == 0;
-}
-
-/// A free window grows and shrinks with the zoom, so that its screen holds as much as before, as far as there is room.
-void WindowHost::Window::ApplyZoom() {
-    zoom = TheEnvironment().zoom.value_or(displayZoom) * chosen.zoom;
-    isResized = true;
-    if (!IsFree())
-        return;
-    const double scale = PixelsPerPoint(handle);
-    asked = {InImage(chosen.screen.cx, zoom / scale), InImage(chosen.screen.cy, zoom / scale)};
-    SDL_Rect room;
-    const int display = std::max(SDL_GetWindowDisplayIndex(handle), 0);
-    if (!isGiven && SDL_GetDisplayUsableBounds(display, &room) == 0 && room.w > 0 && room.h > 0)
-        asked = {std::min(asked.cx, room.w), std::min(asked.cy, room.h)};
-    askedFor = chosen.screen;
-    SDL_SetWindowSize(handle, asked.cx, asked.cy);
-}
-
-void WindowHost::Window::ChangeZoom(double chosenZoom) {
-    if (chosenZoom == chosen.zoom)
-        return;
-    chosen.zoom = chosenZoom;
-    ApplyZoom();
-}
-
-bool WindowHost::Window::Obey(Keyboard::HostCommand command) {
-    switch (command) {
-    case Keyboard::HostCommand::None:
-        return false;
-    case Keyboard::HostCommand::ZoomIn:
-        ChangeZoom(LargerZoom(chosen.zoom));
-        break;
-    case Keyboard::HostCommand::ZoomOut:
-        ChangeZoom(SmallerZoom(chosen.zoom));
-        break;
-    case Keyboard::HostCommand::ZoomReset:
-        ChangeZoom(1.0);
-        break;
-    case Keyboard::HostCommand::FullScreen:
-        SDL_SetWindowFullscreen(
-            handle, (SDL_GetWindowFlags(handle) & SDL_WINDOW_FULLSCREEN) != 0 ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
-        break;
-    }
-    return true;
-}
-
-void WindowHost::Window::Remember() const {
-    // What was never shown gave way to a first instance, whose size it is.
-    if (isGiven || handle == nullptr || (SDL_GetWindowFlags(handle) & SDL_WINDOW_HIDDEN) != 0)
-        return;
-    if (RememberedSize::Load(MemoryFile()) != chosen)
-        chosen.Store(MemoryFile());
-}
-
-/// A size that is not the one asked for is the person's own wish. One that is stands for the screen it was asked for,
-/// which may have been more than the display had room for.
-void WindowHost::Window::NoteSize(SIZE now) {
-    int width = 0;
-    int height = 0;
-    SDL_GetWindowSize(handle, &width, &height);
-    if (IsFree())
-        chosen.screen = width == asked.cx && height == asked.cy ? askedFor : now;
-}
-
-void WindowHost::Window::ApplyResize() {
-    if (isMoved) {
-        isMoved = false;
-        const double before = std::exchange(displayZoom, ZoomOfDisplay(handle, TheEnvironment().screen));
-        if (displayZoom != before)
-            ApplyZoom();
-    }
-    isResized = false;
-    int width = 0;
-    int height = 0;
-    SDL_GetWindowSizeInPixels(handle, &width, &height);
-    const auto inDevice = [this](int pixels) { return std::max(1, static_cast<int>(pixels / zoom + 0.001)); };
-    const SIZE size{inDevice(width), inDevice(height)};
-    NoteSize(size);
-    if (size.cx == screen.cx && size.cy == screen.cy && zoom == canvas->Zoom()) {
-        CopyAll();
-        return;
-    }
-    screen = size;
-    canvas->Resize(screen, zoom);
-    isPainted = false;
-    InputEvent event;
-    event.kind = InputEvent::Kind::Resize;
-    event.x = size.cx;
-    event.y = size.cy;
-    events.push_back(event);
 }
 
 void WindowHost::Window::CopyToWindow(const RECT& imagePlace) {
@@ -409,10 +252,6 @@ void WindowHost::Present(const RECT& changed) {
     window.CopyToWindow(
         {static_cast<LONG>(std::floor(changed.left * zoom)), static_cast<LONG>(std::floor(changed.top * zoom)),
             static_cast<LONG>(std::ceil(changed.right * zoom)), static_cast<LONG>(std::ceil(changed.bottom * zoom))});
-}
-
-void WindowHost::SetIcon(const Picture& picture) {
-    SetWindowIcon(window_->handle, picture);
 }
 
 void WindowHost::Beep() {

@@ -19,8 +19,6 @@ public:
     WindowHost(const WindowHost&) = delete;
     WindowHost& operator=(const WindowHost&) = delete;
 
-    /// The window's own icon.
-    void SetIcon(const Picture& picture);
     /// In device pixels.
     SIZE ScreenSize() const;
     double Zoom() const;

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "hosts/window/keyboard.h"
+#include "hosts/window/remembered_size.h"
+#include "hosts/window/tone.h"
+#include "hosts/window/window_host.h"
+#include "platform/drawing/cairo_canvas.h"
+
+#include <SDL.h>
+#include <atomic>
+#include <deque>
+
+namespace device {
+
+/// The desktop's window behind a WindowHost, for the sources of this folder alone.
+struct WindowHost::Window {
+    Window();
+    ~Window();
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    bool Create();
+    void ApplyZoom();
+    void ApplyResize();
+    void ChangeZoom(double chosen);
+    void NoteSize(SIZE now);
+    bool Obey(Keyboard::HostCommand command);
+    bool IsFree() const;
+    void Remember() const;
+    void CopyToWindow(const RECT& imagePlace);
+    void CopyAll();
+    bool WaitForEvent(SDL_Event& event);
+    void Translate(const SDL_Event& event);
+    void TranslateWindow(const SDL_WindowEvent& event);
+    void TranslateButton(const SDL_MouseButtonEvent& event);
+    void TranslateWheel(const SDL_MouseWheelEvent& event);
+    void AddMouse(InputEvent::Kind kind, int x, int y, int delta = 0);
+
+    SDL_Window* handle = nullptr;
+    SIZE screen;
+    double zoom = 1.0; ///< image pixels a device pixel: the display's own by what was chosen
+    double displayZoom = 1.0;
+    SIZE asked{}; ///< what the window was asked to be, in points
+    SIZE askedFor{}; ///< the screen that would need
+    RememberedSize chosen; ///< the zoom that was chosen, and the screen while the window had no display to fill
+    bool isGiven = false; ///< size or zoom were told from outside: nothing is remembered then
+    std::unique_ptr<CairoCanvas> canvas;
+    bool isPainted = false; ///< the canvas shows something worth copying
+    bool isMoved = false; ///< to another display, or the display changed
+    bool isResized = false; ///< a size came that the canvas does not have yet
+    bool isWoken = false;
+    std::atomic<bool> wakeIsQueued = false;
+    Uint32 wakeEvent = 0;
+    float wheelRest = 0;
+    Keyboard keyboard;
+    Tone tone;
+    SDL_Cursor* waitCursor = nullptr;
+    std::deque<InputEvent> events;
+};
+
+} // namespace device
