@@ -5,118 +5,88 @@
 #include "shell/common/app_settings.h"
 #include "units/record_text.h"
 
-#include <functional>
-#include <string>
-#include <string_view>
-#include <vector>
+#include <utility>
 
 namespace {
 
-/// The lower-case summaries of entries, each made when it is first asked for. One table and one text hold them all: a
-/// sort asks for millions.
-class SummaryKeys {
-public:
-    SummaryKeys()
-        : slots_(FirstSize) { }
+constexpr std::size_t UsualDescription = 32;
 
-    int Compare(const CEntry* a, const CEntry* b) {
-        const Slot first = SlotOf(a);
-        const Slot second = SlotOf(b);
-        return KeyIn(first).compare(KeyIn(second));
-    }
-
-private:
-    struct Slot {
-        const CEntry* entry = nullptr; ///< null: free
-        std::size_t start = 0;
-        std::size_t length = 0;
-    };
-    static constexpr std::size_t FirstSize = 64; ///< sizes are powers of 2
-
-    std::wstring_view KeyIn(const Slot& slot) const { return std::wstring_view(keys_).substr(slot.start, slot.length); }
-    Slot& Find(const CEntry* entry);
-    Slot SlotOf(const CEntry* entry);
-    void Grow();
-
-    std::vector<Slot> slots_;
-    std::size_t used_ = 0;
-    std::wstring keys_;
-};
-
-/// The entry's slot, or the free one that it would take.
-SummaryKeys::Slot& SummaryKeys::Find(const CEntry* entry) {
-    // Objects of one kind lie at multiples of their size: the lowest bits tell little.
-    const std::size_t hash = std::hash<const CEntry*>()(entry);
-    std::size_t place = (hash >> 4U) ^ (hash >> 12U);
-    while (slots_[place & (slots_.size() - 1)].entry && slots_[place & (slots_.size() - 1)].entry != entry)
-        ++place;
-    return slots_[place & (slots_.size() - 1)];
-}
-
-SummaryKeys::Slot SummaryKeys::SlotOf(const CEntry* entry) {
-    Slot& slot = Find(entry);
-    if (slot.entry)
-        return slot;
-    std::wstring key = EntrySummaryText(entry);
-    CharLowerW(key.data());
-    slot = {entry, keys_.size(), key.size()};
-    keys_ += key;
-    const Slot made = slot;
-    if (++used_ * 2 > slots_.size())
-        Grow();
-    return made;
-}
-
-void SummaryKeys::Grow() {
-    std::vector<Slot> former(slots_.size() * 2);
-    former.swap(slots_);
-    for (const Slot& slot : former) {
-        if (slot.entry)
-            Find(slot.entry) = slot;
-    }
-}
-
-SummaryKeys* kept = nullptr; ///< null outside a sort
-
-int CompareSummaries(const CEntry* a, const CEntry* b) {
-    return kept ? kept->Compare(a, b) : _wcsicmp(EntrySummaryText(a).c_str(), EntrySummaryText(b).c_str());
-}
-
-template <typename Value> int Order(Value a, Value b) {
+template <typename Value> int Order(const Value& a, const Value& b) {
     return a < b ? -1 : b < a ? 1 : 0;
 }
 
-const CEntry* EntryOf(LPARAM data) {
-    return reinterpret_cast<const CEntry*>(data); // NOLINT(performance-no-int-to-ptr)
+double ValueOf(const CEntry& entry, int column) {
+    switch (column) {
+    case SortColumnDate:
+        return entry.GetDate();
+    case SortColumnOdometer:
+        return entry.GetOdometer();
+    case SortColumnAmount:
+        return double{entry.GetAmount()};
+    default:
+        return 0;
+    }
+}
+
+/// Texts that differ in their first characters differ in this number, and stand in its order.
+std::uint64_t BeginOf(std::wstring_view text) {
+    constexpr unsigned BitsOfCharacter = 21;
+    std::uint64_t begin = 0;
+    for (std::size_t place = 0; place < 3; ++place)
+        begin = (begin << BitsOfCharacter) | static_cast<std::uint32_t>(place < text.size() ? text[place] : L'\0');
+    return begin;
 }
 
 } // namespace
 
-CSummaryMemory::CSummaryMemory() {
-    kept = new SummaryKeys;
-}
-
-CSummaryMemory::~CSummaryMemory() {
-    delete kept;
-    kept = nullptr;
-}
-
-int CompareEntries(LPARAM first, LPARAM second, LPARAM column) {
-    const CEntry* a = EntryOf(theSettings.SortAscending ? first : second);
-    const CEntry* b = EntryOf(theSettings.SortAscending ? second : first);
-    int order = 0;
-    switch (column) {
-    case SortColumnDate:
-        order = Order(a->GetDate(), b->GetDate());
-        return order != 0 ? order : CompareSummaries(a, b);
-    case SortColumnDescription:
-        return CompareSummaries(a, b);
-    case SortColumnOdometer:
-        order = Order(a->GetOdometer(), b->GetOdometer());
-        return order != 0 ? order : Order(a->GetAmount(), b->GetAmount());
-    case SortColumnAmount:
-        return Order(a->GetAmount(), b->GetAmount());
-    default:
-        return 0;
+CEntrySortKeys::CEntrySortKeys(int column, const std::vector<const CEntry*>& rows)
+    : column_(column)
+    , ascending_(theSettings.SortAscending != 0) {
+    const bool hasTies = column_ == SortColumnOdometer;
+    values_.reserve(rows.size());
+    ties_.reserve(hasTies ? rows.size() : 0);
+    for (const CEntry* entry : rows) {
+        values_.push_back(entry ? ValueOf(*entry, column_) : 0);
+        if (hasTies)
+            ties_.push_back(entry ? entry->GetAmount() : 0);
     }
+    if (column_ == SortColumnDate || column_ == SortColumnDescription) {
+        characters_.reserve(rows.size() * UsualDescription);
+        texts_.reserve(rows.size());
+        for (const CEntry* entry : rows)
+            texts_.push_back({entry, NoText, 0, 0});
+    }
+}
+
+int CEntrySortKeys::Compare(std::size_t first, std::size_t second) {
+    if (!ascending_)
+        std::swap(first, second);
+    const int order = Order(values_[first], values_[second]);
+    if (order != 0)
+        return order;
+    if (!ties_.empty())
+        return Order(ties_[first], ties_[second]);
+    return texts_.empty() ? 0 : CompareTexts(texts_[first], texts_[second]);
+}
+
+int CEntrySortKeys::CompareTexts(Text& first, Text& second) {
+    MakeText(first);
+    MakeText(second);
+    const int order = Order(first.begin, second.begin);
+    return order != 0 ? order : ViewOf(first).compare(ViewOf(second));
+}
+
+void CEntrySortKeys::MakeText(Text& text) {
+    if (text.start != NoText)
+        return;
+    text.start = characters_.size();
+    AppendEntrySummary(text.entry, &characters_);
+    CharLowerW(characters_.data() + text.start);
+    text.length = characters_.size() - text.start;
+    text.begin = BeginOf(ViewOf(text));
+}
+
+int CompareEntries(LPARAM first, LPARAM second, LPARAM keys) {
+    auto* made = reinterpret_cast<CEntrySortKeys*>(keys); // NOLINT(performance-no-int-to-ptr): the control's way
+    return made->Compare(static_cast<std::size_t>(first), static_cast<std::size_t>(second));
 }

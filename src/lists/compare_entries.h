@@ -2,6 +2,11 @@
 
 #include "platform/types.h"
 
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
 class CEntry;
 
 /// The columns of the log's order, as the settings keep them.
@@ -13,15 +18,40 @@ enum SortColumn : std::int32_t {
     SortColumnAmount = 3,
 };
 
-/// Orders two entries (CEntry*) by a column and, where they are equal in it, by the next: dates by the description,
-/// readings by the amount. The direction of the settings turns all of it round. Below 0, 0 or above 0.
-int CompareEntries(LPARAM first, LPARAM second, LPARAM column);
-
-/// While it lives, CompareEntries makes the description of an entry only once. The entries must not change meanwhile.
-class CSummaryMemory {
+/// What the rows of a log are ordered by, made once for one sort: a column and, where two rows are equal in it, the
+/// next. Dates fall to the description (without regard to case), readings to the amount. The direction of the settings
+/// turns all of it round. The entries must not change meanwhile.
+class CEntrySortKeys {
 public:
-    CSummaryMemory();
-    CSummaryMemory(const CSummaryMemory&) = delete;
-    CSummaryMemory& operator=(const CSummaryMemory&) = delete;
-    ~CSummaryMemory();
+    /// `rows` are the entries from the top row down; null has the lowest values.
+    CEntrySortKeys(int column, const std::vector<const CEntry*>& rows);
+
+    /// Orders two rows by their places in that order. Below 0, 0 or above 0.
+    int Compare(std::size_t first, std::size_t second);
+
+private:
+    struct Text {
+        const CEntry* entry;
+        std::size_t start; ///< in texts_; NoText: not asked for yet
+        std::size_t length;
+        std::uint64_t begin; ///< the first three characters as one number
+    };
+    static constexpr std::size_t NoText = static_cast<std::size_t>(-1);
+
+    int CompareTexts(Text& first, Text& second);
+    void MakeText(Text& text);
+    std::wstring_view ViewOf(const Text& text) const {
+        return std::wstring_view(characters_).substr(text.start, text.length);
+    }
+
+    int column_;
+    bool ascending_;
+    // Apart from each other, since a sort reads at random what it compares first: the less that is, the faster.
+    std::vector<double> values_; ///< dates, odometers or amounts
+    std::vector<float> ties_; ///< the amounts behind odometers
+    std::vector<Text> texts_;
+    std::wstring characters_; ///< lower-case descriptions, one behind the other
 };
+
+/// The list view's callback: `keys` is a CEntrySortKeys*.
+int CompareEntries(LPARAM first, LPARAM second, LPARAM keys);

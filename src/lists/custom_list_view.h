@@ -24,8 +24,8 @@ public:
     LPARAM GetRowData(int row) const;
     bool SetRowData(int row, LPARAM data);
     bool SetCellText(int row, int column, const wchar_t* text);
-    /// Returns the index that the row got, or -1. In a sorted list that is not `row`.
-    int InsertRow(int row, const wchar_t* text, int image);
+    /// Returns the index that the row got, or -1. In a sorted list that is not `row`. `data` is the row's record.
+    int InsertRow(int row, const wchar_t* text, int image, LPARAM data = 0);
     bool DeleteRow(int row);
     /// The index of the row with this record, or -1.
     int FindRowByData(LPARAM data) const;

@@ -55,9 +55,7 @@ void CEntryListView::Refresh(CEntryFilter* filter) {
 }
 
 int CEntryListView::AppendRow(CEntry* entry) {
-    const int row = InsertRow(AtTheEnd, DateText(entry->GetDate()).c_str(), entry->GetType() - 1);
-    SetRowData(row, DataOf(entry));
-    return row;
+    return InsertRow(AtTheEnd, DateText(entry->GetDate()).c_str(), entry->GetType() - 1, DataOf(entry));
 }
 
 int CEntryListView::AddRow(CEntry* entry, int update) {
@@ -90,8 +88,12 @@ void CEntryListView::SortRows(int column) {
         column = theSettings.LastColSorted;
     if (column == SortColumnNone)
         return;
-    const CSummaryMemory summaries;
-    SendMessageW(GetHandle(), LVM_SORTITEMS, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&CompareEntries));
+    std::vector<const CEntry*> entries(static_cast<std::size_t>(GetRowCount()));
+    for (std::size_t row = 0; row < entries.size(); ++row)
+        entries[row] = GetRowEntry(static_cast<int>(row));
+    CEntrySortKeys keys(column, entries);
+    SendMessageW(
+        GetHandle(), LVM_SORTITEMSEX, reinterpret_cast<WPARAM>(&keys), reinterpret_cast<LPARAM>(&CompareEntries));
     theSettings.LastColSorted = column;
 }
 

@@ -1,4 +1,5 @@
-// The row operations of CCustomListView, each a message to the control.
+// The row operations of CCustomListView, each a message to the control. Those that run over whole lists go straight to
+// it and not first through this object, which handles none of them itself.
 
 #include "lists/custom_list_view.h"
 
@@ -27,7 +28,7 @@ LPARAM CCustomListView::GetRowData(int row) const {
     LVITEMW item;
     item.mask = LVIF_PARAM;
     item.iItem = row;
-    return SendMessageW(GetHandle(), LVM_GETITEMW, 0, Address(&item)) ? item.lParam : 0;
+    return DefaultMessage(LVM_GETITEMW, 0, Address(&item)) ? item.lParam : 0;
 }
 
 bool CCustomListView::SetRowData(int row, LPARAM data) {
@@ -47,13 +48,14 @@ bool CCustomListView::SetCellText(int row, int column, const wchar_t* text) {
     return SendMessageW(GetHandle(), LVM_SETITEMW, 0, Address(&item)) != 0;
 }
 
-int CCustomListView::InsertRow(int row, const wchar_t* text, int image) {
+int CCustomListView::InsertRow(int row, const wchar_t* text, int image, LPARAM data) {
     LVITEMW item;
-    item.mask = LVIF_TEXT | LVIF_IMAGE;
+    item.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM;
     item.iItem = row;
     item.pszText = ReadOnly(text);
     item.iImage = image;
-    return static_cast<int>(SendMessageW(GetHandle(), LVM_INSERTITEMW, 0, Address(&item)));
+    item.lParam = data;
+    return static_cast<int>(DefaultMessage(LVM_INSERTITEMW, 0, Address(&item)));
 }
 
 bool CCustomListView::DeleteRow(int row) {

@@ -16,12 +16,12 @@ inline constexpr UINT LVM_SETCOLUMNWIDTH = 4126;
 inline constexpr UINT LVM_GETHEADER = 4127;
 inline constexpr UINT LVM_SETITEMSTATE = 4139;
 inline constexpr UINT LVM_GETITEMSTATE = 4140;
-inline constexpr UINT LVM_SORTITEMS = 4144;
 inline constexpr UINT LVM_GETSELECTEDCOUNT = 4146;
 inline constexpr UINT LVM_SETEXTENDEDLISTVIEWSTYLE = 4150;
 inline constexpr UINT LVM_GETITEMW = 4171;
 inline constexpr UINT LVM_SETITEMW = 4172;
 inline constexpr UINT LVM_INSERTITEMW = 4173;
+inline constexpr UINT LVM_SORTITEMSEX = 4177;
 inline constexpr UINT LVM_FINDITEMW = 4179;
 inline constexpr UINT LVM_INSERTCOLUMNW = 4193;
 inline constexpr UINT LVM_GETITEMTEXTW = 4211;
@@ -92,8 +92,8 @@ struct NMLVKEYDOWN {
     WORD wVKey = 0;
 };
 
-/// LVM_SORTITEMS: wParam is passed on as `sortParameter`, lParam is the function; rows that compare equal keep their
-/// order.
+/// LVM_SORTITEMSEX: wParam is passed on as `sortParameter`, lParam is the function. It gets the indexes that two rows
+/// have before the sort; rows that compare equal keep their order.
 using PFNLVCOMPARE = int (*)(LPARAM first, LPARAM second, LPARAM sortParameter);
 
 inline constexpr UINT ODT_LISTVIEW = 102;

@@ -26,7 +26,7 @@ protected:
     /// Every message of the window. What is not the object's own goes on to DefaultMessage.
     virtual LRESULT ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam);
     /// What the window would do without the object.
-    LRESULT DefaultMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT DefaultMessage(UINT message, WPARAM wParam, LPARAM lParam) const;
     /// The window is gone; the last thing that is heard of it.
     virtual void OnFinalMessage() { }
 

@@ -58,6 +58,15 @@ template <typename Record> bool DeleteRow(CDataFile& file, const Record& record,
     return MeetsRecord(run, record, refId);
 }
 
+/// False on an error alone: that another process was first leaves nothing to do.
+bool DeleteIfThere(CDataFile& file, const CEntry& entry) {
+    CStatementRun run = file.Run(Sql::DeleteEntry);
+    run.Bind(LONGLONG{entry.GetID()}).Bind(LONGLONG{entry.GetRefID()});
+    CStatementRun::Result result;
+    while ((result = run.Step()) == CStatementRun::Result::Row) { }
+    return result == CStatementRun::Result::Done;
+}
+
 bool DeleteOwned(CDataFile& file, Sql statement, ULONG vehicle) {
     return file.Run(statement).Bind(LONGLONG{vehicle}).Step() == CStatementRun::Result::Done;
 }
@@ -208,8 +217,8 @@ int CDataLayer::Delete(const CObjectListT<CEntry>* entries) {
         if (!transaction.HasBegun())
             return false;
         for (int i = 0; i < entries->GetCount(); ++i) {
-            ULONG refId = 0;
-            if (!DeleteRow(*file_, *entries->Get(i), &refId))
+            const CEntry* entry = entries->Get(i);
+            if (entry && !DeleteIfThere(*file_, *entry))
                 return false;
         }
         return transaction.Commit();

@@ -55,7 +55,8 @@ public:
     int Delete(const CEntry* entry);
     int Delete(const CKeyword* keyword);
     int Delete(const CNotification* reminder);
-    /// Removes all the entries of the list or, where one cannot be removed, none.
+    /// Removes all the entries of the list in one transaction: all of them or, when it fails, none. An entry that is
+    /// no longer there is passed over.
     int Delete(const CObjectListT<CEntry>* entries);
 
     /// The highest reading of all entries of the vehicle with this RefID. 0, `odometer` untouched, where it has none.

@@ -176,13 +176,12 @@ int DeleteEntries(const CObjectListT<CEntry>& entries) {
     const UINT question = entries.GetCount() == 1 ? strings::ConfirmDeleteEntry : strings::ConfirmDeleteEntries;
     if (ShowMessage(GetActiveWindow(), question, strings::AppName, messages::QuestionStyle) == IDNO)
         return 0;
-    bool failed = false;
+    int deleted = 0;
     {
         const CWaitCursor wait;
-        for (int index = 0; index < entries.GetCount(); ++index)
-            failed = !theDataLayer.Delete(entries.Get(index)) || failed;
+        deleted = theDataLayer.Delete(&entries);
     }
-    if (failed)
+    if (!deleted)
         ShowStoreFailure();
     return 1;
 }

@@ -5,28 +5,33 @@
 #include "units/number_text.h"
 #include "units/units.h"
 
-namespace {
-
-std::wstring TextOf(const wchar_t* text) {
-    return text ? text : L"";
-}
-
-} // namespace
-
 std::wstring VehicleTitleText(const CVehicle* vehicle) {
     if (!vehicle)
         return {};
-    return TextOf(vehicle->GetName()) + L" (" + std::to_wstring(vehicle->GetYear()) + L")";
+    return std::wstring(vehicle->GetName()) + L" (" + std::to_wstring(vehicle->GetYear()) + L")";
+}
+
+void AppendEntrySummary(const CEntry* entry, std::wstring* text) {
+    if (!entry)
+        return;
+    if (entry->GetType() == CEntry::EntryTypeFuel) {
+        *text += NumberText(entry->GetCustom1(), true, false);
+        *text += L' ';
+        *text += VolumeUnitName(true, true);
+        *text += L" @ ";
+        *text += NumberText(entry->GetCustom2(), true, true);
+    } else {
+        *text += entry->GetName();
+    }
+    if (entry->GetVendor()[0] == L'\0')
+        return;
+    *text += L" (";
+    *text += entry->GetVendor();
+    *text += L')';
 }
 
 std::wstring EntrySummaryText(const CEntry* entry) {
-    if (!entry)
-        return {};
-    const std::wstring vendor = TextOf(entry->GetVendor());
-    std::wstring text = entry->GetType() == CEntry::EntryTypeFuel ? NumberText(entry->GetCustom1(), true, false) + L" "
-            + VolumeUnitName(true, true) + L" @ " + NumberText(entry->GetCustom2(), true, true)
-                                                                  : TextOf(entry->GetName());
-    if (!vendor.empty())
-        text += L" (" + vendor + L")";
+    std::wstring text;
+    AppendEntrySummary(entry, &text);
     return text;
 }

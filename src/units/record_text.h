@@ -10,3 +10,4 @@ std::wstring VehicleTitleText(const CVehicle* vehicle);
 /// One line that describes a log entry, such as "12.50 gal @ $3.10 (Acme)" or "Oil change (Acme)". Empty without an
 /// entry.
 std::wstring EntrySummaryText(const CEntry* entry);
+void AppendEntrySummary(const CEntry* entry, std::wstring* text);

@@ -65,19 +65,6 @@ TEST_F(EntryList, KeepsTheOrderOfRowsThatCompareEqual) {
     }
 }
 
-TEST_F(EntryList, ComparesTextWithoutCaseBeyondAscii) {
-    const auto upper = Store(40000, Repair, L"ÉTÉ");
-    const auto lower = Store(40000, Repair, L"été", 0, 0, L"x");
-    const auto order = [](const CEntry& a, const CEntry& b) {
-        return CompareEntries(reinterpret_cast<LPARAM>(&a), reinterpret_cast<LPARAM>(&b), SortColumnDescription);
-    };
-    EXPECT_LT(order(*upper, *lower), 0);
-    lower->SetVendor(nullptr);
-    EXPECT_EQ(order(*upper, *lower), 0);
-    const CSummaryMemory memory;
-    EXPECT_EQ(order(*upper, *lower), 0);
-}
-
 TEST_F(EntryList, DrawsTwoLinesWithTheFiguresWhole) {
     const auto entry = Store(39467, Fuel, L"", 1550, 31, std::wstring(5000, L'v').c_str());
     entry->SetCustom1(10);

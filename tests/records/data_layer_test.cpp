@@ -291,6 +291,21 @@ TEST_F(DataLayer, TextsGoThroughTheFactory) {
     EXPECT_STREQ(LoadAll<CVehicle>()->Get(0)->GetName(), L"*Zoë");
 }
 
+TEST_F(DataLayer, DeletesWhatIsStillThereOfManyEntries) {
+    const ULONG vehicle = AddVehicle(L"Van");
+    for (int day = 1; day <= 4; ++day)
+        AddEntry(vehicle, day, 0);
+    CEntryFilter filter = AllOf(vehicle);
+    const auto loaded = LoadAll<CEntry>(&filter);
+    ASSERT_TRUE(Layer.Delete(loaded->Get(1))) << "somebody else was first";
+    CObjectListT<CEntry> selected;
+    selected.AllowAutoCleanup(0);
+    for (const int index : {0, 1, 3})
+        selected.Add(loaded->Get(index));
+    EXPECT_TRUE(Layer.Delete(&selected));
+    EXPECT_EQ(EntryIds(filter), std::vector<LONG>{loaded->Get(2)->GetID()});
+}
+
 TEST_F(DataLayer, FailsQuietlyOnNothing) {
     CObjectListT<CEntry> entries;
     EXPECT_FALSE(Layer.Save(static_cast<CEntry*>(nullptr), 0));

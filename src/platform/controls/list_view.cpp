@@ -233,7 +233,7 @@ LRESULT ListView::ListMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         rows_.EnsureVisible(row, RowsShown());
         InvalidateRect(Handle(), nullptr, TRUE);
         return rows_.Has(row) ? TRUE : FALSE;
-    case LVM_SORTITEMS:
+    case LVM_SORTITEMSEX:
         Sort(static_cast<LPARAM>(wParam), reinterpret_cast<PFNLVCOMPARE>(lParam)); // NOLINT
         return TRUE;
     case LVM_INSERTCOLUMNW: {

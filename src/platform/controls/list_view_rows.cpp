@@ -3,8 +3,55 @@
 #include "platform/locale.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace device {
+
+namespace {
+
+using Places = std::vector<std::uint32_t>;
+
+constexpr std::ptrdiff_t ShortRun = 8;
+
+template <typename Before> void SortShortRun(Places::iterator begin, Places::iterator end, Before before) {
+    for (auto next = begin; next != end; ++next) {
+        const std::uint32_t moved = *next;
+        auto hole = next;
+        for (; hole != begin && before(moved, *(hole - 1)); --hole)
+            *hole = *(hole - 1);
+        *hole = moved;
+    }
+}
+
+/// Two sorted runs become one. Runs that already follow each other, in this or in the other order, cost one
+/// comparison.
+template <typename Before>
+void Merge(Places::iterator begin, Places::iterator middle, Places::iterator end, Places& room, Before before) {
+    if (middle == begin || middle == end || !before(*middle, *(middle - 1)))
+        return;
+    if (before(*(end - 1), *begin)) {
+        std::rotate(begin, middle, end);
+        return;
+    }
+    room.assign(begin, middle);
+    std::merge(room.begin(), room.end(), middle, end, begin, before);
+}
+
+/// A stable merge sort for rows that mostly stand in order, as those of a log do: comparing them calls back into the
+/// program, and std::stable_sort compares a sorted list no less than a shuffled one.
+template <typename Before> void SortPlaces(Places& places, Before before) {
+    const auto count = static_cast<std::ptrdiff_t>(places.size());
+    const auto at = [&](std::ptrdiff_t index) { return places.begin() + std::min(index, count); };
+    for (std::ptrdiff_t start = 0; start < count; start += ShortRun)
+        SortShortRun(at(start), at(start + ShortRun), before);
+    Places room;
+    for (std::ptrdiff_t run = ShortRun; run < count; run *= 2) {
+        for (std::ptrdiff_t start = 0; start < count; start += 2 * run)
+            Merge(at(start), at(start + run), at(start + (2 * run)), room, before);
+    }
+}
+
+} // namespace
 
 int ListViewRows::FindData(LPARAM data, int after) const {
     for (int row = std::max(after, -1) + 1; row < Count(); ++row) {
@@ -38,7 +85,15 @@ std::wstring ListViewRows::Cell(int row, int column) const {
 
 int ListViewRows::Insert(int row, Row added) {
     row = std::clamp(row, 0, Count());
-    rows_.insert(rows_.begin() + row, std::make_unique<Row>(std::move(added)));
+    auto place = static_cast<std::uint32_t>(rows_.size());
+    if (free_.empty()) {
+        rows_.push_back(std::move(added));
+    } else {
+        place = free_.back();
+        free_.pop_back();
+        rows_[place] = std::move(added);
+    }
+    order_.insert(order_.begin() + row, place);
     if (focused_ >= row)
         ++focused_;
     if (anchor_ >= row)
@@ -47,20 +102,23 @@ int ListViewRows::Insert(int row, Row added) {
 }
 
 int ListViewRows::SortedPlace(const std::wstring& text) const {
-    const auto place = std::upper_bound(
-        rows_.begin(), rows_.end(), text, [](const std::wstring& added, const std::unique_ptr<Row>& row) {
-            const int order
-                = CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, added.c_str(), -1, row->text.c_str(), -1);
-            return order != 0 && order < CSTR_EQUAL;
-        });
-    return static_cast<int>(place - rows_.begin());
+    const auto place
+        = std::upper_bound(order_.begin(), order_.end(), text, [this](const std::wstring& added, std::uint32_t row) {
+              const int order = CompareStringW(
+                  LOCALE_USER_DEFAULT, NORM_IGNORECASE, added.c_str(), -1, rows_[row].text.c_str(), -1);
+              return order != 0 && order < CSTR_EQUAL;
+          });
+    return static_cast<int>(place - order_.begin());
 }
 
 bool ListViewRows::Remove(int row) {
     if (!Has(row))
         return false;
     SetSelected(row, false);
-    rows_.erase(rows_.begin() + row);
+    const auto position = order_.begin() + row;
+    rows_[*position] = {};
+    free_.push_back(*position);
+    order_.erase(position);
     // The focus stays in its place: the row that took the place of a deleted one has it then.
     if (focused_ > row)
         --focused_;
@@ -73,6 +131,8 @@ bool ListViewRows::Remove(int row) {
 
 void ListViewRows::Clear() {
     rows_.clear();
+    order_.clear();
+    free_.clear();
     selectedCount_ = 0;
     focused_ = anchor_ = -1;
     first_ = 0;
@@ -94,14 +154,17 @@ void ListViewRows::SetCell(int row, int column, const std::wstring& text) {
 }
 
 void ListViewRows::Sort(PFNLVCOMPARE compare, LPARAM parameter) {
-    const Row* focused = Has(focused_) ? &At(focused_) : nullptr;
-    std::stable_sort(rows_.begin(), rows_.end(), [compare, parameter](const auto& first, const auto& second) {
-        return compare(first->data, second->data, parameter) < 0;
+    std::vector<std::uint32_t> sorted(order_.size());
+    std::iota(sorted.begin(), sorted.end(), 0U);
+    SortPlaces(sorted, [compare, parameter](std::uint32_t first, std::uint32_t second) {
+        return compare(LPARAM{first}, LPARAM{second}, parameter) < 0;
     });
-    const auto place
-        = std::find_if(rows_.begin(), rows_.end(), [focused](const auto& row) { return row.get() == focused; });
-    focused_ = place == rows_.end() ? -1 : static_cast<int>(place - rows_.begin());
+    const auto focus = std::find(sorted.begin(), sorted.end(), static_cast<std::uint32_t>(focused_));
+    focused_ = focus == sorted.end() ? -1 : static_cast<int>(focus - sorted.begin());
     anchor_ = focused_;
+    for (std::uint32_t& place : sorted)
+        place = order_[place];
+    order_.swap(sorted);
 }
 
 void ListViewRows::SetSelected(int row, bool selected) {

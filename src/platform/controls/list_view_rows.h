@@ -2,6 +2,7 @@
 
 #include "platform/list_view.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -25,10 +26,10 @@ public:
     explicit ListViewRows(bool singleSelection)
         : single_(singleSelection) { }
 
-    int Count() const { return static_cast<int>(rows_.size()); }
+    int Count() const { return static_cast<int>(order_.size()); }
     bool Has(int row) const { return row >= 0 && row < Count(); }
-    Row& At(int row) { return *rows_[static_cast<std::size_t>(row)]; }
-    const Row& At(int row) const { return *rows_[static_cast<std::size_t>(row)]; }
+    Row& At(int row) { return rows_[order_[static_cast<std::size_t>(row)]]; }
+    const Row& At(int row) const { return rows_[order_[static_cast<std::size_t>(row)]]; }
     int SelectedCount() const { return selectedCount_; }
     /// -1: no row has the focus.
     int Focused() const { return focused_; }
@@ -45,7 +46,8 @@ public:
     bool Remove(int row);
     void Clear();
     void SetCell(int row, int column, const std::wstring& text);
-    /// Rows that compare equal keep their order; focus and selection stay with their rows.
+    /// `compare` gets the places that two rows have before the sort. Rows that compare equal keep their order; focus
+    /// and selection stay with their rows.
     void Sort(PFNLVCOMPARE compare, LPARAM parameter);
 
     void SetState(int row, UINT state, UINT mask);
@@ -70,7 +72,10 @@ private:
     void SelectOnly(int from, int to);
 
     bool single_;
-    std::vector<std::unique_ptr<Row>> rows_;
+    // Insertions, deletions and sorts move numbers; a row stays where it was stored.
+    std::vector<Row> rows_;
+    std::vector<std::uint32_t> order_; ///< the rows from the top down, as places in rows_
+    std::vector<std::uint32_t> free_; ///< places of rows that were removed
     int selectedCount_ = 0;
     int focused_ = -1;
     int anchor_ = -1;

@@ -83,19 +83,24 @@ const std::vector<ShortDatePart>& ShortDateOrder() {
     return TheLocale().DateOrder();
 }
 
-std::wstring ShortDatePartText(const ShortDatePart& part, const SYSTEMTIME& date) {
+void AppendShortDatePart(const ShortDatePart& part, const SYSTEMTIME& date, std::wstring* text) {
     const std::size_t least = part.leadingZero ? 2 : 1;
     switch (part.kind) {
     case ShortDatePart::Kind::Day:
-        return TheLocale().DateDigits(date.wDay, least);
+        return TheLocale().AppendDateDigits(date.wDay, least, text);
     case ShortDatePart::Kind::Month:
-        return TheLocale().DateDigits(date.wMonth, least);
+        return TheLocale().AppendDateDigits(date.wMonth, least, text);
     case ShortDatePart::Kind::Year:
-        return TheLocale().DateDigits(date.wYear, YearDigits);
+        return TheLocale().AppendDateDigits(date.wYear, YearDigits, text);
     case ShortDatePart::Kind::Literal:
-        break;
+        *text += part.text;
     }
-    return part.text;
+}
+
+std::wstring ShortDatePartText(const ShortDatePart& part, const SYSTEMTIME& date) {
+    std::wstring text;
+    AppendShortDatePart(part, date, &text);
+    return text;
 }
 
 } // namespace device

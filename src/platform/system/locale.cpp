@@ -112,8 +112,9 @@ int GetDateFormatW(
         return Fail(ERROR_INVALID_PARAMETER);
     }
     std::wstring text;
+    text.reserve(16); // the usual date, in one piece
     for (const device::ShortDatePart& part : device::ShortDateOrder()) {
-        text += device::ShortDatePartText(part, shown);
+        device::AppendShortDatePart(part, shown, &text);
     }
     return Deliver(text, buffer, size);
 }

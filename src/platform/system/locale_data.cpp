@@ -2,7 +2,9 @@
 
 #include "platform/system/date_pattern.h"
 #include "platform/system/environment.h"
+#include "platform/system/number_pattern.h"
 
+#include <algorithm>
 #include <unicode/coll.h>
 #include <unicode/dcfmtsym.h>
 #include <unicode/dtptngen.h>
@@ -12,6 +14,7 @@
 #include <unicode/uchar.h>
 #include <unicode/ucurr.h>
 #include <unicode/uloc.h>
+#include <utility>
 
 namespace device {
 namespace {
@@ -115,6 +118,14 @@ std::optional<std::wstring> Formatted(const LocalizedNumberFormatter& formatter,
     return U_SUCCESS(status) ? std::optional{Wide(text)} : std::nullopt;
 }
 
+/// A digit that is more than one character stays as it is.
+void SetDigit(const DecimalFormatSymbols& symbols, int digit, std::wstring* digits) {
+    const std::wstring text = Wide(symbols.getConstDigitSymbol(digit));
+    if (text.size() == 1) {
+        (*digits)[static_cast<std::size_t>(digit)] = text.front();
+    }
+}
+
 } // namespace
 
 struct LocaleData::Library {
@@ -127,6 +138,27 @@ struct LocaleData::Library {
     std::vector<ShortDatePart> dateOrder = DateOrderOf(dates);
     std::wstring decimalSeparator = L".";
     std::wstring dateDigits = L"0123456789";
+    std::wstring numberDigits = L"0123456789";
+    std::optional<NumberPattern> plainPattern; ///< made with the first number, as the library's own tables are
+    std::optional<NumberPattern> currencyPattern;
+    bool patternsMade = false;
+
+    void MakePatterns() {
+        const auto writer = [](const LocalizedNumberFormatter& formatter) {
+            return [&formatter](std::string_view number) { return Formatted(formatter, number); };
+        };
+        if (!std::exchange(patternsMade, true)) {
+            plainPattern = NumberPattern::Learn(writer(plain), numberDigits);
+            currencyPattern = NumberPattern::Learn(writer(currency), numberDigits);
+        }
+    }
+
+    std::optional<std::wstring> Text(const std::optional<NumberPattern>& pattern,
+        const LocalizedNumberFormatter& formatter, std::string_view number) {
+        MakePatterns();
+        auto text = pattern ? pattern->Write(number) : std::nullopt;
+        return text ? text : Formatted(formatter, number);
+    }
 };
 
 LocaleData::LocaleData()
@@ -139,21 +171,19 @@ LocaleData::LocaleData()
     }
     library_->decimalSeparator = Wide(ofNumbers.getConstSymbol(DecimalFormatSymbols::kDecimalSeparatorSymbol));
     for (int digit = 0; digit < 10; ++digit) {
-        const std::wstring text = Wide(ofDates.getConstDigitSymbol(digit));
-        if (text.size() == 1) {
-            library_->dateDigits[static_cast<std::size_t>(digit)] = text.front();
-        }
+        SetDigit(ofDates, digit, &library_->dateDigits);
+        SetDigit(ofNumbers, digit, &library_->numberDigits);
     }
 }
 
 LocaleData::~LocaleData() = default;
 
 std::optional<std::wstring> LocaleData::NumberText(std::string_view number) const {
-    return Formatted(library_->plain, number);
+    return library_->Text(library_->plainPattern, library_->plain, number);
 }
 
 std::optional<std::wstring> LocaleData::CurrencyText(std::string_view number) const {
-    return Formatted(library_->currency, number);
+    return library_->Text(library_->currencyPattern, library_->currency, number);
 }
 
 std::optional<int> LocaleData::Compare(std::wstring_view first, std::wstring_view second, bool ignoreCase) const {
@@ -174,12 +204,12 @@ const std::vector<ShortDatePart>& LocaleData::DateOrder() const {
     return library_->dateOrder;
 }
 
-std::wstring LocaleData::DateDigits(unsigned number, std::size_t digits) const {
-    std::wstring text;
-    for (; number != 0 || text.size() < digits; number /= 10) {
-        text.insert(text.begin(), library_->dateDigits[number % 10]);
+void LocaleData::AppendDateDigits(unsigned number, std::size_t digits, std::wstring* text) const {
+    const std::size_t start = text->size();
+    for (std::size_t count = 0; number != 0 || count < digits; number /= 10, ++count) {
+        *text += library_->dateDigits[number % 10];
     }
-    return text;
+    std::reverse(text->begin() + static_cast<std::ptrdiff_t>(start), text->end());
 }
 
 const LocaleData& TheLocale() {
@@ -187,6 +217,9 @@ const LocaleData& TheLocale() {
 }
 
 wchar_t LowerCase(wchar_t character) {
+    if (character < 0x80) {
+        return character >= L'A' && character <= L'Z' ? character + (L'a' - L'A') : character;
+    }
     return static_cast<wchar_t>(u_tolower(static_cast<UChar32>(character)));
 }
 

@@ -26,8 +26,8 @@ public:
 
     const std::wstring& DecimalSeparator() const;
     const std::vector<ShortDatePart>& DateOrder() const;
-    /// In the digits that the locale writes dates with.
-    std::wstring DateDigits(unsigned number, std::size_t digits) const;
+    /// In the digits that the locale writes dates with, at least `digits` of them.
+    void AppendDateDigits(unsigned number, std::size_t digits, std::wstring* text) const;
 
 private:
     struct Library;

@@ -71,7 +71,7 @@ LRESULT CWindowImpl::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lP
     return DefaultMessage(message, wParam, lParam);
 }
 
-LRESULT CWindowImpl::DefaultMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CWindowImpl::DefaultMessage(UINT message, WPARAM wParam, LPARAM lParam) const {
     return former_ ? CallWindowProcW(former_, window_, message, wParam, lParam)
                    : DefWindowProcW(window_, message, wParam, lParam);
 }
