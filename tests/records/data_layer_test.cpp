@@ -227,20 +227,6 @@ TEST_F(DataLayer, AVehicleTakesItsOwnWithIt) {
     EXPECT_EQ(LoadAll<CVehicle>()->GetCount(), 1);
 }
 
-TEST_F(DataLayer, DeletesAllEntriesOfAListOrNone) {
-    const ULONG vehicle = AddVehicle(L"A");
-    for (int i = 0; i < 3; ++i)
-        AddEntry(vehicle, 40000 + i, i);
-    CEntryFilter filter = AllOf(vehicle);
-    const auto entries = LoadAll<CEntry>(&filter);
-    ASSERT_TRUE(Layer.Delete(entries->Get(2)));
-    EXPECT_FALSE(Layer.Delete(entries.get()));
-    EXPECT_EQ(EntryIds(filter).size(), 2U);
-    delete entries->Disown(2);
-    EXPECT_TRUE(Layer.Delete(entries.get()));
-    EXPECT_EQ(EntryIds(filter).size(), 0U);
-}
-
 TEST_F(DataLayer, TheOdometerFollowsTheEntries) {
     CVehicle vehicle;
     vehicle.SetName(L"A");
