@@ -1,18 +1,15 @@
 #include "hosts/terminal/terminal_host.h"
 
+#include "hosts/ending/orderly_end.h"
 #include "hosts/terminal/signals.h"
 #include "hosts/terminal/terminal_canvas.h"
 #include "hosts/terminal/terminal_keys.h"
 #include "hosts/terminal/terminal_screen.h"
-#include "platform/input.h"
-#include "platform/messages.h"
 #include "platform/metrics.h"
 #include "platform/window.h"
 #include "platform/windowing/desktop.h"
 
 #include <array>
-#include <cerrno>
-#include <cstdlib>
 #include <deque>
 #include <optional>
 #include <poll.h>
@@ -22,9 +19,6 @@
 namespace device {
 
 namespace {
-
-/// More than any nesting of forms and messages takes.
-constexpr int MostEndingSteps = 300;
 
 /// The focus is where a bracket is text.
 bool IsTyping() {
@@ -49,14 +43,12 @@ struct TerminalHost::Terminal {
     std::deque<InputEvent> events;
     bool isWoken = false;
     bool isStale = true; ///< something happened since the last frame
-    bool isEnding = false;
-    int endingSteps = 0;
+    OrderlyEnd end;
 
     void Collect();
     void CollectSignal(Signals::Kind kind);
     void Wait();
     void ApplySize();
-    bool EndFurther();
 };
 
 void TerminalHost::Terminal::ApplySize() {
@@ -81,10 +73,10 @@ void TerminalHost::Terminal::CollectSignal(Signals::Kind kind) {
         break;
     case Signals::Kind::HungUp:
         screen.GiveUp();
-        isEnding = true;
+        end.Request();
         break;
     case Signals::Kind::Ended:
-        isEnding = true;
+        end.Request();
         break;
     case Signals::Kind::None:
         break;
@@ -111,27 +103,6 @@ void TerminalHost::Terminal::Wait() {
         CollectSignal(Signals::Kind::HungUp);
 }
 
-/// One more step towards the end of the program. True when there is an event to give out.
-bool TerminalHost::Terminal::EndFurther() {
-    if (++endingSteps > MostEndingSteps)
-        std::exit(EXIT_FAILURE);
-    const Window* front = Desktop::The().Front();
-    if (endingSteps == 1 || !front || !front->modal) {
-        events.push_back(EventOf(InputEvent::Kind::Close));
-        return true;
-    }
-    if (front->isMessageBox && endingSteps % 2 == 0) {
-        // The right key is the one that changes nothing: No, Cancel.
-        for (const auto kind : {InputEvent::Kind::KeyDown, InputEvent::Kind::KeyUp}) {
-            events.push_back(EventOf(kind));
-            events.back().key = VK_TSOFT2;
-        }
-        return true;
-    }
-    PostMessageW(front->handle, WM_CLOSE, 0, 0);
-    return false;
-}
-
 TerminalHost::TerminalHost(std::unique_ptr<Terminal> terminal)
     : terminal_(std::move(terminal)) {
 }
@@ -151,12 +122,12 @@ bool TerminalHost::NextEvent(InputEvent& event, bool wait) {
     Terminal& terminal = *terminal_;
     terminal.isWoken = false;
     terminal.Collect();
-    if (terminal.events.empty() && wait && !terminal.isWoken && !terminal.isEnding) {
+    if (terminal.events.empty() && wait && !terminal.isWoken && !terminal.end.IsRequested()) {
         terminal.Wait();
         terminal.Collect();
     }
-    if (terminal.events.empty() && terminal.isEnding && wait)
-        terminal.EndFurther();
+    if (terminal.events.empty() && terminal.end.IsRequested() && wait)
+        terminal.end.Step(terminal.events);
     if (terminal.events.empty()) {
         // A frame is always the whole screen: cells and pixels have no edges in common.
         if (!wait && terminal.isStale)

@@ -41,6 +41,7 @@ bool InitVideo(std::string& error) {
     SDL_SetMainReady();
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
         error = std::string(NoDisplay) + " (" + SDL_GetError() + ")";
     } else if (IsBlindDriver(SDL_GetCurrentVideoDriver()) && !IsSet("SDL_VIDEODRIVER")) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "hosts/ending/orderly_end.h"
+#include "hosts/window/end_signals.h"
 #include "hosts/window/keyboard.h"
 #include "hosts/window/remembered_size.h"
 #include "hosts/window/tone.h"
@@ -29,6 +31,8 @@ struct WindowHost::Window {
     void Remember() const;
     void CopyToWindow(const RECT& imagePlace);
     void CopyAll();
+    /// From any thread: ends a wait for events.
+    void Wake();
     bool WaitForEvent(SDL_Event& event);
     void Translate(const SDL_Event& event);
     void TranslateWindow(const SDL_WindowEvent& event);
@@ -36,6 +40,15 @@ struct WindowHost::Window {
     void TranslateWheel(const SDL_MouseWheelEvent& event);
     void AddMouse(InputEvent::Kind kind, int x, int y, int delta = 0);
 
+    // What other threads touch, and then the first of them.
+    std::atomic<Uint32> wakeEvent = 0;
+    std::atomic<bool> wakeIsQueued = false;
+    std::atomic<bool> isToldToEnd = false;
+    EndSignals signals{[this] {
+        isToldToEnd = true;
+        Wake();
+    }};
+    bool hasVideo = false;
     SDL_Window* handle = nullptr;
     SIZE screen;
     double zoom = 1.0; ///< image pixels a device pixel: the display's own by what was chosen
@@ -49,13 +62,12 @@ struct WindowHost::Window {
     bool isMoved = false; ///< to another display, or the display changed
     bool isResized = false; ///< a size came that the canvas does not have yet
     bool isWoken = false;
-    std::atomic<bool> wakeIsQueued = false;
-    Uint32 wakeEvent = 0;
     float wheelRest = 0;
     Keyboard keyboard;
     Tone tone;
     SDL_Cursor* waitCursor = nullptr;
     std::deque<InputEvent> events;
+    OrderlyEnd end;
 };
 
 } // namespace device

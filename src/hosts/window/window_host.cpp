@@ -29,7 +29,8 @@ WindowHost::Window::~Window() {
         SDL_FreeCursor(waitCursor);
     if (handle != nullptr)
         SDL_DestroyWindow(handle);
-    SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    if (hasVideo)
+        SDL_QuitSubSystem(SDL_INIT_VIDEO);
 }
 
 bool WindowHost::Window::Create() {
@@ -94,6 +95,16 @@ bool WindowHost::Window::WaitForEvent(SDL_Event& event) {
         tone.CloseWhenOver();
     }
     return SDL_WaitEvent(&event) != 0;
+}
+
+void WindowHost::Window::Wake() {
+    // Before there is an event for it nobody waits.
+    if (wakeEvent == 0 || wakeIsQueued.exchange(true))
+        return;
+    SDL_Event event{};
+    event.type = wakeEvent;
+    if (SDL_PushEvent(&event) != 1)
+        wakeIsQueued = false;
 }
 
 void WindowHost::Window::AddMouse(InputEvent::Kind kind, int x, int y, int delta) {
@@ -195,9 +206,10 @@ WindowHost::WindowHost(std::unique_ptr<Window> window)
 WindowHost::~WindowHost() = default;
 
 std::unique_ptr<WindowHost> WindowHost::Open(std::string& error) {
-    if (!InitVideo(error))
-        return nullptr;
     auto window = std::make_unique<Window>();
+    window->hasVideo = InitVideo(error);
+    if (!window->hasVideo)
+        return nullptr;
     if (!window->Create()) {
         error = std::string("No window: ") + SDL_GetError();
         return nullptr;
@@ -216,11 +228,19 @@ double WindowHost::Zoom() const {
 bool WindowHost::NextEvent(InputEvent& event, bool wait) {
     Window& window = *window_;
     window.isWoken = false;
+    if (window.isToldToEnd)
+        window.end.Request();
     while (window.events.empty()) {
         SDL_Event native;
         bool isThere = SDL_PollEvent(&native) != 0;
         if (!isThere && window.isResized) {
             window.ApplyResize();
+            continue;
+        }
+        if (!isThere && wait && window.end.IsRequested()) {
+            window.end.Step(window.events);
+            if (window.events.empty())
+                return false;
             continue;
         }
         if (!isThere && wait && !window.isWoken)
@@ -260,12 +280,7 @@ void WindowHost::Beep() {
 }
 
 void WindowHost::Wake() {
-    if (window_->wakeIsQueued.exchange(true))
-        return;
-    SDL_Event event{};
-    event.type = window_->wakeEvent;
-    if (SDL_PushEvent(&event) != 1)
-        window_->wakeIsQueued = false;
+    window_->Wake();
 }
 
 void WindowHost::TitleChanged(const std::wstring& title) {

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <csignal>
+#include <functional>
+#include <thread>
+
+namespace device {
+
+/// Hears the signals that tell a process to end (SIGTERM, SIGHUP, SIGINT) on a thread of its own, where a handler may
+/// do more than one in the middle of anything. To be made before any other thread, which then leaves them alone too.
+class EndSignals {
+public:
+    /// `heard` is called on that thread.
+    explicit EndSignals(std::function<void()> heard);
+    /// The signals are as they were before.
+    ~EndSignals();
+    EndSignals(const EndSignals&) = delete;
+    EndSignals& operator=(const EndSignals&) = delete;
+
+private:
+    void Listen(std::stop_token stop);
+
+    std::function<void()> heard_;
+    sigset_t signals_{};
+    sigset_t former_{};
+    std::jthread listener_;
+};
+
+} // namespace device

@@ -1,0 +1,59 @@
+#!/bin/bash
+# A window that is told to end, with a form and a message open: it ends in order, and nothing is lost. The one argument
+# is the program file. Needs a display; run it with xvfb-run.
+set -u
+program=$(realpath "$1")
+place=$(mktemp -d)
+pid=
+
+finish() {
+  [ -n "$pid" ] && kill -9 "$pid" 2>/dev/null
+  rm -rf "$place"
+}
+trap finish EXIT
+
+fail() {
+  echo "FAILED: $1"
+  exit 1
+}
+
+# until_true WHAT COMMAND...: waits until the command succeeds, ten seconds at most.
+until_true() {
+  local what=$1
+  shift
+  for _ in $(seq 200); do
+    "$@" && return 0
+    sleep 0.05
+  done
+  fail "$what"
+}
+
+titled() { xdotool getwindowname "$window" 2>/dev/null | grep -qxF -- "$1"; }
+press() { xdotool windowfocus "$window" key "$@"; }
+ended() { ! kill -0 "$pid" 2>/dev/null; }
+find_window() { window=$(xdotool search --pid "$pid" 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
+
+export HANDSET_HOST=window HANDSET_LOCALE=en_US HANDSET_STORAGE=$place/device SDL_AUDIODRIVER=dummy
+for signal in TERM HUP INT; do
+  rm -rf "$place/device"
+  mkdir "$place/device"
+  # A background job of a script ignores SIGINT: the program must hear it nevertheless.
+  "$program" &
+  pid=$!
+  until_true "no window" find_window
+  until_true "not the program's window" titled "My Vehicles"
+  press F1                     # the units message
+  sleep 0.3
+  press F1 1                   # New > Vehicle
+  press V a n                  # a form without a window of its own: nothing outside tells that it is open
+  sleep 0.5
+  kill "-$signal" "$pid"
+  until_true "still runs after SIG$signal" ended
+  wait "$pid"
+  status=$?
+  pid=
+  [ "$status" = 1 ] || fail "status $status after SIG$signal"
+  # What an orderly end stores.
+  grep -qs '^UnitSetupMsgShown=dword:1' "$place/device/"* || fail "the settings were not stored after SIG$signal"
+done
+echo "passed"
