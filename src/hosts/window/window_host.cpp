@@ -2,8 +2,10 @@
 
 #include "hosts/window/display.h"
 #include "hosts/window/native_window.h"
+#include "platform/drawing/font_start.h"
 #include "platform/drawing/rectangles.h"
 #include "platform/system/environment.h"
+#include "platform/system/locale_data.h"
 #include "platform/system/utf8.h"
 
 #include <SDL.h>
@@ -11,6 +13,7 @@
 #include <atomic>
 #include <cmath>
 #include <deque>
+#include <thread>
 #include <utility>
 
 namespace device {
@@ -207,7 +210,13 @@ WindowHost::~WindowHost() = default;
 
 std::unique_ptr<WindowHost> WindowHost::Open(std::string& error) {
     auto window = std::make_unique<Window>();
+    // Opening a display is mostly waiting for its answers; the first texts would wait as long for fonts and locale.
+    std::thread ahead([] {
+        ReadFontsAhead();
+        TheLocale();
+    });
     window->hasVideo = InitVideo(error);
+    ahead.join();
     if (!window->hasVideo)
         return nullptr;
     if (!window->Create()) {

@@ -1,6 +1,7 @@
 #include "platform/drawing/pango_measurer.h"
 
 #include "platform/drawing/cairo_canvas.h"
+#include "platform/drawing/font_start.h"
 #include "platform/system/utf8.h"
 
 #include <algorithm>
@@ -208,6 +209,14 @@ int PangoTextMeasurer::CaretX(const FontDescription& font, std::wstring_view tex
 
 PangoLayoutLine* PangoTextMeasurer::Line(const FontDescription& font, std::wstring_view text) {
     return pango_layout_get_line_readonly(FindRun(font, text).layout, 0);
+}
+
+void ReadFontsAhead() {
+    FontDescription font;
+    for (const int weight : {400, 700}) {
+        font.weight = weight;
+        PangoTextMeasurer::Instance().Metrics(font);
+    }
 }
 
 } // namespace device

@@ -237,6 +237,12 @@ LONG RegistryFile::Change(const std::string& path, const std::vector<RegistryCha
     if (registry.error_ != ERROR_SUCCESS) {
         return registry.error_;
     }
+    // A program that starts stores what it has just read: that needs no disk.
+    const bool isNews = std::any_of(changes.begin(), changes.end(),
+        [&registry](const RegistryChange& change) { return registry.Get(change.key, change.name) != change.value; });
+    if (!isNews) {
+        return ERROR_SUCCESS;
+    }
     for (const RegistryChange& change : changes) {
         registry.Apply(change);
     }

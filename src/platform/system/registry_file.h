@@ -20,6 +20,7 @@ struct RegistryValue {
 
     DWORD Number() const;
     std::wstring Text() const;
+    bool operator==(const RegistryValue&) const = default;
 };
 
 struct NamedRegistryValue {
