@@ -134,6 +134,28 @@ void Save(benchmark::State& state) {
     }
 }
 
+/// What a person who selected a tenth of a long log waits for.
+void DeleteMany(benchmark::State& state) {
+    constexpr int Selected = 10'000;
+    CEntryFilter filter = Everything();
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        MakeLog(static_cast<int>(state.range(0)));
+        CObjectListT<CEntry> entries;
+        CObjectListT<CEntry> selected;
+        selected.AllowAutoCleanup(0);
+        theDataLayer.Load(&entries, &filter);
+        for (int index = 0; index < Selected; ++index)
+            selected.Add(entries.Get(index * (entries.GetCount() / Selected)));
+        state.ResumeTiming();
+        if (!theDataLayer.Delete(&selected))
+            state.SkipWithError("not deleted");
+        state.PauseTiming();
+        entries.Clear();
+        state.ResumeTiming();
+    }
+}
+
 void MaxOdometer(benchmark::State& state) {
     MakeLog(static_cast<int>(state.range(0)));
     LONG odometer = 0;
@@ -148,7 +170,7 @@ void Connect(benchmark::State& state) {
 }
 
 void Sizes(benchmark::internal::Benchmark* benchmark) {
-    benchmark->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+    benchmark->Arg(1'000)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 }
 
 BENCHMARK(BareLoad)->Apply(Sizes);
@@ -156,6 +178,7 @@ BENCHMARK(Load)->Apply(Sizes);
 BENCHMARK(Statistics)->Apply(Sizes);
 BENCHMARK(BareSave)->Apply(Sizes)->UseRealTime();
 BENCHMARK(Save)->Apply(Sizes)->UseRealTime();
+BENCHMARK(DeleteMany)->Arg(100'000)->Iterations(5)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(MaxOdometer)->Apply(Sizes);
 BENCHMARK(Connect)->Apply(Sizes);
 
