@@ -1,5 +1,6 @@
 #include "hosts/window/display.h"
 
+#include "hosts/window/x11_scale.h"
 #include "platform/drawing/picture.h"
 #include "platform/drawing/pixel_image.h"
 
@@ -71,10 +72,14 @@ double ZoomOfDisplay(SDL_Window* window, SIZE screen) {
     if (scale > 1.0)
         return scale;
     const int display = std::max(SDL_GetWindowDisplayIndex(window), 0);
-    float dpi = 0;
-    double zoom = 1.0;
-    if (SDL_GetDisplayDPI(display, nullptr, nullptr, &dpi) == 0)
-        zoom = std::clamp(std::round(dpi / DesktopDpi * 2.0) / 2.0, 1.0, 4.0);
+    float physical = 0;
+    double dpi = DesktopDpi;
+    // What the user asked for counts before what the display is.
+    if (const auto asked = AskedDpi(window))
+        dpi = *asked;
+    else if (SDL_GetDisplayDPI(display, nullptr, nullptr, &physical) == 0)
+        dpi = double{physical};
+    double zoom = std::clamp(std::round(dpi / DesktopDpi * 2.0) / 2.0, 1.0, 4.0);
     SDL_Rect room;
     if (SDL_GetDisplayUsableBounds(display, &room) != 0)
         return zoom;
