@@ -211,9 +211,9 @@ WindowHost::~WindowHost() = default;
 std::unique_ptr<WindowHost> WindowHost::Open(std::string& error) {
     auto window = std::make_unique<Window>();
     // Opening a display is mostly waiting for its answers; the first texts would wait as long for fonts and locale.
-    std::thread ahead([] {
-        ReadFontsAhead();
-        TheLocale();
+    std::thread ahead([dpi = TheEnvironment().dpi] {
+        ReadFontsAhead(dpi);
+        TheLocale().CurrencyText("1");
     });
     window->hasVideo = InitVideo(error);
     ahead.join();

@@ -211,11 +211,16 @@ PangoLayoutLine* PangoTextMeasurer::Line(const FontDescription& font, std::wstri
     return pango_layout_get_line_readonly(FindRun(font, text).layout, 0);
 }
 
-void ReadFontsAhead() {
+void ReadFontsAhead(int dpi) {
+    constexpr int UsualPoints[] = {9, 10, 12};
+    constexpr int PointsPerInch = 72;
     FontDescription font;
-    for (const int weight : {400, 700}) {
-        font.weight = weight;
-        PangoTextMeasurer::Instance().Metrics(font);
+    for (const int points : UsualPoints) {
+        font.height = -dpi * points / PointsPerInch;
+        for (const int weight : {400, 700}) {
+            font.weight = weight;
+            PangoTextMeasurer::Instance().Metrics(font);
+        }
     }
 }
 
