@@ -1,0 +1,333 @@
+// Every command that stores something, with the disk failing at each of its steps.
+
+#include "../platform/windowing/scripted_host.h"
+#include "../records/faulty_disk.h"
+#include "../records/test_device.h"
+#include "forms/dlg_keywords.h"
+#include "lists/app_fonts.h"
+#include "platform/input.h"
+#include "platform/list_view.h"
+#include "reminders/reminder_commands.h"
+#include "resources/ids.h"
+#include "resources/module.h"
+#include "shell/common/app_settings.h"
+#include "shell/common/load_text.h"
+#include "shell/main_frame.h"
+#include "shell/program_identity.h"
+
+#include <fstream>
+#include <set>
+#include <sqlite3.h>
+
+namespace {
+
+using Step = std::function<void()>;
+using Rows = std::set<std::string>;
+
+struct Command {
+    const char* name;
+    const char* table; ///< of the change that the user asked for
+    bool tellsFailure;
+    Step run;
+    std::vector<Step> steps; ///< what the user does in its dialogs
+    bool inParts = false; ///< a failure may leave the change half done
+};
+
+/// What lies in the file, the active vehicle's reading apart.
+struct Stored {
+    std::map<std::string, Rows> tables;
+    std::string odometer;
+};
+
+class FailingStorage : public TestDevice {
+protected:
+    FailingStorage() {
+        device::SetModule(OdoledgerModule());
+        CreateAppFonts();
+        RegisterFrameMessages();
+        Fill();
+        std::ifstream file(HostPath(), std::ios::binary);
+        pristine_.assign(std::istreambuf_iterator<char>(file), {});
+        std::wcscpy(theSettings.DBPath, Path);
+        EXPECT_TRUE(Frame.CreateFrame());
+        ShowWindow(Frame.GetHandle(), SW_SHOW);
+        EXPECT_TRUE(Frame.OpenDatabase());
+    }
+    ~FailingStorage() override {
+        DestroyWindow(Frame.GetHandle());
+        theDataLayer.Disconnect();
+        theSettings.LastActiveVehicle = 0;
+        DeleteAppFonts();
+        device::SetModule(nullptr);
+    }
+
+    void Fill() {
+        ASSERT_TRUE(CDataFile::Create(HostPath()));
+        ASSERT_EQ(theDataLayer.Connect(Path), CDataLayer::ConnectOK);
+        for (const wchar_t* name : {L"Bike", L"Car"}) {
+            CVehicle vehicle;
+            vehicle.SetName(name);
+            vehicle.SetCurrentOdometer(900);
+            ASSERT_TRUE(theDataLayer.Save(&vehicle, 0));
+            car_ = vehicle.GetRefID();
+            for (int number = 0; number < 30; ++number) {
+                CEntry entry;
+                entry.SetVehicleID(car_);
+                entry.SetType(CEntry::EntryTypeRepair);
+                entry.SetName(L"Oil");
+                entry.SetNotes(std::wstring(500, L'n').c_str());
+                entry.SetOdometer(1000 - number);
+                ASSERT_TRUE(theDataLayer.Save(&entry, 0));
+            }
+            CNotification reminder;
+            reminder.SetVehicleID(car_);
+            reminder.SetName(L"Tyres");
+            reminder.SetOdometer(900000);
+            reminder.SetDate(2958465);
+            ASSERT_TRUE(theDataLayer.Save(&reminder, 0));
+        }
+        for (const wchar_t* name : {L"Oil", L"Tyres"}) {
+            CKeyword keyword;
+            keyword.SetType(CKeyword::KeywordRepair);
+            keyword.SetName(name);
+            ASSERT_TRUE(theDataLayer.Save(&keyword, 0));
+        }
+        theDataLayer.Disconnect();
+    }
+
+    // The user
+
+    static std::wstring ClassOf(HWND window) {
+        wchar_t name[64] = {};
+        GetClassNameW(window, name, 64);
+        return name;
+    }
+    HWND List(UINT id) const { return GetDlgItem(Frame.GetHandle(), static_cast<int>(id)); }
+    Step Send(UINT command) {
+        return [this, command] { SendMessageW(Frame.GetHandle(), WM_COMMAND, command, 0); };
+    }
+    static Step Inside(UINT command) {
+        return [command] { PostMessageW(GetActiveWindow(), WM_COMMAND, command, 0); };
+    }
+    static Step Put(UINT id, const wchar_t* text) {
+        return [id, text] { SetDlgItemTextW(GetActiveWindow(), static_cast<int>(id), text); };
+    }
+    /// From here on the disk fails.
+    Step Now(Step step) {
+        return [this, step] {
+            Disk.FailAt(operation_, span_, error_);
+            step();
+        };
+    }
+    Step Done() {
+        return Now([this] { Host.Press(VK_TSOFT1); });
+    }
+    /// Says yes to what is asked, and takes note of what is told. Nothing where no message stands open.
+    void Answer() {
+        const HWND box = GetActiveWindow();
+        if (ClassOf(box) != L"MessageBox")
+            return;
+        wchar_t text[256] = {};
+        GetWindowTextW(GetWindow(box, GW_CHILD), text, 256);
+        failuresTold_ += text == LoadText(strings::ChangeNotStored) ? 1 : 0;
+        Host.Press(VK_TSOFT1);
+    }
+    static void SelectRows(HWND list, int count) {
+        LVITEMW item;
+        item.state = item.stateMask = LVIS_SELECTED;
+        for (int row = 0; row < count; ++row)
+            SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    }
+    /// The pick list; what it shows in the end has to be what is stored.
+    void PickList() {
+        CDlgKeywords dialog;
+        dialog.KeywordType = CKeyword::KeywordRepair;
+        dialog.DoModal();
+    }
+    void LeavePickList() {
+        Disk.Mend();
+        const HWND list = GetDlgItem(GetActiveWindow(), controls::List);
+        const auto shown = SendMessageW(list, LB_GETCOUNT, 0, 0);
+        CObjectListT<CKeyword> keywords;
+        EXPECT_TRUE(theDataLayer.Load(&keywords, CKeyword::KeywordRepair));
+        EXPECT_EQ(shown, keywords.GetCount());
+        Inside(commands::Cancel)();
+    }
+    std::vector<Command> Commands() {
+        using namespace controls;
+        const Step vehicles = Send(commands::SelectVehicle);
+        const auto inList = [this, vehicles](UINT command) {
+            return [this, vehicles, command] {
+                vehicles();
+                Send(command)();
+            };
+        };
+        const auto several = [this] {
+            SelectRows(List(EntryList), 5);
+            Send(commands::Delete)();
+        };
+        const Step pick = [this] { PickList(); };
+        const Step leave = [this] { LeavePickList(); };
+        const Step yes = Now([this] { Answer(); });
+        const Step odometer = [this] {
+            theSettings.ActiveVehicleOdometer = 7;
+            Now([this] { Frame.UpdateOdometer(); })();
+        };
+        return {
+            {"new vehicle", "vehicles", true, inList(commands::NewVehicle), {Put(FirstText, L"New"), Done()}},
+            {"edited vehicle", "vehicles", true, inList(commands::Edit), {Put(FirstText, L"Other"), Done()}},
+            {"deleted vehicle", "vehicles", true, inList(commands::Delete), {yes}},
+            {"new entry", "entries", true, Send(commands::NewRepair),
+                {Put(Odometer, L"5000"), Put(FirstText, L"Brakes"), Done()}},
+            {"edited entry", "entries", true, Send(commands::Edit), {Put(Odometer, L"6000"), Done()}},
+            {"deleted entry", "entries", true, Send(commands::Delete), {yes}},
+            {"deleted entries", "entries", true, several, {yes}, true},
+            {"odometer", "vehicles", false, odometer, {}},
+            {"new reminder", "reminders", false, Send(commands::NewReminder), {Put(FirstText, L"Wash"), Done()}},
+            {"deleted reminder", "reminders", false, Send(commands::ManageReminders),
+                {[this] { SelectRows(GetDlgItem(GetActiveWindow(), controls::List), 1); }, Inside(commands::Delete),
+                    yes, Inside(commands::Cancel)}},
+            {"new keyword", "keywords", false, pick,
+                {Inside(commands::AddKeyword), Put(FirstText, L"Wash"), Done(), leave}},
+            {"renamed keyword", "keywords", false, pick,
+                {Inside(commands::EditKeyword), Put(FirstText, L"Wash"), Done(), leave}},
+            {"deleted keyword", "keywords", false, pick, {Now(Inside(commands::DeleteKeyword)), leave}},
+        };
+    }
+
+    // The log before and after
+
+    void StartAfresh() {
+        theDataLayer.Disconnect();
+        std::filesystem::remove(HostPath() + "-journal");
+        std::ofstream(HostPath(), std::ios::binary) << pristine_;
+        ASSERT_EQ(theDataLayer.Connect(Path), CDataLayer::ConnectOK);
+        theSettings.LastActiveVehicle = car_;
+        Reload();
+    }
+    void Reload() { SendMessageW(Frame.GetHandle(), RegisterWindowMessageW(identity::ReloadMessage), 0, 0); }
+    void Perform(const Command& command, int operation, FaultyDisk::Span span, FaultyDisk::Error error) {
+        operation_ = operation;
+        span_ = span;
+        error_ = error;
+        failuresTold_ = 0;
+        for (const Step& step : command.steps)
+            Host.Then(step);
+        Host.Then([this] { Answer(); });
+        command.run();
+        Disk.Mend();
+        Host.Pump();
+        ASSERT_EQ(GetActiveWindow(), Frame.GetHandle());
+    }
+    static Rows Query(const std::string& sql) {
+        sqlite3* connection = nullptr;
+        sqlite3_open(HostPath().c_str(), &connection);
+        Rows rows;
+        const auto add = [](void* target, int count, char** values, char**) {
+            std::string row;
+            for (int column = 0; column < count; ++column)
+                row += std::string(values[column] ? values[column] : "NULL") + '|';
+            static_cast<Rows*>(target)->insert(row);
+            return 0;
+        };
+        EXPECT_EQ(sqlite3_exec(connection, sql.c_str(), add, &rows, nullptr), SQLITE_OK) << sqlite3_errmsg(connection);
+        sqlite3_close(connection);
+        return rows;
+    }
+    Stored WhatIsStored() const {
+        Stored stored;
+        const std::string car = std::to_string(car_);
+        for (const char* table : {"entries", "reminders", "keywords"})
+            stored.tables[table] = Query(std::string("SELECT * FROM ") + table);
+        stored.tables["vehicles"] = Query("SELECT id, name, iif(ref = " + car + ", 0, odometer) FROM vehicles");
+        for (const std::string& row : Query("SELECT odometer FROM vehicles WHERE ref = " + car))
+            stored.odometer = row;
+        EXPECT_EQ(Query("PRAGMA integrity_check"), Rows{"ok|"});
+        return stored;
+    }
+    /// The records behind the rows of a list, in the form of the query below it.
+    template <typename Record, typename Reading> Rows Shown(UINT id, Reading reading) const {
+        const HWND list = List(id);
+        Rows rows;
+        for (int row = 0; row < SendMessageW(list, LVM_GETITEMCOUNT, 0, 0); ++row) {
+            LVITEMW item;
+            item.mask = LVIF_PARAM;
+            item.iItem = row;
+            SendMessageW(list, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+            const auto* record = reinterpret_cast<const Record*>(item.lParam);
+            rows.insert(std::to_string(record->GetID()) + '|' + std::to_string(reading(*record)) + '|');
+        }
+        return rows;
+    }
+    void ExpectTheScreenTellsTheFile() {
+        Reload();
+        EXPECT_EQ(
+            Shown<CVehicle>(controls::VehicleList, [](const CVehicle& each) { return each.GetCurrentOdometer(); }),
+            Query("SELECT id, odometer FROM vehicles"));
+        const std::string active = std::to_string(theSettings.LastActiveVehicle);
+        EXPECT_EQ(Shown<CEntry>(controls::EntryList, [](const CEntry& each) { return each.GetOdometer(); }),
+            Query("SELECT id, odometer FROM entries WHERE vehicle = " + active));
+    }
+    static bool IsPart(const Rows& part, const Rows& whole) {
+        return std::includes(whole.begin(), whole.end(), part.begin(), part.end());
+    }
+    /// All of the command's change or none, and a message where none was made.
+    void ExpectAllOrNothing(const Command& command, const Stored& before, const Stored& after) {
+        const Stored now = WhatIsStored();
+        const bool isMade
+            = now.tables == after.tables && (std::string(command.name) != "odometer" || now.odometer == after.odometer);
+        if (command.inParts) {
+            EXPECT_TRUE(IsPart(now.tables.at(command.table), before.tables.at(command.table))
+                && IsPart(after.tables.at(command.table), now.tables.at(command.table)));
+        } else {
+            EXPECT_TRUE(isMade || now.tables == before.tables);
+        }
+        EXPECT_TRUE(now.odometer == before.odometer || (isMade && now.odometer == after.odometer)) << now.odometer;
+        EXPECT_EQ(failuresTold_, command.tellsFailure && !isMade ? 1 : 0);
+    }
+
+    int FailuresTold() const { return failuresTold_; }
+
+    FaultyDisk Disk;
+    ScriptedHost Host;
+    CMessageLoop Loop;
+    CMainFrame Frame{Loop};
+
+private:
+    std::string pristine_;
+    ULONG car_ = 0;
+    int operation_ = 0;
+    FaultyDisk::Span span_ = FaultyDisk::Span::Once;
+    FaultyDisk::Error error_ = FaultyDisk::Error::Io;
+    int failuresTold_ = 0;
+};
+
+TEST_F(FailingStorage, LosesNothingAndSaysWhatWasNotStored) {
+    constexpr int never = 1'000'000;
+    for (const Command& command : Commands()) {
+        SCOPED_TRACE(command.name);
+        StartAfresh();
+        const Stored before = WhatIsStored();
+        Perform(command, never, FaultyDisk::Span::Once, FaultyDisk::Error::Io);
+        const Stored after = WhatIsStored();
+        ASSERT_TRUE(after.tables != before.tables || after.odometer != before.odometer);
+        ASSERT_EQ(FailuresTold(), 0);
+        for (const auto span : {FaultyDisk::Span::Once, FaultyDisk::Span::FromThenOn}) {
+            for (const auto error : {FaultyDisk::Error::Io, FaultyDisk::Error::Full}) {
+                int operation = 0;
+                do {
+                    SCOPED_TRACE(operation);
+                    StartAfresh();
+                    Perform(command, operation++, span, error);
+                    ExpectTheScreenTellsTheFile();
+                    ExpectAllOrNothing(command, before, after);
+                    theDataLayer.Disconnect();
+                    ASSERT_EQ(theDataLayer.Connect(Path), CDataLayer::ConnectOK);
+                } while (Disk.HasFailed() && !HasFailure());
+                EXPECT_GT(operation, 10); // locks, the journal and its syncs, pages, the end of the journal
+            }
+        }
+    }
+}
+
+} // namespace
