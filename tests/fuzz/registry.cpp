@@ -12,8 +12,10 @@ constexpr const wchar_t* Key = L"Software\\Larkfield Software\\Odoledger";
 
 Values ValuesIn(const std::string& path) {
     Values values;
-    for (const device::NamedRegistryValue& each : device::RegistryFile{path}.List(Key))
+    for (const device::NamedRegistryValue& each : device::RegistryFile{path}.List(Key)) {
+        Require(values.count(each.name) == 0, "each value has one name");
         values[each.name] = {each.value.type, each.value.data};
+    }
     return values;
 }
 

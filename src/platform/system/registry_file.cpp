@@ -181,9 +181,14 @@ std::optional<RegistryValue> RegistryFile::Get(const std::wstring& key, const st
 
 std::vector<NamedRegistryValue> RegistryFile::List(const std::wstring& key) const {
     GKeyFile* file = contents_->file.get();
+    const std::vector<std::string> names = Names(file, GroupFor(file, key));
     std::vector<NamedRegistryValue> values;
-    for (const std::string& escaped : Names(file, GroupFor(file, key))) {
+    for (const std::string& escaped : names) {
         const std::wstring name = NameFromEscaped(escaped);
+        // A name that a person wrote twice, in two spellings, is one value all the same: the one that is found.
+        if (SpellingIn(names, EscapedName(name, AllowedInNames)) != escaped) {
+            continue;
+        }
         if (auto value = Get(key, name)) {
             values.push_back({name, std::move(*value)});
         }
