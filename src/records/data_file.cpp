@@ -10,6 +10,9 @@ namespace {
 using Status = CDataFile::Status;
 
 constexpr int lockWaitMilliseconds = 2000;
+// Ample for the program's statements and for the schema that it writes.
+constexpr int deepestExpression = 20;
+constexpr int longestStatement = 10'000;
 
 /// A file that cannot be understood is invalid; one that cannot be reached just now is not.
 Status StatusOf(int code) {
@@ -55,6 +58,11 @@ void Distrust(sqlite3* connection) {
     sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_FKEY, 0, nullptr);
+    // The file's own schema is parsed all the same. The length of texts stays unlimited.
+    sqlite3_limit(connection, SQLITE_LIMIT_ATTACHED, 0);
+    sqlite3_limit(connection, SQLITE_LIMIT_EXPR_DEPTH, deepestExpression);
+    sqlite3_limit(connection, SQLITE_LIMIT_SQL_LENGTH, longestStatement);
 }
 
 int OpenConnection(const std::string& path, ConnectionHandle* connection) {
@@ -80,6 +88,9 @@ Status Inspect(sqlite3* connection) {
         status = Expect(connection, "PRAGMA journal_mode = DELETE", "delete", Status::Failed);
     if (status == Status::Ok)
         status = StatusOf(sqlite3_exec(connection, "PRAGMA synchronous = FULL", nullptr, nullptr, nullptr));
+    // A cell that lies about its size is met as damage.
+    if (status == Status::Ok)
+        status = StatusOf(sqlite3_exec(connection, "PRAGMA cell_size_check = ON", nullptr, nullptr, nullptr));
     if (status == Status::Ok)
         status = Expect(connection, "PRAGMA quick_check(1)", "ok", Status::Invalid);
     if (status == Status::Ok)
