@@ -65,7 +65,7 @@ std::string AnswersTo(const std::string& text) {
     }
     std::fclose(stdout);
     stdout = former;
-    const std::string answers(told, size);
+    std::string answers(told, size);
     std::free(told);
     return answers;
 }

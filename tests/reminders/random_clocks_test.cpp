@@ -210,6 +210,17 @@ TEST_F(RandomClocks, PickersKeepEveryDayAndStepByTheCalendar) {
         parts.Choose(part + 1);
         parts.Step(by);
         ASSERT_EQ(Text(parts.Get()), Text(expected, seconds{3723})) << Text(day) << ' ' << part << ' ' << by;
+        // Typed over, whatever stood there before.
+        const int typed[] = {Draw(1, 12), Draw(1, 31), Draw(1601, 9999)};
+        char digits[16];
+        std::snprintf(digits, sizeof digits, "%02d%02d%04d", typed[0], typed[1], typed[2]);
+        parts.Choose(1);
+        for (const char* digit = digits; *digit != 0; ++digit)
+            parts.Type(*digit - '0');
+        const auto end = unsigned{(year{typed[2]} / typed[0] / last).day()};
+        ASSERT_EQ(Text(parts.Get()),
+            Text(year{typed[2]} / typed[0] / std::min(typed[1], static_cast<int>(end)), seconds{3723}))
+            << digits;
     }
 }
 

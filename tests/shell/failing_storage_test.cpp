@@ -87,7 +87,7 @@ protected:
         return [id, text] { SetDlgItemTextW(GetActiveWindow(), static_cast<int>(id), text); };
     }
     /// From here on the disk fails.
-    Step Now(Step step) {
+    Step Now(const Step& step) {
         return [this, step] {
             Disk.FailAt(operation_, span_, error_);
             step();
@@ -217,8 +217,9 @@ protected:
     Stored WhatIsStored() const {
         const std::string car = std::to_string(Car);
         Stored stored;
-        for (const std::string table : {"entries", "reminders", "keywords"})
-            stored.rows.merge(Query("SELECT '" + table + "', * FROM " + table));
+        for (const char* sql : {"SELECT 'entry', * FROM entries", "SELECT 'reminder', * FROM reminders",
+                 "SELECT 'keyword', * FROM keywords"})
+            stored.rows.merge(Query(sql));
         stored.rows.merge(Query("SELECT id, name, iif(ref = " + car + ", 0, odometer) FROM vehicles"));
         for (const std::string& row : Query("SELECT odometer FROM vehicles WHERE ref = " + car))
             stored.odometer = row;

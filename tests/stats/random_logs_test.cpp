@@ -101,8 +101,9 @@ Figures Expected(Log log, const Selection& wanted, Units units) {
     const Line& oldest = log.back();
     const std::int64_t start = oldest.type == Trip ? static_cast<std::int64_t>(oldest.volume) : oldest.odometer;
     result.distance = static_cast<std::int32_t>(log.front().odometer - start);
-    if (result.distance >= 100)
-        result.ownership = result.total / static_cast<float>(result.distance / 100);
+    const std::int32_t hundreds = result.distance / 100;
+    if (hundreds >= 1)
+        result.ownership = result.total / static_cast<float>(hundreds);
     return result;
 }
 
@@ -155,7 +156,8 @@ protected:
             &insert, nullptr);
         for (std::size_t vehicle = 0; vehicle < logs.size(); ++vehicle) {
             for (const Line& line : logs[vehicle]) {
-                const auto day = static_cast<double>(line.second / SecondsOfDay);
+                const std::int64_t days = line.second / SecondsOfDay;
+                const auto day = static_cast<double>(days);
                 sqlite3_bind_int(insert, 1, line.id);
                 sqlite3_bind_int(insert, 2, static_cast<int>(vehicle + 1));
                 sqlite3_bind_double(insert, 3, day + static_cast<double>(line.second % SecondsOfDay) / SecondsOfDay);
