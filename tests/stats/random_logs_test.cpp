@@ -118,18 +118,9 @@ protected:
     }
     bool Chance(int percent) { return Draw(1, 100) <= percent; }
     float Number() {
-        switch (Draw(0, 9)) {
-        case 0:
-            return 0;
-        case 1:
-            return static_cast<float>(-Draw(1, 90000)) / 100;
-        case 2:
-            return std::ldexp(static_cast<float>(Draw(-9999999, 9999999)), Draw(-60, 60));
-        case 3:
-            return Chance(20) ? FLT_MAX : static_cast<float>(Draw(1, 1 << 30));
-        default:
-            return static_cast<float>(Draw(1, 99999)) / 100;
-        }
+        const float cents = static_cast<float>(Draw(1, 99999)) / 100;
+        const float numbers[] = {0, -cents, std::ldexp(cents, Draw(-60, 60)), Chance(5) ? FLT_MAX : 1E6F * cents};
+        return Chance(40) ? numbers[Draw(0, 3)] : cents;
     }
     Log MakeLog() {
         const int spread = Draw(0, 3) * Draw(1, 200);

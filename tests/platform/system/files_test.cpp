@@ -60,8 +60,6 @@ TEST_F(FilesTest, ACopyIsWholeAndReplacesNothing) {
     EXPECT_EQ(Read(Documents() / "My Vehicles.dat"), contents);
     EXPECT_EQ(CountFiles(Documents()), 2U);
 
-    std::filesystem::create_symlink("nowhere", Documents() / "link");
-    EXPECT_FALSE(CopyFileW(Source, L"\\My Documents\\link", TRUE));
     EXPECT_FALSE(CopyFileW(L"\\My Documents\\none", L"\\My Documents\\new", TRUE));
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
     mkfifo((Documents() / "pipe").c_str(), 0600);
@@ -78,7 +76,9 @@ TEST_F(FilesTest, LinksAreFollowedToWhatIsThereAndNotFurther) {
     EXPECT_EQ(GetFileAttributesW(Target), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(GetFileAttributesW(L"\\My Documents\\link\\real.dat"), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(GetFileAttributesW(L"\\My Documents\\link\\..\\storage"), INVALID_FILE_ATTRIBUTES);
+    std::filesystem::create_symlink("nowhere", Documents() / "loose");
     Write(Documents() / "Default.ENU", "fresh");
+    EXPECT_FALSE(CopyFileW(Source, L"\\My Documents\\loose", TRUE));
     EXPECT_FALSE(CopyFileW(Source, Target, TRUE));
     EXPECT_FALSE(CopyFileW(Source, Target, FALSE));
     EXPECT_TRUE(MoveFileW(Target, L"\\My Documents\\My Vehicles.dat.bad")); // the link itself
