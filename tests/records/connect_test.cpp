@@ -1,3 +1,4 @@
+#include "faulty_disk.h"
 #include "test_device.h"
 
 #include <cwchar>
@@ -86,6 +87,27 @@ TEST_F(Connect, ALockedFileIsNotAnInvalidOne) {
     EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectFailed);
     sqlite3_close(other);
     EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
+}
+
+// An invalid file makes way for a fresh one, so a disk that fails must never look like it.
+TEST_F(Connect, AFailingDiskIsNoInvalidFile) {
+    Make("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50)"
+         " INSERT INTO keywords SELECT i, 1000 + i, 2, printf('%1000s', ''), '' FROM n");
+    for (const auto span : {FaultyDisk::Span::Once, FaultyDisk::Span::FromThenOn}) {
+        int operation = 0;
+        for (bool hasFailed = true; hasFailed; ++operation) {
+            FaultyDisk disk;
+            disk.FailAt(operation, span, FaultyDisk::Error::Io);
+            const CDataLayer::ConnectStatus status = Layer.Connect(Path);
+            hasFailed = disk.HasFailed();
+            disk.Mend();
+            EXPECT_TRUE(status == CDataLayer::ConnectOK || (hasFailed && status == CDataLayer::ConnectFailed))
+                << operation << ": " << status;
+            EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
+            Layer.Disconnect();
+        }
+        EXPECT_GT(operation, 20);
+    }
 }
 
 TEST_F(Connect, LeavesOneFileAtRestWhateverModeItFinds) {

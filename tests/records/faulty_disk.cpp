@@ -44,6 +44,10 @@ int Truncate(sqlite3_file* file, sqlite3_int64 size) {
     return Fails() ? SQLITE_IOERR_TRUNCATE : original[file->pMethods]->xTruncate(file, size);
 }
 
+int Read(sqlite3_file* file, void* data, int size, sqlite3_int64 offset) {
+    return countsAll && Fails() ? SQLITE_IOERR_READ : original[file->pMethods]->xRead(file, data, size, offset);
+}
+
 int Lock(sqlite3_file* file, int level) {
     return countsAll && Fails() ? SQLITE_IOERR_LOCK : original[file->pMethods]->xLock(file, level);
 }
@@ -67,6 +71,7 @@ int Open(sqlite3_vfs*, const char* path, sqlite3_file* file, int flags, int* out
         methods.xWrite = Write;
         methods.xSync = Sync;
         methods.xTruncate = Truncate;
+        methods.xRead = Read;
         methods.xLock = Lock;
     }
     file->pMethods = &methods;

@@ -15,7 +15,7 @@ public:
 
     enum class Span { Once, FromThenOn };
     enum class Error { Io, Full };
-    /// Counts whatever can fail beside reading: opening and locking a file too.
+    /// Counts whatever can fail: opening, locking and reading a file too.
     void FailAt(int operation, Span span, Error error);
     void Mend();
     /// Whether anything has failed since it was told to.
