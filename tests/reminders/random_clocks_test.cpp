@@ -110,10 +110,10 @@ TEST_F(RandomClocks, FilterPeriodsAreWholeDaysUpToToday) {
     for (int round = 0; round < 20000 && !HasFailure(); ++round) {
         const Moment now = SetMoment();
         const year_month_day today{now.Today()};
-        const sys_days firsts[] = {now.Today() - days{6}, now.Today() - days{13}, today.year() / today.month() / 1,
-            today.year() / January / 1};
-        const int type = Draw(1, 4);
-        const sys_days first = firsts[type - 1];
+        const sys_days firsts[] = {now.Today(), now.Today() - days{6}, now.Today() - days{13},
+            today.year() / today.month() / 1, today.year() / January / 1};
+        const int type = Draw(0, 4);
+        const sys_days first = firsts[type];
         SCOPED_TRACE(Text(now.Today(), now.local - now.Today()) + " type " + std::to_string(type));
         CEntryFilter filter;
         filter.SetVehicleID(1);
@@ -121,12 +121,14 @@ TEST_F(RandomClocks, FilterPeriodsAreWholeDaysUpToToday) {
         ASSERT_EQ(Text(*filter.GetStartDate()), Text(first));
         ASSERT_EQ(Text(*filter.GetEndDate()), Text(now.Today(), seconds{86399}));
         const Second dates[] = {Near(first), Near(now.Today() + days{1}), now.local, Near(SomeDay())};
+        ASSERT_EQ(filter.HaveDateRange() != 0, type != 0);
         for (const Second date : dates) {
             CEntry entry;
             ASSERT_EQ(entry.GetDate(), OleDate(now.Today()));
             entry.SetVehicleID(1);
             entry.SetDate(OleDate(date));
-            ASSERT_EQ(filter.EntryMatchesFilter(&entry) != 0, date >= first && date < now.Today() + days{1})
+            ASSERT_EQ(
+                filter.EntryMatchesFilter(&entry) != 0, type == 0 || (date >= first && date < now.Today() + days{1}))
                 << Text(floor<days>(date), date - floor<days>(date));
         }
     }

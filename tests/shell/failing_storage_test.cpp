@@ -104,6 +104,7 @@ protected:
         if (std::wcscmp(text, L"MessageBox") != 0)
             return;
         GetWindowTextW(GetWindow(box, GW_CHILD), text, 256);
+        successesTold_ += text == LoadText(strings::ReminderCreated) ? 1 : 0;
         failuresTold_ += text == LoadText(strings::ChangeNotStored) ? 1 : 0;
         Host.Press(VK_TSOFT1);
     }
@@ -141,6 +142,7 @@ protected:
             dialog.KeywordType = CKeyword::KeywordRepair;
             dialog.DoModal();
         };
+        const Step selectFirst = [] { SelectRows(GetDlgItem(GetActiveWindow(), controls::List), 1); };
         const Step leave = [this] { LeavePickList(); };
         const Step yes = Now([this] { Answer(); });
         const Step odometer = [this] {
@@ -157,9 +159,10 @@ protected:
             {"deleted entries", true, several, {yes}, true},
             {"odometer", false, odometer, {}},
             {"new reminder", false, Send(commands::NewReminder), {Put(FirstText, L"Wash"), Done()}},
+            {"edited reminder", false, Send(commands::ManageReminders),
+                {selectFirst, Inside(commands::Edit), Put(FirstText, L"Wash"), Done(), Inside(commands::Cancel)}},
             {"deleted reminder", false, Send(commands::ManageReminders),
-                {[this] { SelectRows(GetDlgItem(GetActiveWindow(), controls::List), 1); }, Inside(commands::Delete),
-                    yes, Inside(commands::Cancel)}},
+                {selectFirst, Inside(commands::Delete), yes, Inside(commands::Cancel)}},
             {"new keyword", false, pick, {Inside(commands::AddKeyword), Put(FirstText, L"Wash"), Done(), leave}},
             {"renamed keyword", false, pick, {Inside(commands::EditKeyword), Put(FirstText, L"Wash"), Done(), leave}},
             {"deleted keyword", false, pick, {Now(Inside(commands::DeleteKeyword)), leave}},
@@ -190,7 +193,7 @@ protected:
         operation_ = operation;
         span_ = span;
         error_ = error;
-        failuresTold_ = 0;
+        failuresTold_ = successesTold_ = 0;
         for (const Step& step : command.steps)
             Host.Then(step);
         Host.Then([this] { Answer(); });
@@ -257,6 +260,7 @@ protected:
             || (command.inParts && IsPart(now.rows, before.rows) && IsPart(after.rows, now.rows)));
         EXPECT_TRUE(now.odometer == before.odometer || (isMade && now.odometer == after.odometer)) << now.odometer;
         EXPECT_EQ(failuresTold_, command.tellsFailure && !isMade ? 1 : 0);
+        EXPECT_EQ(successesTold_, isMade && std::string(command.name) == "new reminder" ? 1 : 0);
     }
     int FailuresTold() const { return failuresTold_; }
 
@@ -271,9 +275,10 @@ private:
     FaultyDisk::Span span_ = FaultyDisk::Span::Once;
     FaultyDisk::Error error_ = FaultyDisk::Error::Io;
     int failuresTold_ = 0;
+    int successesTold_ = 0;
 };
 
-constexpr std::size_t CommandCount = 13;
+constexpr std::size_t CommandCount = 14;
 
 TEST_P(FailingStorage, LosesNothingAndSaysWhatWasNotStored) {
     constexpr int never = 1'000'000;

@@ -238,17 +238,13 @@ TEST_F(ProcessesTest, GarbageIsNoRequest) {
     const auto window = device::PublishedWindow::Publish(L"Odoledger", [] {});
     ASSERT_NE(window, nullptr);
     std::mt19937 random{3};
-    const std::string request = "post Odoledger";
-    for (int round = 0; round < 300; ++round) {
-        std::string packet = request.substr(0, round % 5); // what stands there is no name yet
-        if (round % 3 == 0) {
-            packet = "front" + std::string(random() % 60000 + 1, static_cast<char>(random()));
-        } else if (round % 3 == 1) {
-            packet += '\xFF' + std::string(random() % 600, static_cast<char>(random()));
-        }
+    for (unsigned round = 0; round < 300; ++round) {
+        const char filler = static_cast<char>(random());
+        const std::string packets[] = {std::string("post ").substr(0, round % 6),
+            "front" + std::string(round * 200 + 1, filler), "post \xFF" + std::string(random() % 600, filler)};
+        const std::string& packet = packets[round % 3];
         const auto socket = device::ConnectTo(SocketFile(), std::chrono::seconds{2});
-        ASSERT_TRUE(socket.IsOpen());
-        send(socket.Get(), packet.data(), packet.size(), MSG_NOSIGNAL);
+        ASSERT_EQ(send(socket.Get(), packet.data(), packet.size(), MSG_NOSIGNAL), static_cast<ssize_t>(packet.size()));
         if (round % 2 == 0) {
             EXPECT_EQ(device::ReceivePacket(socket), std::nullopt); // not taken, and hung up
         }
