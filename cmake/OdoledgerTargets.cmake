@@ -5,6 +5,10 @@ if(CCACHE_PROGRAM)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
 endif()
 
+# Programs are position-independent whatever the compiler's own default is.
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
+
 add_library(odoledger_flags INTERFACE)
 target_include_directories(odoledger_flags INTERFACE ${CMAKE_SOURCE_DIR}/src)
 # Floats stay single step by step: no fused multiply-add, no reordering.
@@ -12,12 +16,18 @@ target_compile_options(odoledger_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror
   -ffp-contract=off -fstack-protector-strong)
 target_compile_definitions(odoledger_flags INTERFACE $<$<NOT:$<CONFIG:Debug>>:_GLIBCXX_ASSERTIONS>)
+# What a program needs at run time is bound before it starts, and read-only from then on.
+target_link_options(odoledger_flags INTERFACE -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
 # GCC 12 reports overlapping copies inside std::string where there are none.
 target_compile_options(odoledger_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 if(ODOLEDGER_SANITIZE)
   # GCC 12 cannot follow initialisations through the sanitizers' own code.
   target_compile_options(odoledger_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
     -fno-omit-frame-pointer $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
+  target_link_options(odoledger_flags INTERFACE -fsanitize=address,undefined)
+elseif(ODOLEDGER_FUZZ)
+  target_compile_options(odoledger_flags INTERFACE -fsanitize=fuzzer-no-link,address,undefined
+    -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(odoledger_flags INTERFACE -fsanitize=address,undefined)
 else()
   target_compile_options(odoledger_flags INTERFACE

@@ -1,5 +1,7 @@
 #include "records/data_file.h"
 
+#include <algorithm>
+#include <array>
 #include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
@@ -10,6 +12,9 @@ namespace {
 using Status = CDataFile::Status;
 
 constexpr int lockWaitMilliseconds = 2000;
+// Ample for the program's statements and for the schema that it writes.
+constexpr int deepestExpression = 20;
+constexpr int longestStatement = 10'000;
 
 /// A file that cannot be understood is invalid; one that cannot be reached just now is not.
 Status StatusOf(int code) {
@@ -55,6 +60,11 @@ void Distrust(sqlite3* connection) {
     sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_FKEY, 0, nullptr);
+    // The file's own schema is parsed all the same. The length of texts stays unlimited.
+    sqlite3_limit(connection, SQLITE_LIMIT_ATTACHED, 0);
+    sqlite3_limit(connection, SQLITE_LIMIT_EXPR_DEPTH, deepestExpression);
+    sqlite3_limit(connection, SQLITE_LIMIT_SQL_LENGTH, longestStatement);
 }
 
 int OpenConnection(const std::string& path, ConnectionHandle* connection) {
@@ -66,6 +76,32 @@ int OpenConnection(const std::string& path, ConnectionHandle* connection) {
         return opened;
     Distrust(raw);
     return sqlite3_busy_timeout(raw, lockWaitMilliseconds);
+}
+
+/// Whether the disk gives every byte of the file, whatever they are.
+bool CanBeRead(sqlite3* connection) {
+    sqlite3_file* file = nullptr;
+    sqlite3_int64 size = 0;
+    if (sqlite3_file_control(connection, "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK || !file->pMethods
+        || file->pMethods->xFileSize(file, &size) != SQLITE_OK)
+        return false;
+    std::array<char, 65536> buffer{};
+    for (sqlite3_int64 offset = 0; offset < size; offset += static_cast<sqlite3_int64>(buffer.size())) {
+        const auto count = static_cast<int>(std::min<sqlite3_int64>(buffer.size(), size - offset));
+        if (file->pMethods->xRead(file, buffer.data(), count, offset) != SQLITE_OK)
+            return false;
+    }
+    return true;
+}
+
+/// The check takes a page that the disk did not give for a damaged one, and a damaged file makes way for a fresh one.
+/// So what it finds counts only where the disk gives everything, and only if it finds it again.
+Status CheckPages(sqlite3* connection) {
+    const auto check = [connection] { return Expect(connection, "PRAGMA quick_check(1)", "ok", Status::Invalid); };
+    const Status status = check();
+    if (status != Status::Invalid)
+        return status;
+    return CanBeRead(connection) ? check() : Status::Failed;
 }
 
 Status Inspect(sqlite3* connection) {
@@ -80,8 +116,11 @@ Status Inspect(sqlite3* connection) {
         status = Expect(connection, "PRAGMA journal_mode = DELETE", "delete", Status::Failed);
     if (status == Status::Ok)
         status = StatusOf(sqlite3_exec(connection, "PRAGMA synchronous = FULL", nullptr, nullptr, nullptr));
+    // A cell that lies about its size is met as damage.
     if (status == Status::Ok)
-        status = Expect(connection, "PRAGMA quick_check(1)", "ok", Status::Invalid);
+        status = StatusOf(sqlite3_exec(connection, "PRAGMA cell_size_check = ON", nullptr, nullptr, nullptr));
+    if (status == Status::Ok)
+        status = CheckPages(connection);
     if (status == Status::Ok)
         status = Expect(connection, "SELECT count(*) FROM sequence", "1", Status::Invalid);
     return status;

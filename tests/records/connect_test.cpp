@@ -1,5 +1,7 @@
+#include "faulty_disk.h"
 #include "test_device.h"
 
+#include <cwchar>
 #include <fstream>
 #include <sqlite3.h>
 #include <sys/stat.h>
@@ -87,6 +89,27 @@ TEST_F(Connect, ALockedFileIsNotAnInvalidOne) {
     EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
 }
 
+// An invalid file makes way for a fresh one, so a disk that fails must never look like it.
+TEST_F(Connect, AFailingDiskIsNoInvalidFile) {
+    Make("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50)"
+         " INSERT INTO keywords SELECT i, 1000 + i, 2, printf('%1000s', ''), '' FROM n");
+    for (const auto span : {FaultyDisk::Span::Once, FaultyDisk::Span::FromThenOn}) {
+        int operation = 0;
+        for (bool hasFailed = true; hasFailed; ++operation) {
+            FaultyDisk disk;
+            disk.FailAt(operation, span, FaultyDisk::Error::Io);
+            const CDataLayer::ConnectStatus status = Layer.Connect(Path);
+            hasFailed = disk.HasFailed();
+            disk.Mend();
+            EXPECT_TRUE(status == CDataLayer::ConnectOK || (hasFailed && status == CDataLayer::ConnectFailed))
+                << operation << ": " << status;
+            EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
+            Layer.Disconnect();
+        }
+        EXPECT_GT(operation, 20);
+    }
+}
+
 TEST_F(Connect, LeavesOneFileAtRestWhateverModeItFinds) {
     Make("PRAGMA journal_mode = WAL");
     EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
@@ -99,15 +122,51 @@ TEST_F(Connect, LeavesOneFileAtRestWhateverModeItFinds) {
     EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
 }
 
-TEST_F(Connect, NothingThatLiesInTheFileGetsToRun) {
-    Make("CREATE TRIGGER bite AFTER INSERT ON keywords BEGIN DELETE FROM vehicles; END");
-    ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
-    CVehicle vehicle;
-    CKeyword keyword;
-    ASSERT_TRUE(Layer.Save(&vehicle, 0) && Layer.Save(&keyword, 0));
-    CObjectListT<CVehicle> vehicles;
-    EXPECT_TRUE(Layer.Load(&vehicles));
-    EXPECT_EQ(vehicles.GetCount(), 1);
+TEST_F(Connect, AStrangersFileIsHarmlessOrInvalid) {
+    const std::string edit = "PRAGMA writable_schema = 1; UPDATE sqlite_schema SET ";
+    const std::string check = edit + "sql = replace(sql, 'notes TEXT NOT NULL', 'notes TEXT NOT NULL CHECK (";
+    const std::string asText = ")') WHERE name = 'keywords'";
+    std::string nested = "notes";
+    for (int depth = 0; depth < 50; ++depth)
+        nested += " || notes";
+    constexpr auto ok = CDataLayer::ConnectOK;
+    constexpr auto invalid = CDataLayer::ConnectInvalid;
+    const struct {
+        std::string sql;
+        CDataLayer::ConnectStatus status;
+        bool takesKeywords = false;
+    } files[] = {
+        {"CREATE TRIGGER bite AFTER INSERT ON keywords BEGIN DELETE FROM vehicles; END", ok, true},
+        {"CREATE TABLE more (x REFERENCES vehicles ON DELETE CASCADE); CREATE INDEX names ON vehicles (name)", ok,
+            true},
+        {"CREATE VIEW bait AS SELECT load_extension(name) FROM vehicles", ok, true},
+        {check + "length(notes) = 0" + asText, ok, true},
+        {check + "load_extension(notes) IS NULL" + asText, ok, false},
+        {check + nested + " = notes" + asText, invalid},
+        {"CREATE TABLE long (x DEFAULT '" + std::string(20000, 'x') + "')", invalid},
+        {"ALTER TABLE keywords RENAME TO hidden; CREATE VIEW keywords AS SELECT * FROM hidden", invalid},
+        {"DROP TABLE keywords; CREATE VIRTUAL TABLE keywords USING fts5 (id, ref, type, name, notes)", invalid},
+        {"ALTER TABLE keywords DROP COLUMN notes; ALTER TABLE keywords ADD COLUMN notes TEXT AS ('x')", invalid},
+        {edit + "rootpage = (SELECT rootpage FROM sqlite_schema WHERE name = 'entries') WHERE name = 'keywords'",
+            invalid},
+        {edit + "sql = 'CREATE TABLE keywords (id' WHERE name = 'keywords'", invalid},
+        {edit + "rootpage = 1 WHERE name = 'entries_in_order'", invalid},
+    };
+    for (const auto& [sql, status, takesKeywords] : files) {
+        SCOPED_TRACE(sql.substr(0, 150));
+        std::filesystem::remove(HostPath());
+        Make(sql.c_str());
+        ASSERT_EQ(Layer.Connect(Path), status);
+        CVehicle vehicle;
+        vehicle.SetNotes(std::wstring(3'000'000, L'\u00E9').c_str());
+        CKeyword keyword;
+        EXPECT_EQ(Layer.Save(&vehicle, 0) != 0, status == ok);
+        EXPECT_EQ(Layer.Save(&keyword, 0) != 0, takesKeywords);
+        CObjectListT<CVehicle> vehicles;
+        EXPECT_EQ(Layer.Load(&vehicles) != 0, status == ok);
+        ASSERT_EQ(vehicles.GetCount(), status == ok ? 1 : 0);
+        EXPECT_TRUE(status != ok || std::wcscmp(vehicles.Get(0)->GetNotes(), vehicle.GetNotes()) == 0);
+    }
 }
 
 TEST_F(Connect, SeesWhatAnotherProgramWrote) {

@@ -1,7 +1,5 @@
-#include "../records/faulty_disk.h"
 #include "reminder_fixture.h"
 #include "reminders/edit_reminder.h"
-#include "reminders/reminder_commands.h"
 
 using namespace controls;
 
@@ -103,25 +101,6 @@ TEST_F(EditReminderTest, TheReadingComesBeforeTheDescriptionThatIsRequired) {
     EXPECT_NE(Edit(reminder, [] {}), 0);
     EXPECT_EQ(Stored(), std::vector<std::wstring>{L"x"});
     EXPECT_EQ(reminder.GetOdometer(), 0);
-}
-
-TEST_F(EditReminderTest, AFailedSaveIsSilent) {
-    FaultyDisk disk;
-    Reconnect();
-    Remind(L"Old", 5);
-    const auto reminders = LoadAll<CNotification>(Car.GetRefID());
-    disk.FailFrom(0);
-    EXPECT_EQ(Edit(*reminders->Get(0), [] { Put(FirstText, L"New"); }), 0);
-    Host.Then([this] {
-        Put(FirstText, L"Lost");
-        Host.Press(VK_TSOFT1);
-    });
-    NewReminder(&Car);
-    disk.Mend();
-    EXPECT_EQ(Stored(), std::vector<std::wstring>{L"Old"});
-    EXPECT_NE(Edit(*reminders->Get(0), [] {}), 0) << "what could not be stored still waits for it";
-    EXPECT_EQ(Stored(), std::vector<std::wstring>{L"New"});
-    Layer.Disconnect();
 }
 
 } // namespace

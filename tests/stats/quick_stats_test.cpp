@@ -110,16 +110,6 @@ TEST_F(QuickStats, FiguresThatDoNotComeOut) {
     }
 }
 
-TEST_F(QuickStats, SumsFromTheNewestAndTakesTheOldestOffTheSum) {
-    // 16777216 + 1 is lost in a float, 1 + 1 + 16777216 is not.
-    const CQuickStats lost = StatsOf({{Fuel, 0, 1, 1}, {Fuel, 50, 1, 1}, {Fuel, 100, 16777216, 16777216}});
-    EXPECT_EQ(lost.GetFuelExpense(), 16777216.0F);
-    EXPECT_EQ(lost.GetFuelConsumed(), 16777215.0F);
-    const CQuickStats kept = StatsOf({{Fuel, 0, 16777216, 16777216}, {Fuel, 50, 1, 1}, {Fuel, 100, 1, 1}});
-    EXPECT_EQ(kept.GetTotalExpense(), 16777218.0F);
-    EXPECT_EQ(kept.GetFuelConsumed(), 2.0F);
-}
-
 TEST_F(QuickStats, FollowTheFilter) {
     StatsOf(example);
     Filter.SetEntryType(Repair);

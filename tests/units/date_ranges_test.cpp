@@ -45,29 +45,6 @@ TEST_F(DateRanges, DaysAreAddedOnTheCalendar) {
     }
 }
 
-TEST_F(DateRanges, PresetsOfTheCustomRange) {
-    const struct {
-        DatePreset preset;
-        SYSTEMTIME now;
-        const char *start, *end;
-    } cases[] = {
-        {DatePreset::LastThreeMonths, Day(2026, 3, 31), "2025-12-31", "2026-03-31"},
-        {DatePreset::LastSixMonths, Day(2026, 3, 31), "2025-10-02", "2026-03-31"},
-        {DatePreset::LastTwelveMonths, Day(2024, 2, 29), "2023-03-01", "2024-02-29"},
-        {DatePreset::LastThirtyDays, Day(2026, 3, 31), "2026-03-01", "2026-03-31"},
-        {DatePreset::PreviousMonth, Day(2026, 1, 31), "2025-12-01", "2025-12-31"},
-        {DatePreset::PreviousMonth, Day(2024, 3, 15), "2024-02-01", "2024-02-29"},
-        {DatePreset::PreviousMonth, Day(2026, 3, 31), "2026-02-01", "2026-02-28"},
-        {DatePreset::PreviousYear, Day(2026, 1, 1), "2025-01-01", "2025-12-31"},
-        {DatePreset::PreviousYear, Day(2024, 2, 29), "2023-01-01", "2023-12-31"},
-    };
-    for (const auto& row : cases) {
-        const DatePeriod period = PresetPeriod(row.preset, row.now);
-        EXPECT_EQ(Text(period.start), row.start);
-        EXPECT_EQ(Text(period.end), row.end);
-    }
-}
-
 TEST_F(DateRanges, AreNamedByTheirEnds) {
     CEntryFilter filter;
     EXPECT_EQ(FormatDateRange(&filter), L"All Dates");

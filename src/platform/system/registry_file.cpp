@@ -51,10 +51,14 @@ std::vector<std::string> Names(GKeyFile* file, const std::string& group) {
     return Taken(list, count);
 }
 
+std::vector<std::string>::const_iterator FindName(const std::vector<std::string>& names, const std::string& wanted) {
+    return std::find_if(
+        names.begin(), names.end(), [&](const std::string& name) { return SameEscapedName(name, wanted); });
+}
+
 /// The name as the file spells it, `wanted` itself if the file has none.
 std::string SpellingIn(const std::vector<std::string>& names, const std::string& wanted) {
-    const auto found = std::find_if(
-        names.begin(), names.end(), [&](const std::string& name) { return SameEscapedName(name, wanted); });
+    const auto found = FindName(names, wanted);
     return found == names.end() ? wanted : *found;
 }
 
@@ -181,9 +185,14 @@ std::optional<RegistryValue> RegistryFile::Get(const std::wstring& key, const st
 
 std::vector<NamedRegistryValue> RegistryFile::List(const std::wstring& key) const {
     GKeyFile* file = contents_->file.get();
+    const std::vector<std::string> names = Names(file, GroupFor(file, key));
     std::vector<NamedRegistryValue> values;
-    for (const std::string& escaped : Names(file, GroupFor(file, key))) {
-        const std::wstring name = NameFromEscaped(escaped);
+    for (auto place = names.begin(); place != names.end(); ++place) {
+        const std::wstring name = NameFromEscaped(*place);
+        // A name that a person wrote twice, in whatever spellings, is one value all the same: the one that is found.
+        if (FindName(names, EscapedName(name, AllowedInNames)) != place) {
+            continue;
+        }
         if (auto value = Get(key, name)) {
             values.push_back({name, std::move(*value)});
         }

@@ -60,6 +60,14 @@ std::vector<std::wstring>& RegisteredNames() {
     return names;
 }
 
+/// 0 for a name that this program never registered: it would know nothing to do with it, and others are not to fill
+/// its table.
+UINT RegisteredMessage(const std::wstring& name) {
+    const auto& names = RegisteredNames();
+    const auto found = std::find(names.begin(), names.end(), name);
+    return found == names.end() ? 0 : FirstRegistered + static_cast<UINT>(found - names.begin());
+}
+
 } // namespace
 
 void PublishWindow(HWND window) {
@@ -86,8 +94,8 @@ void Desktop::CollectInbox() {
             if (request->kind == WindowRequest::Kind::BringToFront) {
                 ++fronts;
                 host_->BringToFront();
-            } else {
-                Post({window, RegisterWindowMessageW(request->messageName.c_str()), 0, 0});
+            } else if (const UINT message = RegisteredMessage(request->messageName)) {
+                Post({window, message, 0, 0});
             }
         }
     }
@@ -98,11 +106,10 @@ void Desktop::CollectInbox() {
 UINT RegisterWindowMessageW(const wchar_t* name) {
     if (!name)
         return 0;
-    auto& names = device::RegisteredNames();
-    auto found = std::find(names.begin(), names.end(), name);
-    if (found == names.end())
-        found = names.insert(names.end(), name);
-    return device::FirstRegistered + static_cast<UINT>(found - names.begin());
+    if (const UINT known = device::RegisteredMessage(name))
+        return known;
+    device::RegisteredNames().emplace_back(name);
+    return device::RegisteredMessage(name);
 }
 
 HWND FindWindowW(const wchar_t* className, const wchar_t* /*title*/) {

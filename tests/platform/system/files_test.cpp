@@ -60,13 +60,31 @@ TEST_F(FilesTest, ACopyIsWholeAndReplacesNothing) {
     EXPECT_EQ(Read(Documents() / "My Vehicles.dat"), contents);
     EXPECT_EQ(CountFiles(Documents()), 2U);
 
-    std::filesystem::create_symlink("nowhere", Documents() / "link");
-    EXPECT_FALSE(CopyFileW(Source, L"\\My Documents\\link", TRUE));
     EXPECT_FALSE(CopyFileW(L"\\My Documents\\none", L"\\My Documents\\new", TRUE));
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
     mkfifo((Documents() / "pipe").c_str(), 0600);
     EXPECT_FALSE(CopyFileW(L"\\My Documents\\pipe", L"\\My Documents\\new", TRUE));
     EXPECT_FALSE(std::filesystem::exists(Documents() / "new"));
+}
+
+// A link in the documents is the user's own doing: what lies behind it is read, but nothing new is written through it.
+TEST_F(FilesTest, LinksAreFollowedToWhatIsThereAndNotFurther) {
+    Write(folder_ / "elsewhere" / "real.dat", "precious");
+    std::filesystem::create_directories(Documents());
+    std::filesystem::create_symlink(folder_ / "elsewhere" / "real.dat", Documents() / "My Vehicles.dat");
+    std::filesystem::create_directory_symlink(folder_ / "elsewhere", Documents() / "link");
+    EXPECT_EQ(GetFileAttributesW(Target), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(GetFileAttributesW(L"\\My Documents\\link\\real.dat"), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(GetFileAttributesW(L"\\My Documents\\link\\..\\storage"), INVALID_FILE_ATTRIBUTES);
+    std::filesystem::create_symlink("nowhere", Documents() / "loose");
+    Write(Documents() / "Default.ENU", "fresh");
+    EXPECT_FALSE(CopyFileW(Source, L"\\My Documents\\loose", TRUE));
+    EXPECT_FALSE(CopyFileW(Source, Target, TRUE));
+    EXPECT_FALSE(CopyFileW(Source, Target, FALSE));
+    EXPECT_TRUE(MoveFileW(Target, L"\\My Documents\\My Vehicles.dat.bad")); // the link itself
+    EXPECT_TRUE(CopyFileW(Source, Target, TRUE));
+    EXPECT_EQ(Read(Documents() / "My Vehicles.dat.bad"), "precious");
+    EXPECT_EQ(CountFiles(folder_ / "elsewhere"), 1U);
 }
 
 TEST_F(FilesTest, ACopyThatRunsOutOfSpaceLeavesNothing) {

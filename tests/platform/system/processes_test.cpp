@@ -9,6 +9,8 @@
 #include <condition_variable>
 #include <csignal>
 #include <mutex>
+#include <random>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -57,6 +59,12 @@ protected:
             }
         }
         return {};
+    }
+
+    static unsigned ModeOf(const std::string& path) {
+        struct stat found { };
+        EXPECT_EQ(lstat(path.c_str(), &found), 0);
+        return found.st_mode & 0777U;
     }
 
     pid_t other_ = 0;
@@ -178,6 +186,71 @@ TEST_F(ProcessesTest, RequestsComeInOrderAndOnlyThoseTwo) {
     EXPECT_EQ(post.kind, device::WindowRequest::Kind::PostRegistered);
     EXPECT_EQ(post.messageName, L"{5E75CC96} é");
     EXPECT_EQ(window->Take(), std::nullopt);
+}
+
+TEST_F(ProcessesTest, WhatIsSharedIsPrivateWhateverTheMask) {
+    const mode_t former = umask(0);
+    HANDLE handle = nullptr;
+    EXPECT_EQ(Create(L"Odoledger", handle), 0U);
+    const auto window = device::PublishedWindow::Publish(L"Odoledger", [] {});
+    ASSERT_NE(window, nullptr);
+    umask(former);
+    const std::string folder = device::RuntimeFolder().value();
+    EXPECT_EQ(ModeOf(folder), 0700U);
+    EXPECT_EQ(CountFiles(folder), 2U);
+    for (const auto& file : std::filesystem::directory_iterator{folder}) {
+        EXPECT_EQ(ModeOf(file.path()), 0600U) << file.path();
+    }
+    CloseHandle(handle);
+}
+
+TEST_F(ProcessesTest, AFolderOrALockOfAnotherSortIsNotUsed) {
+    Set("XDG_RUNTIME_DIR", "");
+    Set("TMPDIR", folder_ / "run");
+    const std::filesystem::path place = device::RuntimeFolder().value();
+    // A lock that is a link to a file of the user's.
+    HANDLE handle = nullptr;
+    ASSERT_EQ(Create(L"Odoledger", handle), 0U);
+    CloseHandle(handle);
+    const auto lock = std::filesystem::directory_iterator {
+        place
+        } -> path();
+    std::filesystem::remove(lock);
+    Write(folder_ / "precious", "x");
+    std::filesystem::create_symlink(folder_ / "precious", lock);
+    EXPECT_NE(Create(L"Odoledger", handle), 0U);
+    EXPECT_EQ(handle, nullptr);
+    // A file where the folder should be.
+    std::filesystem::remove_all(place);
+    Write(place, "x");
+    EXPECT_EQ(device::RuntimeFolder(), std::nullopt);
+    std::filesystem::remove(place);
+    EXPECT_NE(device::RuntimeFolder(), std::nullopt);
+    if (geteuid() == 0) { // only root can give a folder away
+        ASSERT_EQ(chown(place.c_str(), 4711, 4711), 0);
+        EXPECT_EQ(device::RuntimeFolder(), std::nullopt);
+        ASSERT_EQ(chown(place.parent_path().c_str(), 4711, 4711), 0);
+        EXPECT_EQ(device::PublishedWindow::Publish(L"Odoledger", [] {}), nullptr);
+    }
+}
+
+TEST_F(ProcessesTest, GarbageIsNoRequest) {
+    const auto window = device::PublishedWindow::Publish(L"Odoledger", [] {});
+    ASSERT_NE(window, nullptr);
+    std::mt19937 random{3};
+    for (unsigned round = 0; round < 300; ++round) {
+        const char filler = static_cast<char>(random());
+        const std::string packets[] = {std::string("post ").substr(0, round % 6),
+            "front" + std::string(round * 200 + 1, filler), "post \xFF" + std::string(random() % 600, filler)};
+        const std::string& packet = packets[round % 3];
+        const auto socket = device::ConnectTo(SocketFile(), std::chrono::seconds{2});
+        ASSERT_EQ(send(socket.Get(), packet.data(), packet.size(), MSG_NOSIGNAL), static_cast<ssize_t>(packet.size()));
+        if (round % 2 == 0) {
+            EXPECT_EQ(device::ReceivePacket(socket), std::nullopt); // not taken, and hung up
+        }
+    }
+    EXPECT_EQ(window->Take(), std::nullopt);
+    EXPECT_TRUE(device::BringToFront(L"Odoledger"));
 }
 
 TEST_F(ProcessesTest, ADeadProcessWindowGivesWayAndALivingOnesDoesNot) {

@@ -2,7 +2,11 @@
 #include "platform/list_view.h"
 #include "platform/metrics.h"
 #include "platform/resources.h"
+#include "platform/system/environment.h"
+#include "platform/system/ipc.h"
 #include "scripted_host.h"
+
+#include <filesystem>
 
 namespace {
 
@@ -17,6 +21,9 @@ std::vector<std::string> order;
 std::function<void(HMENU)> onPopup;
 
 LRESULT Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    constexpr UINT firstRegistered = 0xC000;
+    if (message >= firstRegistered)
+        commands.push_back(message);
     switch (message) {
     case WM_COMMAND:
         commands.push_back(static_cast<UINT>(wParam));
@@ -95,6 +102,23 @@ TEST_F(WindowTest, MenusByArrowsDigitsAndBack) {
         EXPECT_EQ(std::count_if(order.begin(), order.end(), [](const auto& what) { return what != "painted"; }), 0)
             << "no half of a menu's key reaches the window";
     }
+}
+
+TEST_F(WindowTest, AnotherProcessPostsOnlyWhatIsRegisteredHere) {
+    std::string folder = "/tmp/window-test-XXXXXX";
+    ASSERT_NE(mkdtemp(folder.data()), nullptr);
+    device::ReplaceEnvironment({{"HANDSET_STORAGE", folder}, {"XDG_RUNTIME_DIR", folder}});
+    const HWND published
+        = CreateWindowExW(0, L"WindowUnderTest", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+    const UINT known = RegisterWindowMessageW(L"known");
+    for (const wchar_t* name : {L"unknown", L"known", L"unknown"})
+        EXPECT_TRUE(device::PostRegistered(L"WindowUnderTest", name));
+    host.Pump();
+    EXPECT_EQ(commands, std::vector{known});
+    EXPECT_EQ(RegisterWindowMessageW(L"next"), known + 1);
+    DestroyWindow(published);
+    device::ReplaceEnvironment({});
+    std::filesystem::remove_all(folder);
 }
 
 TEST_F(WindowTest, AGreyedItemCannotBeChosen) {

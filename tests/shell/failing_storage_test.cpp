@@ -1,0 +1,314 @@
+// Every command that stores something, with the disk failing at each of its steps.
+
+#include "../platform/windowing/scripted_host.h"
+#include "../records/faulty_disk.h"
+#include "../records/test_device.h"
+#include "forms/dlg_keywords.h"
+#include "lists/app_fonts.h"
+#include "platform/input.h"
+#include "platform/list_view.h"
+#include "reminders/reminder_commands.h"
+#include "resources/ids.h"
+#include "resources/module.h"
+#include "shell/common/app_settings.h"
+#include "shell/common/load_text.h"
+#include "shell/main_frame.h"
+#include "shell/program_identity.h"
+
+#include <fstream>
+#include <set>
+#include <sqlite3.h>
+
+namespace {
+
+/// Two vehicles with thirty entries on several pages each.
+constexpr ULONG Car = 2002;
+constexpr const char* Log = R"(
+INSERT INTO vehicles VALUES (1, 2001, 'Bike', '', '', '', 900, 2000, '', '', '', '', 0, '', '', ''),
+  (2, 2002, 'Car', '', '', '', 900, 2000, '', '', '', '', 0, '', '', '');
+WITH RECURSIVE count(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM count WHERE i < 60)
+INSERT INTO entries SELECT i, 3000 + i, 2001 + i % 2, 46000 + i, 2, 1000 - i, 0, 0, 0, 'Oil', printf('%500s', ''), ''
+  FROM count;
+INSERT INTO reminders VALUES (1, 4001, 2001, 2958465, 900000, 'Tyres', ''), (2, 4002, 2002, 2958465, 900000, 'Oil', '');
+INSERT INTO keywords VALUES (1, 5001, 2, 'Oil', ''), (2, 5002, 2, 'Tyres', '');
+UPDATE sequence SET next_ref = 6001;
+)";
+
+using Step = std::function<void()>;
+using Rows = std::set<std::string>;
+
+struct Command {
+    const char* name;
+    bool tellsFailure;
+    Step run;
+    std::vector<Step> steps; ///< what the user does in its dialogs
+    bool inParts = false; ///< a failure may leave the change half done
+};
+
+/// What lies in the file, the active vehicle's reading apart.
+struct Stored {
+    Rows rows;
+    std::string odometer;
+};
+
+class FailingStorage : public TestDevice, public testing::WithParamInterface<std::size_t> {
+protected:
+    FailingStorage() {
+        device::SetModule(OdoledgerModule());
+        CreateAppFonts();
+        RegisterFrameMessages();
+        EXPECT_TRUE(CDataFile::Create(HostPath()));
+        Query(Log);
+        std::ifstream file(HostPath(), std::ios::binary);
+        pristine_.assign(std::istreambuf_iterator<char>(file), {});
+        std::wcscpy(theSettings.DBPath, Path);
+        EXPECT_TRUE(Frame.CreateFrame());
+        ShowWindow(Frame.GetHandle(), SW_SHOW);
+        EXPECT_TRUE(Frame.OpenDatabase());
+    }
+    ~FailingStorage() override {
+        DestroyWindow(Frame.GetHandle());
+        theDataLayer.Disconnect();
+        theSettings.LastActiveVehicle = 0;
+        DeleteAppFonts();
+        device::SetModule(nullptr);
+    }
+
+    // The user
+
+    HWND List(UINT id) const { return GetDlgItem(Frame.GetHandle(), static_cast<int>(id)); }
+    Step Send(UINT command) {
+        return [this, command] { SendMessageW(Frame.GetHandle(), WM_COMMAND, command, 0); };
+    }
+    static Step Inside(UINT command) {
+        return [command] { PostMessageW(GetActiveWindow(), WM_COMMAND, command, 0); };
+    }
+    static Step Put(UINT id, const wchar_t* text) {
+        return [id, text] { SetDlgItemTextW(GetActiveWindow(), static_cast<int>(id), text); };
+    }
+    /// From here on the disk fails.
+    Step Now(const Step& step) {
+        return [this, step] {
+            Disk.FailAt(operation_, span_, error_);
+            step();
+        };
+    }
+    Step Done() {
+        return Now([this] { Host.Press(VK_TSOFT1); });
+    }
+    /// Says yes to what is asked, and takes note of what is told. Nothing where no message stands open.
+    void Answer() {
+        const HWND box = GetActiveWindow();
+        wchar_t text[256] = {};
+        GetClassNameW(box, text, 256);
+        if (std::wcscmp(text, L"MessageBox") != 0)
+            return;
+        GetWindowTextW(GetWindow(box, GW_CHILD), text, 256);
+        successesTold_ += text == LoadText(strings::ReminderCreated) ? 1 : 0;
+        failuresTold_ += text == LoadText(strings::ChangeNotStored) ? 1 : 0;
+        Host.Press(VK_TSOFT1);
+    }
+    static void SelectRows(HWND list, int count) {
+        LVITEMW item;
+        item.state = item.stateMask = LVIS_SELECTED;
+        for (int row = 0; row < count; ++row)
+            SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    }
+    /// What the pick list shows in the end has to be what is stored.
+    void LeavePickList() {
+        Disk.Mend();
+        const HWND list = GetDlgItem(GetActiveWindow(), controls::List);
+        const auto shown = SendMessageW(list, LB_GETCOUNT, 0, 0);
+        CObjectListT<CKeyword> keywords;
+        EXPECT_TRUE(theDataLayer.Load(&keywords, CKeyword::KeywordRepair));
+        EXPECT_EQ(shown, keywords.GetCount());
+        Inside(commands::Cancel)();
+    }
+    std::vector<Command> Commands() {
+        using namespace controls;
+        const Step vehicles = Send(commands::SelectVehicle);
+        const auto inList = [this, vehicles](UINT command) {
+            return [this, vehicles, command] {
+                vehicles();
+                Send(command)();
+            };
+        };
+        const auto several = [this] {
+            SelectRows(List(EntryList), 5);
+            Send(commands::Delete)();
+        };
+        const Step pick = [] {
+            CDlgKeywords dialog;
+            dialog.KeywordType = CKeyword::KeywordRepair;
+            dialog.DoModal();
+        };
+        const Step selectFirst = [] { SelectRows(GetDlgItem(GetActiveWindow(), controls::List), 1); };
+        const Step leave = [this] { LeavePickList(); };
+        const Step yes = Now([this] { Answer(); });
+        const Step odometer = [this] {
+            theSettings.ActiveVehicleOdometer = 7;
+            Now([this] { Frame.UpdateOdometer(); })();
+        };
+        return {
+            {"new vehicle", true, inList(commands::NewVehicle), {Put(FirstText, L"New"), Done()}},
+            {"edited vehicle", true, inList(commands::Edit), {Put(FirstText, L"Other"), Done()}},
+            {"deleted vehicle", true, inList(commands::Delete), {yes}},
+            {"new entry", true, Send(commands::NewRepair), {Put(Odometer, L"5000"), Put(FirstText, L"Brakes"), Done()}},
+            {"edited entry", true, Send(commands::Edit), {Put(Odometer, L"6000"), Done()}},
+            {"deleted entry", true, Send(commands::Delete), {yes}},
+            {"deleted entries", true, several, {yes}, true},
+            {"odometer", false, odometer, {}},
+            {"new reminder", false, Send(commands::NewReminder), {Put(FirstText, L"Wash"), Done()}},
+            {"edited reminder", false, Send(commands::ManageReminders),
+                {selectFirst, Inside(commands::Edit), Put(FirstText, L"Wash"), Done(), Inside(commands::Cancel)}},
+            {"deleted reminder", false, Send(commands::ManageReminders),
+                {selectFirst, Inside(commands::Delete), yes, Inside(commands::Cancel)}},
+            {"new keyword", false, pick, {Inside(commands::AddKeyword), Put(FirstText, L"Wash"), Done(), leave}},
+            {"renamed keyword", false, pick, {Inside(commands::EditKeyword), Put(FirstText, L"Wash"), Done(), leave}},
+            {"deleted keyword", false, pick, {Now(Inside(commands::DeleteKeyword)), leave}},
+        };
+    }
+
+    // The log before and after
+
+    /// With its power gone for good the disk is read again by another run.
+    void Reconnect(bool anotherRun) {
+        if (anotherRun)
+            theDataLayer.Disconnect();
+        Disk.Mend();
+        if (anotherRun) {
+            ASSERT_EQ(theDataLayer.Connect(Path), CDataLayer::ConnectOK);
+        }
+    }
+    void StartAfresh() {
+        theDataLayer.Disconnect();
+        std::filesystem::remove(HostPath() + "-journal");
+        std::ofstream(HostPath(), std::ios::binary) << pristine_;
+        ASSERT_EQ(theDataLayer.Connect(Path), CDataLayer::ConnectOK);
+        theSettings.LastActiveVehicle = Car;
+        Reload();
+    }
+    void Reload() { SendMessageW(Frame.GetHandle(), RegisterWindowMessageW(identity::ReloadMessage), 0, 0); }
+    void Perform(const Command& command, int operation, FaultyDisk::Span span, FaultyDisk::Error error) {
+        operation_ = operation;
+        span_ = span;
+        error_ = error;
+        failuresTold_ = successesTold_ = 0;
+        for (const Step& step : command.steps)
+            Host.Then(step);
+        Host.Then([this] { Answer(); });
+        command.run();
+        Reconnect(span == FaultyDisk::Span::FromThenOn);
+        Host.Pump();
+        ASSERT_EQ(GetActiveWindow(), Frame.GetHandle());
+    }
+    static Rows Query(const std::string& sql) {
+        sqlite3* connection = nullptr;
+        sqlite3_open(HostPath().c_str(), &connection);
+        Rows rows;
+        const auto add = [](void* target, int count, char** values, char**) {
+            std::string row;
+            for (int column = 0; column < count; ++column)
+                row += std::string(values[column] ? values[column] : "NULL") + '|';
+            static_cast<Rows*>(target)->insert(row);
+            return 0;
+        };
+        EXPECT_EQ(sqlite3_exec(connection, sql.c_str(), add, &rows, nullptr), SQLITE_OK) << sqlite3_errmsg(connection);
+        sqlite3_close(connection);
+        return rows;
+    }
+    Stored WhatIsStored() const {
+        const std::string car = std::to_string(Car);
+        Stored stored;
+        for (const char* sql : {"SELECT 'entry', * FROM entries", "SELECT 'reminder', * FROM reminders",
+                 "SELECT 'keyword', * FROM keywords"})
+            stored.rows.merge(Query(sql));
+        stored.rows.merge(Query("SELECT id, name, iif(ref = " + car + ", 0, odometer) FROM vehicles"));
+        for (const std::string& row : Query("SELECT odometer FROM vehicles WHERE ref = " + car))
+            stored.odometer = row;
+        EXPECT_EQ(Query("PRAGMA integrity_check"), Rows{"ok|"});
+        return stored;
+    }
+    /// The records behind the rows of a list, each with a reading.
+    template <typename Record> Rows Shown(UINT id, LONG (Record::*reading)() const) const {
+        const HWND list = List(id);
+        Rows rows;
+        for (int row = 0; row < SendMessageW(list, LVM_GETITEMCOUNT, 0, 0); ++row) {
+            LVITEMW item;
+            item.mask = LVIF_PARAM;
+            item.iItem = row;
+            SendMessageW(list, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+            const auto* record = reinterpret_cast<const Record*>(item.lParam);
+            rows.insert(std::to_string(record->GetID()) + '|' + std::to_string((record->*reading)()) + '|');
+        }
+        return rows;
+    }
+    void ExpectTheScreenTellsTheFile() const {
+        EXPECT_EQ(
+            Shown(controls::VehicleList, &CVehicle::GetCurrentOdometer), Query("SELECT id, odometer FROM vehicles"));
+        EXPECT_EQ(Shown(controls::EntryList, &CEntry::GetOdometer),
+            Query("SELECT id, odometer FROM entries WHERE vehicle = " + std::to_string(theSettings.LastActiveVehicle)));
+    }
+    static bool IsPart(const Rows& part, const Rows& whole) {
+        return std::includes(whole.begin(), whole.end(), part.begin(), part.end());
+    }
+    /// All of the command's change or none, and a message where it was not made.
+    void ExpectAllOrNothing(const Command& command, const Stored& before, const Stored& after) const {
+        const Stored now = WhatIsStored();
+        const bool isMade = now.rows == after.rows;
+        EXPECT_TRUE(isMade || now.rows == before.rows
+            || (command.inParts && IsPart(now.rows, before.rows) && IsPart(after.rows, now.rows)));
+        EXPECT_TRUE(now.odometer == before.odometer || (isMade && now.odometer == after.odometer)) << now.odometer;
+        EXPECT_EQ(failuresTold_, command.tellsFailure && !isMade ? 1 : 0);
+        EXPECT_EQ(successesTold_, isMade && std::string(command.name) == "new reminder" ? 1 : 0);
+    }
+    int FailuresTold() const { return failuresTold_; }
+
+    FaultyDisk Disk;
+    ScriptedHost Host;
+    CMessageLoop Loop;
+    CMainFrame Frame{Loop};
+
+private:
+    std::string pristine_;
+    int operation_ = 0;
+    FaultyDisk::Span span_ = FaultyDisk::Span::Once;
+    FaultyDisk::Error error_ = FaultyDisk::Error::Io;
+    int failuresTold_ = 0;
+    int successesTold_ = 0;
+};
+
+constexpr std::size_t CommandCount = 14;
+
+TEST_P(FailingStorage, LosesNothingAndSaysWhatWasNotStored) {
+    constexpr int never = 1'000'000;
+    ASSERT_EQ(Commands().size(), CommandCount);
+    const Command command = Commands()[GetParam()];
+    SCOPED_TRACE(command.name);
+    StartAfresh();
+    const Stored before = WhatIsStored();
+    Perform(command, never, FaultyDisk::Span::Once, FaultyDisk::Error::Io);
+    const Stored after = WhatIsStored();
+    ASSERT_TRUE(after.rows != before.rows || after.odometer != before.odometer);
+    ASSERT_EQ(FailuresTold(), 0);
+    for (const auto span : {FaultyDisk::Span::Once, FaultyDisk::Span::FromThenOn}) {
+        for (const auto error : {FaultyDisk::Error::Io, FaultyDisk::Error::Full}) {
+            int operation = 0;
+            do {
+                SCOPED_TRACE(operation);
+                StartAfresh();
+                Perform(command, operation++, span, error);
+                Reload();
+                ExpectTheScreenTellsTheFile();
+                ExpectAllOrNothing(command, before, after);
+                CKeyword next;
+                EXPECT_TRUE(theDataLayer.Save(&next, 0));
+            } while (Disk.HasFailed() && !HasFailure());
+            EXPECT_GT(operation, 10); // locks, the journal and its syncs, pages, the end of the journal
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, FailingStorage, testing::Range(std::size_t{0}, CommandCount));
+
+} // namespace
