@@ -108,6 +108,15 @@ TEST_F(Settings, APathMayFillItsRoomAndNoMore) {
     }
 }
 
+TEST_F(Settings, IconsFollowTheScreen) {
+    const SIZE before = device::ScreenSize();
+    for (const auto& [bottom, size] : {std::pair{200, 16}, {201, 32}}) {
+        device::SetScreenSize({176, bottom + device::SoftKeyBarHeight()});
+        EXPECT_EQ(CAppSettings().SmallIconSize, size);
+    }
+    device::SetScreenSize(before);
+}
+
 /// At the end of the process the static settings are still able to save, and the data layer outlives them.
 TEST_F(Settings, AreSavedAtTheEndOfAProcessThatLoadedThem) {
     EXPECT_EXIT(std::exit(0), testing::ExitedWithCode(0), "");

@@ -18,7 +18,7 @@ TEST(TextFit, EllipsisNeverSplitsWhatBelongsTogether) {
         // A family of three is one character to its reader; so are a thumb with a skin tone and a flag.
         {L"\U0001F468\u200D\U0001F469\u200D\U0001F467xy", 20, L"\U0001F468\u200D\U0001F469\u200D\U0001F467…"},
         {L"\U0001F44D\U0001F3FDok", 20, L"\U0001F44D\U0001F3FD…"},
-        {L"\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7!", 20, L"\U0001F1E9\U0001F1EA…"},
+        {L"\U0001F1E9\U0001F1FF\U0001F1EB\U0001F1F7!", 20, L"\U0001F1E9\U0001F1FF…"},
         {L"\u05E9\u05B8\u05DC\u05D5\u05DD", 30, L"\u05E9\u05B8\u05DC…"},
         {L"\u6F22\u5B57\u4EEE\u540D", 30, L"\u6F22\u5B57…"}};
     CellMeasurer measurer;
@@ -43,7 +43,7 @@ TEST(TextFit, LinesBreakAtBlanksAndElseBetweenCharacters) {
         const wchar_t* text;
         int width;
         std::vector<std::wstring> expected;
-    } Cases[] = {{L"", 50, {L""}}, {L"one two", 70, {L"one two"}}, {L"one two", 69, {L"one", L"two"}},
+    } Cases[] = {{L"", 50, {L""}}, {L"one two", 70, {L"one two"}}, {L"one\ttwo", 69, {L"one", L"two"}},
         {L"one two   ", 70, {L"one two"}}, {L"one two three", 75, {L"one two", L"three"}},
         {L"abcdefgh", 30, {L"abc", L"def", L"gh"}}, {L"a bcdefgh", 30, {L"a", L"bcd", L"efg", L"h"}},
         {L"ab", 1, {L"a", L"b"}}, {L"one\ntwo", 0, {L"one", L"two"}},
