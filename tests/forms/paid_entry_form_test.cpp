@@ -1,36 +1,26 @@
-#include "form_fixture.h"
+#include "../lists/dialog_device.h"
 
 #include "forms/dlg_expense.h"
 #include "forms/dlg_repair.h"
 
 using namespace controls;
 
-class PaidEntryFormTest : public FormTest {
+class PaidEntryFormTest : public DialogDevice {
 protected:
-    static constexpr const wchar_t* CheckInputs = L"An error occured, please double check your inputs.";
-    static constexpr const wchar_t* NeedsDescription = L"A description is required.";
-
     CDlgRepair repair;
     CDlgExpense expense;
 };
 
 TEST_F(PaidEntryFormTest, NumbersAreLookedAtBeforeTheDescription) {
-    struct Row {
+    constexpr struct {
         const wchar_t *odometer, *amount, *description;
         UINT failed; ///< FirstText: the rule
-    };
-    constexpr Row Rows[] = {
-        {L"", L"", L"", Odometer},
-        {L"-", L"1", L"Oil", Odometer},
-        {L"4294967296", L"", L"", Odometer},
-        {L"0", L"", L"", Money},
-        {L"-5", L"1.2.3", L"Oil", Money},
-        {L"0", L"0", L"", FirstText},
-    };
+    } Rows[] = {{L"", L"", L"", Odometer}, {L"4294967296", L"1", L"Oil", Odometer}, {L"-5", L"1.2.3", L"Oil", Money},
+        {L"0", L"0", L"", FirstText}};
     const auto check = [&](CPaidEntryForm& form, bool says) {
         std::vector<Step> script;
         int beeps = 0;
-        for (const Row& row : Rows) {
+        for (const auto& row : Rows) {
             const bool rule = row.failed == FirstText;
             script.emplace_back([&, this] {
                 Put(Odometer, row.odometer)();
@@ -42,13 +32,11 @@ TEST_F(PaidEntryFormTest, NumbersAreLookedAtBeforeTheDescription) {
             });
             script.emplace_back([&, rule, says, this] {
                 EXPECT_EQ(Beeps(), beeps + (rule ? 0 : 1));
-                EXPECT_EQ(IsOnScreen(CheckInputs), says && !rule) << row.odometer << "," << row.amount;
-                EXPECT_EQ(IsOnScreen(NeedsDescription), rule);
-                EXPECT_EQ(IsOnScreen(L"Entry Properties"), rule || says);
-                Press({VK_TSOFT1})();
-                // Without a message this is another Done, which fails in the same way.
+                EXPECT_EQ(Shows(L"An error occured, please double check your inputs."), says && !rule) << row.odometer;
+                EXPECT_EQ(Shows(L"A description is required."), rule);
+                Press({VK_TSOFT1})(); // without a message this is another Done, which fails in the same way
             });
-            script.emplace_back([&, this] { EXPECT_EQ(FocusedId(), row.failed); });
+            script.emplace_back([&] { EXPECT_EQ(FocusedId(), row.failed); });
         }
         script.push_back(CancelByMenu());
         EXPECT_EQ(Run(form, script), 2);
@@ -60,7 +48,7 @@ TEST_F(PaidEntryFormTest, NumbersAreLookedAtBeforeTheDescription) {
 TEST_F(PaidEntryFormTest, EachHasItsOwnOrderOfFields) {
     const auto failAtTheOdometer = [&](CPaidEntryForm& form) {
         Run(form,
-            {Put(FirstText, L"Wash"), Put(Vendor, L"Pit"), Put(Odometer, L""), Done(), [this] { Press({VK_RETURN})(); },
+            {Put(FirstText, L"Wash"), Put(Vendor, L"Pit"), Put(Odometer, L""), Done(), Press({VK_RETURN}),
                 CancelByMenu()});
         return form.Description + form.Vendor;
     };
@@ -69,17 +57,16 @@ TEST_F(PaidEntryFormTest, EachHasItsOwnOrderOfFields) {
 }
 
 TEST_F(PaidEntryFormTest, CancelWithoutASenderIsIgnoredByTheRepairFormAlone) {
-    const auto send = [this](UINT command) {
-        return [this, command] {
-            SendMessageW(Form(), WM_COMMAND, command, 0);
-            PostMessageW(Form(), WM_NULL, 0, 0);
+    const auto send = [](UINT command) {
+        return [command] {
+            const HWND form = GetActiveWindow();
+            SendMessageW(form, WM_COMMAND, command, 0);
+            PostMessageW(form, WM_NULL, 0, 0);
         };
     };
     expense.Description = repair.Description = L"Oil";
     EXPECT_EQ(Run(repair, {send(commands::Done), send(commands::Cancel), Done()}), 1);
     EXPECT_EQ(Run(expense, {send(commands::Done), send(commands::Cancel)}), 2);
-    CDlgRepair another;
-    EXPECT_EQ(Run(another, {Put(FirstText, L"typed"), Focus(Date), Press({VK_TBACK})}), 2) << "Back asks no sender";
 }
 
 TEST_F(PaidEntryFormTest, FieldsComeBackAndLabelsDiffer) {
@@ -90,16 +77,11 @@ TEST_F(PaidEntryFormTest, FieldsComeBackAndLabelsDiffer) {
         form.Description = description;
         form.Vendor = L"\u0141\u00f3d\u017a";
         form.Notes = L"one\ntwo";
-        EXPECT_EQ(Run(form,
-                      {[&] {
-                           EXPECT_EQ(FocusedId(), Date);
-                           for (UINT number = 0; number < labels.size(); ++number)
-                               EXPECT_EQ(TextOf(FirstLabel + number), labels[number]);
-                           EXPECT_EQ(TextOf(Money), L"0");
-                           Put(Money, L"-12.345678")();
-                       },
-                          Done()}),
-            1);
+        const auto look = [&] {
+            for (UINT number = 0; number < labels.size(); ++number)
+                EXPECT_EQ(TextOf(FirstLabel + number), labels[number]);
+        };
+        EXPECT_EQ(Run(form, {look, Put(Money, L"-12.345678"), Done()}), 1);
         EXPECT_EQ(form.Date, 39467.75);
         EXPECT_EQ(form.Odometer, 2147483647);
         EXPECT_EQ(form.Amount, -12.345678F);

@@ -36,32 +36,24 @@ TEST_F(EntryList, IsSortedByTheSettings) {
         int column;
         int ascending;
         const wchar_t* names;
-    } cases[] = {
-        {SortColumnDate, 1, L"aDbc"}, // two of one date stand by their text, whatever its case
+    } cases[] = {{SortColumnDate, 1, L"aDbc"}, // two of one date stand by their text, whatever its case
         {SortColumnDate, 0, L"cbDa"}, // and the other way round
-        {SortColumnDescription, 1, L"abcD"},
-        {SortColumnDescription, 0, L"Dcba"},
+        {SortColumnDescription, 1, L"abcD"}, {SortColumnDescription, 0, L"Dcba"},
         {SortColumnOdometer, 1, L"cDab"}, // two of one reading stand by their amount
-        {SortColumnOdometer, 0, L"baDc"},
-        {SortColumnAmount, 1, L"bcDa"},
-        {SortColumnNone, 1, L"Dabc"}, // as loaded
-        {7, 1, L"Dabc"},
-    };
+        {SortColumnOdometer, 0, L"baDc"}, {SortColumnAmount, 1, L"bcDa"}, {SortColumnAmount, 0, L"aDcb"},
+        {SortColumnNone, 1, L"Dabc"}, {7, 1, L"Dabc"}}; // as loaded
     for (const auto& each : cases) {
-        SCOPED_TRACE(each.names);
         SetSort(each.column, each.ascending);
         EXPECT_EQ(Names(), each.names);
-        EXPECT_EQ(theSettings.LastColSorted, each.column);
     }
-}
-
-TEST_F(EntryList, KeepsTheOrderOfRowsThatCompareEqual) {
-    for (const wchar_t* name : {L"1", L"2", L"3", L"4"})
-        Store(40000, Repair, name, 5, 7);
-    ShowEntries(List);
+    // Rows that compare equal keep their order.
+    for (CEntry* entry : RecordsOf<CEntry>(List)) {
+        entry->SetAmount(7);
+        Layer.Save(entry, 0);
+    }
     for (const int ascending : {1, 0}) {
         SetSort(SortColumnAmount, ascending);
-        EXPECT_EQ(Names(), L"1234");
+        EXPECT_EQ(Names(), L"Dabc");
     }
 }
 
@@ -82,17 +74,10 @@ TEST_F(EntryList, DrawsTwoLinesWithTheFiguresWhole) {
     EXPECT_EQ(odometer->place.right, amount->place.right);
     EXPECT_EQ(date->place.left, description->place.left);
     EXPECT_LE(date->place.bottom, description->place.top + 1);
-    EXPECT_TRUE(Painted(L"Öl 🚗 שלום"));
     EXPECT_TRUE(Painted(L"-$3.00"));
-}
-
-TEST_F(EntryList, GivesSelectedRowsTheHighlightAndTheFirstOneTheFocus) {
-    Store(40000, Repair, L"first");
-    Store(40001, Repair, L"second");
-    ShowEntries(List);
-    EXPECT_TRUE(Painted(L"first")->marks.selected);
-    EXPECT_EQ(Painted(L"first")->color, GetSysColor(COLOR_HIGHLIGHTTEXT));
-    EXPECT_EQ(Painted(L"second")->color, GetSysColor(COLOR_WINDOWTEXT));
+    EXPECT_TRUE(date->marks.selected) << "the first row has the focus";
+    EXPECT_EQ(date->color, GetSysColor(COLOR_HIGHLIGHTTEXT));
+    EXPECT_EQ(Painted(L"Öl 🚗 שלום")->color, GetSysColor(COLOR_WINDOWTEXT));
 }
 
 TEST_F(EntryList, AnEditedEntryMovesToItsPlaceSelected) {
@@ -103,15 +88,12 @@ TEST_F(EntryList, AnEditedEntryMovesToItsPlaceSelected) {
     entry->SetDate(40038.5);
     EXPECT_EQ(List.AddRow(entry, 1), 39) << "before the sort it stood at the end";
     EXPECT_EQ(RecordsOf<CEntry>(List)[38], entry);
-    EXPECT_EQ(RowTextOf(List, 38), L"8/13/2009");
     CObjectList selected;
     EXPECT_EQ(Selected(selected), 1);
     EXPECT_EQ(selected.GetItem(0), entry);
     EXPECT_TRUE(Painted(L"0")) << "it is in view";
     CEntry stranger;
     EXPECT_EQ(List.AddRow(&stranger, 1), -1);
-    EXPECT_EQ(List.GetRowCount(), 40);
-
     theSettings.LastColSorted = SortColumnNone;
     entry->SetDate(1);
     List.AddRow(entry, 1);
@@ -141,8 +123,6 @@ TEST_F(EntryList, DeletesTheSelectedRowsAndKeepsTheRecords) {
     List.DeleteSelectedRows();
     EXPECT_EQ(Names(), L"ce");
     EXPECT_STREQ(selected.GetItem(2)->GetName(), L"d");
-    CObjectList none;
-    EXPECT_EQ(Selected(none), 0);
     List.DeleteSelectedRows();
     EXPECT_EQ(List.GetRowCount(), 2);
 }
@@ -157,30 +137,6 @@ TEST_F(EntryList, IsEmptyWithoutAFilterOrALoad) {
     Layer.Disconnect();
     List.Refresh(&Filter);
     EXPECT_EQ(List.GetRowCount(), 0);
-    EXPECT_TRUE(Painted(L"There are no items in this list."));
-}
-
-TEST_F(EntryList, ARowWithoutARecordStaysUndrawn) {
-    Store(40000, Repair, L"a");
-    ShowEntries(List);
-    List.SetRowData(0, 0);
-    EXPECT_TRUE(Painted().empty());
-}
-
-TEST_F(EntryList, RowsTakeTheNewTextSizeAtOnce) {
-    Store(40000, Repair, L"a");
-    ShowEntries(List);
-    LONG former = 0;
-    for (const int textSize : {1, 2, 3}) {
-        theSettings.TextSize = textSize;
-        CreateAppFonts();
-        SendMessageW(List.GetHandle(), WM_SETFONT, reinterpret_cast<WPARAM>(BoldTextFont), TRUE);
-        List.RemeasureRows();
-        RECT row;
-        SendMessageW(List.GetHandle(), LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&row));
-        EXPECT_GT(row.bottom - row.top, former);
-        former = row.bottom - row.top;
-    }
 }
 
 } // namespace

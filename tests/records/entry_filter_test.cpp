@@ -11,8 +11,7 @@ TEST_F(EntryFilter, ACustomRangeHoldsBothItsDays) {
         SYSTEMTIME start, end;
         double date;
         bool matches;
-    } cases[] = {
-        {{2020, 2, 0, 29}, {2020, 2, 0, 29, 23, 59}, 43889.99999, false},
+    } cases[] = {{{2020, 2, 0, 29}, {2020, 2, 0, 29, 23, 59}, 43889.99999, false},
         {{2020, 2, 0, 29}, {2020, 2, 0, 29, 23, 59}, 43890, true},
         {{2020, 2, 0, 29}, {2020, 2, 0, 29, 23, 59}, 43890 + 1439.0 / 1440, true},
         {{2020, 2, 0, 29}, {2020, 2, 0, 29, 23, 59}, 43891, false},
@@ -20,8 +19,7 @@ TEST_F(EntryFilter, ACustomRangeHoldsBothItsDays) {
         {{1899, 12, 0, 28}, {1899, 12, 0, 28, 23, 59}, -2, true},
         {{1899, 12, 0, 28}, {1899, 12, 0, 28, 23, 59}, -2.75, true},
         {{1899, 12, 0, 28}, {1899, 12, 0, 28, 23, 59}, -1, false},
-        {{1899, 12, 0, 28}, {1899, 12, 0, 28, 23, 59}, -3.75, false},
-    };
+        {{1899, 12, 0, 28}, {1899, 12, 0, 28, 23, 59}, -3.75, false}};
     for (const auto& [start, end, date, matches] : cases) {
         Filter filter;
         filter.SetStartDate(start, 1);

@@ -4,18 +4,6 @@
 
 #include <gtest/gtest.h>
 
-TEST(Utf8, GoesThereAndBack) {
-    const std::wstring texts[] = {L"", L"Oil change", L"Größe \u20AC", L"\u05E8\u05DB\u05D1 \u202Bx",
-        L"\U0001F697\u200D\U0001F527", L"\x7F\x80\x7FF\x800\xD7FF\xE000\xFFFF\U00010000\U0010FFFF"};
-    for (const std::wstring& text : texts) {
-        std::string encoded;
-        std::wstring decoded;
-        EncodeUtf8(text, &encoded);
-        DecodeUtf8(encoded, &decoded);
-        EXPECT_EQ(decoded, text);
-    }
-}
-
 TEST(Utf8, ReplacesWhatIsNoCharacter) {
     std::string encoded;
     EncodeUtf8(std::wstring{L'a', static_cast<wchar_t>(0xD800), static_cast<wchar_t>(0x110000), L'b'}, &encoded);
@@ -26,15 +14,11 @@ TEST(Utf8, ReplacesWhatIsNoCharacter) {
     const struct {
         std::string_view bytes;
         std::wstring_view text;
-    } cases[] = {
-        {"a\xFFz", L"a\uFFFDz"},
-        {"\xC3", L"\uFFFD"}, // cut off
-        {"\xC3z", L"\uFFFDz"},
-        {"\xC0\xAF", L"\uFFFD\uFFFD"}, // longer than need be
+    } cases[] = {{"a\xFFz", L"a\uFFFDz"}, {"\xC3", L"\uFFFD"}, // cut off
+        {"\xC3z", L"\uFFFDz"}, {"\xC0\xAF", L"\uFFFD\uFFFD"}, // longer than need be
         {"\xED\xA0\x80", L"\uFFFD\uFFFD\uFFFD"}, // a surrogate
         {"\xF4\x90\x80\x80", L"\uFFFD\uFFFD\uFFFD\uFFFD"}, // beyond Unicode
-        {std::string_view("a\0b", 3), L"a\uFFFDb"},
-    };
+        {std::string_view("a\0b", 3), L"a\uFFFDb"}};
     for (const auto& [bytes, text] : cases) {
         std::wstring decoded;
         DecodeUtf8(bytes, &decoded);
@@ -62,8 +46,4 @@ TEST(StringHelper, KeepsItsResults) {
     helper->Encode(L"another");
     EXPECT_STREQ(first, "\xC3\xA9");
     EXPECT_STREQ(second, L"é");
-    const wchar_t* wide = L"wide";
-    EXPECT_EQ(helper->Decode(wide), wide);
-    EXPECT_EQ(helper->Encode(nullptr), nullptr);
-    EXPECT_EQ(helper->Decode(static_cast<const char*>(nullptr)), nullptr);
 }

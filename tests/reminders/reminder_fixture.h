@@ -1,14 +1,12 @@
 #pragma once
 
-#include "../lists/list_device.h"
-#include "platform/input.h"
+#include "../lists/dialog_device.h"
 #include "platform/time.h"
-#include "resources/ids.h"
 
 #include <limits>
 
 /// A vehicle at 12,500 that is active, and whoever answers its dialogs.
-class ReminderTest : public ListDevice {
+class ReminderTest : public DialogDevice {
 protected:
     static constexpr LONG Highest = std::numeric_limits<LONG>::max();
     static constexpr LONG Lowest = std::numeric_limits<LONG>::min();
@@ -46,25 +44,6 @@ protected:
         double date = 0;
         SystemTimeToVariantTime(&time, &date);
         return date;
-    }
-
-    // In the dialog on top.
-    static HWND Item(UINT id) { return GetDlgItem(GetActiveWindow(), static_cast<int>(id)); }
-    static std::wstring TextOf(HWND window) {
-        std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');
-        GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1);
-        return text;
-    }
-    static std::wstring TextOf(UINT id) { return TextOf(Item(id)); }
-    static void Put(UINT id, const std::wstring& text) {
-        SetDlgItemTextW(GetActiveWindow(), static_cast<int>(id), text.c_str());
-    }
-    /// What the message box on top says.
-    static std::wstring Message() { return TextOf(GetWindow(GetActiveWindow(), GW_CHILD)); }
-    static int FocusedId() { return GetDlgCtrlID(GetFocus()); }
-    bool Shows(const std::wstring& text) const {
-        const auto texts = Host.Texts();
-        return std::find(texts.begin(), texts.end(), text) != texts.end();
     }
 
     CVehicle Car;

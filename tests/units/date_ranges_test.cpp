@@ -27,15 +27,11 @@ TEST_F(DateRanges, DaysAreAddedOnTheCalendar) {
         LONG days;
         const char* result;
         WORD dayOfWeek;
-    } cases[] = {
-        {Day(2024, 2, 28), 1, "2024-02-29", 4},
-        {Day(2023, 2, 28), 1, "2023-03-01", 3},
+    } cases[] = {{Day(2024, 2, 28), 1, "2024-02-29", 4}, {Day(2023, 2, 28), 1, "2023-03-01", 3},
         {Day(2026, 1, 1), -1, "2025-12-31", 3},
         {Day(2026, 3, 28), 60, "2026-05-27", 3}, // across a change of the clocks
-        {Day(1700, 3, 1), -1, "1700-02-28", 0},
-        {Day(2026, 3, 15), 0, "2026-03-15", 0},
-        {Day(2026, 3, 15), -150000, "1615-07-08", 3},
-    };
+        {Day(1700, 3, 1), -1, "1700-02-28", 0}, {Day(2026, 3, 15), 0, "2026-03-15", 0},
+        {Day(2026, 3, 15), -150000, "1615-07-08", 3}};
     SetZone("Europe/Berlin");
     for (const auto& row : cases) {
         SYSTEMTIME result = row.source;

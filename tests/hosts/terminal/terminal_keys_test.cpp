@@ -22,17 +22,11 @@ TEST(TerminalKeysTest, KeysComeDownAndUp) {
         bool typing;
         WORD expected;
         unsigned modifiers;
-    } cases[] = {
-        {{true, 0, KEY_F(1)}, true, VK_TSOFT1, 0},
-        {{false, L'[', 0}, false, VK_TSOFT1, 0},
-        {{false, L']', 0}, false, VK_TSOFT2, 0},
-        {{false, L'\r', 0}, true, VK_TACTION, 0},
-        {{false, 0x1B, 0}, true, VK_TBACK, 0},
-        {{false, 0x7F, 0}, true, VK_BACK, 0},
-        {{false, 17, 0}, true, 'Q', MOD_CONTROL},
-        {{false, 1, 0}, true, 'A', MOD_CONTROL},
-        {{true, 0, KEY_SF}, false, VK_DOWN, MOD_SHIFT},
-    };
+    } cases[] = {{{true, 0, KEY_F(1)}, true, VK_TSOFT1, 0}, {{false, L'[', 0}, false, VK_TSOFT1, 0},
+        {{false, L']', 0}, false, VK_TSOFT2, 0}, {{false, L'\r', 0}, true, VK_TACTION, 0},
+        {{false, 0x1B, 0}, true, VK_TBACK, 0}, {{false, 0x7F, 0}, true, VK_BACK, 0},
+        {{false, 17, 0}, true, 'Q', MOD_CONTROL}, {{false, 1, 0}, true, 'A', MOD_CONTROL},
+        {{true, 0, KEY_SF}, false, VK_DOWN, MOD_SHIFT}};
     for (const auto& each : cases) {
         const auto events = Events(each.key, each.typing);
         ASSERT_EQ(events.size(), 2U) << each.expected;

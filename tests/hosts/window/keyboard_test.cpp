@@ -20,18 +20,15 @@ SDL_KeyboardEvent Key(bool isDown, SDL_Keycode symbol, int modifiers = 0, SDL_Sc
     return event;
 }
 
-struct KeyCase {
-    const char* what;
-    SDL_Keycode symbol;
-    int modifiers;
-    SDL_Scancode place;
-    WORD key; ///< 0: nothing comes
-    unsigned handsetModifiers;
-};
-
 TEST(Keyboard, GivesTheHandsetsKeys) {
-    const KeyCase cases[] = {
-        {"Escape is Back", SDLK_ESCAPE, 0, SDL_SCANCODE_ESCAPE, VK_TBACK, 0},
+    const struct {
+        const char* what;
+        SDL_Keycode symbol;
+        int modifiers;
+        SDL_Scancode place;
+        WORD key; ///< 0: nothing comes
+        unsigned handsetModifiers;
+    } cases[] = {{"Escape is Back", SDLK_ESCAPE, 0, SDL_SCANCODE_ESCAPE, VK_TBACK, 0},
         {"Enter is Action", SDLK_KP_ENTER, 0, SDL_SCANCODE_KP_ENTER, VK_TACTION, 0},
         {"left soft key", SDLK_F1, 0, SDL_SCANCODE_F1, VK_TSOFT1, 0},
         {"selection of a row", SDLK_DOWN, KMOD_RSHIFT, SDL_SCANCODE_DOWN, VK_DOWN, MOD_SHIFT},
@@ -41,9 +38,8 @@ TEST(Keyboard, GivesTheHandsetsKeys) {
         {"a letter on another place", SDLK_a, KMOD_LCTRL, SDL_SCANCODE_Q, 'A', MOD_CONTROL},
         {"AltGr types", SDLK_q, KMOD_LCTRL | KMOD_RALT, SDL_SCANCODE_Q, 0, 0},
         {"number pad moves", SDLK_KP_8, 0, SDL_SCANCODE_KP_8, VK_UP, 0},
-        {"number pad types", SDLK_KP_8, KMOD_NUM, SDL_SCANCODE_KP_8, 0, 0},
-    };
-    for (const KeyCase& c : cases) {
+        {"number pad types", SDLK_KP_8, KMOD_NUM, SDL_SCANCODE_KP_8, 0, 0}};
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         Keyboard keyboard;
         std::deque<InputEvent> events;
@@ -85,17 +81,14 @@ TEST(Keyboard, CommandsOfTheWindowItself) {
         int modifiers;
         SDL_Scancode place;
         Command command;
-    } cases[] = {
-        {SDLK_PLUS, KMOD_LCTRL | KMOD_LSHIFT, SDL_SCANCODE_EQUALS, Command::ZoomIn},
+    } cases[] = {{SDLK_PLUS, KMOD_LCTRL | KMOD_LSHIFT, SDL_SCANCODE_EQUALS, Command::ZoomIn},
         {SDLK_EQUALS, KMOD_RCTRL, SDL_SCANCODE_EQUALS, Command::ZoomIn},
         {SDLK_KP_MINUS, KMOD_LCTRL | KMOD_NUM, SDL_SCANCODE_KP_MINUS, Command::ZoomOut},
         {SDLK_0, KMOD_LCTRL, SDL_SCANCODE_0, Command::ZoomReset},
-        {0xE0, KMOD_LCTRL, SDL_SCANCODE_0, Command::ZoomReset},
-        {SDLK_F11, 0, SDL_SCANCODE_F11, Command::FullScreen},
+        {0xE0, KMOD_LCTRL, SDL_SCANCODE_0, Command::ZoomReset}, {SDLK_F11, 0, SDL_SCANCODE_F11, Command::FullScreen},
         {SDLK_MINUS, 0, SDL_SCANCODE_MINUS, Command::None},
         {SDLK_PLUS, KMOD_LCTRL | KMOD_RALT, SDL_SCANCODE_EQUALS, Command::None},
-        {SDLK_1, KMOD_LCTRL, SDL_SCANCODE_1, Command::None},
-    };
+        {SDLK_1, KMOD_LCTRL, SDL_SCANCODE_1, Command::None}};
     for (const auto& c : cases) {
         EXPECT_EQ(Keyboard::CommandOf(Key(true, c.symbol, c.modifiers, c.place)), c.command) << c.symbol;
         EXPECT_EQ(Keyboard::CommandOf(Key(false, c.symbol, c.modifiers, c.place)), Command::None) << c.symbol;

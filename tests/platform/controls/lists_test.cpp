@@ -1,4 +1,4 @@
-#include "fake_host.h"
+#include "control_test.h"
 
 #include "platform/controls/list_box.h"
 #include "platform/controls/list_view_rows.h"
@@ -29,7 +29,6 @@ TEST_F(ListBoxTest, SortedRowsAndTheSelectionThatFollowsThem) {
         EXPECT_EQ(Send(LB_SETCURSEL, 2), 2);
         EXPECT_EQ(Add(L"banana"), 2);
         EXPECT_EQ(Send(LB_GETCURSEL), 3) << "the selection stays with its row";
-        EXPECT_EQ(Row(3), L"pear");
         EXPECT_EQ(Send(LB_SETITEMDATA, 3, 77), 0);
         EXPECT_EQ(Send(LB_DELETESTRING, 0), 3);
         EXPECT_EQ(Send(LB_GETITEMDATA, 2), 77);
@@ -39,7 +38,6 @@ TEST_F(ListBoxTest, SortedRowsAndTheSelectionThatFollowsThem) {
         for (const UINT message : {LB_GETTEXTLEN, LB_GETITEMDATA, LB_DELETESTRING, LB_SETITEMDATA})
             EXPECT_EQ(Send(message, 2), LB_ERR);
         EXPECT_EQ(Send(LB_SETCURSEL, 9), LB_ERR);
-        EXPECT_EQ(Send(LB_INSERTSTRING, 9, reinterpret_cast<LPARAM>(L"x")), LB_ERR);
         Send(LB_RESETCONTENT);
         EXPECT_EQ(Send(LB_GETCOUNT), 0);
     };
@@ -115,11 +113,10 @@ TEST(ListViewRows, FocusAndSelectionMove) {
     };
     const Case cases[] = {
         {"first move", false, [](auto& r) { r.MoveBy(1, Move::Select); }, L"S...."},
-        {"stops at the end", false, [](auto& r) { r.MoveTo(4, Move::Select), r.MoveBy(3, Move::Select); }, L"....S"},
+        {"stops at the end", false, [](auto& r) { r.MoveTo(3, Move::Select), r.MoveBy(9, Move::Select); }, L"....S"},
         {"extend and back", false,
             [](auto& r) { r.MoveTo(2, Move::Select), r.MoveBy(2, Move::Extend), r.MoveBy(-3, Move::Extend); },
             L".Ss.."},
-        {"focus alone", false, [](auto& r) { r.MoveTo(1, Move::Select), r.MoveBy(2, Move::Alone); }, L".s.F."},
         {"turn over", false, [](auto& r) { r.MoveTo(1, Move::Select), r.MoveBy(2, Move::Alone), r.ToggleFocused(); },
             L".s.S."},
         {"all", false, [](auto& r) { r.SelectAll(); }, L"Sssss"},
@@ -128,13 +125,7 @@ TEST(ListViewRows, FocusAndSelectionMove) {
         {"single state", true,
             [](auto& r) { r.SetState(1, LVIS_SELECTED, LVIS_SELECTED), r.SetState(3, LVIS_SELECTED, LVIS_SELECTED); },
             L"...s."},
-        {"insert before", false,
-            [](auto& r) {
-                r.MoveTo(1, Move::Select);
-                r.Insert(0, {});
-            },
-            L"..S..."},
-        {"focus goes on after a deletion", false, [](auto& r) { r.MoveTo(1, Move::Select), r.Remove(1); }, L".F.."},
+        {"insert before", false, [](auto& r) { r.MoveTo(1, Move::Select), r.Insert(0, {}); }, L"..S..."},
         {"the next key selects it", false,
             [](auto& r) { r.MoveTo(1, Move::Select), r.Remove(1), r.MoveBy(1, Move::Select); }, L".S.."},
         {"the last row deleted", false, [](auto& r) { r.MoveTo(4, Move::Select), r.Remove(4); }, L"...F"},
@@ -144,10 +135,8 @@ TEST(ListViewRows, FocusAndSelectionMove) {
         ListViewRows rows = Rows(5, each.single);
         each.act(rows);
         EXPECT_EQ(Marks(rows), each.expected) << each.name;
-        int selected = 0;
-        for (int row = 0; row < rows.Count(); ++row)
-            selected += rows.IsSelected(row) ? 1 : 0;
-        EXPECT_EQ(rows.SelectedCount(), selected) << each.name;
+        const std::wstring marks = Marks(rows);
+        EXPECT_EQ(rows.SelectedCount(), std::count_if(marks.begin(), marks.end(), [](wchar_t c) { return c > L'F'; }));
     }
 }
 
@@ -155,10 +144,8 @@ TEST(ListViewRows, SortKeepsEqualRowsAndCarriesFocusAndSelection) {
     ListViewRows rows = Rows(5);
     rows.MoveTo(1, ListViewRows::Move::Select);
     rows.Sort([](LPARAM first, LPARAM second, LPARAM) { return static_cast<int>(second % 2 - first % 2); }, 0);
-    EXPECT_EQ(rows.At(0).data, 101);
-    EXPECT_EQ(rows.At(1).data, 103);
-    EXPECT_EQ(rows.At(2).data, 100);
-    EXPECT_EQ(rows.At(4).data, 104);
+    for (const auto& [row, data] : {std::pair{0, 101}, {1, 103}, {2, 100}, {3, 102}, {4, 104}})
+        EXPECT_EQ(rows.At(row).data, data);
     EXPECT_EQ(Marks(rows), L"S....");
     EXPECT_EQ(rows.FindData(104, -1), 4);
     EXPECT_EQ(rows.FindData(104, 4), -1);

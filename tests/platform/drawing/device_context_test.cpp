@@ -53,24 +53,15 @@ TEST_F(DeviceContextTest, StaleHandlesGiveTheDocumentedFailure) {
     EXPECT_EQ(FillRect(context, &place, brush), 0);
     EXPECT_EQ(FillRect(context, &place, font), 0) << "a font is no brush";
     EXPECT_EQ(SelectObject(context, brush), nullptr);
-    EXPECT_EQ(CreatePen(7, 1, 0), nullptr);
-    EXPECT_EQ(CreateFontIndirectW(nullptr), nullptr);
 
     const HDC stale = CreateContext(canvas, {}, Screen, font);
     EXPECT_TRUE(DestroyContext(stale));
     SIZE size;
-    TEXTMETRICW metrics;
     EXPECT_EQ(DrawTextW(stale, L"x", -1, &place, 0), 0);
     EXPECT_FALSE(GetTextExtentPoint32W(stale, L"x", 1, &size));
-    EXPECT_FALSE(GetTextMetricsW(stale, &metrics));
     EXPECT_FALSE(LineTo(stale, 1, 1));
     EXPECT_EQ(SaveDC(stale), 0);
-    EXPECT_EQ(GetDeviceCaps(stale, LOGPIXELSY), 0);
     EXPECT_EQ(ReleaseDC(nullptr, stale), 0);
-    ContextCanvas(stale).Fill(Screen, 0);
-    EXPECT_EQ(ContextFont(stale), FontOf(font));
-    EXPECT_EQ(DrawTextW(context, nullptr, -1, &place, 0), 0);
-    EXPECT_EQ(DrawTextW(context, L"x", -2, &place, 0), 0);
 }
 
 TEST_F(DeviceContextTest, FontsKeepTheirDescriptionAndOutliveTheirHandleInAContext) {
@@ -119,24 +110,18 @@ TEST_F(DeviceContextTest, TextGoesWhereTheFlagsSay) {
         UINT format;
         std::vector<std::pair<std::wstring, POINT>> runs; // in the canvas's coordinates
         int height;
-    } Cases[] = {
-        {L"abc", {0, 0, 100, 20}, Line, {{L"abc", {100, 50}}}, 20},
-        {L"abc", {0, 0, 100, 20}, Line | DT_RIGHT, {{L"abc", {170, 50}}}, 20},
+    } Cases[] = {{L"abc", {0, 0, 100, 20}, Line | DT_RIGHT, {{L"abc", {170, 50}}}, 20},
         {L"abc", {0, 0, 101, 20}, Line | DT_CENTER, {{L"abc", {135, 50}}}, 20},
         {L"abc", {0, 0, 100, 60}, Line | DT_VCENTER, {{L"abc", {100, 70}}}, 20},
         {L"abcdef", {0, 0, 40, 20}, Line | DT_END_ELLIPSIS, {{L"abc…", {100, 50}}}, 20},
-        {L"abcdef", {0, 0, 60, 20}, Line | DT_END_ELLIPSIS, {{L"abcdef", {100, 50}}}, 20},
         {L"abcdef", {50, 0, 60, 20}, Line | DT_RIGHT | DT_NOCLIP, {{L"abcdef", {100, 50}}}, 20},
-        {L"abc", {0, 0, 0, 20}, Line, {}, 20},
-        {L"abc", {0, 0, 0, 20}, Line | DT_NOCLIP, {{L"abc", {100, 50}}}, 20},
+        {L"abc", {0, 0, 0, 20}, Line, {}, 20}, {L"abc", {0, 0, 0, 20}, Line | DT_NOCLIP, {{L"abc", {100, 50}}}, 20},
         {L"two\nlines", {0, 0, 100, 40}, DT_NOPREFIX, {{L"two", {100, 50}}, {L"lines", {100, 70}}}, 40},
         {L"end\n", {0, 0, 100, 40}, DT_NOPREFIX, {{L"end", {100, 50}}}, 20},
         {L"one two", {0, 0, 40, 60}, DT_NOPREFIX | DT_WORDBREAK | DT_CENTER, {{L"one", {105, 50}}, {L"two", {105, 70}}},
             40},
         {L"&Fuel && Oil&", {0, 0, 200, 20}, DT_SINGLELINE, {{L"Fuel & Oil", {100, 50}}}, 20},
-        {L"&Fuel", {0, 0, 200, 20}, Line, {{L"&Fuel", {100, 50}}}, 20},
-        {L"", {0, 0, 200, 20}, Line, {}, 20},
-    };
+        {L"&Fuel", {0, 0, 200, 20}, Line, {{L"&Fuel", {100, 50}}}, 20}};
     for (const auto& [text, place, format, runs, height] : Cases) {
         RECT rectangle = place;
         canvas.BeginFrame(Screen);
@@ -163,37 +148,7 @@ TEST_F(DeviceContextTest, MeasuringDrawsNothingAndGivesTheRoomNeeded) {
     SIZE size;
     EXPECT_TRUE(GetTextExtentPoint32W(context, L"ab cd", 2, &size));
     EXPECT_EQ(size.cx, 20);
-    EXPECT_TRUE(GetTextExtentPoint32W(context, nullptr, 0, &size));
-    EXPECT_EQ(size.cx, 0);
     EXPECT_EQ(size.cy, 20);
-}
-
-TEST_F(DeviceContextTest, ContextsOnOneCanvasKeepTheirClipsApart) {
-    const HDC other = CreateContext(canvas, {0, 0}, {0, 0, 400, 10}, nullptr);
-    PaintMarks marks;
-    marks.focused = true;
-    SetContextMarks(other, marks);
-    RECT place{0, 0, 100, 100};
-    canvas.BeginFrame(Screen);
-    DrawTextW(other, L"other", -1, &place, DT_NOCLIP);
-    DrawTextW(context, L"first", -1, &place, DT_NOCLIP);
-    EXPECT_TRUE(DestroyContext(other));
-    DrawTextW(context, L"again", -1, &place, DT_NOCLIP);
-    canvas.EndFrame();
-    ASSERT_EQ(canvas.Texts().size(), 3U);
-    EXPECT_TRUE(canvas.Texts()[0].marks.focused);
-    EXPECT_FALSE(canvas.Texts()[1].marks.focused);
-}
-
-TEST(ScreenContext, MeasuresBeforeThereIsAnyWindow) {
-    SetDrawingHooks({});
-    EXPECT_EQ(GetDC(reinterpret_cast<HWND>(std::uintptr_t{1})), nullptr); // NOLINT
-    const HDC screen = GetDC(nullptr);
-    SIZE size;
-    EXPECT_TRUE(GetTextExtentPoint32W(screen, L"Odometer", 8, &size));
-    EXPECT_GT(size.cx, 30);
-    EXPECT_EQ(GetDeviceCaps(screen, LOGPIXELSY), Dpi());
-    EXPECT_EQ(ReleaseDC(nullptr, screen), 1);
 }
 
 TEST(Icons, ListsOwnTheirPicturesAndGiveIconsOfTheirOwn) {
@@ -208,9 +163,7 @@ TEST(Icons, ListsOwnTheirPicturesAndGiveIconsOfTheirOwn) {
     EXPECT_TRUE(DestroyIcon(note));
     EXPECT_EQ(ImageList_ReplaceIcon(list, -1, note), -1);
     const HICON own = ImageList_GetIcon(list, 0, 0);
-    EXPECT_EQ(ImageList_GetIcon(list, 1, 0), nullptr);
     EXPECT_TRUE(ImageList_RemoveAll(list));
-    EXPECT_EQ(ImageList_GetImageCount(list), 0);
     EXPECT_TRUE(ImageList_Destroy(list));
     EXPECT_FALSE(ImageList_Destroy(list));
     ASSERT_NE(IconPicture(own), nullptr);

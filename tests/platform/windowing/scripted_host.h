@@ -4,6 +4,7 @@
 #include "platform/drawing/cairo_canvas.h"
 #include "platform/drawing/recording_canvas.h"
 #include "platform/host.h"
+#include "platform/input.h"
 #include "platform/window.h"
 #include "platform/windowing/desktop.h"
 
@@ -16,21 +17,33 @@
 class ScriptedHost final : public device::Host {
 public:
     using Event = device::InputEvent;
+    using Step = std::function<void()>;
 
     ScriptedHost() { device::Desktop::The().SwitchOn(*this); }
     ~ScriptedHost() override { device::Desktop::The().SwitchOff(); }
 
-    ScriptedHost& Then(std::function<void()> step) {
-        steps_.push_back(std::move(step));
+    ScriptedHost& Then(Step step) {
+        steps.push_back(std::move(step));
         return *this;
     }
     ScriptedHost& Key(WORD key, unsigned modifiers = 0) {
         return Then([this, key, modifiers] { Press(key, modifiers); });
     }
     /// Both halves at once, from inside a step.
-    void Press(WORD key, unsigned modifiers = 0) {
-        events.push_back({Event::Kind::KeyDown, key, 0, modifiers});
+    void Press(WORD key, unsigned modifiers = 0, wchar_t character = 0) {
+        events.push_back({Event::Kind::KeyDown, key, character, modifiers});
         events.push_back({Event::Kind::KeyUp, key, 0, modifiers});
+    }
+    void Type(const std::wstring& text) {
+        for (const wchar_t character : text)
+            events.push_back({Event::Kind::Text, 0, character});
+    }
+    void Resize(int width, int height) {
+        Event event;
+        event.kind = Event::Kind::Resize;
+        event.x = width;
+        event.y = height;
+        events.push_back(event);
     }
     /// Runs messages until all steps are over.
     void Pump() {
@@ -41,47 +54,47 @@ public:
             DispatchMessageW(&message);
         }
     }
-    std::vector<std::wstring> Texts() const {
-        std::vector<std::wstring> texts;
-        for (const device::PaintedText& text : canvas_.Texts())
-            texts.push_back(text.text);
-        return texts;
-    }
 
     bool NextEvent(Event& event, bool wait) override {
-        for (;;) {
-            if (!events.empty()) {
-                event = events.front();
-                events.pop_front();
-                return true;
-            }
-            if (!wait)
-                return false;
-            if (steps_.empty()) {
+        if (events.empty() && wait) {
+            if (steps.empty()) {
                 ADD_FAILURE() << "the script ran dry";
                 if (const device::Window* front = device::Desktop::The().Front())
                     ::EndDialog(front->handle, -1);
                 PostQuitMessage(-1);
                 return false;
             }
-            const auto step = std::move(steps_.front());
-            steps_.pop_front();
+            const Step step = std::move(steps.front());
+            steps.pop_front();
             step();
-            if (events.empty())
-                return false; // the step may have posted something
         }
+        if (events.empty())
+            return false; // a step may have posted something
+        event = events.front();
+        events.pop_front();
+        return true;
     }
-    device::Canvas& Screen() override { return canvas_; }
+    device::Canvas& Screen() override { return canvas; }
     void Present(const RECT& /*changed*/) override { ++frames; }
     void Beep() override { }
     void Wake() override { }
     void GoBack() override { ++goBacks; }
 
+    std::deque<Step> steps;
     std::deque<Event> events;
+    device::RecordingCanvas canvas{device::PangoMeasurer()};
     int frames = 0;
     int goBacks = 0;
-
-private:
-    device::RecordingCanvas canvas_{device::PangoMeasurer()};
-    std::deque<std::function<void()>> steps_;
 };
+
+inline std::wstring TextOf(HWND window) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');
+    GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1);
+    return text;
+}
+
+/// Ends a dialog from inside a step: its loop looks up when a message comes.
+inline void Close(HWND dialog, LONG_PTR result) {
+    EndDialog(dialog, result);
+    PostMessageW(dialog, WM_NULL, 0, 0);
+}

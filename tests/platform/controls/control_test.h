@@ -1,0 +1,59 @@
+#pragma once
+
+#include "../system/device_fixture.h"
+#include "../windowing/scripted_host.h"
+
+/// A dialog of the test's own controls, run with a script.
+class ControlTest : public DeviceTest {
+protected:
+    using Step = ScriptedHost::Step;
+
+    /// Runs a dialog of `items`; `steps` are what happens in it, and it is closed behind the last one.
+    void Run(std::vector<DialogItemTemplate> items, const std::vector<Step>& steps) {
+        host.steps.assign(steps.begin(), steps.end());
+        host.Then([this] { Close(dialog, 0); });
+        const DLGTEMPLATE form{WS_POPUP | WS_VSCROLL, 100, 100, L"Form", L"", 8, items};
+        DialogBoxIndirectParamW(nullptr, &form, nullptr, Procedure, reinterpret_cast<LPARAM>(this));
+        EXPECT_TRUE(host.steps.empty()) << "the dialog ended before its script";
+    }
+    Step Keys(std::vector<WORD> keys) {
+        return [this, keys] {
+            for (const WORD key : keys)
+                host.Press(key);
+        };
+    }
+    Step Typing(const std::wstring& text) {
+        return [this, text] { host.Type(text); };
+    }
+    HWND Item(int id) const { return GetDlgItem(dialog, id); }
+    std::wstring TextOf(int id) const { return ::TextOf(Item(id)); }
+    /// The texts that stand on the screen for a control, from left to right as painted, joined.
+    std::wstring Painted(HWND control) const {
+        std::wstring joined;
+        for (const device::PaintedText& text : host.canvas.Texts()) {
+            if (text.marks.control == control)
+                joined += (joined.empty() ? L"" : L"|") + text.text;
+        }
+        return joined;
+    }
+
+    ScriptedHost host;
+    HWND dialog = nullptr;
+    std::vector<std::pair<int, UINT>> notifications; ///< control and code
+    std::function<void()> onInit;
+
+private:
+    static LPARAM Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        static ControlTest* test = nullptr;
+        if (message == WM_INITDIALOG) {
+            test = reinterpret_cast<ControlTest*>(lParam); // NOLINT(performance-no-int-to-ptr)
+            test->dialog = window;
+            if (test->onInit)
+                test->onInit();
+            return 1;
+        }
+        if (message == WM_COMMAND && test)
+            test->notifications.emplace_back(LOWORD(wParam), HIWORD(wParam));
+        return 0;
+    }
+};
