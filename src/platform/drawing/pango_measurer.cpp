@@ -8,6 +8,7 @@
 #include <cmath>
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace device {
 
@@ -39,24 +40,6 @@ std::string DrawableUtf8(std::wstring_view text) {
 
 std::string Utf8Face(const std::wstring& face) {
     return face.empty() ? DefaultFace : DrawableUtf8(face);
-}
-
-struct Extent {
-    double ascent;
-    double descent;
-};
-
-/// Of the face itself, whatever other faces stand in for characters that it lacks.
-Extent FaceExtent(PangoContext* context, const PangoFontDescription* description) {
-    PangoFont* font = pango_context_load_font(context, description);
-    if (font == nullptr)
-        return {0.8 * MaximumFontHeight, 0.2 * MaximumFontHeight};
-    PangoFontMetrics* metrics = pango_font_get_metrics(font, nullptr);
-    const Extent extent{static_cast<double>(pango_font_metrics_get_ascent(metrics)) / PANGO_SCALE,
-        static_cast<double>(pango_font_metrics_get_descent(metrics)) / PANGO_SCALE};
-    pango_font_metrics_unref(metrics);
-    g_object_unref(font);
-    return extent;
 }
 
 } // namespace
@@ -129,6 +112,25 @@ TextMeasurer& PangoMeasurer() {
     return PangoTextMeasurer::Instance();
 }
 
+/// Of the face itself, whatever other faces stand in for characters that it lacks. In the largest size: the others are
+/// parts of it.
+PangoTextMeasurer::Extent PangoTextMeasurer::ExtentOf(FontDescription face, PangoFontDescription* description) {
+    face.height = 0;
+    const auto known = extents_.find(face);
+    if (known != extents_.end())
+        return known->second;
+    pango_font_description_set_absolute_size(description, MaximumFontHeight * double{PANGO_SCALE});
+    Extent extent{0.8 * MaximumFontHeight, 0.2 * MaximumFontHeight};
+    if (PangoFont* font = pango_context_load_font(context_, description)) {
+        PangoFontMetrics* metrics = pango_font_get_metrics(font, nullptr);
+        extent = {static_cast<double>(pango_font_metrics_get_ascent(metrics)) / PANGO_SCALE,
+            static_cast<double>(pango_font_metrics_get_descent(metrics)) / PANGO_SCALE};
+        pango_font_metrics_unref(metrics);
+        g_object_unref(font);
+    }
+    return extents_.emplace(std::move(face), extent).first->second;
+}
+
 PangoTextMeasurer::Font& PangoTextMeasurer::FindFont(const FontDescription& font) {
     std::unique_ptr<Font>& place = fonts_[font];
     if (place)
@@ -138,8 +140,7 @@ PangoTextMeasurer::Font& PangoTextMeasurer::FindFont(const FontDescription& font
     pango_font_description_set_weight(description, static_cast<PangoWeight>(std::clamp(font.weight, 100, 1000)));
     pango_font_description_set_style(description, font.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
 
-    pango_font_description_set_absolute_size(description, MaximumFontHeight * double{PANGO_SCALE});
-    const Extent extent = FaceExtent(context_, description);
+    const Extent extent = ExtentOf(font, description);
     const double cell = std::max(extent.ascent + extent.descent, 1.0);
     const int height = std::clamp(font.height, -MaximumFontHeight, MaximumFontHeight);
     const double size = height > 0 ? height * MaximumFontHeight / cell : std::max(-height, 1);

@@ -35,6 +35,10 @@ private:
         std::wstring_view text;
         bool operator==(const RunKey&) const = default;
     };
+    struct Extent {
+        double ascent;
+        double descent;
+    };
     struct FontHash {
         std::size_t operator()(const FontDescription& font) const;
     };
@@ -42,6 +46,7 @@ private:
         std::size_t operator()(const RunKey& key) const;
     };
 
+    Extent ExtentOf(FontDescription face, PangoFontDescription* description);
     Font& FindFont(const FontDescription& font);
     Run& FindRun(const FontDescription& font, std::wstring_view text);
     Run& MakeRun(const Font& font, std::wstring_view text);
@@ -49,6 +54,7 @@ private:
 
     PangoContext* context_;
     std::unordered_map<FontDescription, std::unique_ptr<Font>, FontHash> fonts_;
+    std::unordered_map<FontDescription, Extent, FontHash> extents_; ///< by face, whatever the height
     /// The most recently used first; the keys of `found_` look into the texts here.
     std::list<Run> runs_;
     std::unordered_map<RunKey, std::list<Run>::iterator, RunHash> found_;
