@@ -15,7 +15,7 @@ EndSignals::EndSignals(std::function<void()> heard)
 
 EndSignals::~EndSignals() {
     listener_.request_stop();
-    pthread_kill(listener_.native_handle(), SIGTERM);
+    pthread_kill(listener_.native_handle(), SIGHUP); // one of those that it waits for
     listener_.join();
     pthread_sigmask(SIG_SETMASK, &former_, nullptr);
 }

@@ -44,12 +44,14 @@ std::optional<std::wstring> NumberPattern::LearnSides(const std::optional<std::w
 }
 
 bool NumberPattern::LearnFraction(const std::wstring& one) {
+    if (one.front() != digits_[1])
+        return false;
     const std::size_t fraction = one.find_first_of(digits_, 1);
-    if (fraction != std::wstring::npos) {
-        point_ = one.substr(1, fraction - 1);
-        fractionDigits_ = one.size() - fraction;
-    }
-    return one.front() == digits_[1] && (fraction == std::wstring::npos || fraction > 1);
+    if (fraction == std::wstring::npos)
+        return true;
+    point_ = one.substr(1, fraction - 1);
+    fractionDigits_ = one.size() - fraction;
+    return !point_.empty();
 }
 
 bool NumberPattern::LearnGroups(const std::wstring& longNumber, const std::wstring& fourDigits) {
