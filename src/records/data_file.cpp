@@ -72,9 +72,10 @@ Status Inspect(sqlite3* connection) {
     Status status = Expect(connection, "PRAGMA application_id", std::to_string(dataFileApplicationId), Status::Invalid);
     if (status == Status::Ok)
         status = Expect(connection, "PRAGMA user_version", std::to_string(dataFileVersion), Status::Invalid);
-    // The file was found readable, but is on a disk, or of an owner, that lets nobody write.
+    // On a disk, or of an owner, that lets nobody write; or else the file's own header forbids it, which is that of a
+    // later version of the format.
     if (status == Status::Ok && sqlite3_db_readonly(connection, "main") != 0)
-        status = Status::Failed;
+        status = access(sqlite3_db_filename(connection, "main"), W_OK) == 0 ? Status::Invalid : Status::Failed;
     // At rest there is to be one file; somebody's tool may have left another mode behind.
     if (status == Status::Ok)
         status = Expect(connection, "PRAGMA journal_mode = DELETE", "delete", Status::Failed);

@@ -45,7 +45,7 @@ TEST_F(Connect, TellsAForeignFileAndLeavesItAlone) {
     Make("INSERT INTO keywords (ref, type, name, notes) VALUES (1, 2, 'Oil', '')");
     const std::string good = Contents();
     const std::string contents[] = {"", "x", std::string(5000, '\0'), "SQLite format 3", good.substr(0, 4096),
-        good.substr(0, good.size() - 4096), good.substr(0, 1000)};
+        good.substr(0, good.size() - 4096), good.substr(0, 1000), good.substr(0, 18) + '\x7' + good.substr(19)};
     for (const std::string& bytes : contents) {
         Write(bytes);
         EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectInvalid) << bytes.size();
