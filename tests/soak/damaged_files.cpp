@@ -3,7 +3,6 @@
 // damaged data files meet the data layer alone, in a worker process of this same program; every eighth is a whole
 // start of the console.
 
-#include "log_file.h"
 #include "platform/files.h"
 #include "records/data_layer.h"
 #include "records/entry_filter.h"
@@ -12,7 +11,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
-#include <unistd.h>
 
 namespace {
 
@@ -68,47 +66,18 @@ std::string Damaged(std::string bytes, Random& random) {
     return bytes;
 }
 
+/// Two vehicles with entries of all kinds, reminders and keywords, over some forty pages.
+constexpr const char* MakeLog = R"(BEGIN;
+INSERT INTO vehicles SELECT column1, column1, 'Car', '', '', '', 1, 2, '', '', '', '', 0, '', '', '' FROM (VALUES (1), (2));
+CREATE TEMP TABLE n AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 400) SELECT i FROM n;
+INSERT INTO entries SELECT i, i + 10, 1 + i % 2, 45000 + i % 60, 1 + i % 4, 1000 + i, i, i, i + 1, 'name ' || i,
+  hex(zeroblob(i % 7 * 20)), 'vendor' FROM n;
+INSERT INTO reminders SELECT i, i + 500, 1 + i % 2, 60000, 900000, 'name ' || i, 'notes' FROM n WHERE i < 16;
+INSERT INTO keywords SELECT i + 900, i + 600, 1 + i % 4, 'name ' || i, 'notes' FROM n WHERE i < 16;
+UPDATE sequence SET next_ref = 2000;
+COMMIT)";
+
 // The worker: the data layer alone
-
-template <typename Record> std::unique_ptr<Record> NewRecord(int number) {
-    auto record = std::make_unique<Record>();
-    record->SetName((L"name " + std::to_wstring(number)).c_str());
-    record->SetNotes(std::wstring(static_cast<std::size_t>(number % 7) * 40, L'n').c_str());
-    return record;
-}
-
-CEntry::Type KindOf(int number) {
-    return static_cast<CEntry::Type>(1 + number % 4);
-}
-
-/// A log of two vehicles with entries of all kinds, reminders and keywords, over some forty pages.
-void MakeLog() {
-    Require(theDataLayer.Connect(DevicePath) == CDataLayer::ConnectOK, "the template cannot be opened");
-    for (int i = 0; i < 2; ++i) {
-        const auto vehicle = NewRecord<CVehicle>(i);
-        Require(theDataLayer.Save(vehicle.get(), 0) != 0, "a vehicle");
-        for (int k = 0; k < 200; ++k) {
-            const auto entry = NewRecord<CEntry>(k);
-            entry->SetVehicleID(vehicle->GetRefID());
-            entry->SetType(KindOf(k));
-            entry->SetDate(45000 + k % 60);
-            entry->SetOdometer(1000 + k);
-            entry->SetAmount(static_cast<float>(k));
-            theDataLayer.Save(entry.get(), 0);
-        }
-        for (int k = 0; k < 8; ++k) {
-            const auto reminder = NewRecord<CNotification>(k);
-            reminder->SetVehicleID(vehicle->GetRefID());
-            reminder->SetDate(60000);
-            reminder->SetOdometer(900'000);
-            theDataLayer.Save(reminder.get(), 0);
-            const auto keyword = NewRecord<CKeyword>(k);
-            keyword->SetType(static_cast<CKeyword::Type>(KindOf(k)));
-            theDataLayer.Save(keyword.get(), 0);
-        }
-    }
-    theDataLayer.Disconnect();
-}
 
 /// All that is there; the number of entries under `mark`.
 int LoadEverything(const std::wstring& mark) {
@@ -150,14 +119,14 @@ std::string UseDamagedFile(unsigned long seed, const std::string& path, const st
     Require(status == CDataLayer::ConnectOK, "status " + std::to_string(status));
     const std::wstring mark = L"seed " + std::to_wstring(seed);
     LoadEverything(mark);
-    const auto vehicle = NewRecord<CVehicle>(1);
-    const auto entry = NewRecord<CEntry>(3);
-    entry->SetName(mark.c_str());
-    bool stored = theDataLayer.Save(vehicle.get(), 0) != 0;
-    entry->SetVehicleID(vehicle->GetRefID());
-    stored = stored && theDataLayer.Save(entry.get(), 0) != 0;
-    entry->SetOdometer(77);
-    stored = stored && theDataLayer.Save(entry.get(), 0) != 0;
+    CVehicle vehicle;
+    CEntry entry;
+    entry.SetName(mark.c_str());
+    bool stored = theDataLayer.Save(&vehicle, 0) != 0;
+    entry.SetVehicleID(vehicle.GetRefID());
+    stored = stored && theDataLayer.Save(&entry, 0) != 0;
+    entry.SetOdometer(77);
+    stored = stored && theDataLayer.Save(&entry, 0) != 0;
     theDataLayer.Disconnect();
     if (!stored)
         return "refused";
@@ -168,15 +137,10 @@ std::string UseDamagedFile(unsigned long seed, const std::string& path, const st
 
 int RunWorker() {
     const std::string path = *HostPathOf(DevicePath);
-    std::string original;
+    const std::string original = FileBytes(path);
     for (std::string line; std::getline(std::cin, line);) {
         try {
-            if (line == "make") {
-                MakeLog();
-                original = FileBytes(path);
-            } else {
-                std::cout << UseDamagedFile(std::stoul(line), path, original) << '\n';
-            }
+            std::cout << UseDamagedFile(std::stoul(line), path, original) << '\n';
         } catch (const std::exception& fault) {
             std::cout << fault.what() << '\n';
         }
@@ -194,8 +158,8 @@ public:
             Prepare(console);
         if (seed % WholeStartEvery != 0) {
             const Lines answer = worker_->Ask(std::to_string(seed));
-            Require(answer.size() == 1 && Results.count(answer[0]) != 0, answer.empty() ? "no answer" : answer[0]);
-            ++Results[answer[0]];
+            Require(answer.size() == 1 && results_.count(answer[0]) != 0, answer.empty() ? "no answer" : answer[0]);
+            ++results_[answer[0]];
             return;
         }
         Random random(seed);
@@ -214,7 +178,7 @@ public:
 
     std::string Summary() {
         std::string text = "damaged files (" + std::to_string(starts_) + " of them under the whole program:";
-        for (const auto& [name, count] : Results)
+        for (const auto& [name, count] : results_)
             text += ' ' + name + ' ' + std::to_string(count);
         return text + ")";
     }
@@ -223,11 +187,11 @@ private:
     void Prepare(const std::string& console) {
         template_ = FileBytes(fs::path(console).replace_filename("Default.ENU"));
         WriteBytes(workshop_.DataFile(), template_);
+        LogFile(workshop_.DataFile()).Column(MakeLog);
+        log_ = FileBytes(workshop_.DataFile());
         workshop_.Surroundings[WorkerVariable] = "1";
         worker_ = std::make_unique<ConsoleProcess>("/proc/self/exe");
         worker_->Start(workshop_.Surroundings);
-        worker_->Ask("make");
-        log_ = FileBytes(workshop_.DataFile());
         program_ = console;
         Handset own;
         WriteBytes(own.DataFile(), log_);
@@ -317,7 +281,7 @@ private:
     std::string log_;
     std::string registry_;
     long starts_ = 0;
-    std::map<std::string, long> Results{{"invalid", 0}, {"usable", 0}, {"refused", 0}, {"worse", 0}, {"lost", 0}};
+    std::map<std::string, long> results_{{"invalid", 0}, {"usable", 0}, {"refused", 0}, {"worse", 0}, {"lost", 0}};
 };
 
 } // namespace

@@ -2,7 +2,6 @@
 // Afterwards the file must be sound and hold everything that was answered, each record in full; what was under way may
 // be there in full or not at all.
 
-#include "log_file.h"
 #include "soak_run.h"
 
 #include <algorithm>
@@ -225,7 +224,7 @@ private:
             "a key beyond its sequence");
         Settle(told, underWay);
         if (log_.spareEntries == 0 && random_.Chance(50)) {
-            file.Run(AddSpareVehicle);
+            file.Column(AddSpareVehicle);
             log_.spareEntries = SpareEntries;
         }
     }

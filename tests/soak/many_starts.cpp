@@ -1,7 +1,6 @@
 // Many starts at the same moment in one storage place, also after the winner was killed: one runs, all others give way.
 // And another program that writes into the data file while this one stores records too.
 
-#include "log_file.h"
 #include "soak_run.h"
 
 #include <atomic>
@@ -104,7 +103,7 @@ private:
         try {
             while (!stop_) {
                 const std::string number = std::to_string(written_ + 1);
-                file_.Run(
+                file_.Column(
                     "BEGIN IMMEDIATE;"
                     "INSERT INTO entries (ref, vehicle, date, type, odometer, amount, custom1, custom2, name, notes,"
                     " vendor) SELECT next_ref, vehicles.ref, 46000, 2, 10, 1, 0, 0, 'other', 'new', '"
@@ -114,7 +113,7 @@ private:
                       "UPDATE vehicles SET notes = '"
                     + number + "'");
                 usleep(static_cast<useconds_t>(random_.Below(random_.Chance(2) ? 1'000'000 : 3'000)));
-                file_.Run("COMMIT");
+                file_.Column("COMMIT");
                 ++written_;
                 usleep(static_cast<useconds_t>(1000 + random_.Below(8000)));
             }
@@ -170,10 +169,10 @@ void WriteTogether(const std::string& program, unsigned long seed) {
     Require(Look(console).rows.size() == static_cast<std::size_t>(Saves + writer.Written()), "the reloaded rows");
 
     // A lock that stays is not waited for without end: the user hears of it, and can go on when it is gone.
-    file.Run("BEGIN IMMEDIATE");
+    file.Column("BEGIN IMMEDIATE");
     AskInTime(console, FuelEntry("9000", "1"));
     Require(Look(console).text.find("could not be stored") != std::string::npos, "no word of the lock");
-    file.Run("COMMIT");
+    file.Column("COMMIT");
     GoHome(console);
     AskInTime(console, FuelEntry("9001", "1"));
     Require(file.Text("SELECT group_concat(odometer) FROM entries WHERE odometer >= 9000") == "9001", "after the lock");

@@ -2,7 +2,6 @@
 // languages, zones and times. Every hundred keys there must be a way out to the main frame, and what stands there must
 // be in order.
 
-#include "log_file.h"
 #include "soak_run.h"
 
 #include <algorithm>

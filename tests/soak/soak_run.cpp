@@ -4,12 +4,14 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <sqlite3.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
 
 namespace {
 
+constexpr int LockWaitMilliseconds = 30'000;
 constexpr const char* OrderlyEnd = "exit 1 (status 1)";
 constexpr const char* MemoryFolder = "/dev/shm";
 /// Other than any status of the program's own, so that a sanitizer's report is not taken for an end in order.
@@ -23,6 +25,11 @@ bool StartsWith(const std::string& text, const std::string& start) {
 std::string QuotedPart(const std::string& line) {
     const std::size_t first = line.find('"');
     return first == std::string::npos ? std::string() : line.substr(first + 1, line.rfind('"') - first - 1);
+}
+
+int AddFirst(void* rows, int /*count*/, char** values, char** /*names*/) {
+    static_cast<Lines*>(rows)->emplace_back(values[0] ? values[0] : "");
+    return 0;
 }
 
 } // namespace
@@ -44,6 +51,32 @@ Handset::Handset(Place place) {
 Handset::~Handset() {
     std::error_code ignored;
     fs::remove_all(Folder, ignored);
+}
+
+LogFile::LogFile(const std::string& path)
+    : connection_(nullptr, sqlite3_close_v2) {
+    sqlite3* raw = nullptr;
+    const int opened = sqlite3_open_v2(path.c_str(), &raw, SQLITE_OPEN_READWRITE, nullptr);
+    connection_.reset(raw);
+    Require(opened == SQLITE_OK, path + ": " + sqlite3_errmsg(raw));
+    sqlite3_busy_timeout(raw, LockWaitMilliseconds);
+}
+
+Lines LogFile::Column(const std::string& sql) {
+    Lines rows;
+    const int result = sqlite3_exec(connection_.get(), sql.c_str(), AddFirst, &rows, nullptr);
+    Require(result == SQLITE_OK, sql + ": " + sqlite3_errmsg(connection_.get()));
+    return rows;
+}
+
+std::string LogFile::Text(const std::string& sql) {
+    const Lines rows = Column(sql);
+    return rows.empty() ? std::string() : rows.front();
+}
+
+void LogFile::RequireIntegrity() {
+    const std::string found = Text("PRAGMA integrity_check");
+    Require(found == "ok", "integrity check: " + found);
 }
 
 View Look(ConsoleProcess& console) {

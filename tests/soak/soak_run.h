@@ -4,7 +4,10 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <random>
+
+struct sqlite3;
 
 /// Random choices that a seed repeats on every machine.
 class Random {
@@ -38,6 +41,21 @@ public:
 
     std::filesystem::path Folder;
     ConsoleProcess::Surroundings Surroundings;
+};
+
+/// A data file as another program sees it: through a connection of its own.
+class LogFile {
+public:
+    explicit LogFile(const std::string& path);
+
+    /// Runs the statements; the first column of all their rows.
+    Lines Column(const std::string& sql);
+    std::string Text(const std::string& sql);
+    /// Throws when the file does not stand an integrity check.
+    void RequireIntegrity();
+
+private:
+    std::unique_ptr<sqlite3, int (*)(sqlite3*)> connection_;
 };
 
 /// What stands on a console's screen, as far as `controls` tells it.
