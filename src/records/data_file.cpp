@@ -11,6 +11,12 @@ using Status = CDataFile::Status;
 
 constexpr int lockWaitMilliseconds = 2000;
 
+bool HasMemory() {
+    constexpr int moreThanAnyRecord = 1 << 20;
+    const std::unique_ptr<void, void (*)(void*)> trial(sqlite3_malloc(moreThanAnyRecord), sqlite3_free);
+    return trial != nullptr;
+}
+
 /// A file that cannot be understood is invalid; one that cannot be reached just now is not.
 Status StatusOf(int code) {
     switch (code & 0xFF) {
@@ -19,7 +25,10 @@ Status StatusOf(int code) {
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
     case SQLITE_ERROR: // a table or a column is missing
+    case SQLITE_TOOBIG: // a damaged length
         return Status::Invalid;
+    case SQLITE_NOMEM: // so is one that asks for more than there is anywhere
+        return HasMemory() ? Status::Invalid : Status::Failed;
     default:
         return Status::Failed;
     }

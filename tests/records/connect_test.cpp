@@ -55,6 +55,16 @@ TEST_F(Connect, TellsAForeignFileAndLeavesItAlone) {
     EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
 }
 
+TEST_F(Connect, DamagedLengthsAreNotTakenForALackOfMemory) {
+    Make("");
+    const std::string good = Contents();
+    for (std::size_t place = 2048; place < 4096; ++place) { // where the schema lies
+        std::filesystem::remove(HostPath()); // cheaper than to write over it
+        Write(good.substr(0, place) + "\xFF\xFF\xFF\xFF\x7F\xFF" + good.substr(place + 6));
+        EXPECT_NE(Layer.Connect(Path), CDataLayer::ConnectFailed) << place;
+    }
+}
+
 TEST_F(Connect, TellsAnotherVersionOrADamagedFile) {
     const char* const changes[] = {"PRAGMA application_id = 0", "PRAGMA user_version = 0", "PRAGMA user_version = 2",
         "DROP TABLE reminders", "ALTER TABLE entries RENAME COLUMN custom2 TO custom3", "DELETE FROM sequence",
