@@ -16,10 +16,16 @@ namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
 constexpr int Starts = 20;
-constexpr int Saves = 150;
+constexpr long Saves = 150;
 constexpr auto LockPatience = std::chrono::seconds(2);
 /// For the machine to be slow in, beside the patience with a lock.
 constexpr auto Slack = std::chrono::seconds(8);
+
+constexpr const char* AddAnEntry = R"(
+INSERT INTO entries (ref, vehicle, date, type, odometer, amount, custom1, custom2, name, notes, vendor)
+  SELECT next_ref, vehicles.ref, 46000, 2, 10, 1, 0, 0, 'other', 'new', '' FROM sequence, vehicles;
+UPDATE sequence SET next_ref = next_ref + 1;
+UPDATE entries SET notes = 'edited' WHERE name = 'other')";
 
 struct Totals {
     long starts = 0, kills = 0, saves = 0, writes = 0;
@@ -103,15 +109,7 @@ private:
         try {
             while (!stop_) {
                 const std::string number = std::to_string(written_ + 1);
-                file_.Column(
-                    "BEGIN IMMEDIATE;"
-                    "INSERT INTO entries (ref, vehicle, date, type, odometer, amount, custom1, custom2, name, notes,"
-                    " vendor) SELECT next_ref, vehicles.ref, 46000, 2, 10, 1, 0, 0, 'other', 'new', '"
-                    + number
-                    + "' FROM sequence, vehicles; UPDATE sequence SET next_ref = next_ref + 1;"
-                      "UPDATE entries SET notes = 'edited' WHERE name = 'other';"
-                      "UPDATE vehicles SET notes = '"
-                    + number + "'");
+                file_.Column("BEGIN IMMEDIATE; UPDATE vehicles SET notes = '" + number + "';" + AddAnEntry);
                 usleep(static_cast<useconds_t>(random_.Below(random_.Chance(2) ? 1'000'000 : 3'000)));
                 file_.Column("COMMIT");
                 ++written_;
@@ -148,7 +146,7 @@ void WriteTogether(const std::string& program, unsigned long seed) {
     console.AskAll({"boot", "key action", "key soft1", "key 1", "type Car", "key soft1", "key action"});
     LogFile file(handset.DataFile());
     Writer writer(handset.DataFile(), seed);
-    for (int i = 1; i <= Saves; ++i) {
+    for (long i = 1; i <= Saves; ++i) {
         AskInTime(console, FuelEntry(std::to_string(1000 + i), std::to_string(i)));
         AskInTime(console, {"key action", "key down 2", "type " + std::to_string(i + 1000), "key soft1"});
     }
@@ -166,7 +164,8 @@ void WriteTogether(const std::string& program, unsigned long seed) {
     Require(file.Text("SELECT odometer FROM vehicles") == std::to_string(1000 + Saves), "the odometer");
     file.RequireIntegrity();
     console.Ask("post reload");
-    Require(Look(console).rows.size() == static_cast<std::size_t>(Saves + writer.Written()), "the reloaded rows");
+    Require(Look(console).rows.size() == std::size_t{Saves} + static_cast<std::size_t>(writer.Written()),
+        "the reloaded rows");
 
     // A lock that stays is not waited for without end: the user hears of it, and can go on when it is gone.
     file.Column("BEGIN IMMEDIATE");

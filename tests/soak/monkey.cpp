@@ -211,7 +211,7 @@ private:
         for (std::size_t i = 0; i < std::max(before.size(), after.size()); ++i) {
             const std::string was = i < before.size() ? before[i] : "nothing";
             const std::string is = i < after.size() ? after[i] : "nothing";
-            Require(was == is, "row " + std::to_string(i) + " of " + title + ": " + was + ", fresh " + is);
+            Require(was == is, title.substr(0, 40).append(": a row was ").append(was).append(", is ").append(is));
         }
     }
 
