@@ -281,7 +281,7 @@ private:
     std::string log_;
     std::string registry_;
     long starts_ = 0;
-    std::map<std::string, long> results_{{"invalid", 0}, {"usable", 0}, {"refused", 0}, {"worse", 0}, {"lost", 0}};
+    std::map<std::string, long> results_{{"invalid", 0}, {"usable", 0}, {"refused", 0}};
 };
 
 } // namespace
