@@ -16,6 +16,12 @@ constexpr int lockWaitMilliseconds = 2000;
 constexpr int deepestExpression = 20;
 constexpr int longestStatement = 10'000;
 
+bool HasMemory() {
+    constexpr int moreThanAnyRecord = 1 << 20;
+    const std::unique_ptr<void, void (*)(void*)> trial(sqlite3_malloc(moreThanAnyRecord), sqlite3_free);
+    return trial != nullptr;
+}
+
 /// A file that cannot be understood is invalid; one that cannot be reached just now is not.
 Status StatusOf(int code) {
     switch (code & 0xFF) {
@@ -24,7 +30,10 @@ Status StatusOf(int code) {
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
     case SQLITE_ERROR: // a table or a column is missing
+    case SQLITE_TOOBIG: // a damaged length
         return Status::Invalid;
+    case SQLITE_NOMEM: // so is one that asks for more than there is anywhere
+        return HasMemory() ? Status::Invalid : Status::Failed;
     default:
         return Status::Failed;
     }
@@ -108,9 +117,10 @@ Status Inspect(sqlite3* connection) {
     Status status = Expect(connection, "PRAGMA application_id", std::to_string(dataFileApplicationId), Status::Invalid);
     if (status == Status::Ok)
         status = Expect(connection, "PRAGMA user_version", std::to_string(dataFileVersion), Status::Invalid);
-    // The file was found readable, but is on a disk, or of an owner, that lets nobody write.
+    // On a disk, or of an owner, that lets nobody write; or else the file's own header forbids it, which is that of a
+    // later version of the format.
     if (status == Status::Ok && sqlite3_db_readonly(connection, "main") != 0)
-        status = Status::Failed;
+        status = access(sqlite3_db_filename(connection, "main"), W_OK) == 0 ? Status::Invalid : Status::Failed;
     // At rest there is to be one file; somebody's tool may have left another mode behind.
     if (status == Status::Ok)
         status = Expect(connection, "PRAGMA journal_mode = DELETE", "delete", Status::Failed);

@@ -75,6 +75,7 @@ bool CMainFrame::ConnectOrCreate() {
     const std::wstring loadedPath = theSettings.DBPath;
     FillDefaultPath();
     const std::wstring path = theSettings.DBPath;
+    bool copied = false;
     for (int failures = 0; failures < CopiesInVain;) {
         const CDataLayer::ConnectStatus status = theDataLayer.Connect(path.c_str());
         if (status == CDataLayer::ConnectOK)
@@ -83,11 +84,15 @@ bool CMainFrame::ConnectOrCreate() {
             ShowFailure(strings::ReadOnlyDataFile, path);
         else if (status == CDataLayer::ConnectInvalid)
             ShowFailure(strings::InvalidDataFile, path);
+        // A template that is no data file itself would fill the folder with copies of its kind.
+        const bool isSpoilt = copied && status == CDataLayer::ConnectInvalid;
         const std::wstring templatePath = TemplatePath();
         // Only where a fresh file can take its place: without a template the user's file stays as it is.
-        if ((status == CDataLayer::ConnectInvalid || status == CDataLayer::ConnectNotFound) && Exists(templatePath))
+        const bool givesWay = status == CDataLayer::ConnectInvalid || status == CDataLayer::ConnectNotFound;
+        if (givesWay && !isSpoilt && Exists(templatePath))
             MoveAside(path);
-        if (CopyFileW(templatePath.c_str(), path.c_str(), TRUE)) {
+        if (!isSpoilt && CopyFileW(templatePath.c_str(), path.c_str(), TRUE)) {
+            copied = true;
             failures = 0;
         } else {
             ++failures;

@@ -43,11 +43,21 @@ TEST_F(Connect, TellsAForeignFileAndLeavesItAlone) {
     Make("");
     const std::string good = Contents();
     const std::string contents[] = {"", "x", std::string(5000, '\0'), "SQLite format 3", good.substr(0, 4096),
-        good.substr(0, good.size() - 4096), good.substr(0, 1000)};
+        good.substr(0, good.size() - 4096), good.substr(0, 1000), good.substr(0, 18) + '\x7' + good.substr(19)};
     for (const std::string& bytes : contents) {
         Write(bytes);
         EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectInvalid) << bytes.size();
         EXPECT_EQ(Contents(), bytes);
+    }
+}
+
+TEST_F(Connect, DamagedLengthsAreNotTakenForALackOfMemory) {
+    Make("");
+    const std::string good = Contents();
+    for (std::size_t place = 2048; place < 4096; ++place) { // where the schema lies
+        std::filesystem::remove(HostPath()); // cheaper than to write over it
+        Write(good.substr(0, place) + "\xFF\xFF\xFF\xFF\x7F\xFF" + good.substr(place + 6));
+        EXPECT_NE(Layer.Connect(Path), CDataLayer::ConnectFailed) << place;
     }
 }
 

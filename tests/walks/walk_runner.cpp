@@ -13,115 +13,21 @@
 // The first command after the start, an exit, % kill or % end starts a process on the same storage folder.
 // walk_runner CONSOLE WALK compares; walk_runner --record CONSOLE WALK prints the walk with the answers as they are.
 
-#include <csignal>
-#include <cstdio>
+#include "console_process.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <map>
 #include <sstream>
 #include <string>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
-#include <vector>
 
 namespace {
 
 namespace fs = std::filesystem;
-using Lines = std::vector<std::string>;
-
-class Console {
-public:
-    explicit Console(std::string program)
-        : program_(std::move(program)) { }
-    ~Console() { Kill(); }
-    Console(const Console&) = delete;
-    Console& operator=(const Console&) = delete;
-
-    const std::string& Program() const { return program_; }
-    bool IsRunning() const { return process_ > 0; }
-
-    void Start(const std::map<std::string, std::string>& surroundings) {
-        int input[2];
-        int output[2];
-        if (pipe(input) != 0 || pipe(output) != 0)
-            std::exit(2);
-        process_ = fork();
-        if (process_ == 0) {
-            dup2(input[0], STDIN_FILENO);
-            dup2(output[1], STDOUT_FILENO);
-            for (const int end : {input[0], input[1], output[0], output[1]})
-                close(end);
-            for (const auto& [name, value] : surroundings)
-                setenv(name.c_str(), value.c_str(), 1);
-            execl(program_.c_str(), program_.c_str(), static_cast<char*>(nullptr));
-            _exit(127);
-        }
-        close(input[0]);
-        close(output[1]);
-        toProcess_ = fdopen(input[1], "w");
-        fromProcess_ = fdopen(output[0], "r");
-    }
-
-    /// The answer up to its closing "."; a process that ends without one is told in the last line.
-    Lines Ask(const std::string& command) {
-        std::fprintf(toProcess_, "%s\n", command.c_str());
-        std::fflush(toProcess_);
-        Lines answer;
-        char* line = nullptr;
-        std::size_t room = 0;
-        for (;;) {
-            const ssize_t length = getline(&line, &room, fromProcess_);
-            if (length < 0) {
-                answer.push_back("(the process ended: status " + std::to_string(Wait()) + ")");
-                break;
-            }
-            std::string text(line, static_cast<std::size_t>(length));
-            if (!text.empty() && text.back() == '\n')
-                text.pop_back();
-            if (text == ".")
-                break;
-            answer.push_back(std::move(text));
-        }
-        std::free(line);
-        if (IsRunning() && !answer.empty() && answer.back().rfind("exit ", 0) == 0)
-            answer.back() += " (status " + std::to_string(Wait()) + ")";
-        return answer;
-    }
-
-    int EndInput() {
-        if (toProcess_)
-            std::fclose(std::exchange(toProcess_, nullptr));
-        return Wait();
-    }
-
-    void Kill() {
-        if (!IsRunning())
-            return;
-        kill(process_, SIGKILL);
-        Wait();
-    }
-
-private:
-    int Wait() {
-        if (toProcess_)
-            std::fclose(std::exchange(toProcess_, nullptr));
-        int status = 0;
-        waitpid(process_, &status, 0);
-        process_ = -1;
-        if (fromProcess_)
-            std::fclose(std::exchange(fromProcess_, nullptr));
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-    }
-
-    std::string program_;
-    pid_t process_ = -1;
-    FILE* toProcess_ = nullptr;
-    FILE* fromProcess_ = nullptr;
-};
 
 /// Whether an answer is what a walk wants; "..." stands for any lines.
 bool Matches(const Lines& wanted, std::size_t want, const Lines& got, std::size_t have) {
@@ -178,7 +84,7 @@ public:
                 commandLine_ = number;
                 if (!console_.IsRunning())
                     console_.Start(surroundings_);
-                got_ = console_.Ask(command_);
+                got_ = Ask(console_, command_);
             } else if (line.rfind("% ", 0) == 0) {
                 Settle();
                 Echo(line);
@@ -195,6 +101,15 @@ public:
     }
 
 private:
+    /// The answer; a process that gives none is told in its place.
+    static Lines Ask(ConsoleProcess& console, const std::string& command) {
+        try {
+            return console.Ask(command);
+        } catch (const ConsoleFault& fault) {
+            return {std::string("(") + fault.what() + ")"};
+        }
+    }
+
     void Echo(const std::string& line) const {
         if (record_)
             std::cout << line << '\n';
@@ -258,9 +173,9 @@ private:
             if (FileText(file) != rest)
                 Fail(number, directive);
         } else if (verb == "second") {
-            Console other(console_.Program());
+            ConsoleProcess other(console_.Program());
             other.Start(surroundings_);
-            if (const Lines answer = other.Ask("boot"); answer != Lines{"exit 1 (status 1)"})
+            if (const Lines answer = Ask(other, "boot"); answer != Lines{"exit 1 (status 1)"})
                 Fail(number, "the second process did not give way: " + (answer.empty() ? "(no answer)" : answer[0]));
         } else if (verb == "kill") {
             console_.Kill();
@@ -272,10 +187,10 @@ private:
         }
     }
 
-    Console console_;
+    ConsoleProcess console_;
     bool record_;
     fs::path folder_;
-    std::map<std::string, std::string> surroundings_;
+    ConsoleProcess::Surroundings surroundings_;
     std::string command_;
     int commandLine_ = 0;
     Lines wanted_;
@@ -292,11 +207,15 @@ int main(int count, char** arguments) {
         std::cerr << "walk_runner [--record] CONSOLE WALK\n";
         return 2;
     }
-    std::signal(SIGPIPE, SIG_IGN);
     std::ifstream walk(arguments[first + 1]);
     if (!walk) {
         std::cerr << "no such walk: " << arguments[first + 1] << '\n';
         return 2;
     }
-    return Walk(arguments[first], record).Run(walk);
+    try {
+        return Walk(arguments[first], record).Run(walk);
+    } catch (const ConsoleFault& fault) {
+        std::cout << fault.what() << '\n';
+        return 1;
+    }
 }
