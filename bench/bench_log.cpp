@@ -47,7 +47,7 @@ void FillLog(const std::string& file, int count) {
           " SELECT 1001 + i, 1001, 30000.0 + i / 10, 1 + i % 4, 1000 + i * 7, 20 + i * (31 * i + 7) % 5987 / 100.0,"
           " 5 + i * (17 * i + 3) % 1999 / 100.0, 2.5 + i * 31 % 200 / 100.0,"
           " CASE i % 4 WHEN 0 THEN '' ELSE 'Oil change ' || i END, CASE i % 5 WHEN 0 THEN 'said ' || i ELSE '' END,"
-          " 'Vendor ' || i % 50 FROM n";
+          " 'Vendor ' || (i % 50) FROM n";
     if (sqlite3_exec(connection, script.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
         Fail(sqlite3_errmsg(connection));
     sqlite3_close(connection);
