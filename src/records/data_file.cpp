@@ -103,14 +103,25 @@ bool CanBeRead(sqlite3* connection) {
     return true;
 }
 
+/// An index that disagrees with its table hides records. It holds nothing of its own, so it can be made anew; where
+/// that fails, the file is as good as it was.
+void MendIndexes(sqlite3* connection) {
+    sqlite3_exec(connection, "REINDEX", nullptr, nullptr, nullptr);
+}
+
 /// The check takes a page that the disk did not give for a damaged one, and a damaged file makes way for a fresh one.
 /// So what it finds counts only where the disk gives everything, and only if it finds it again.
 Status CheckPages(sqlite3* connection) {
     const auto check = [connection] { return Expect(connection, "PRAGMA quick_check(1)", "ok", Status::Invalid); };
-    const Status status = check();
-    if (status != Status::Invalid)
-        return status;
-    return CanBeRead(connection) ? check() : Status::Failed;
+    // All that the other check sees, and the indexes.
+    if (Expect(connection, "PRAGMA integrity_check(1)", "ok", Status::Invalid) == Status::Ok)
+        return Status::Ok;
+    Status status = check();
+    if (status == Status::Invalid)
+        status = CanBeRead(connection) ? check() : Status::Failed;
+    if (status == Status::Ok)
+        MendIndexes(connection);
+    return status;
 }
 
 Status Inspect(sqlite3* connection) {

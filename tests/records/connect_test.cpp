@@ -1,4 +1,5 @@
 #include "faulty_disk.h"
+#include "records/entry_filter.h"
 #include "test_device.h"
 
 #include <cwchar>
@@ -73,6 +74,20 @@ TEST_F(Connect, TellsAnotherVersionOrADamagedFile) {
     std::filesystem::remove(HostPath());
     std::filesystem::create_directory(HostPath());
     EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectInvalid);
+}
+
+TEST_F(Connect, AnIndexThatHidesEntriesIsMadeAnew) {
+    Make("INSERT INTO entries VALUES (1, 1002, 1001, 1, 1, 1, 1, 1, 1, 'seen', '', '');"
+         "PRAGMA writable_schema = ON; CREATE TABLE kept AS SELECT * FROM sqlite_schema WHERE type = 'index';"
+         "DELETE FROM sqlite_schema WHERE type = 'index'");
+    Run("INSERT INTO entries VALUES (2, 1003, 1001, 2, 1, 2, 1, 1, 1, 'hidden', '', ''); PRAGMA writable_schema = ON;"
+        "INSERT INTO sqlite_schema SELECT * FROM kept");
+    ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
+    CEntryFilter filter;
+    filter.SetVehicleID(1001);
+    CObjectListT<CEntry> entries;
+    ASSERT_TRUE(Layer.Load(&entries, &filter));
+    EXPECT_EQ(entries.GetCount(), 2);
 }
 
 TEST_F(Connect, TellsAReadOnlyFileByItsPermissionBits) {
