@@ -2,7 +2,6 @@
 #include "test_device.h"
 
 #include <cwchar>
-#include <fstream>
 #include <sqlite3.h>
 #include <sys/stat.h>
 
@@ -22,11 +21,6 @@ protected:
         EXPECT_EQ(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(connection);
         sqlite3_close(connection);
     }
-    static std::string Contents() {
-        std::ifstream file(HostPath(), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    static void Write(const std::string& bytes) { std::ofstream(HostPath(), std::ios::binary) << bytes; }
 
     CDataLayer Layer;
 };
@@ -41,28 +35,14 @@ TEST_F(Connect, FindsAFileThatCameLater) {
 
 TEST_F(Connect, TellsAForeignFileAndLeavesItAlone) {
     Make("");
-    const std::string good = Contents();
+    const std::string good = Read(HostPath());
     const std::string contents[] = {"", "x", std::string(5000, '\0'), "SQLite format 3", good.substr(0, 4096),
         good.substr(0, good.size() - 4096), good.substr(0, 1000)};
     for (const std::string& bytes : contents) {
-        Write(bytes);
+        Write(HostPath(), bytes);
         EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectInvalid) << bytes.size();
-        EXPECT_EQ(Contents(), bytes);
+        EXPECT_EQ(Read(HostPath()), bytes);
     }
-}
-
-TEST_F(Connect, TellsAnotherVersionOrADamagedFile) {
-    const char* const changes[] = {"PRAGMA application_id = 0", "PRAGMA user_version = 0", "PRAGMA user_version = 2",
-        "DROP TABLE reminders", "ALTER TABLE entries RENAME COLUMN custom2 TO custom3", "DELETE FROM sequence",
-        "PRAGMA writable_schema = 1; DELETE FROM sqlite_schema WHERE name = 'entries_in_order'"};
-    for (const char* sql : changes) {
-        std::filesystem::remove(HostPath());
-        Make(sql);
-        EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectInvalid) << sql;
-    }
-    std::filesystem::remove(HostPath());
-    std::filesystem::create_directory(HostPath());
-    EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectInvalid);
 }
 
 TEST_F(Connect, TellsAReadOnlyFileByItsPermissionBits) {
@@ -116,7 +96,7 @@ TEST_F(Connect, LeavesOneFileAtRestWhateverModeItFinds) {
     EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
 }
 
-TEST_F(Connect, AStrangersFileIsHarmlessOrInvalid) {
+TEST_F(Connect, AChangedFileIsHarmlessOrInvalid) {
     const std::string edit = "PRAGMA writable_schema = 1; UPDATE sqlite_schema SET ";
     const std::string check = edit + "sql = replace(sql, 'notes TEXT NOT NULL', 'notes TEXT NOT NULL CHECK (";
     const std::string asText = ")') WHERE name = 'keywords'";
@@ -130,6 +110,13 @@ TEST_F(Connect, AStrangersFileIsHarmlessOrInvalid) {
         CDataLayer::ConnectStatus status;
         bool takesKeywords = false;
     } files[] = {
+        {"PRAGMA application_id = 0", invalid},
+        {"PRAGMA user_version = 0", invalid},
+        {"PRAGMA user_version = 2", invalid},
+        {"DROP TABLE reminders", invalid},
+        {"DELETE FROM sequence", invalid},
+        {"ALTER TABLE entries RENAME COLUMN custom2 TO custom3", invalid},
+        {"PRAGMA writable_schema = 1; DELETE FROM sqlite_schema WHERE name = 'entries_in_order'", invalid},
         {"CREATE TRIGGER bite AFTER INSERT ON keywords BEGIN DELETE FROM vehicles; END", ok, true},
         {"CREATE TABLE more (x REFERENCES vehicles ON DELETE CASCADE); CREATE INDEX names ON vehicles (name)", ok,
             true},
@@ -179,19 +166,13 @@ TEST_F(Connect, AFileThatIsRuinedLaterFailsQuietly) {
         std::filesystem::remove(HostPath());
         Make("");
         ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
-        Write(rubbish);
+        Write(HostPath(), rubbish);
         CObjectListT<CVehicle> vehicles;
         CVehicle vehicle;
         EXPECT_FALSE(Layer.Load(&vehicles));
         EXPECT_FALSE(Layer.Save(&vehicle, 0));
-        EXPECT_EQ(Contents(), rubbish);
+        EXPECT_EQ(Read(HostPath()), rubbish);
     }
-    std::filesystem::remove(HostPath());
-    Make("");
-    ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
-    std::filesystem::rename(HostPath(), HostPath() + ".moved");
-    CVehicle vehicle;
-    EXPECT_FALSE(Layer.Save(&vehicle, 0)); // it would go into a file that nobody finds again
 }
 
 } // namespace
