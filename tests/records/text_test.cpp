@@ -33,6 +33,8 @@ TEST(StoredText, TellsAChange) {
     EXPECT_FALSE(text.Set(text.Get()));
     EXPECT_TRUE(text.Set(text.Get() + 2)); // its own tail
     EXPECT_STREQ(text.Get(), L"cd");
+    EXPECT_TRUE(text.Set(nullptr));
+    EXPECT_STREQ(text.Get(), L"");
 }
 
 TEST(StringHelper, KeepsItsResults) {
