@@ -21,6 +21,8 @@ protected:
         EXPECT_EQ(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(connection);
         sqlite3_close(connection);
     }
+    static std::string Contents() { return Read(HostPath()); }
+    static void Write(const std::string& bytes) { TestDevice::Write(HostPath(), bytes); }
 
     CDataLayer Layer;
 };
@@ -35,13 +37,13 @@ TEST_F(Connect, FindsAFileThatCameLater) {
 
 TEST_F(Connect, TellsAForeignFileAndLeavesItAlone) {
     Make("");
-    const std::string good = Read(HostPath());
+    const std::string good = Contents();
     const std::string contents[] = {"", "x", std::string(5000, '\0'), "SQLite format 3", good.substr(0, 4096),
         good.substr(0, good.size() - 4096), good.substr(0, 1000)};
     for (const std::string& bytes : contents) {
-        Write(HostPath(), bytes);
+        Write(bytes);
         EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectInvalid) << bytes.size();
-        EXPECT_EQ(Read(HostPath()), bytes);
+        EXPECT_EQ(Contents(), bytes);
     }
 }
 
@@ -166,13 +168,19 @@ TEST_F(Connect, AFileThatIsRuinedLaterFailsQuietly) {
         std::filesystem::remove(HostPath());
         Make("");
         ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
-        Write(HostPath(), rubbish);
+        Write(rubbish);
         CObjectListT<CVehicle> vehicles;
         CVehicle vehicle;
         EXPECT_FALSE(Layer.Load(&vehicles));
         EXPECT_FALSE(Layer.Save(&vehicle, 0));
-        EXPECT_EQ(Read(HostPath()), rubbish);
+        EXPECT_EQ(Contents(), rubbish);
     }
+    std::filesystem::remove(HostPath());
+    Make("");
+    ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
+    std::filesystem::rename(HostPath(), HostPath() + ".moved");
+    CVehicle vehicle;
+    EXPECT_FALSE(Layer.Save(&vehicle, 0)); // it would go into a file that nobody finds again
 }
 
 } // namespace
