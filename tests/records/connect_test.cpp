@@ -3,7 +3,6 @@
 #include "test_device.h"
 
 #include <cwchar>
-#include <fstream>
 #include <sqlite3.h>
 #include <sys/stat.h>
 
@@ -23,11 +22,8 @@ protected:
         EXPECT_EQ(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(connection);
         sqlite3_close(connection);
     }
-    static std::string Contents() {
-        std::ifstream file(HostPath(), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    static void Write(const std::string& bytes) { std::ofstream(HostPath(), std::ios::binary) << bytes; }
+    static std::string Contents() { return Read(HostPath()); }
+    static void Write(const std::string& bytes) { TestDevice::Write(HostPath(), bytes); }
 
     CDataLayer Layer;
 };
@@ -60,20 +56,6 @@ TEST_F(Connect, DamagedLengthsAreNotTakenForALackOfMemory) {
         Write(good.substr(0, place) + "\xFF\xFF\xFF\xFF\x7F\xFF" + good.substr(place + 6));
         EXPECT_NE(Layer.Connect(Path), CDataLayer::ConnectFailed) << place;
     }
-}
-
-TEST_F(Connect, TellsAnotherVersionOrADamagedFile) {
-    const char* const changes[] = {"PRAGMA application_id = 0", "PRAGMA user_version = 0", "PRAGMA user_version = 2",
-        "DROP TABLE reminders", "ALTER TABLE entries RENAME COLUMN custom2 TO custom3", "DELETE FROM sequence",
-        "PRAGMA writable_schema = 1; DELETE FROM sqlite_schema WHERE name = 'entries_in_order'"};
-    for (const char* sql : changes) {
-        std::filesystem::remove(HostPath());
-        Make(sql);
-        EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectInvalid) << sql;
-    }
-    std::filesystem::remove(HostPath());
-    std::filesystem::create_directory(HostPath());
-    EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectInvalid);
 }
 
 TEST_F(Connect, AnIndexThatHidesEntriesIsMadeAnew) {
@@ -141,7 +123,7 @@ TEST_F(Connect, LeavesOneFileAtRestWhateverModeItFinds) {
     EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
 }
 
-TEST_F(Connect, AStrangersFileIsHarmlessOrInvalid) {
+TEST_F(Connect, AChangedFileIsHarmlessOrInvalid) {
     const std::string edit = "PRAGMA writable_schema = 1; UPDATE sqlite_schema SET ";
     const std::string check = edit + "sql = replace(sql, 'notes TEXT NOT NULL', 'notes TEXT NOT NULL CHECK (";
     const std::string asText = ")') WHERE name = 'keywords'";
@@ -155,6 +137,13 @@ TEST_F(Connect, AStrangersFileIsHarmlessOrInvalid) {
         CDataLayer::ConnectStatus status;
         bool takesKeywords = false;
     } files[] = {
+        {"PRAGMA application_id = 0", invalid},
+        {"PRAGMA user_version = 0", invalid},
+        {"PRAGMA user_version = 2", invalid},
+        {"DROP TABLE reminders", invalid},
+        {"DELETE FROM sequence", invalid},
+        {"ALTER TABLE entries RENAME COLUMN custom2 TO custom3", invalid},
+        {"PRAGMA writable_schema = 1; DELETE FROM sqlite_schema WHERE name = 'entries_in_order'", invalid},
         {"CREATE TRIGGER bite AFTER INSERT ON keywords BEGIN DELETE FROM vehicles; END", ok, true},
         {"CREATE TABLE more (x REFERENCES vehicles ON DELETE CASCADE); CREATE INDEX names ON vehicles (name)", ok,
             true},

@@ -7,27 +7,22 @@ using EntryFilter = TestDevice;
 using Filter = CEntryFilter;
 
 TEST_F(EntryFilter, ACustomRangeHoldsBothItsDays) {
-    const struct {
-        SYSTEMTIME start, end;
-        double date;
-        bool matches;
-    } cases[] = {{{2020, 2, 0, 29}, {2020, 2, 0, 29, 23, 59}, 43889.99999, false},
-        {{2020, 2, 0, 29}, {2020, 2, 0, 29, 23, 59}, 43890, true},
-        {{2020, 2, 0, 29}, {2020, 2, 0, 29, 23, 59}, 43890 + 1439.0 / 1440, true},
-        {{2020, 2, 0, 29}, {2020, 2, 0, 29, 23, 59}, 43891, false},
-        // Days before the count of dates begins, whose times of day count the other way.
-        {{1899, 12, 0, 28}, {1899, 12, 0, 28, 23, 59}, -2, true},
-        {{1899, 12, 0, 28}, {1899, 12, 0, 28, 23, 59}, -2.75, true},
-        {{1899, 12, 0, 28}, {1899, 12, 0, 28, 23, 59}, -1, false},
-        {{1899, 12, 0, 28}, {1899, 12, 0, 28, 23, 59}, -3.75, false}};
-    for (const auto& [start, end, date, matches] : cases) {
-        Filter filter;
-        filter.SetStartDate(start, 1);
-        filter.SetEndDate(end, 1);
-        filter.SetDateRangeType(Filter::DateRangeCustom);
-        CEntry entry;
+    constexpr double lastMinute = 43890 + 1439.0 / 1440;
+    Filter filter;
+    filter.SetStartDate({2020, 2, 0, 29}, 1);
+    filter.SetEndDate({2020, 2, 0, 29, 23, 59}, 1);
+    filter.SetDateRangeType(Filter::DateRangeCustom);
+    CEntry entry;
+    for (const auto& [date, matches] : {std::pair{43889.99999, 0}, {43890, 1}, {lastMinute, 1}, {43891, 0}}) {
         entry.SetDate(date);
-        EXPECT_EQ(filter.EntryMatchesFilter(&entry) != 0, matches) << date;
+        EXPECT_EQ(filter.EntryMatchesFilter(&entry), matches) << date;
+    }
+    // A day before the count of dates begins, whose times of day count the other way.
+    filter.SetStartDate({1899, 12, 0, 28}, 1);
+    filter.SetEndDate({1899, 12, 0, 28, 23, 59}, 1);
+    for (const auto& [date, matches] : {std::pair{-2.0, 1}, {-2.75, 1}, {-1, 0}, {-3.75, 0}}) {
+        entry.SetDate(date);
+        EXPECT_EQ(filter.EntryMatchesFilter(&entry), matches) << date;
     }
 }
 

@@ -38,15 +38,6 @@ TEST(ObjectList, OwnsItsItemsUnlessToldOtherwise) {
 
 using NewRecord = TestLog;
 
-TEST_F(NewRecord, HasADateThatCanBeShown) {
-    SetZone("Pacific/Auckland");
-    SetClock("2026-03-14T11:30:00Z"); // half past midnight of the next day, there
-    const double today = 46096; // 15 March 2026
-    EXPECT_EQ(CEntry().GetDate(), today);
-    EXPECT_EQ(CNotification().GetDate(), today);
-    EXPECT_EQ(CVehicle().GetInsuranceExpirationDate(), today);
-}
-
 TEST_F(NewRecord, IsDirtyUntilItIsStoredAndAfterAChange) {
     CEntry entry;
     EXPECT_TRUE(entry.IsDirty());

@@ -35,13 +35,13 @@ TEST_F(EditReminderTest, ANewOneStartsAheadOfTheVehicle) {
 }
 
 TEST_F(EditReminderTest, OneLeftAloneIsNotStoredAgain) {
-    const std::wstring names[] = {L" ", std::wstring(1000, L'x'), L"\U0001F6DE Reifen \u00e4ndern \u6c7d\u8eca", L"a"};
-    const double dates[] = {-109205.0, -1.75, Utc("2026-03-15T10:59:59Z"), FarDate + 86399.0 / 86400};
-    const LONG odometers[] = {0, Lowest, Highest, -1};
-    for (int index = 0; index < 4; ++index)
+    const std::wstring names[] = {L" ", std::wstring(1000, L'x'), L"\U0001F6DE Reifen \u00e4ndern \u6c7d\u8eca"};
+    const double dates[] = {-109205.0, -1.75, FarDate + 86399.0 / 86400};
+    const LONG odometers[] = {0, Lowest, Highest};
+    for (int index = 0; index < 3; ++index)
         Remind(names[index], odometers[index], dates[index]);
     const auto reminders = LoadAll<CNotification>(Car.GetRefID());
-    for (int index = 0; index < 4; ++index) {
+    for (int index = 0; index < 3; ++index) {
         CNotification& reminder = *reminders->Get(index);
         EXPECT_EQ(Edit(reminder, {Done()}), 0) << index;
         EXPECT_FALSE(reminder.IsDirty()) << index;
@@ -61,22 +61,20 @@ TEST_F(EditReminderTest, KeepsTheTimeOfDayOfAnotherDay) {
 
 TEST_F(EditReminderTest, TheReadingComesBeforeTheDescriptionThatIsRequired) {
     CNotification reminder;
-    std::vector<Step> script;
-    int beeps = Beeps();
-    for (const wchar_t* reading : {L"", L"2147483648"}) {
-        const Step look = [&] {
-            EXPECT_EQ(FocusedId(), Odometer);
-            EXPECT_EQ(Beeps(), ++beeps);
-        };
-        script.insert(script.end(), {Put(Odometer, reading), Done(), look, Focus(Date)});
-    }
+    const int beeps = Beeps();
+    const Step look = [&] {
+        EXPECT_EQ(FocusedId(), Odometer);
+        EXPECT_EQ(Beeps(), beeps + 1);
+    };
     const Step refused = [this] {
         EXPECT_EQ(Message(), L"A description is required.");
         Host.Press(VK_RETURN);
     };
     // Action is Done here.
-    script.insert(script.end(), {Put(Odometer, L"0"), Press({VK_RETURN}), refused, Put(FirstText, L"x"), Done()});
-    EXPECT_NE(Edit(reminder, script), 0);
+    EXPECT_NE(Edit(reminder,
+                  {Put(Odometer, L"2147483648"), Focus(Date), Done(), look, Put(Odometer, L"0"), Press({VK_RETURN}),
+                      refused, Put(FirstText, L"x"), Done()}),
+        0);
     EXPECT_EQ(Stored(), std::vector<std::wstring>{L"x"});
     EXPECT_EQ(reminder.GetOdometer(), 0);
 }

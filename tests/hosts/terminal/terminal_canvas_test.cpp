@@ -54,15 +54,10 @@ TEST(CellMeasurerTest, CountsCells) {
 
 TEST_F(TerminalCanvasTest, TwoLinesOfAListRowTakeTwoRows) {
     const int height = canvas.Measurer().Metrics(ListFont).Height();
-    for (int row = 0; row < 11; ++row) {
-        const int top = row * (2 * height + 3);
-        Draw(0, top, L"a" + std::to_wstring(row));
-        Draw(0, top + height, L"b" + std::to_wstring(row));
-    }
-    for (int row = 0; row < 11; ++row) {
-        EXPECT_EQ(Line(1 + 2 * row), L"a" + std::to_wstring(row));
-        EXPECT_EQ(Line(2 + 2 * row), L"b" + std::to_wstring(row));
-    }
+    for (int line = 0; line < 22; ++line)
+        Draw(0, line / 2 * (2 * height + 3) + line % 2 * height, L"line " + std::to_wstring(line));
+    for (int line = 0; line < 22; ++line)
+        EXPECT_EQ(Line(1 + line), L"line " + std::to_wstring(line));
 }
 
 TEST_F(TerminalCanvasTest, FieldsStandBelowTheirLabels) {
@@ -95,32 +90,30 @@ TEST_F(TerminalCanvasTest, CutsAtTheClipWithAnEllipsis) {
 
 TEST_F(TerminalCanvasTest, TitleAndSoftKeysAreTheFirstAndTheLastRow) {
     const SIZE screen = canvas.ScreenSize();
-    const RECT bar{0, screen.cy - SoftKeyBarHeight(), screen.cx, screen.cy};
+    const int bar = screen.cy - SoftKeyBarHeight();
     canvas.Fill({0, 0, screen.cx, TitleHeight()}, BarColor, 255);
-    canvas.Fill(bar, BarColor, 255);
+    canvas.Fill({0, bar, screen.cx, screen.cy}, BarColor, 255);
     PaintMarks marks;
     marks.role = PaintMarks::Role::Title;
     canvas.SetMarks(marks);
     canvas.Text(6, -38, L"Title", ListFont, BarTextColor);
     marks.role = PaintMarks::Role::LeftSoftKey;
     canvas.SetMarks(marks);
-    canvas.Text(0, bar.top - 38, L"New", ListFont, BarTextColor);
+    canvas.Text(0, bar - 38, L"New", ListFont, BarTextColor);
     EXPECT_EQ(Line(0), L"Title");
     EXPECT_EQ(Line(23), L"New");
-    EXPECT_EQ(canvas.Grid().At(9, 0).ground, Ground::Bar);
-    EXPECT_EQ(canvas.Grid().At(9, 23).ground, Ground::Bar);
-    EXPECT_EQ(canvas.Grid().At(0, 1).ground, Ground::Plain);
-    EXPECT_EQ(canvas.Grid().At(0, 22).ground, Ground::Plain);
+    for (const auto& [row, ground] :
+        {std::pair{0, Ground::Bar}, {1, Ground::Plain}, {22, Ground::Plain}, {23, Ground::Bar}})
+        EXPECT_EQ(canvas.Grid().At(9, row).ground, ground) << row;
 }
 
 TEST_F(TerminalCanvasTest, SelectionCaretAndDimmedGroundShow) {
     const int title = TitleHeight();
     canvas.Fill({0, title + 203, 500, title + 406}, GetSysColor(COLOR_HIGHLIGHT), 255);
     Draw(0, 203, L"chosen");
-    EXPECT_EQ(canvas.Grid().At(0, 2).ground, Ground::Plain);
-    EXPECT_EQ(canvas.Grid().At(0, 3).ground, Ground::Selected);
-    EXPECT_EQ(canvas.Grid().At(9, 4).ground, Ground::Selected);
-    EXPECT_EQ(canvas.Grid().At(0, 5).ground, Ground::Plain);
+    for (const auto& [row, ground] :
+        {std::pair{2, Ground::Plain}, {3, Ground::Selected}, {4, Ground::Selected}, {5, Ground::Plain}})
+        EXPECT_EQ(canvas.Grid().At(9, row).ground, ground) << row;
     canvas.Fill({152, title + 900, 153, title + 996}, GetSysColor(COLOR_WINDOWTEXT), 255);
     EXPECT_TRUE(canvas.Grid().caretShown);
     EXPECT_EQ(canvas.Grid().caretColumn, 3);

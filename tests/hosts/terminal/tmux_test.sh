@@ -2,7 +2,6 @@
 # Drives the program in a real terminal. The one argument is the program file.
 set -u
 program=$(realpath "$1")
-place=$(mktemp -d)
 session=odoledger-test-$$
 
 tm() { tmux -L "$session" -f /dev/null "$@"; }
@@ -11,24 +10,8 @@ finish() {
   tm kill-server 2>/dev/null
   rm -rf "$place"
 }
-trap finish EXIT
-
-fail() {
-  echo "FAILED: $1"
-  tm capture-pane -t main -p
-  exit 1
-}
-
-# until_true WHAT COMMAND...: waits until the command succeeds, ten seconds at most.
-until_true() {
-  local what=$1
-  shift
-  for _ in $(seq 200); do
-    "$@" && return 0
-    sleep 0.05
-  done
-  fail "$what"
-}
+on_failure() { tm capture-pane -t main -p; }
+source "$(dirname "$0")/../waiting.sh"
 
 screen_has() { tm capture-pane -t main -p | grep -qE -- "$1"; }
 screen_lacks() { ! screen_has "$1"; }
@@ -104,15 +87,6 @@ see "^30( |$)"
 press F1
 see "1,200"
 see "10\.00 gal @ \\\$3\.00 +\\\$30\.00"
-
-press "]"
-see "3 Quick Stats"
-write 3
-see "^Quick Stats"
-see "Total fuel expense:"
-see '\$30\.00'
-press F1
-see '10\.00 gal @ .*\$30\.00'
 
 # Small terminals: what does not fit is cut with an ellipsis.
 resize 30 10

@@ -3,30 +3,13 @@
 # ends in order. The one argument is the program file. Run it with xvfb-run and a server that does not reset.
 set -u
 program=$(realpath "$1")
-place=$(mktemp -d)
 pid=
 
 finish() {
   [ -n "$pid" ] && kill -9 "$pid" 2>/dev/null
   rm -rf "$place"
 }
-trap finish EXIT
-
-fail() {
-  echo "FAILED: $1"
-  exit 1
-}
-
-# until_true WHAT COMMAND...: waits until the command succeeds, ten seconds at most.
-until_true() {
-  local what=$1
-  shift
-  for _ in $(seq 200); do
-    "$@" && return 0
-    sleep 0.05
-  done
-  fail "$what"
-}
+source "$(dirname "$0")/../waiting.sh"
 
 titled() { xdotool getwindowname "$window" 2>/dev/null | grep -qxF -- "$1"; }
 press() { xdotool windowfocus "$window" key "$@"; }

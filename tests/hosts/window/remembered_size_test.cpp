@@ -1,23 +1,12 @@
 #include "hosts/window/remembered_size.h"
 
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
+#include "../../platform/system/device_fixture.h"
 
 namespace {
 
 using device::RememberedSize;
 
-class RememberedSizeFile : public testing::Test {
-protected:
-    RememberedSizeFile() {
-        char name[] = "/tmp/window-size-XXXXXX";
-        folder_ = mkdtemp(name);
-    }
-    ~RememberedSizeFile() override { std::filesystem::remove_all(folder_); }
-
-    std::filesystem::path folder_;
-};
+using RememberedSizeFile = DeviceTest;
 
 TEST_F(RememberedSizeFile, ComesBackAsStored) {
     const std::string file = folder_ / "not yet there" / "registry.window";
@@ -40,7 +29,7 @@ TEST_F(RememberedSizeFile, FailureToStoreLeavesNothing) {
 
 TEST_F(RememberedSizeFile, HugeFileIsPassedOver) {
     const std::string file = folder_ / "registry.window";
-    std::ofstream(file) << RememberedSize{{320, 480}, 1.0}.ToText() << std::string(100000, '\n');
+    Write(file, RememberedSize{{320, 480}, 1.0}.ToText() + std::string(100000, '\n'));
     EXPECT_FALSE(RememberedSize::Load(file));
 }
 

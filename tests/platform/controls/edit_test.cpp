@@ -44,13 +44,7 @@ TEST_F(EditTest, KeysMoveSelectAndDelete) {
         {Keys({VK_HOME, VK_DELETE, VK_RIGHT}), [&] { host.Press(VK_RIGHT, MOD_SHIFT); },
             [&] { host.Press(VK_END, MOD_SHIFT); },
             [&] {
-                DWORD start = 9;
-                DWORD end = 9;
-                EXPECT_EQ(
-                    SendMessageW(Item(10), EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end)),
-                    MAKELPARAM(1, 5));
-                EXPECT_EQ(start, 1U);
-                EXPECT_EQ(end, 5U);
+                EXPECT_EQ(SendMessageW(Item(10), EM_GETSEL, 0, 0), MAKELPARAM(1, 5));
                 host.Press('A', MOD_CONTROL, L'\x1');
             },
             [&] { ExpectSelection(Item(10), 0, 5); }, Keys({VK_END, VK_TBACK}), [&] { EXPECT_EQ(TextOf(10), L"bcde"); },

@@ -16,6 +16,25 @@ ListViewRows::Row RowOf(LPARAM data) {
     return row;
 }
 
+ListViewRows Rows(int count, bool single = false) {
+    ListViewRows rows(single);
+    for (int index = 0; index < count; ++index) {
+        rows.Insert(index, RowOf(100 + index));
+        rows.SetCell(index, 0, L"row " + std::to_wstring(index));
+    }
+    return rows;
+}
+
+/// A character a row: `.` plain, `s` selected, and in capitals (`F` for a plain one) with the focus.
+std::wstring Marks(const ListViewRows& rows) {
+    std::wstring marks;
+    for (int row = 0; row < rows.Count(); ++row) {
+        const bool focused = rows.Focused() == row;
+        marks += rows.IsSelected(row) ? (focused ? L'S' : L's') : (focused ? L'F' : L'.');
+    }
+    return marks;
+}
+
 Values DataOf(const ListViewRows& rows) {
     Values data;
     for (int row = 0; row < rows.Count(); ++row)
@@ -79,6 +98,64 @@ TEST(ListViewRowsModel, InsertsDeletesAndSortsAsAPlainVectorDoes) {
         }
         ASSERT_EQ(DataOf(rows), model) << step;
     }
+}
+
+TEST(ListViewRows, FocusAndSelectionMove) {
+    using Move = ListViewRows::Move;
+    struct Case {
+        const char* name;
+        bool single;
+        std::function<void(ListViewRows&)> act;
+        const wchar_t* expected;
+    };
+    const Case cases[] = {
+        {"first move", false, [](auto& r) { r.MoveBy(1, Move::Select); }, L"S...."},
+        {"stops at the end", false, [](auto& r) { r.MoveTo(3, Move::Select), r.MoveBy(9, Move::Select); }, L"....S"},
+        {"extend and back", false,
+            [](auto& r) { r.MoveTo(2, Move::Select), r.MoveBy(2, Move::Extend), r.MoveBy(-3, Move::Extend); },
+            L".Ss.."},
+        {"turn over", false, [](auto& r) { r.MoveTo(1, Move::Select), r.MoveBy(2, Move::Alone), r.ToggleFocused(); },
+            L".s.S."},
+        {"all", false, [](auto& r) { r.SelectAll(); }, L"Sssss"},
+        {"all of a single", true, [](auto& r) { r.MoveTo(1, Move::Select), r.SelectAll(); }, L".S..."},
+        {"single never extends", true, [](auto& r) { r.MoveTo(1, Move::Select), r.MoveBy(1, Move::Extend); }, L"..S.."},
+        {"single state", true,
+            [](auto& r) { r.SetState(1, LVIS_SELECTED, LVIS_SELECTED), r.SetState(3, LVIS_SELECTED, LVIS_SELECTED); },
+            L"...s."},
+        {"insert before", false, [](auto& r) { r.MoveTo(1, Move::Select), r.Insert(0, {}); }, L"..S..."},
+        {"the next key selects it", false,
+            [](auto& r) { r.MoveTo(1, Move::Select), r.Remove(1), r.MoveBy(1, Move::Select); }, L".S.."},
+        {"the last row deleted", false, [](auto& r) { r.MoveTo(4, Move::Select), r.Remove(4); }, L"...F"},
+        {"bad rows", false, [](auto& r) { r.SetState(9, 3, 3), r.Remove(-1), r.MoveTo(5, Move::Select); }, L"....."},
+    };
+    for (const Case& each : cases) {
+        ListViewRows rows = Rows(5, each.single);
+        each.act(rows);
+        EXPECT_EQ(Marks(rows), each.expected) << each.name;
+        const std::wstring marks = Marks(rows);
+        EXPECT_EQ(rows.SelectedCount(), std::count_if(marks.begin(), marks.end(), [](wchar_t c) { return c > L'F'; }));
+    }
+}
+
+TEST(ListViewRows, ScrollsByWholeRowsAndFindsByTyping) {
+    ListViewRows rows = Rows(10);
+    rows.EnsureVisible(7, 3);
+    EXPECT_EQ(rows.First(), 5);
+    rows.EnsureVisible(6, 3);
+    EXPECT_EQ(rows.First(), 5) << "a row in view moves nothing";
+    rows.ScrollTo(99, 3);
+    EXPECT_EQ(rows.First(), 7);
+    rows.EnsureVisible(0, 3);
+    EXPECT_EQ(rows.First(), 0);
+    rows.SetCell(4, 0, L"\u00dcber");
+    rows.SetCell(4, 3, L"cell");
+    EXPECT_EQ(rows.Cell(4, 2), L"");
+    EXPECT_EQ(rows.Cell(4, 3), L"cell");
+    EXPECT_EQ(rows.Cell(99, 0), L"");
+    EXPECT_EQ(rows.TypeAhead(L'\u00fc'), 4);
+    EXPECT_EQ(rows.TypeAhead(L'z'), -1);
+    EXPECT_EQ(rows.FindData(104, -1), 4);
+    EXPECT_EQ(rows.FindData(104, 4), -1);
 }
 
 } // namespace

@@ -149,15 +149,4 @@ TEST(PangoMeasurer, AnyTextIsOneLineAndDrawsSomething) {
     EXPECT_GT(measurer.Width(font, std::wstring(20000, L'x')), 20000);
 }
 
-TEST(PangoMeasurer, TheCaretFollowsTheDirectionOfTheText) {
-    TextMeasurer& measurer = PangoMeasurer();
-    const FontDescription font;
-    EXPECT_EQ(measurer.CaretX(font, L"", 3), 0);
-    EXPECT_NEAR(measurer.CaretX(font, L"abc", 3), measurer.Width(font, L"abc"), 1);
-    EXPECT_EQ(measurer.CaretX(font, L"abc", 99), measurer.CaretX(font, L"abc", 3));
-    const std::wstring hebrew = L"\u05E9\u05DC\u05D5\u05DD";
-    EXPECT_NEAR(measurer.CaretX(font, hebrew, 0), measurer.Width(font, hebrew), 1);
-    EXPECT_EQ(measurer.CaretX(font, hebrew, 4), 0);
-}
-
 } // namespace

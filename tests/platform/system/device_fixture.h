@@ -2,12 +2,14 @@
 
 #include "platform/system/environment.h"
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <string>
+#include <sys/resource.h>
 
 /// A device of its own for each test, in a folder that goes away with it.
 class DeviceTest : public testing::Test {
@@ -44,6 +46,19 @@ protected:
     static std::size_t CountFiles(const std::filesystem::path& folder) {
         const std::filesystem::directory_iterator all{folder};
         return static_cast<std::size_t>(std::distance(begin(all), end(all)));
+    }
+
+    /// What `work` gives while no file can grow beyond `size`.
+    template <typename Work> static auto WithoutRoom(rlim_t size, Work work) {
+        rlimit before{};
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit full{size, before.rlim_max};
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        setrlimit(RLIMIT_FSIZE, &full);
+        const auto result = work();
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+        return result;
     }
 
     std::filesystem::path folder_;

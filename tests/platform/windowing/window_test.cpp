@@ -1,10 +1,8 @@
+#include "../system/device_fixture.h"
 #include "platform/metrics.h"
 #include "platform/resources.h"
-#include "platform/system/environment.h"
 #include "platform/system/ipc.h"
 #include "scripted_host.h"
-
-#include <filesystem>
 
 namespace {
 
@@ -45,7 +43,7 @@ LRESULT Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-class WindowTest : public testing::Test {
+class WindowTest : public DeviceTest {
 protected:
     void SetUp() override {
         commands.clear();
@@ -94,9 +92,6 @@ TEST_F(WindowTest, MenusByArrowsDigitsAndBack) {
 }
 
 TEST_F(WindowTest, AnotherProcessPostsOnlyWhatIsRegisteredHere) {
-    std::string folder = "/tmp/window-test-XXXXXX";
-    ASSERT_NE(mkdtemp(folder.data()), nullptr);
-    device::ReplaceEnvironment({{"HANDSET_STORAGE", folder}, {"XDG_RUNTIME_DIR", folder}});
     const HWND published
         = CreateWindowExW(0, L"WindowUnderTest", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
     const UINT known = RegisterWindowMessageW(L"known");
@@ -106,16 +101,6 @@ TEST_F(WindowTest, AnotherProcessPostsOnlyWhatIsRegisteredHere) {
     EXPECT_EQ(commands, std::vector{known});
     EXPECT_EQ(RegisterWindowMessageW(L"next"), known + 1);
     DestroyWindow(published);
-    device::ReplaceEnvironment({});
-    std::filesystem::remove_all(folder);
-}
-
-TEST_F(WindowTest, AGreyedItemCannotBeChosen) {
-    onPopup = [](HMENU menu) { EnableMenuItem(menu, 22, MF_GRAYED); };
-    host.Key(VK_TSOFT2).Then([this] { host.Type(L"2"); });
-    host.Then([] { EXPECT_NE(device::Desktop::The().Menu(), nullptr); }).Key(VK_TBACK);
-    host.Pump();
-    EXPECT_TRUE(commands.empty());
 }
 
 TEST_F(WindowTest, APostedMessageClosesTheMenuAndIsHeard) {
@@ -164,9 +149,7 @@ TEST_F(WindowTest, StaleHandlesFail) {
     EXPECT_TRUE(DestroyWindow(child));
     EXPECT_FALSE(IsWindow(child));
     EXPECT_EQ(GetFocus(), nullptr);
-    RECT rectangle;
     for (const HWND stale : {child, HWND{}, reinterpret_cast<HWND>(std::uintptr_t{0x12345})}) {
-        EXPECT_FALSE(GetClientRect(stale, &rectangle));
         EXPECT_FALSE(PostMessageW(stale, WM_NULL, 0, 0));
         EXPECT_EQ(SendMessageW(stale, WM_GETTEXTLENGTH, 0, 0), 0);
         EXPECT_FALSE(DestroyWindow(stale));
