@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
@@ -11,7 +12,8 @@ namespace {
 
 using Status = CDataFile::Status;
 
-constexpr int lockWaitMilliseconds = 2000;
+constexpr std::chrono::seconds longestLockWait{2};
+constexpr int lockTrialMilliseconds = 1;
 // Ample for the program's statements and for the schema that it writes.
 constexpr int deepestExpression = 20;
 constexpr int longestStatement = 10'000;
@@ -76,6 +78,19 @@ void Distrust(sqlite3* connection) {
     sqlite3_limit(connection, SQLITE_LIMIT_SQL_LENGTH, longestStatement);
 }
 
+/// Tries again all the time: the library's own wait grows to tenths of a second, in which another program that writes
+/// one record after the other has let go of its lock and taken it again.
+int WaitForLock(void* /*context*/, int trials) {
+    static std::chrono::steady_clock::time_point begin;
+    const auto now = std::chrono::steady_clock::now();
+    if (trials == 0)
+        begin = now;
+    if (now - begin >= longestLockWait)
+        return 0;
+    sqlite3_sleep(lockTrialMilliseconds);
+    return 1;
+}
+
 int OpenConnection(const std::string& path, ConnectionHandle* connection) {
     sqlite3* raw = nullptr;
     const int opened = sqlite3_open_v2(
@@ -84,7 +99,7 @@ int OpenConnection(const std::string& path, ConnectionHandle* connection) {
     if (opened != SQLITE_OK)
         return opened;
     Distrust(raw);
-    return sqlite3_busy_timeout(raw, lockWaitMilliseconds);
+    return sqlite3_busy_handler(raw, WaitForLock, nullptr);
 }
 
 /// Whether the disk gives every byte of the file, whatever they are.

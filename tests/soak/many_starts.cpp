@@ -110,7 +110,7 @@ private:
             while (!stop_) {
                 const std::string number = std::to_string(written_ + 1);
                 file_.Column("BEGIN IMMEDIATE; UPDATE vehicles SET notes = '" + number + "';" + AddAnEntry);
-                usleep(static_cast<useconds_t>(random_.Below(random_.Chance(2) ? 1'000'000 : 3'000)));
+                usleep(static_cast<useconds_t>(random_.Below(random_.Chance(2) ? 500'000 : 3'000)));
                 file_.Column("COMMIT");
                 ++written_;
                 usleep(static_cast<useconds_t>(1000 + random_.Below(8000)));
@@ -155,8 +155,11 @@ void WriteTogether(const std::string& program, unsigned long seed) {
     totals.saves += 2 * Saves;
     totals.writes += writer.Written();
     const std::string written = std::to_string(writer.Written());
-    Require(
-        file.Text("SELECT count(*) FROM entries WHERE name = 'other' AND notes = 'edited'") == written, "its entries");
+    Require(file.Text("SELECT count(*) FROM entries WHERE name = 'other' AND notes = 'edited'") == written,
+        "its entries: " + written + " transactions, stored "
+            + file.Text(
+                "SELECT group_concat(n, '; ') FROM (SELECT count(*) || ' ' || name || ' ' || notes || ' ' || type"
+                " AS n FROM entries GROUP BY name, notes, type)"));
     Require(file.Text("SELECT notes FROM vehicles") == written, "its change to the vehicle");
     Require(file.Text("SELECT count(*) FROM entries WHERE type = 1 AND custom1 = odometer") == std::to_string(Saves),
         "the program's entries");
