@@ -113,7 +113,7 @@ TextMeasurer& PangoMeasurer() {
 }
 
 /// Of the face itself, whatever other faces stand in for characters that it lacks. In the largest size: the others are
-/// parts of it.
+/// parts of it. The face's own table is asked, since the library's metrics lay out sample texts first.
 PangoTextMeasurer::Extent PangoTextMeasurer::ExtentOf(FontDescription face, PangoFontDescription* description) {
     face.height = 0;
     const auto known = extents_.find(face);
@@ -122,10 +122,9 @@ PangoTextMeasurer::Extent PangoTextMeasurer::ExtentOf(FontDescription face, Pang
     pango_font_description_set_absolute_size(description, MaximumFontHeight * double{PANGO_SCALE});
     Extent extent{0.8 * MaximumFontHeight, 0.2 * MaximumFontHeight};
     if (PangoFont* font = pango_context_load_font(context_, description)) {
-        PangoFontMetrics* metrics = pango_font_get_metrics(font, nullptr);
-        extent = {static_cast<double>(pango_font_metrics_get_ascent(metrics)) / PANGO_SCALE,
-            static_cast<double>(pango_font_metrics_get_descent(metrics)) / PANGO_SCALE};
-        pango_font_metrics_unref(metrics);
+        hb_font_extents_t table;
+        if (hb_font_get_h_extents(pango_font_get_hb_font(font), &table))
+            extent = {double(table.ascender) / PANGO_SCALE, -double(table.descender) / PANGO_SCALE};
         g_object_unref(font);
     }
     return extents_.emplace(std::move(face), extent).first->second;
@@ -213,7 +212,7 @@ PangoLayoutLine* PangoTextMeasurer::Line(const FontDescription& font, std::wstri
 }
 
 void ReadFontsAhead(int dpi) {
-    constexpr int UsualPoints[] = {9, 10, 12};
+    constexpr int UsualPoints[] = {9, 12};
     constexpr int PointsPerInch = 72;
     FontDescription font;
     for (const int points : UsualPoints) {
