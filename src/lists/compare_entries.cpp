@@ -5,24 +5,39 @@
 #include "shell/common/app_settings.h"
 #include "units/record_text.h"
 
+#include <bit>
 #include <utility>
 
 namespace {
 
 constexpr std::size_t UsualDescription = 32;
 
-template <typename Value> int Order(const Value& a, const Value& b) {
-    return a < b ? -1 : b < a ? 1 : 0;
+// Whole numbers in the order of the values that they stand for. A zero is one zero, whatever its sign.
+
+std::uint64_t InOrder(double value) {
+    constexpr std::uint64_t Sign = std::uint64_t{1} << 63U;
+    const auto bits = std::bit_cast<std::uint64_t>(value + 0.0);
+    return (bits & Sign) != 0 ? ~bits : bits | Sign;
 }
 
-double ValueOf(const CEntry& entry, int column) {
+std::uint32_t InOrder(float value) {
+    constexpr std::uint32_t Sign = std::uint32_t{1} << 31U;
+    const auto bits = std::bit_cast<std::uint32_t>(value + 0.0F);
+    return (bits & Sign) != 0 ? ~bits : bits | Sign;
+}
+
+std::uint32_t InOrder(LONG value) {
+    return static_cast<std::uint32_t>(value) ^ (std::uint32_t{1} << 31U);
+}
+
+std::uint64_t ValueOf(const CEntry& entry, int column) {
     switch (column) {
     case SortColumnDate:
-        return entry.GetDate();
+        return InOrder(entry.GetDate());
     case SortColumnOdometer:
-        return entry.GetOdometer();
+        return (std::uint64_t{InOrder(entry.GetOdometer())} << 32U) | InOrder(entry.GetAmount());
     case SortColumnAmount:
-        return double{entry.GetAmount()};
+        return InOrder(entry.GetAmount());
     default:
         return 0;
     }
@@ -40,40 +55,29 @@ std::uint64_t BeginOf(std::wstring_view text) {
 } // namespace
 
 CEntrySortKeys::CEntrySortKeys(int column, const std::vector<const CEntry*>& rows)
-    : column_(column)
-    , ascending_(theSettings.SortAscending != 0) {
-    const bool hasTies = column_ == SortColumnOdometer;
+    : ascending_(theSettings.SortAscending != 0) {
+    const std::uint64_t turned = ascending_ ? 0 : ~std::uint64_t{0};
     values_.reserve(rows.size());
-    ties_.reserve(hasTies ? rows.size() : 0);
-    for (const CEntry* entry : rows) {
-        values_.push_back(entry ? ValueOf(*entry, column_) : 0);
-        if (hasTies)
-            ties_.push_back(entry ? entry->GetAmount() : 0);
-    }
-    if (column_ == SortColumnDate || column_ == SortColumnDescription) {
-        characters_.reserve(rows.size() * UsualDescription);
-        texts_.reserve(rows.size());
-        for (const CEntry* entry : rows)
-            texts_.push_back({entry, NoText, 0, 0});
-    }
+    for (const CEntry* entry : rows)
+        values_.push_back((entry ? ValueOf(*entry, column) : 0) ^ turned);
+    if (column != SortColumnDate && column != SortColumnDescription)
+        return;
+    characters_.reserve(rows.size() * UsualDescription);
+    texts_.reserve(rows.size());
+    for (const CEntry* entry : rows)
+        texts_.push_back({entry, NoText, 0, 0});
 }
 
-int CEntrySortKeys::Compare(std::size_t first, std::size_t second) {
+int CEntrySortKeys::CompareTexts(std::size_t first, std::size_t second) {
     if (!ascending_)
         std::swap(first, second);
-    const int order = Order(values_[first], values_[second]);
-    if (order != 0)
-        return order;
-    if (!ties_.empty())
-        return Order(ties_[first], ties_[second]);
-    return texts_.empty() ? 0 : CompareTexts(texts_[first], texts_[second]);
-}
-
-int CEntrySortKeys::CompareTexts(Text& first, Text& second) {
-    MakeText(first);
-    MakeText(second);
-    const int order = Order(first.begin, second.begin);
-    return order != 0 ? order : ViewOf(first).compare(ViewOf(second));
+    Text& a = texts_[first];
+    Text& b = texts_[second];
+    MakeText(a);
+    MakeText(b);
+    if (a.begin != b.begin)
+        return a.begin < b.begin ? -1 : 1;
+    return ViewOf(a).compare(ViewOf(b));
 }
 
 void CEntrySortKeys::MakeText(Text& text) {

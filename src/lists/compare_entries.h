@@ -23,11 +23,17 @@ enum SortColumn : std::int32_t {
 /// turns all of it round. The entries must not change meanwhile.
 class CEntrySortKeys {
 public:
-    /// `rows` are the entries from the top row down; null has the lowest values.
+    /// `rows` are the entries from the top row down. Null has the lowest values.
     CEntrySortKeys(int column, const std::vector<const CEntry*>& rows);
 
     /// Orders two rows by their places in that order. Below 0, 0 or above 0.
-    int Compare(std::size_t first, std::size_t second);
+    int Compare(std::size_t first, std::size_t second) {
+        const std::uint64_t a = values_[first];
+        const std::uint64_t b = values_[second];
+        if (a != b)
+            return a < b ? -1 : 1;
+        return texts_.empty() ? 0 : CompareTexts(first, second);
+    }
 
 private:
     struct Text {
@@ -38,17 +44,15 @@ private:
     };
     static constexpr std::size_t NoText = static_cast<std::size_t>(-1);
 
-    int CompareTexts(Text& first, Text& second);
+    int CompareTexts(std::size_t first, std::size_t second);
     void MakeText(Text& text);
     std::wstring_view ViewOf(const Text& text) const {
         return std::wstring_view(characters_).substr(text.start, text.length);
     }
 
-    int column_;
     bool ascending_;
-    // Apart from each other, since a sort reads at random what it compares first: the less that is, the faster.
-    std::vector<double> values_; ///< dates, odometers or amounts
-    std::vector<float> ties_; ///< the amounts behind odometers
+    // Apart from the texts, since a sort reads at random what it compares first: the less that is, the faster.
+    std::vector<std::uint64_t> values_; ///< of dates or amounts, or of odometers with their amounts, in their order
     std::vector<Text> texts_;
     std::wstring characters_; ///< lower-case descriptions, one behind the other
 };
