@@ -2,6 +2,7 @@
 
 #include "platform/locale.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 
@@ -9,25 +10,33 @@ namespace {
 
 using LocaleFormatter = int (*)(LCID, DWORD, const wchar_t*, const void*, wchar_t*, int);
 
-/// Always with a point, whatever locale the process itself runs in.
-std::wstring PlainText(float value, bool fraction) {
-    char text[64]; // the greatest float has 39 digits
-    const std::to_chars_result end = fraction
-        ? std::to_chars(text, std::end(text), static_cast<double>(value), std::chars_format::fixed, 2)
-        : std::to_chars(text, std::end(text), WholeNumber(value));
-    return {text, end.ptr};
-}
+/// A number in plain characters, always with a point, whatever locale the process itself runs in.
+class PlainText {
+public:
+    PlainText(float value, bool fraction) {
+        char digits[Room];
+        const std::to_chars_result end = fraction
+            ? std::to_chars(digits, std::end(digits), static_cast<double>(value), std::chars_format::fixed, 2)
+            : std::to_chars(digits, std::end(digits), WholeNumber(value));
+        *std::copy(digits, end.ptr, text_) = L'\0';
+    }
+    const wchar_t* Get() const { return text_; }
 
-std::wstring Format(LocaleFormatter formatter, const std::wstring& source) {
+private:
+    static constexpr std::size_t Room = 64; ///< the greatest float has 39 digits
+    wchar_t text_[Room + 1];
+};
+
+std::wstring Format(LocaleFormatter formatter, const wchar_t* source) {
     wchar_t usual[64];
-    int size = formatter(LOCALE_USER_DEFAULT, 0, source.c_str(), nullptr, usual, static_cast<int>(std::size(usual)));
+    int size = formatter(LOCALE_USER_DEFAULT, 0, source, nullptr, usual, static_cast<int>(std::size(usual)));
     if (size > 0)
         return {usual, static_cast<std::size_t>(size - 1)};
-    size = formatter(LOCALE_USER_DEFAULT, 0, source.c_str(), nullptr, nullptr, 0);
+    size = formatter(LOCALE_USER_DEFAULT, 0, source, nullptr, nullptr, 0);
     if (size <= 0)
         return {};
     std::wstring text(static_cast<std::size_t>(size), L'\0');
-    size = formatter(LOCALE_USER_DEFAULT, 0, source.c_str(), nullptr, text.data(), size);
+    size = formatter(LOCALE_USER_DEFAULT, 0, source, nullptr, text.data(), size);
     text.resize(size > 0 ? static_cast<std::size_t>(size - 1) : 0);
     return text;
 }
@@ -55,10 +64,10 @@ LONG WholeNumber(float value) {
 }
 
 std::wstring NumberText(float value, bool decimals, bool currency) {
-    const std::wstring source = PlainText(value, decimals && value > 0);
+    const PlainText source(value, decimals && value > 0);
     if (currency)
-        return Format(GetCurrencyFormatW, source);
-    std::wstring text = Format(GetNumberFormatW, source);
+        return Format(GetCurrencyFormatW, source.Get());
+    std::wstring text = Format(GetNumberFormatW, source.Get());
     if (!decimals)
         CutFraction(&text);
     return text;

@@ -83,6 +83,14 @@ struct LastCurrency : Remembered {
     static OptionalText Format(const std::string& number) { return device::TheLocale().CurrencyText(number); }
 };
 
+/// The same for dates: a log has several entries of one day, one behind the other.
+struct LastDate {
+    WORD year = 0;
+    WORD month = 0;
+    WORD day = 0;
+    std::wstring text;
+};
+
 std::wstring_view View(const wchar_t* text, int length) {
     return length < 0 ? std::wstring_view{text} : std::wstring_view{text, static_cast<std::size_t>(length)};
 }
@@ -106,17 +114,21 @@ int GetDateFormatW(
         // The time of day is not shown, so it need not be one.
         shown = {.wYear = date->wYear, .wMonth = date->wMonth, .wDay = date->wDay};
     }
-    double valid = 0.0;
-    if (locale != LOCALE_USER_DEFAULT || (flags & ~DATE_SHORTDATE) != 0 || picture != nullptr
-        || SystemTimeToVariantTime(&shown, &valid) == FALSE) {
+    if (locale != LOCALE_USER_DEFAULT || (flags & ~DATE_SHORTDATE) != 0 || picture != nullptr) {
         return Fail(ERROR_INVALID_PARAMETER);
     }
-    std::wstring text;
-    text.reserve(16); // the usual date, in one piece
-    for (const device::ShortDatePart& part : device::ShortDateOrder()) {
-        device::AppendShortDatePart(part, shown, &text);
+    auto& last = device::MadeForEnvironment<LastDate>();
+    if (last.text.empty() || last.year != shown.wYear || last.month != shown.wMonth || last.day != shown.wDay) {
+        double valid = 0.0;
+        if (SystemTimeToVariantTime(&shown, &valid) == FALSE) {
+            return Fail(ERROR_INVALID_PARAMETER);
+        }
+        last = {shown.wYear, shown.wMonth, shown.wDay, {}};
+        for (const device::ShortDatePart& part : device::ShortDateOrder()) {
+            device::AppendShortDatePart(part, shown, &last.text);
+        }
     }
-    return Deliver(text, buffer, size);
+    return Deliver(last.text, buffer, size);
 }
 
 int GetLocaleInfoW(LCID locale, DWORD type, wchar_t* buffer, int size) {
