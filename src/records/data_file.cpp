@@ -126,20 +126,17 @@ void MendIndexes(sqlite3* connection) {
 
 /// The check takes a page that the disk did not give for a damaged one, and a damaged file makes way for a fresh one.
 /// So what it finds counts only where the disk gives everything, and only if it finds it again.
-Status CheckPages(sqlite3* connection) {
+Status CheckPages(sqlite3* connection, bool* indexesLie) {
     const auto check = [connection] { return Expect(connection, "PRAGMA quick_check(1)", "ok", Status::Invalid); };
     // All that the other check sees, and the indexes.
-    if (Expect(connection, "PRAGMA integrity_check(1)", "ok", Status::Invalid) == Status::Ok)
-        return Status::Ok;
-    Status status = check();
-    if (status == Status::Invalid)
-        status = CanBeRead(connection) ? check() : Status::Failed;
-    if (status == Status::Ok)
-        MendIndexes(connection);
-    return status;
+    *indexesLie = Expect(connection, "PRAGMA integrity_check(1)", "ok", Status::Invalid) != Status::Ok;
+    const Status status = *indexesLie ? check() : Status::Ok;
+    if (status != Status::Invalid)
+        return status;
+    return CanBeRead(connection) ? check() : Status::Failed;
 }
 
-Status Inspect(sqlite3* connection) {
+Status Inspect(sqlite3* connection, bool* indexesLie) {
     Status status = Expect(connection, "PRAGMA application_id", std::to_string(dataFileApplicationId), Status::Invalid);
     if (status == Status::Ok)
         status = Expect(connection, "PRAGMA user_version", std::to_string(dataFileVersion), Status::Invalid);
@@ -156,7 +153,7 @@ Status Inspect(sqlite3* connection) {
     if (status == Status::Ok)
         status = StatusOf(sqlite3_exec(connection, "PRAGMA cell_size_check = ON", nullptr, nullptr, nullptr));
     if (status == Status::Ok)
-        status = CheckPages(connection);
+        status = CheckPages(connection, indexesLie);
     if (status == Status::Ok)
         status = Expect(connection, "SELECT count(*) FROM sequence", "1", Status::Invalid);
     return status;
@@ -174,9 +171,10 @@ CDataFile::CDataFile(ConnectionHandle connection)
 
 std::unique_ptr<CDataFile> CDataFile::Open(const std::string& path, Status* status) {
     ConnectionHandle connection;
+    bool indexesLie = false;
     *status = StatusOf(OpenConnection(path, &connection));
     if (*status == Status::Ok)
-        *status = Inspect(connection.get());
+        *status = Inspect(connection.get(), &indexesLie);
     if (*status != Status::Ok)
         return nullptr;
     std::unique_ptr<CDataFile> file(new CDataFile(std::move(connection)));
@@ -184,6 +182,9 @@ std::unique_ptr<CDataFile> CDataFile::Open(const std::string& path, Status* stat
         *status = StatusOf(sqlite3_errcode(file->connection_.get()));
         return nullptr;
     }
+    // Last, since a file that is refused is not to be changed.
+    if (indexesLie)
+        MendIndexes(file->connection_.get());
     return file;
 }
 

@@ -64,12 +64,20 @@ TEST_F(Connect, AnIndexThatHidesEntriesIsMadeAnew) {
          "DELETE FROM sqlite_schema WHERE type = 'index'");
     Run("INSERT INTO entries VALUES (2, 1003, 1001, 2, 1, 2, 1, 1, 1, 'hidden', '', ''); PRAGMA writable_schema = ON;"
         "INSERT INTO sqlite_schema SELECT * FROM kept");
+    const std::string lying = Contents();
     ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
     CEntryFilter filter;
     filter.SetVehicleID(1001);
     CObjectListT<CEntry> entries;
     ASSERT_TRUE(Layer.Load(&entries, &filter));
     EXPECT_EQ(entries.GetCount(), 2);
+
+    Layer.Disconnect();
+    Write(lying);
+    Run("DELETE FROM sequence");
+    const std::string refused = Contents();
+    EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectInvalid);
+    EXPECT_EQ(Contents(), refused) << "a file that is refused stays as it is";
 }
 
 TEST_F(Connect, TellsAReadOnlyFileByItsPermissionBits) {
