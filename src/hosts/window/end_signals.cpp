@@ -10,17 +10,22 @@ EndSignals::EndSignals(std::function<void()> heard)
     for (const int signal : {SIGTERM, SIGHUP, SIGINT})
         sigaddset(&signals_, signal);
     pthread_sigmask(SIG_BLOCK, &signals_, &former_);
-    listener_ = std::jthread([this](std::stop_token stop) { Listen(std::move(stop)); });
 }
 
 EndSignals::~EndSignals() {
-    listener_.request_stop();
-    pthread_kill(listener_.native_handle(), SIGHUP); // one of those that it waits for
-    listener_.join();
+    if (listener_.joinable()) {
+        listener_.request_stop();
+        pthread_kill(listener_.native_handle(), SIGHUP); // one of those that it waits for
+        listener_.join();
+    }
     pthread_sigmask(SIG_SETMASK, &former_, nullptr);
 }
 
-void EndSignals::Listen(std::stop_token stop) { // NOLINT(performance-unnecessary-value-param): as the thread hands it
+void EndSignals::Listen() {
+    listener_ = std::jthread([this](const std::stop_token& stop) { Hear(stop); });
+}
+
+void EndSignals::Hear(const std::stop_token& stop) {
     int signal = 0;
     while (sigwait(&signals_, &signal) == 0 && !stop.stop_requested())
         heard_();

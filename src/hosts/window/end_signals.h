@@ -10,15 +10,18 @@ namespace device {
 /// do more than one in the middle of anything. To be made before any other thread, which then leaves them alone too.
 class EndSignals {
 public:
-    /// `heard` is called on that thread.
+    /// From now on the signals wait. `heard` will be called on the thread that `Listen` starts.
     explicit EndSignals(std::function<void()> heard);
     /// The signals are as they were before.
     ~EndSignals();
     EndSignals(const EndSignals&) = delete;
     EndSignals& operator=(const EndSignals&) = delete;
 
+    /// Those that came meanwhile are heard now.
+    void Listen();
+
 private:
-    void Listen(std::stop_token stop);
+    void Hear(const std::stop_token& stop);
 
     std::function<void()> heard_;
     sigset_t signals_{};

@@ -2,10 +2,8 @@
 
 #include "hosts/window/display.h"
 #include "hosts/window/native_window.h"
-#include "platform/drawing/font_start.h"
 #include "platform/drawing/rectangles.h"
 #include "platform/system/environment.h"
-#include "platform/system/locale_data.h"
 #include "platform/system/utf8.h"
 
 #include <SDL.h>
@@ -13,7 +11,6 @@
 #include <atomic>
 #include <cmath>
 #include <deque>
-#include <thread>
 #include <utility>
 
 namespace device {
@@ -210,13 +207,10 @@ WindowHost::~WindowHost() = default;
 
 std::unique_ptr<WindowHost> WindowHost::Open(std::string& error) {
     auto window = std::make_unique<Window>();
-    // Opening a display is mostly waiting for its answers; the first texts would wait as long for fonts and locale.
-    std::thread ahead([dpi = TheEnvironment().dpi] {
-        ReadFontsAhead(dpi);
-        TheLocale().CurrencyText("1");
-    });
+    // While the process has one thread: the X library reads half a megabyte of key sequences a character at a time,
+    // each with a lock where there are more.
     window->hasVideo = InitVideo(error);
-    ahead.join();
+    window->signals.Listen();
     if (!window->hasVideo)
         return nullptr;
     if (!window->Create()) {
@@ -307,6 +301,8 @@ void WindowHost::GoBack() {
 }
 
 void WindowHost::WaitCursor(bool shown) {
+    if (!window_->isPainted)
+        return; // no window shows it yet, and cursors are read from files
     SDL_Cursor*& cursor = window_->waitCursor;
     if (cursor == nullptr)
         cursor = SDL_CreateSystemCursor(SDL_SYSTEM_CURSOR_WAIT);

@@ -1,12 +1,14 @@
 #include "platform/drawing/pango_measurer.h"
 
 #include "platform/drawing/cairo_canvas.h"
-#include "platform/drawing/font_start.h"
+#include "platform/drawing/device_face.h"
+#include "platform/system/environment.h"
 #include "platform/system/utf8.h"
 
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <pango/pangofc-fontmap.h>
 #include <string>
 #include <utility>
 
@@ -17,8 +19,7 @@ namespace {
 constexpr std::size_t MaximumRuns = 600;
 constexpr std::size_t MaximumCharacters = 60000;
 constexpr int MaximumFontHeight = 1000;
-constexpr char DefaultFace[] = "DejaVu Sans";
-constexpr wchar_t Alphabet[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+constexpr char Alphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 
 bool IsDrawnBlank(char32_t character) {
     return (character >= 0x9 && character <= 0xD) || character == 0x85 || character == 0x2028 || character == 0x2029;
@@ -39,7 +40,7 @@ std::string DrawableUtf8(std::wstring_view text) {
 }
 
 std::string Utf8Face(const std::wstring& face) {
-    return face.empty() ? DefaultFace : DrawableUtf8(face);
+    return face.empty() ? DeviceFace : DrawableUtf8(face);
 }
 
 } // namespace
@@ -84,6 +85,8 @@ std::size_t PangoTextMeasurer::RunHash::operator()(const RunKey& key) const {
 }
 
 PangoTextMeasurer::PangoTextMeasurer() {
+    // Before there is a map, which otherwise has the whole list read in a thread of its own.
+    hasAllFaces_ = !UseDeviceFaceAlone();
     // A map of its own: the shared one may be tuned by others to the display.
     PangoFontMap* map = pango_cairo_font_map_new();
     pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(map), 96.0);
@@ -96,6 +99,8 @@ PangoTextMeasurer::PangoTextMeasurer() {
     pango_cairo_context_set_font_options(context_, options);
     cairo_font_options_destroy(options);
     pango_context_set_round_glyph_positions(context_, FALSE);
+    // Fonts are found anew for each language; without one that the text's script fits the library guesses others.
+    pango_context_set_language(context_, pango_language_from_string(TheEnvironment().numberLocale.c_str()));
 }
 
 PangoTextMeasurer::~PangoTextMeasurer() {
@@ -112,19 +117,31 @@ TextMeasurer& PangoMeasurer() {
     return PangoTextMeasurer::Instance();
 }
 
-/// Of the face itself, whatever other faces stand in for characters that it lacks. In the largest size: the others are
-/// parts of it. The face's own table is asked, since the library's metrics lay out sample texts first.
+/// What is laid out already stays right: the device's face comes first in the longer list as well.
+void PangoTextMeasurer::FindAllFaces() {
+    hasAllFaces_ = true;
+    UseAllFaces();
+    pango_fc_font_map_config_changed(PANGO_FC_FONT_MAP(pango_context_get_font_map(context_)));
+}
+
+/// Of the face itself, whatever other faces stand in for characters that it lacks. The face's own table is asked, since
+/// the library's metrics lay out sample texts first.
 PangoTextMeasurer::Extent PangoTextMeasurer::ExtentOf(FontDescription face, PangoFontDescription* description) {
+    const int size = face.height < 0 ? std::min(-face.height, MaximumFontHeight) : MaximumFontHeight;
     face.height = 0;
     const auto known = extents_.find(face);
     if (known != extents_.end())
         return known->second;
-    pango_font_description_set_absolute_size(description, MaximumFontHeight * double{PANGO_SCALE});
-    Extent extent{0.8 * MaximumFontHeight, 0.2 * MaximumFontHeight};
+    pango_font_description_set_absolute_size(description, size * double{PANGO_SCALE});
+    Extent extent{0.8, 0.2};
     if (PangoFont* font = pango_context_load_font(context_, description)) {
-        hb_font_extents_t table;
-        if (hb_font_get_h_extents(pango_font_get_hb_font(font), &table))
-            extent = {double(table.ascender) / PANGO_SCALE, -double(table.descender) / PANGO_SCALE};
+        hb_face_t* table = hb_font_get_face(pango_font_get_hb_font(font));
+        hb_font_t* unscaled = hb_font_create(table);
+        const double unit = hb_face_get_upem(table);
+        hb_font_extents_t extents;
+        if (hb_font_get_h_extents(unscaled, &extents))
+            extent = {extents.ascender / unit, -extents.descender / unit};
+        hb_font_destroy(unscaled);
         g_object_unref(font);
     }
     return extents_.emplace(std::move(face), extent).first->second;
@@ -134,26 +151,47 @@ PangoTextMeasurer::Font& PangoTextMeasurer::FindFont(const FontDescription& font
     std::unique_ptr<Font>& place = fonts_[font];
     if (place)
         return *place;
+    if (!hasAllFaces_ && Utf8Face(font.face) != DeviceFace)
+        FindAllFaces();
     place = std::make_unique<Font>(font.face);
     PangoFontDescription* description = place->description;
     pango_font_description_set_weight(description, static_cast<PangoWeight>(std::clamp(font.weight, 100, 1000)));
     pango_font_description_set_style(description, font.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
 
     const Extent extent = ExtentOf(font, description);
-    const double cell = std::max(extent.ascent + extent.descent, 1.0);
+    const double cell = std::max(extent.ascent + extent.descent, 0.1);
     const int height = std::clamp(font.height, -MaximumFontHeight, MaximumFontHeight);
-    const double size = height > 0 ? height * MaximumFontHeight / cell : std::max(-height, 1);
+    const double size = height > 0 ? height / cell : std::max(-height, 1);
     pango_font_description_set_absolute_size(description, size * PANGO_SCALE);
 
     FontMetrics& metrics = place->metrics;
-    const double ascent = size * extent.ascent / MaximumFontHeight;
-    const double descent = size * extent.descent / MaximumFontHeight;
+    const double ascent = size * extent.ascent;
+    const double descent = size * extent.descent;
     // Upwards: accents on capitals reach past the ascent that faces claim.
     metrics.ascent = static_cast<int>(height > 0 ? std::lround(ascent) : std::ceil(ascent));
     metrics.descent = height > 0 ? height - metrics.ascent : static_cast<int>(std::lround(descent));
-    const auto letters = static_cast<int>(std::wstring_view(Alphabet).size());
-    metrics.averageWidth = (Width(font, Alphabet) + letters / 2) / letters;
+    const auto letters = static_cast<int>(std::string_view(Alphabet).size());
+    metrics.averageWidth = (AlphabetWidth(description) + letters / 2) / letters;
     return *place;
+}
+
+/// As laid out, but without the shapes of the letters, which take longer to read than all else.
+int PangoTextMeasurer::AlphabetWidth(const PangoFontDescription* description) const {
+    PangoFont* font = pango_context_load_font(context_, description);
+    if (font == nullptr)
+        return 0;
+    hb_buffer_t* letters = hb_buffer_create();
+    hb_buffer_add_utf8(letters, Alphabet, -1, 0, -1);
+    hb_buffer_guess_segment_properties(letters);
+    hb_shape(pango_font_get_hb_font(font), letters, nullptr, 0);
+    unsigned count = 0;
+    const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(letters, &count);
+    int width = 0;
+    for (unsigned index = 0; index < count; ++index)
+        width += positions[index].x_advance;
+    hb_buffer_destroy(letters);
+    g_object_unref(font);
+    return (width + PANGO_SCALE - 1) / PANGO_SCALE;
 }
 
 PangoTextMeasurer::Run& PangoTextMeasurer::FindRun(const FontDescription& font, std::wstring_view text) {
@@ -166,6 +204,8 @@ PangoTextMeasurer::Run& PangoTextMeasurer::FindRun(const FontDescription& font, 
 }
 
 PangoTextMeasurer::Run& PangoTextMeasurer::MakeRun(const Font& font, std::wstring_view text) {
+    if (!hasAllFaces_ && !IsInDeviceFace(text))
+        FindAllFaces();
     PangoLayout* layout = pango_layout_new(context_);
     const std::string utf8 = DrawableUtf8(text);
     pango_layout_set_single_paragraph_mode(layout, TRUE);
@@ -209,19 +249,6 @@ int PangoTextMeasurer::CaretX(const FontDescription& font, std::wstring_view tex
 
 PangoLayoutLine* PangoTextMeasurer::Line(const FontDescription& font, std::wstring_view text) {
     return pango_layout_get_line_readonly(FindRun(font, text).layout, 0);
-}
-
-void ReadFontsAhead(int dpi) {
-    constexpr int UsualPoints[] = {9, 12};
-    constexpr int PointsPerInch = 72;
-    FontDescription font;
-    for (const int points : UsualPoints) {
-        font.height = -dpi * points / PointsPerInch;
-        for (const int weight : {400, 700}) {
-            font.weight = weight;
-            PangoTextMeasurer::Instance().Metrics(font);
-        }
-    }
 }
 
 } // namespace device

@@ -35,7 +35,7 @@ private:
         std::wstring_view text;
         bool operator==(const RunKey&) const = default;
     };
-    struct Extent {
+    struct Extent { ///< parts of the size
         double ascent;
         double descent;
     };
@@ -46,13 +46,16 @@ private:
         std::size_t operator()(const RunKey& key) const;
     };
 
+    void FindAllFaces();
     Extent ExtentOf(FontDescription face, PangoFontDescription* description);
+    int AlphabetWidth(const PangoFontDescription* description) const;
     Font& FindFont(const FontDescription& font);
     Run& FindRun(const FontDescription& font, std::wstring_view text);
     Run& MakeRun(const Font& font, std::wstring_view text);
     void Trim();
 
     PangoContext* context_;
+    bool hasAllFaces_ = true;
     std::unordered_map<FontDescription, std::unique_ptr<Font>, FontHash> fonts_;
     std::unordered_map<FontDescription, Extent, FontHash> extents_; ///< by face, whatever the height
     /// The most recently used first; the keys of `found_` look into the texts here.
