@@ -22,7 +22,7 @@ struct WindowHost::Window {
     Window& operator=(const Window&) = delete;
 
     bool Create();
-    void ApplyZoom();
+    bool ApplyZoom();
     void ApplyResize();
     void ChangeZoom(double chosen);
     void NoteSize(SIZE now);

@@ -39,8 +39,8 @@ bool WindowHost::Window::Create() {
     if (handle == nullptr)
         return false;
     displayZoom = ZoomOfDisplay(handle, TheEnvironment().screen);
-    ApplyZoom();
-    SDL_SetWindowPosition(handle, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
+    if (ApplyZoom())
+        SDL_SetWindowPosition(handle, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
     wakeEvent = SDL_RegisterEvents(1);
     canvas = std::make_unique<CairoCanvas>(screen, zoom);
     // What the desktop made of the wish comes as a resize like any other.

@@ -33,11 +33,12 @@ bool WindowHost::Window::IsFree() const {
 }
 
 /// A free window grows and shrinks with the zoom, so that its screen holds as much as before, as far as there is room.
-void WindowHost::Window::ApplyZoom() {
+/// Whether it does.
+bool WindowHost::Window::ApplyZoom() {
     zoom = TheEnvironment().zoom.value_or(displayZoom) * chosen.zoom;
     isResized = true;
     if (!IsFree())
-        return;
+        return false;
     const double scale = PixelsPerPoint(handle);
     asked = {InImage(chosen.screen.cx, zoom / scale), InImage(chosen.screen.cy, zoom / scale)};
     SDL_Rect room;
@@ -45,7 +46,13 @@ void WindowHost::Window::ApplyZoom() {
     if (!isGiven && SDL_GetDisplayUsableBounds(display, &room) == 0 && room.w > 0 && room.h > 0)
         asked = {std::min(asked.cx, room.w), std::min(asked.cy, room.h)};
     askedFor = chosen.screen;
+    int width = 0;
+    int height = 0;
+    SDL_GetWindowSize(handle, &width, &height);
+    if (width == asked.cx && height == asked.cy)
+        return false; // asking again costs a dozen answers of the display
     SDL_SetWindowSize(handle, asked.cx, asked.cy);
+    return true;
 }
 
 void WindowHost::Window::ChangeZoom(double chosenZoom) {
