@@ -113,9 +113,6 @@ TEST_F(LocaleTest, CaseIsMappedCharacterByCharacter) {
     std::wstring text = L"ÀÉ Straße ΣΑΣ 1";
     EXPECT_STREQ(CharLowerW(text.data()), L"àé straße σασ 1");
     EXPECT_STREQ(CharUpperW(text.data()), L"ÀÉ STRAßE ΣΑΣ 1");
-    EXPECT_EQ(_wcsicmp(L"Ölwechsel", L"öLWECHSEL"), 0);
-    EXPECT_LT(_wcsicmp(L"oil", L"OILS"), 0);
-    EXPECT_GT(_wcsicmp(L"é", L"Z"), 0);
 }
 
 TEST(Utf8, KeepsWhatItCanAndReplacesTheRest) {
