@@ -36,16 +36,12 @@ TEST(CellMeasurerTest, CountsCells) {
     CellMeasurer unicode(true);
     CellMeasurer ascii(false);
     const int cell = unicode.Cell().cx;
-    const struct {
-        std::wstring text;
-        int unicodeCells;
-        int asciiCells;
-    } cases[] = {{L"", 0, 0}, {L"abc", 3, 3}, {L"\u6C7D\u8ECA", 4, 2}, {L"e\u0301", 1, 1}, {L"\u0301", 0, 0},
-        {L"a\u2026", 2, 3}, {L"\t\x01", 2, 2}, {std::wstring(1, static_cast<wchar_t>(0xD800)), 1, 1},
-        {L"\u20AC5", 2, 2}};
-    for (const auto& each : cases) {
-        EXPECT_EQ(unicode.Width(ListFont, each.text), each.unicodeCells * cell) << each.unicodeCells;
-        EXPECT_EQ(ascii.Width(ListFont, each.text), each.asciiCells * cell) << each.asciiCells;
+    const std::tuple<std::wstring, int, int> cases[] = {{L"", 0, 0}, {L"abc", 3, 3}, {L"\u6C7D\u8ECA", 4, 2},
+        {L"e\u0301", 1, 1}, {L"\u0301", 0, 0}, {L"a\u2026", 2, 3}, {L"\t\x01", 2, 2},
+        {std::wstring(1, static_cast<wchar_t>(0xD800)), 1, 1}, {L"\u20AC5", 2, 2}};
+    for (const auto& [text, unicodeCells, asciiCells] : cases) {
+        EXPECT_EQ(unicode.Width(ListFont, text), unicodeCells * cell) << testing::PrintToString(text);
+        EXPECT_EQ(ascii.Width(ListFont, text), asciiCells * cell) << testing::PrintToString(text);
     }
     EXPECT_EQ(unicode.CaretX(ListFont, L"\u6C7D\u8ECA", 1), 2 * cell);
     EXPECT_EQ(unicode.CaretX(ListFont, L"ab", 9), 2 * cell);
@@ -88,31 +84,15 @@ TEST_F(TerminalCanvasTest, CutsAtTheClipWithAnEllipsis) {
     EXPECT_EQ(Line(22), L"");
 }
 
-TEST_F(TerminalCanvasTest, TitleAndSoftKeysAreTheFirstAndTheLastRow) {
+TEST_F(TerminalCanvasTest, BarsSelectionCaretAndDimmedGroundShow) {
     const SIZE screen = canvas.ScreenSize();
-    const int bar = screen.cy - SoftKeyBarHeight();
-    canvas.Fill({0, 0, screen.cx, TitleHeight()}, BarColor, 255);
-    canvas.Fill({0, bar, screen.cx, screen.cy}, BarColor, 255);
-    PaintMarks marks;
-    marks.role = PaintMarks::Role::Title;
-    canvas.SetMarks(marks);
-    canvas.Text(6, -38, L"Title", ListFont, BarTextColor);
-    marks.role = PaintMarks::Role::LeftSoftKey;
-    canvas.SetMarks(marks);
-    canvas.Text(0, bar - 38, L"New", ListFont, BarTextColor);
-    EXPECT_EQ(Line(0), L"Title");
-    EXPECT_EQ(Line(23), L"New");
-    for (const auto& [row, ground] :
-        {std::pair{0, Ground::Bar}, {1, Ground::Plain}, {22, Ground::Plain}, {23, Ground::Bar}})
-        EXPECT_EQ(canvas.Grid().At(9, row).ground, ground) << row;
-}
-
-TEST_F(TerminalCanvasTest, SelectionCaretAndDimmedGroundShow) {
     const int title = TitleHeight();
+    canvas.Fill({0, 0, screen.cx, title}, BarColor, 255);
+    canvas.Fill({0, screen.cy - SoftKeyBarHeight(), screen.cx, screen.cy}, BarColor, 255);
     canvas.Fill({0, title + 203, 500, title + 406}, GetSysColor(COLOR_HIGHLIGHT), 255);
     Draw(0, 203, L"chosen");
-    for (const auto& [row, ground] :
-        {std::pair{2, Ground::Plain}, {3, Ground::Selected}, {4, Ground::Selected}, {5, Ground::Plain}})
+    for (const auto& [row, ground] : {std::pair{0, Ground::Bar}, {1, Ground::Plain}, {2, Ground::Plain},
+             {3, Ground::Selected}, {4, Ground::Selected}, {5, Ground::Plain}, {22, Ground::Plain}, {23, Ground::Bar}})
         EXPECT_EQ(canvas.Grid().At(9, row).ground, ground) << row;
     canvas.Fill({152, title + 900, 153, title + 996}, GetSysColor(COLOR_WINDOWTEXT), 255);
     EXPECT_TRUE(canvas.Grid().caretShown);

@@ -49,6 +49,9 @@ protected:
         const DWORD error = Create(name, handle);
         return handle != nullptr && CloseHandle(handle) != FALSE && error == ERROR_SUCCESS;
     }
+    static auto Publish() {
+        return device::PublishedWindow::Publish(L"Odoledger", [] {});
+    }
     std::filesystem::path SocketFile() const {
         for (const auto& entry : std::filesystem::directory_iterator{*device::RuntimeFolder()}) {
             if (entry.is_socket())
@@ -57,22 +60,18 @@ protected:
         return {};
     }
 
-    static unsigned ModeOf(const std::string& path) {
-        struct stat found { };
-        EXPECT_EQ(lstat(path.c_str(), &found), 0);
-        return found.st_mode & 0777U;
+    static unsigned ModeOf(const std::filesystem::path& path) {
+        return static_cast<unsigned>(std::filesystem::status(path).permissions() & std::filesystem::perms::all);
     }
 
     pid_t other_ = 0;
 };
 
-constexpr auto Existed = static_cast<DWORD>(ERROR_ALREADY_EXISTS);
-
 TEST_F(ProcessesTest, AMutexLastsAsLongAsItsLastHandleHere) {
     HANDLE first = nullptr;
     HANDLE second = nullptr;
     EXPECT_EQ(Create(L"Odoledger / é", first), 0U);
-    EXPECT_EQ(Create(L"Odoledger / é", second), Existed);
+    EXPECT_EQ(Create(L"Odoledger / é", second), static_cast<DWORD>(ERROR_ALREADY_EXISTS));
     EXPECT_TRUE(CloseHandle(first));
     EXPECT_FALSE(IsFree(L"Odoledger / é"));
     EXPECT_TRUE(IsFree(L"another"));
@@ -83,7 +82,6 @@ TEST_F(ProcessesTest, AMutexLastsAsLongAsItsLastHandleHere) {
 
 TEST_F(ProcessesTest, AMutexIsSharedWithinOneStoragePlaceAndEndsWithItsProcess) {
     StartOther([] { CreateMutexW(nullptr, FALSE, L"Odoledger"); });
-    EXPECT_FALSE(IsFree(L"Odoledger"));
     std::filesystem::create_directory(Storage());
     std::filesystem::create_directory_symlink(Storage(), folder_ / "link");
     Set("HANDSET_STORAGE", folder_ / "link" / ".");
@@ -93,14 +91,6 @@ TEST_F(ProcessesTest, AMutexIsSharedWithinOneStoragePlaceAndEndsWithItsProcess) 
     Set("HANDSET_STORAGE", Storage());
     EndOther();
     EXPECT_TRUE(IsFree(L"Odoledger"));
-}
-
-TEST_F(ProcessesTest, TheRuntimeFolderIsMadePrivateAgain) {
-    const std::string usual = device::RuntimeFolder().value();
-    EXPECT_EQ(usual.rfind(folder_ / "run", 0), 0U);
-    chmod(usual.c_str(), 0777);
-    EXPECT_EQ(device::RuntimeFolder(), usual);
-    EXPECT_EQ(ModeOf(usual), 0700U);
 }
 
 TEST_F(ProcessesTest, RequestsComeInOrderAndOnlyThoseTwo) {
@@ -133,18 +123,19 @@ TEST_F(ProcessesTest, RequestsComeInOrderAndOnlyThoseTwo) {
 }
 
 TEST_F(ProcessesTest, WhatIsSharedIsPrivateWhateverTheMask) {
+    const std::filesystem::path folder = device::RuntimeFolder().value();
+    EXPECT_EQ(folder.parent_path(), folder_ / "run");
+    chmod(folder.c_str(), 0777);
     const mode_t former = umask(0);
     HANDLE handle = nullptr;
     EXPECT_EQ(Create(L"Odoledger", handle), 0U);
-    const auto window = device::PublishedWindow::Publish(L"Odoledger", [] {});
+    const auto window = Publish();
     ASSERT_NE(window, nullptr);
     umask(former);
-    const std::string folder = device::RuntimeFolder().value();
     EXPECT_EQ(ModeOf(folder), 0700U);
     EXPECT_EQ(CountFiles(folder), 2U);
-    for (const auto& file : std::filesystem::directory_iterator{folder}) {
+    for (const auto& file : std::filesystem::directory_iterator{folder})
         EXPECT_EQ(ModeOf(file.path()), 0600U) << file.path();
-    }
     CloseHandle(handle);
 }
 
@@ -154,16 +145,14 @@ TEST_F(ProcessesTest, AFolderOrALockOfAnotherSortIsNotUsed) {
     const std::filesystem::path place = device::RuntimeFolder().value();
     const std::filesystem::path users = folder_ / "run" / ("odoledger-" + std::to_string(geteuid()));
     EXPECT_EQ(place.parent_path(), users);
-    // A lock that is a link to a file of the user's.
-    HANDLE handle = nullptr;
-    ASSERT_EQ(Create(L"Odoledger", handle), 0U);
-    CloseHandle(handle);
+    EXPECT_TRUE(IsFree(L"Odoledger"));
     const std::filesystem::path lock = std::filesystem::directory_iterator(place)->path();
     std::filesystem::remove(lock);
-    Write(folder_ / "precious", "x");
     std::filesystem::create_symlink(folder_ / "precious", lock);
+    HANDLE handle = nullptr;
     EXPECT_NE(Create(L"Odoledger", handle), 0U);
     EXPECT_EQ(handle, nullptr);
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "precious"));
     // A file where the folder should be.
     std::filesystem::remove_all(place);
     Write(place, "x");
@@ -176,29 +165,28 @@ TEST_F(ProcessesTest, AFolderOrALockOfAnotherSortIsNotUsed) {
     }
     // A link planted where the user's own folder should be is not followed.
     std::filesystem::remove_all(users);
-    std::filesystem::create_directory(folder_ / "trap");
-    std::filesystem::create_directory_symlink(folder_ / "trap", users);
-    EXPECT_EQ(device::PublishedWindow::Publish(L"Odoledger", [] {}), nullptr);
-    EXPECT_EQ(CountFiles(folder_ / "trap"), 0U);
+    std::filesystem::create_directory_symlink(folder_ / "storage", users);
+    std::filesystem::create_directory(Storage());
+    EXPECT_EQ(Publish(), nullptr);
+    EXPECT_EQ(CountFiles(Storage()), 0U);
 }
 
 TEST_F(ProcessesTest, ADeadProcessWindowGivesWayAndALivingOnesDoesNot) {
-    StartOther([] { device::PublishedWindow::Publish(L"Odoledger", [] {}).release(); });
+    StartOther([] { Publish().release(); });
     EXPECT_TRUE(device::BringToFront(L"Odoledger"));
-    EXPECT_EQ(device::PublishedWindow::Publish(L"Odoledger", [] {}), nullptr);
+    EXPECT_EQ(Publish(), nullptr);
     EndOther();
     EXPECT_FALSE(device::WindowExists(L"Odoledger"));
     EXPECT_FALSE(SocketFile().empty());
-    EXPECT_NE(device::PublishedWindow::Publish(L"Odoledger", [] {}), nullptr);
+    EXPECT_NE(Publish(), nullptr);
     EXPECT_TRUE(SocketFile().empty());
-    EXPECT_FALSE(device::WindowExists(L"Odoledger"));
 }
 
 TEST_F(ProcessesTest, LongRuntimePathsAndStoppedProcessesAreNoHindrance) {
     const std::filesystem::path deep = folder_ / std::string(100, 'd') / std::string(100, 'e');
     std::filesystem::create_directories(deep);
     Set("XDG_RUNTIME_DIR", deep);
-    StartOther([] { device::PublishedWindow::Publish(L"Odoledger", [] {}).release(); });
+    StartOther([] { Publish().release(); });
     EXPECT_TRUE(device::BringToFront(L"Odoledger"));
     kill(other_, SIGSTOP);
     waitpid(other_, nullptr, WUNTRACED); // stopped in all its threads

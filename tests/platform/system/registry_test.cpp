@@ -22,9 +22,7 @@ protected:
         return key;
     }
     static LONG SetNumber(HKEY key, const wchar_t* name, DWORD number) {
-        BYTE bytes[sizeof number];
-        std::memcpy(bytes, &number, sizeof number);
-        return RegSetValueExW(key, name, 0, REG_DWORD, bytes, sizeof bytes);
+        return RegSetValueExW(key, name, 0, REG_DWORD, RegistryValue::OfNumber(number).data.data(), sizeof number);
     }
     /// As the console tells them: name, kind, value.
     static std::string All() {
@@ -45,40 +43,30 @@ protected:
 };
 
 TEST_F(RegistryTest, EveryKindOfValueSurvivesThePowerCut) {
-    const std::wstring texts[] = {L"", L"\\My Documents\\Kürbis \U0001F697.dat ", L" two\r\nlines\t=[x]\\n#;", L"€"};
-    const auto name = [](std::size_t i) { return L"t " + std::to_wstring(i) + L"=ä]"; };
     HKEY key = Create();
-    for (std::size_t i = 0; i < std::size(texts); ++i) {
-        const RegistryValue value = RegistryValue::OfText(texts[i], i == 3 ? REG_EXPAND_SZ : REG_SZ);
-        EXPECT_EQ(RegSetValueExW(
-                      key, name(i).c_str(), 0, value.type, value.data.data(), static_cast<DWORD>(value.data.size())),
-            ERROR_SUCCESS);
-    }
-    const BYTE bytes[] = {0, 0xFF, 0x10, 0x0A};
-    EXPECT_EQ(RegSetValueExW(key, L"Bytes", 0, REG_BINARY, bytes, 4), ERROR_SUCCESS);
+    const auto set = [&key](const wchar_t* name, const RegistryValue& value) {
+        return RegSetValueExW(key, name, 0, value.type, value.data.data(), static_cast<DWORD>(value.data.size()));
+    };
+    EXPECT_EQ(set(L"Bytes", {REG_BINARY, {0, 0xFF, 0x10, 0x0A}}), ERROR_SUCCESS);
+    EXPECT_EQ(set(L"", RegistryValue::OfText(L"\\My Documents\\Kürbis \U0001F697.dat ", REG_SZ)), ERROR_SUCCESS);
+    EXPECT_EQ(set(L"t 1=ä]", RegistryValue::OfText(L" two\r\nlines\t=[x]\\n#;", REG_SZ)), ERROR_SUCCESS);
+    EXPECT_EQ(set(L"t 2=ä]", RegistryValue::OfText(L"€", REG_EXPAND_SZ)), ERROR_SUCCESS);
     EXPECT_FALSE(std::filesystem::exists(File()));
     EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
 
     const auto mode = std::filesystem::status(File()).permissions();
     EXPECT_EQ(mode, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
     device::ReplaceEnvironment(variables_);
+    EXPECT_EQ(All(),
+        " 1 \\My Documents\\Kürbis \U0001F697.dat \nBytes 3 4 bytes\n"
+        "t 1=ä] 1  two\r\nlines\t=[x]\\n#;\nt 2=ä] 2 €\n");
     ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"SOFTWARE\\larkfield software\\Odoledger", 0, KEY_READ, &key), 0);
-    wchar_t buffer[64] = L"";
-    DWORD type = 0;
-    DWORD size = 0;
-    for (std::size_t i = 0; i < std::size(texts); ++i) {
-        size = sizeof buffer;
-        EXPECT_EQ(RegQueryValueExW(key, name(i).c_str(), nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size), 0);
-        EXPECT_EQ(buffer, texts[i]);
-        EXPECT_EQ(size, (texts[i].size() + 1) * sizeof(wchar_t));
-        EXPECT_EQ(type, i == 3 ? REG_EXPAND_SZ : REG_SZ);
-    }
-    BYTE back[4] = {};
-    size = 3;
+    BYTE back[5] = {0, 0, 0, 0, 7};
+    DWORD size = 3;
     EXPECT_EQ(RegQueryValueExW(key, L"Bytes", nullptr, nullptr, back, &size), ERROR_MORE_DATA);
     EXPECT_EQ(size, 4U);
     EXPECT_EQ(RegQueryValueExW(key, L"Bytes", nullptr, nullptr, back, &size), ERROR_SUCCESS);
-    EXPECT_EQ(std::memcmp(back, bytes, 4), 0);
+    EXPECT_EQ(std::memcmp(back, "\x00\xFF\x10\x0A\x07", 5), 0);
     EXPECT_EQ(SetNumber(key, L"Bytes", 1), ERROR_ACCESS_DENIED);
     EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
     EXPECT_EQ(RegCloseKey(key), ERROR_INVALID_HANDLE);
