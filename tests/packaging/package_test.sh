@@ -17,6 +17,10 @@ have() {
     command -v "$1" >/dev/null || { echo "not checked, $1 is missing"; return 1; }
 }
 
+check() {
+    if have "$1"; then "$@" || fail "$*"; fi
+}
+
 # The program in `$1`/bin makes its data file from the template that was installed with it.
 console_boots() {
     rm -rf "$place/device"
@@ -54,19 +58,9 @@ menu_entry_starts() {
 }
 
 texts_are_valid() {
-    local share=$1/share page
-    if have desktop-file-validate; then
-        desktop-file-validate "$share/applications/odoledger.desktop" || fail "desktop file"
-    fi
-    if have appstreamcli; then
-        appstreamcli validate --no-net "$share"/metainfo/*.xml || fail "metainfo"
-    fi
-    if have man && have groff; then
-        for page in odoledger odoledger-console; do
-            MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z "$share/man/man1/$page.1.gz" 2>&1 >/dev/null | tee "$place/warnings"
-            [ ! -s "$place/warnings" ] || fail "manual page $page"
-        done
-    fi
+    local share=$1/share
+    check desktop-file-validate "$share/applications/odoledger.desktop"
+    check appstreamcli validate --no-net "$share"/metainfo/*.xml
     for size in 16 48 256; do
         [ -s "$share/icons/hicolor/${size}x$size/apps/odoledger.png" ] || fail "icon of $size"
     done
@@ -86,7 +80,5 @@ package=$(ls "$place"/*.deb)
 dpkg-deb -x "$package" "$place/unpacked"
 console_boots "$place/unpacked/usr"
 menu_entry_starts "$place/unpacked/usr"
-if have lintian; then
-    lintian --allow-root --fail-on error,warning "$package" || fail "lintian"
-fi
+check lintian --allow-root --fail-on error,warning "$package"
 echo "$(basename "$package"): installs, starts, is clean"

@@ -48,14 +48,6 @@ TEST(CellMeasurerTest, CountsCells) {
     EXPECT_EQ(EllipsisText(unicode, ListFont, L"\u6C7D\u8ECA\u6C7D", 5 * cell), L"\u6C7D\u8ECA\u2026");
 }
 
-TEST_F(TerminalCanvasTest, TwoLinesOfAListRowTakeTwoRows) {
-    const int height = canvas.Measurer().Metrics(ListFont).Height();
-    for (int line = 0; line < 22; ++line)
-        Draw(0, line / 2 * (2 * height + 3) + line % 2 * height, L"line " + std::to_wstring(line));
-    for (int line = 0; line < 22; ++line)
-        EXPECT_EQ(Line(1 + line), L"line " + std::to_wstring(line));
-}
-
 TEST_F(TerminalCanvasTest, FieldsStandBelowTheirLabels) {
     const int unit = canvas.Measurer().Metrics(DialogFont).Height() / 8;
     for (int field = 0; field < 7; ++field) {
@@ -69,19 +61,14 @@ TEST_F(TerminalCanvasTest, FieldsStandBelowTheirLabels) {
 }
 
 TEST_F(TerminalCanvasTest, CutsAtTheClipWithAnEllipsis) {
-    const int cell = static_cast<int>(canvas.Measurer().Width(ListFont, L"x"));
+    const int cell = canvas.Measurer().Width(ListFont, L"x");
     canvas.PushClip({0, 0, 4 * cell, 2000});
-    Draw(0, 0, L"abcdef");
-    Draw(0, 200, L"abcd");
-    Draw(0, 400, L"\u6C7D\u8ECA\u6C7D");
-    Draw(-cell, 600, L"abc");
-    Draw(0, 2100, L"below");
-    canvas.PopClip();
-    EXPECT_EQ(Line(1), L"abc\u2026");
-    EXPECT_EQ(Line(3), L"abcd");
-    EXPECT_EQ(Line(5), L"\u6C7D\u2026");
-    EXPECT_EQ(Line(7), L"bc");
-    EXPECT_EQ(Line(22), L"");
+    for (const auto& [x, y, text, row, expected] : {std::tuple{0, 0, L"abcdef", 1, L"abc\u2026"},
+             {0, 200, L"abcd", 3, L"abcd"}, {0, 400, L"\u6C7D\u8ECA\u6C7D", 5, L"\u6C7D\u2026"},
+             {-cell, 600, L"abc", 7, L"bc"}, {0, 2100, L"below", 22, L""}}) {
+        Draw(x, y, text);
+        EXPECT_EQ(Line(row), expected);
+    }
 }
 
 TEST_F(TerminalCanvasTest, BarsSelectionCaretAndDimmedGroundShow) {
@@ -95,9 +82,7 @@ TEST_F(TerminalCanvasTest, BarsSelectionCaretAndDimmedGroundShow) {
              {3, Ground::Selected}, {4, Ground::Selected}, {5, Ground::Plain}, {22, Ground::Plain}, {23, Ground::Bar}})
         EXPECT_EQ(canvas.Grid().At(9, row).ground, ground) << row;
     canvas.Fill({152, title + 900, 153, title + 996}, GetSysColor(COLOR_WINDOWTEXT), 255);
-    EXPECT_TRUE(canvas.Grid().caretShown);
-    EXPECT_EQ(canvas.Grid().caretColumn, 3);
-    EXPECT_EQ(canvas.Grid().caretRow, 10);
+    EXPECT_TRUE(canvas.Grid().caretShown && canvas.Grid().caretColumn == 3 && canvas.Grid().caretRow == 10);
     canvas.Fill({0, title, 500, title + 2200}, RGB(0, 0, 0), 110);
     EXPECT_FALSE(canvas.Grid().caretShown);
     EXPECT_TRUE(canvas.Grid().At(0, 3).dim);

@@ -25,8 +25,7 @@ TEST(TerminalKeysTest, KeysComeDownAndUp) {
     for (const auto& [key, typing, expected, modifiers] : cases) {
         const auto events = Events(key, typing);
         ASSERT_EQ(events.size(), 2U) << expected;
-        EXPECT_EQ(events[0].kind, InputEvent::Kind::KeyDown);
-        EXPECT_EQ(events[1].kind, InputEvent::Kind::KeyUp);
+        EXPECT_TRUE(events[0].kind == InputEvent::Kind::KeyDown && events[1].kind == InputEvent::Kind::KeyUp);
         EXPECT_TRUE(events[0].key == expected && events[1].key == expected) << expected;
         EXPECT_EQ(events[0].modifiers, modifiers);
     }
@@ -39,11 +38,8 @@ TEST(TerminalKeysTest, TextIsText) {
         EXPECT_EQ(events[0].kind, InputEvent::Kind::Text);
         EXPECT_EQ(events[0].character, character);
     }
-    EXPECT_TRUE(Events({true, 0, KEY_F(9)}).empty());
-    EXPECT_TRUE(Events({false, 0, 0}).empty());
-    const auto events = Events({false, 3, 0});
-    ASSERT_EQ(events.size(), 1U);
-    EXPECT_EQ(events[0].kind, InputEvent::Kind::Close);
+    EXPECT_TRUE(Events({true, 0, KEY_F(9)}).empty() && Events({false, 0, 0}).empty());
+    EXPECT_EQ(Events({false, 3, 0}).at(0).kind, InputEvent::Kind::Close);
 }
 
 } // namespace

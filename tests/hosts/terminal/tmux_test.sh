@@ -14,9 +14,7 @@ on_failure() { tm capture-pane -t main -p; }
 source "$(dirname "$0")/../waiting.sh"
 
 screen_has() { tm capture-pane -t main -p | grep -qE -- "$1"; }
-screen_lacks() { ! screen_has "$1"; }
 see() { until_true "never saw: $1" screen_has "$1"; }
-see_no() { until_true "still there: $1" screen_lacks "$1"; }
 press() { tm send-keys -t main "$1"; }
 write() { tm send-keys -t main -l "$1"; }
 resize() { tm resize-window -t main -x "$1" -y "$2"; }
@@ -27,7 +25,7 @@ on() { press "$1"; see "$2"; }
 # launch [VARIABLE=VALUE...]: the program in the shell of the pane.
 launch() {
   rm -f "$place/pid"
-  write "env $* sh -c 'echo \$\$ >$place/pid; exec $program'; echo status=\$?"
+  write "clear; env $* sh -c 'echo \$\$ >$place/pid; exec $program'; echo status=\$?"
   press Enter
   until_true "not started" test -s "$place/pid"
 }
@@ -41,9 +39,6 @@ end_with() {
   press C-l
   write "clear; stty -a | grep -qE ' icanon.* echo ' && stty -a | grep -qE ' ixon ' && echo cooked-again"
   on Enter "^cooked-again"
-  write "clear"
-  press Enter
-  see_no "cooked-again"
 }
 
 tm new-session -d -s main -x 80 -y 24 \
@@ -102,8 +97,6 @@ see "^Überauto"
 press C-c
 until_true "still runs after Ctrl+C" process_ended
 see "status=[0-9]"
-write clear
-press Enter
 
 # A terminal of plain ASCII, without colours.
 launch LC_ALL=C TERM=vt100

@@ -62,11 +62,10 @@ TEST_F(DatePartsTest, ReadingEndsNoTypingAndNoBadDateIsTaken) {
     device::DateParts parts(device::ShortDateOrder());
     ASSERT_TRUE(parts.Set(Date(2008, 1, 20)));
     Press(parts, L">3");
-    EXPECT_EQ(parts.Get().wDay, 3) << "what is typed so far counts";
-    EXPECT_EQ(Shown(parts), L"1/[3]/2008");
     for (const SYSTEMTIME& bad : {Date(1600, 12, 31), Date(10000, 1, 1), Date(2023, 2, 29), Date(2023, 0, 1)})
         EXPECT_FALSE(parts.Set(bad));
-    EXPECT_EQ(parts.Get().wYear, 2008);
+    EXPECT_EQ(parts.Get().wDay, 3) << "what is typed so far counts";
+    EXPECT_EQ(Shown(parts), L"1/[3]/2008");
 }
 
 class DatePickerTest : public ControlTest {
@@ -87,11 +86,8 @@ TEST_F(DatePickerTest, TakesTheLocalesOrderAndTodayAtFirst) {
     Set("HANDSET_CLOCK", "2026-03-01T23:30:00Z");
     setenv("TZ", "Europe/Berlin", 1);
     Run({Picker(10)},
-        {[&] {
-             EXPECT_EQ(TextOf(10), L"02.03.2026");
-             EXPECT_EQ(Painted(Item(10)), L"02|.|03|.|2026");
-         },
-            Typing(L"1"), [&] { EXPECT_EQ(TextOf(10), L"1.03.2026"); }});
+        {[&] { EXPECT_EQ(Painted(Item(10)), L"02|.|03|.|2026"); }, Typing(L"1"),
+            [&] { EXPECT_EQ(TextOf(10), L"1.03.2026"); }});
 }
 
 TEST_F(DatePickerTest, FirstPartOnEntryAndTheSamePartAfterAMessageBox) {

@@ -47,19 +47,3 @@ TEST_F(ListBoxTest, KeysSelectAndTellOnlyOfChanges) {
             },
             Typing(L"Tt"), [&] { EXPECT_EQ(Send(LB_GETCURSEL), 2); }});
 }
-
-TEST_F(ListBoxTest, SpinnerWrapsSidewaysAndLeavesUpAndDownToTheDialog) {
-    onInit = [this] {
-        for (const wchar_t* text : {L"one", L"two", L"three"})
-            Add(text);
-        Send(LB_SETCURSEL, 0);
-        SendDlgItemMessageW(dialog, 11, UDM_SETBUDDY, reinterpret_cast<WPARAM>(Item(10)), 0);
-    };
-    Run({List(), {L"msctls_updown32", WS_CHILD | WS_VISIBLE | UDS_HORZ, 0, 0, 0, 0, 11, L""},
-            {L"Edit", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 2, 40, 90, 12, 12, L""}},
-        {Keys({VK_LEFT}), [&] { EXPECT_EQ(Painted(Item(10)), L"three"); }, Keys({VK_RIGHT, VK_DOWN}),
-            [&] {
-                EXPECT_EQ(Send(LB_GETCURSEL), 0);
-                EXPECT_EQ(GetFocus(), Item(12));
-            }});
-}

@@ -31,7 +31,6 @@ TEST(TextFit, BoundariesWalkBothWaysAndStayInside) {
         EXPECT_EQ(PreviousTextBoundary(text, stops[i + 1]), stops[i]);
     }
     EXPECT_EQ(PreviousTextBoundary(text, 0), 0U);
-    EXPECT_EQ(NextTextBoundary(text, text.size()), text.size());
     EXPECT_EQ(PreviousTextBoundary(text, 1000), 6U);
 }
 

