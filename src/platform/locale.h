@@ -26,5 +26,3 @@ int CompareStringW(
 /// In place, character by character (simple case mapping). Return their argument.
 wchar_t* CharLowerW(wchar_t* text);
 wchar_t* CharUpperW(wchar_t* text);
-/// Simple lower-casing of both, character by character; below, equal to or above 0.
-int _wcsicmp(const wchar_t* first, const wchar_t* second); // NOLINT(bugprone-reserved-identifier): the handset's name

@@ -18,9 +18,13 @@ template <typename Value> int Order(Value a, Value b) {
     return (a > b) - (a < b);
 }
 
+std::wstring Lowered(std::wstring text) {
+    return CharLowerW(text.data());
+}
+
 /// The order as the lists promise it, both descriptions made anew for each comparison.
 int PlainOrder(const CEntry& a, const CEntry& b, int column) {
-    const int texts = Sign(_wcsicmp(EntrySummaryText(&a).c_str(), EntrySummaryText(&b).c_str()));
+    const int texts = Sign(Lowered(EntrySummaryText(&a)).compare(Lowered(EntrySummaryText(&b))));
     const int dates = Order(a.GetDate(), b.GetDate());
     const int readings = Order(a.GetOdometer(), b.GetOdometer());
     const int amounts = Order(a.GetAmount(), b.GetAmount());

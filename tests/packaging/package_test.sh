@@ -2,56 +2,53 @@
 # Installs and packs what a build made, and uses it as a person's desktop would. Checks whose tool is missing are told.
 set -euo pipefail
 build=$1
-scratch=$(mktemp -d)
 display=
 program=
 finish() {
     for process in $program $display; do kill -KILL "$process" 2>/dev/null || true; done
-    rm -rf "$scratch"
+    rm -rf "$place"
 }
-trap finish EXIT
-export HOME=$scratch/home XDG_RUNTIME_DIR=$scratch/run TZ=UTC LC_ALL=C.UTF-8
+source "$(dirname "$0")/../hosts/waiting.sh"
+export HOME=$place/home XDG_RUNTIME_DIR=$place/run TZ=UTC LC_ALL=C.UTF-8
 unset XDG_CONFIG_HOME HANDSET_STORAGE HANDSET_SCREEN HANDSET_ZOOM WAYLAND_DISPLAY SDL_VIDEODRIVER
 mkdir -p -m 700 "$HOME" "$XDG_RUNTIME_DIR"
-
-fail() {
-    echo "FAILED: $*" >&2
-    exit 1
-}
 
 have() {
     command -v "$1" >/dev/null || { echo "not checked, $1 is missing"; return 1; }
 }
 
+check() {
+    if have "$1"; then "$@" || fail "$*"; fi
+}
+
 # The program in `$1`/bin makes its data file from the template that was installed with it.
 console_boots() {
-    rm -rf "$scratch/device"
-    printf 'boot\nkey action\nfiles\npost close\n' | HANDSET_STORAGE=$scratch/device "$1/bin/odoledger-console" >"$scratch/answer" \
+    rm -rf "$place/device"
+    printf 'boot\nkey action\nfiles\npost close\n' | HANDSET_STORAGE=$place/device "$1/bin/odoledger-console" >"$place/answer" \
         && fail "an orderly end has the status 1"
-    grep -q '^exit 1$' "$scratch/answer" || fail "console: $(cat "$scratch/answer")"
-    cmp -s "$1/lib/odoledger/Default.ENU" "$scratch/device/My Documents/My Vehicles.dat" || fail "no log from the template"
+    grep -q '^exit 1$' "$place/answer" || fail "console: $(cat "$place/answer")"
+    cmp -s "$1/lib/odoledger/Default.ENU" "$place/device/My Documents/My Vehicles.dat" || fail "no log from the template"
+}
+
+# The units message of a first start holds an end back until it is answered.
+answered_and_ended() {
+    xdotool key Return
+    ! kill -TERM "$program" 2>/dev/null
 }
 
 # The menu entry's command opens a window, which ends in an orderly way and leaves its settings behind.
 menu_entry_starts() {
     have Xvfb && have xdotool || return 0
-    Xvfb -screen 0 1024x768x24 -nolisten tcp -displayfd 3 3>"$scratch/number" >/dev/null 2>&1 &
+    Xvfb -screen 0 1024x768x24 -nolisten tcp -displayfd 3 3>"$place/number" >/dev/null 2>&1 &
     display=$!
-    for _ in $(seq 100); do [ -s "$scratch/number" ] && break; sleep 0.1; done
-    export DISPLAY=:$(cat "$scratch/number")
-    local command
+    until_true "no display" test -s "$place/number"
+    export DISPLAY=:$(cat "$place/number")
+    local command status=0
     command=$(sed -n 's/^Exec=//p' "$1/share/applications/odoledger.desktop")
     PATH=$1/bin:$PATH sh -c "exec $command" &
     program=$!
     timeout 30 xdotool search --sync --onlyvisible --class odoledger >/dev/null || fail "no window"
-    # The units message of a first start holds an end back until it is answered.
-    for _ in $(seq 100); do
-        xdotool key Return
-        kill -TERM $program 2>/dev/null || break
-        sleep 0.1
-    done
-    kill -0 $program 2>/dev/null && { kill -KILL $program; fail "the window does not end"; }
-    local status=0
+    until_true "the window does not end" answered_and_ended
     wait $program || status=$?
     program=
     [ $status -eq 1 ] || fail "the window ended with $status"
@@ -61,19 +58,9 @@ menu_entry_starts() {
 }
 
 texts_are_valid() {
-    local share=$1/share page
-    if have desktop-file-validate; then
-        desktop-file-validate "$share/applications/odoledger.desktop" || fail "desktop file"
-    fi
-    if have appstreamcli; then
-        appstreamcli validate --no-net "$share"/metainfo/*.xml || fail "metainfo"
-    fi
-    if have man && have groff; then
-        for page in odoledger odoledger-console; do
-            MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z "$share/man/man1/$page.1.gz" 2>&1 >/dev/null | tee "$scratch/warnings"
-            [ ! -s "$scratch/warnings" ] || fail "manual page $page"
-        done
-    fi
+    local share=$1/share
+    check desktop-file-validate "$share/applications/odoledger.desktop"
+    check appstreamcli validate --no-net "$share"/metainfo/*.xml
     for size in 16 48 256; do
         [ -s "$share/icons/hicolor/${size}x$size/apps/odoledger.png" ] || fail "icon of $size"
     done
@@ -83,17 +70,15 @@ texts_are_valid() {
     done
 }
 
-cmake --install "$build" --prefix "$scratch/installed" >/dev/null
-console_boots "$scratch/installed"
-texts_are_valid "$scratch/installed"
+cmake --install "$build" --prefix "$place/installed" >/dev/null
+console_boots "$place/installed"
+texts_are_valid "$place/installed"
 
 have dpkg-deb && have dpkg-shlibdeps || exit 0
-cpack --config "$build/CPackConfig.cmake" -G DEB -B "$scratch" >"$scratch/cpack.log" 2>&1 || fail "$(cat "$scratch/cpack.log")"
-package=$(ls "$scratch"/*.deb)
-dpkg-deb -x "$package" "$scratch/unpacked"
-console_boots "$scratch/unpacked/usr"
-menu_entry_starts "$scratch/unpacked/usr"
-if have lintian; then
-    lintian --allow-root --fail-on error,warning "$package" || fail "lintian"
-fi
+cpack --config "$build/CPackConfig.cmake" -G DEB -B "$place" >"$place/cpack.log" 2>&1 || fail "$(cat "$place/cpack.log")"
+package=$(ls "$place"/*.deb)
+dpkg-deb -x "$package" "$place/unpacked"
+console_boots "$place/unpacked/usr"
+menu_entry_starts "$place/unpacked/usr"
+check lintian --allow-root --fail-on error,warning "$package"
 echo "$(basename "$package"): installs, starts, is clean"

@@ -160,13 +160,3 @@ wchar_t* CharUpperW(wchar_t* text) {
     std::transform(text, text + std::wcslen(text), text, device::UpperCase);
     return text;
 }
-
-int _wcsicmp(const wchar_t* first, const wchar_t* second) {
-    while (*first != L'\0' && device::LowerCase(*first) == device::LowerCase(*second)) {
-        ++first;
-        ++second;
-    }
-    const wchar_t left = device::LowerCase(*first);
-    const wchar_t right = device::LowerCase(*second);
-    return left == right ? 0 : left < right ? -1 : 1;
-}

@@ -36,28 +36,16 @@ TEST(CellMeasurerTest, CountsCells) {
     CellMeasurer unicode(true);
     CellMeasurer ascii(false);
     const int cell = unicode.Cell().cx;
-    const struct {
-        std::wstring text;
-        int unicodeCells;
-        int asciiCells;
-    } cases[] = {{L"", 0, 0}, {L"abc", 3, 3}, {L"\u6C7D\u8ECA", 4, 2}, {L"e\u0301", 1, 1}, {L"\u0301", 0, 0},
-        {L"a\u2026", 2, 3}, {L"\t\x01", 2, 2}, {std::wstring(1, static_cast<wchar_t>(0xD800)), 1, 1},
-        {L"\u20AC5", 2, 2}};
-    for (const auto& each : cases) {
-        EXPECT_EQ(unicode.Width(ListFont, each.text), each.unicodeCells * cell) << each.unicodeCells;
-        EXPECT_EQ(ascii.Width(ListFont, each.text), each.asciiCells * cell) << each.asciiCells;
+    const std::tuple<std::wstring, int, int> cases[] = {{L"", 0, 0}, {L"abc", 3, 3}, {L"\u6C7D\u8ECA", 4, 2},
+        {L"e\u0301", 1, 1}, {L"\u0301", 0, 0}, {L"a\u2026", 2, 3}, {L"\t\x01", 2, 2},
+        {std::wstring(1, static_cast<wchar_t>(0xD800)), 1, 1}, {L"\u20AC5", 2, 2}};
+    for (const auto& [text, unicodeCells, asciiCells] : cases) {
+        EXPECT_EQ(unicode.Width(ListFont, text), unicodeCells * cell) << testing::PrintToString(text);
+        EXPECT_EQ(ascii.Width(ListFont, text), asciiCells * cell) << testing::PrintToString(text);
     }
     EXPECT_EQ(unicode.CaretX(ListFont, L"\u6C7D\u8ECA", 1), 2 * cell);
     EXPECT_EQ(unicode.CaretX(ListFont, L"ab", 9), 2 * cell);
     EXPECT_EQ(EllipsisText(unicode, ListFont, L"\u6C7D\u8ECA\u6C7D", 5 * cell), L"\u6C7D\u8ECA\u2026");
-}
-
-TEST_F(TerminalCanvasTest, TwoLinesOfAListRowTakeTwoRows) {
-    const int height = canvas.Measurer().Metrics(ListFont).Height();
-    for (int line = 0; line < 22; ++line)
-        Draw(0, line / 2 * (2 * height + 3) + line % 2 * height, L"line " + std::to_wstring(line));
-    for (int line = 0; line < 22; ++line)
-        EXPECT_EQ(Line(1 + line), L"line " + std::to_wstring(line));
 }
 
 TEST_F(TerminalCanvasTest, FieldsStandBelowTheirLabels) {
@@ -73,51 +61,28 @@ TEST_F(TerminalCanvasTest, FieldsStandBelowTheirLabels) {
 }
 
 TEST_F(TerminalCanvasTest, CutsAtTheClipWithAnEllipsis) {
-    const int cell = static_cast<int>(canvas.Measurer().Width(ListFont, L"x"));
+    const int cell = canvas.Measurer().Width(ListFont, L"x");
     canvas.PushClip({0, 0, 4 * cell, 2000});
-    Draw(0, 0, L"abcdef");
-    Draw(0, 200, L"abcd");
-    Draw(0, 400, L"\u6C7D\u8ECA\u6C7D");
-    Draw(-cell, 600, L"abc");
-    Draw(0, 2100, L"below");
-    canvas.PopClip();
-    EXPECT_EQ(Line(1), L"abc\u2026");
-    EXPECT_EQ(Line(3), L"abcd");
-    EXPECT_EQ(Line(5), L"\u6C7D\u2026");
-    EXPECT_EQ(Line(7), L"bc");
-    EXPECT_EQ(Line(22), L"");
+    for (const auto& [x, y, text, row, expected] : {std::tuple{0, 0, L"abcdef", 1, L"abc\u2026"},
+             {0, 200, L"abcd", 3, L"abcd"}, {0, 400, L"\u6C7D\u8ECA\u6C7D", 5, L"\u6C7D\u2026"},
+             {-cell, 600, L"abc", 7, L"bc"}, {0, 2100, L"below", 22, L""}}) {
+        Draw(x, y, text);
+        EXPECT_EQ(Line(row), expected);
+    }
 }
 
-TEST_F(TerminalCanvasTest, TitleAndSoftKeysAreTheFirstAndTheLastRow) {
+TEST_F(TerminalCanvasTest, BarsSelectionCaretAndDimmedGroundShow) {
     const SIZE screen = canvas.ScreenSize();
-    const int bar = screen.cy - SoftKeyBarHeight();
-    canvas.Fill({0, 0, screen.cx, TitleHeight()}, BarColor, 255);
-    canvas.Fill({0, bar, screen.cx, screen.cy}, BarColor, 255);
-    PaintMarks marks;
-    marks.role = PaintMarks::Role::Title;
-    canvas.SetMarks(marks);
-    canvas.Text(6, -38, L"Title", ListFont, BarTextColor);
-    marks.role = PaintMarks::Role::LeftSoftKey;
-    canvas.SetMarks(marks);
-    canvas.Text(0, bar - 38, L"New", ListFont, BarTextColor);
-    EXPECT_EQ(Line(0), L"Title");
-    EXPECT_EQ(Line(23), L"New");
-    for (const auto& [row, ground] :
-        {std::pair{0, Ground::Bar}, {1, Ground::Plain}, {22, Ground::Plain}, {23, Ground::Bar}})
-        EXPECT_EQ(canvas.Grid().At(9, row).ground, ground) << row;
-}
-
-TEST_F(TerminalCanvasTest, SelectionCaretAndDimmedGroundShow) {
     const int title = TitleHeight();
+    canvas.Fill({0, 0, screen.cx, title}, BarColor, 255);
+    canvas.Fill({0, screen.cy - SoftKeyBarHeight(), screen.cx, screen.cy}, BarColor, 255);
     canvas.Fill({0, title + 203, 500, title + 406}, GetSysColor(COLOR_HIGHLIGHT), 255);
     Draw(0, 203, L"chosen");
-    for (const auto& [row, ground] :
-        {std::pair{2, Ground::Plain}, {3, Ground::Selected}, {4, Ground::Selected}, {5, Ground::Plain}})
+    for (const auto& [row, ground] : {std::pair{0, Ground::Bar}, {1, Ground::Plain}, {2, Ground::Plain},
+             {3, Ground::Selected}, {4, Ground::Selected}, {5, Ground::Plain}, {22, Ground::Plain}, {23, Ground::Bar}})
         EXPECT_EQ(canvas.Grid().At(9, row).ground, ground) << row;
     canvas.Fill({152, title + 900, 153, title + 996}, GetSysColor(COLOR_WINDOWTEXT), 255);
-    EXPECT_TRUE(canvas.Grid().caretShown);
-    EXPECT_EQ(canvas.Grid().caretColumn, 3);
-    EXPECT_EQ(canvas.Grid().caretRow, 10);
+    EXPECT_TRUE(canvas.Grid().caretShown && canvas.Grid().caretColumn == 3 && canvas.Grid().caretRow == 10);
     canvas.Fill({0, title, 500, title + 2200}, RGB(0, 0, 0), 110);
     EXPECT_FALSE(canvas.Grid().caretShown);
     EXPECT_TRUE(canvas.Grid().At(0, 3).dim);

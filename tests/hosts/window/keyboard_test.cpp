@@ -12,47 +12,41 @@ using device::InputEvent;
 using device::Keyboard;
 using Command = Keyboard::HostCommand;
 
-SDL_KeyboardEvent Key(bool isDown, SDL_Keycode symbol, int modifiers = 0, SDL_Scancode place = SDL_SCANCODE_UNKNOWN) {
+SDL_KeyboardEvent Key(bool isDown, SDL_Keycode symbol, int modifiers, SDL_Scancode place, Uint8 repeat = 0) {
+
     SDL_KeyboardEvent event{};
     event.type = isDown ? SDL_KEYDOWN : SDL_KEYUP;
     event.state = isDown ? SDL_PRESSED : SDL_RELEASED;
+    event.repeat = repeat;
     event.keysym = {place, symbol, static_cast<Uint16>(modifiers), 0};
     return event;
 }
 
 TEST(Keyboard, GivesTheHandsetsKeys) {
-    const struct {
-        const char* what;
-        SDL_Keycode symbol;
-        int modifiers;
-        SDL_Scancode place;
-        WORD key; ///< 0: nothing comes
-        unsigned handsetModifiers;
-    } cases[] = {{"Escape is Back", SDLK_ESCAPE, 0, SDL_SCANCODE_ESCAPE, VK_TBACK, 0},
-        {"Enter is Action", SDLK_KP_ENTER, 0, SDL_SCANCODE_KP_ENTER, VK_TACTION, 0},
-        {"left soft key", SDLK_F1, 0, SDL_SCANCODE_F1, VK_TSOFT1, 0},
-        {"selection of a row", SDLK_DOWN, KMOD_RSHIFT, SDL_SCANCODE_DOWN, VK_DOWN, MOD_SHIFT},
-        {"a letter comes as text", SDLK_q, 0, SDL_SCANCODE_Q, 0, 0},
-        {"a letter with Control", SDLK_q, KMOD_LCTRL, SDL_SCANCODE_Q, 'Q', MOD_CONTROL},
-        {"a Cyrillic letter with Control", 0x439, KMOD_LCTRL, SDL_SCANCODE_Q, 'Q', MOD_CONTROL},
-        {"a letter on another place", SDLK_a, KMOD_LCTRL, SDL_SCANCODE_Q, 'A', MOD_CONTROL},
-        {"AltGr types", SDLK_q, KMOD_LCTRL | KMOD_RALT, SDL_SCANCODE_Q, 0, 0},
-        {"number pad moves", SDLK_KP_8, 0, SDL_SCANCODE_KP_8, VK_UP, 0},
-        {"number pad types", SDLK_KP_8, KMOD_NUM, SDL_SCANCODE_KP_8, 0, 0}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
+    // A key of 0: nothing comes.
+    const std::tuple<const char*, SDL_Keycode, int, SDL_Scancode, WORD, unsigned> cases[]
+        = {{"Escape is Back", SDLK_ESCAPE, 0, SDL_SCANCODE_ESCAPE, VK_TBACK, 0},
+            {"Enter is Action", SDLK_KP_ENTER, 0, SDL_SCANCODE_KP_ENTER, VK_TACTION, 0},
+            {"selection of a row", SDLK_DOWN, KMOD_RSHIFT, SDL_SCANCODE_DOWN, VK_DOWN, MOD_SHIFT},
+            {"a letter comes as text", SDLK_q, 0, SDL_SCANCODE_Q, 0, 0},
+            {"a letter with Control", SDLK_q, KMOD_LCTRL, SDL_SCANCODE_Q, 'Q', MOD_CONTROL},
+            {"a Cyrillic letter with Control", 0x439, KMOD_LCTRL, SDL_SCANCODE_Q, 'Q', MOD_CONTROL},
+            {"a letter on another place", SDLK_a, KMOD_LCTRL, SDL_SCANCODE_Q, 'A', MOD_CONTROL},
+            {"AltGr types", SDLK_q, KMOD_LCTRL | KMOD_RALT, SDL_SCANCODE_Q, 0, 0},
+            {"number pad moves", SDLK_KP_8, 0, SDL_SCANCODE_KP_8, VK_UP, 0},
+            {"number pad types", SDLK_KP_8, KMOD_NUM, SDL_SCANCODE_KP_8, 0, 0}};
+    for (const auto& [what, symbol, modifiers, place, key, handsetModifiers] : cases) {
+        SCOPED_TRACE(what);
         Keyboard keyboard;
         std::deque<InputEvent> events;
-        keyboard.Translate(Key(true, c.symbol, c.modifiers, c.place), events);
-        keyboard.Translate(Key(false, c.symbol, c.modifiers, c.place), events);
-        ASSERT_EQ(events.size(), c.key != 0 ? 2U : 0U);
-        if (c.key == 0)
+        keyboard.Translate(Key(true, symbol, modifiers, place), events);
+        keyboard.Translate(Key(false, symbol, modifiers, place), events);
+        ASSERT_EQ(events.size(), key != 0 ? 2U : 0U);
+        if (key == 0)
             continue;
-        EXPECT_EQ(events[0].kind, InputEvent::Kind::KeyDown);
-        EXPECT_EQ(events[0].key, c.key);
-        EXPECT_EQ(events[0].modifiers, c.handsetModifiers);
-        EXPECT_EQ(events[1].kind, InputEvent::Kind::KeyUp);
-        EXPECT_EQ(events[1].key, c.key);
+        EXPECT_TRUE(events[0].kind == InputEvent::Kind::KeyDown && events[1].kind == InputEvent::Kind::KeyUp);
+        EXPECT_TRUE(events[0].key == key && events[1].key == key);
+        EXPECT_EQ(events[0].modifiers, handsetModifiers);
     }
 }
 
@@ -76,26 +70,17 @@ TEST(Keyboard, TextComesByCharacters) {
 }
 
 TEST(Keyboard, CommandsOfTheWindowItself) {
-    const struct {
-        SDL_Keycode symbol;
-        int modifiers;
-        SDL_Scancode place;
-        Command command;
-    } cases[] = {{SDLK_PLUS, KMOD_LCTRL | KMOD_LSHIFT, SDL_SCANCODE_EQUALS, Command::ZoomIn},
-        {SDLK_EQUALS, KMOD_RCTRL, SDL_SCANCODE_EQUALS, Command::ZoomIn},
-        {SDLK_KP_MINUS, KMOD_LCTRL | KMOD_NUM, SDL_SCANCODE_KP_MINUS, Command::ZoomOut},
-        {SDLK_0, KMOD_LCTRL, SDL_SCANCODE_0, Command::ZoomReset},
-        {0xE0, KMOD_LCTRL, SDL_SCANCODE_0, Command::ZoomReset}, {SDLK_F11, 0, SDL_SCANCODE_F11, Command::FullScreen},
-        {SDLK_MINUS, 0, SDL_SCANCODE_MINUS, Command::None},
-        {SDLK_PLUS, KMOD_LCTRL | KMOD_RALT, SDL_SCANCODE_EQUALS, Command::None},
-        {SDLK_1, KMOD_LCTRL, SDL_SCANCODE_1, Command::None}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(Keyboard::CommandOf(Key(true, c.symbol, c.modifiers, c.place)), c.command) << c.symbol;
-        EXPECT_EQ(Keyboard::CommandOf(Key(false, c.symbol, c.modifiers, c.place)), Command::None) << c.symbol;
+    const std::tuple<SDL_Keycode, int, SDL_Scancode, Command> cases[]
+        = {{SDLK_PLUS, KMOD_LCTRL | KMOD_LSHIFT, SDL_SCANCODE_EQUALS, Command::ZoomIn},
+            {SDLK_KP_MINUS, KMOD_LCTRL | KMOD_NUM, SDL_SCANCODE_KP_MINUS, Command::ZoomOut},
+            {0xE0, KMOD_LCTRL, SDL_SCANCODE_0, Command::ZoomReset},
+            {SDLK_F11, 0, SDL_SCANCODE_F11, Command::FullScreen}, {SDLK_MINUS, 0, SDL_SCANCODE_MINUS, Command::None},
+            {SDLK_PLUS, KMOD_LCTRL | KMOD_RALT, SDL_SCANCODE_EQUALS, Command::None}};
+    for (const auto& [symbol, modifiers, place, command] : cases) {
+        EXPECT_EQ(Keyboard::CommandOf(Key(true, symbol, modifiers, place)), command) << symbol;
+        EXPECT_EQ(Keyboard::CommandOf(Key(false, symbol, modifiers, place)), Command::None) << symbol;
     }
-    SDL_KeyboardEvent held = Key(true, SDLK_F11);
-    held.repeat = 1;
-    EXPECT_EQ(Keyboard::CommandOf(held), Command::None);
+    EXPECT_EQ(Keyboard::CommandOf(Key(true, SDLK_F11, 0, SDL_SCANCODE_F11, 1)), Command::None);
 }
 
 } // namespace

@@ -9,12 +9,15 @@ protected:
     using Step = ScriptedHost::Step;
 
     /// Runs a dialog of `items`; `steps` are what happens in it, and it is closed behind the last one.
-    void Run(std::vector<DialogItemTemplate> items, const std::vector<Step>& steps) {
+    void Run(const std::vector<DialogItemTemplate>& items, const std::vector<Step>& steps) {
         host.steps.assign(steps.begin(), steps.end());
         host.Then([this] { Close(dialog, 0); });
-        const DLGTEMPLATE form{WS_POPUP | WS_VSCROLL, 100, 100, L"Form", L"", 8, items};
-        DialogBoxIndirectParamW(nullptr, &form, nullptr, Procedure, reinterpret_cast<LPARAM>(this));
+        RunForm(items);
         EXPECT_TRUE(host.steps.empty()) << "the dialog ended before its script";
+    }
+    LONG_PTR RunForm(const std::vector<DialogItemTemplate>& items) {
+        const DLGTEMPLATE form{WS_POPUP | WS_VSCROLL, 100, 100, L"Form", L"", 8, items};
+        return DialogBoxIndirectParamW(nullptr, &form, GetActiveWindow(), Procedure, reinterpret_cast<LPARAM>(this));
     }
     Step Keys(std::vector<WORD> keys) {
         return [this, keys] {
@@ -38,9 +41,11 @@ protected:
     }
 
     ScriptedHost host;
-    HWND dialog = nullptr;
+    HWND dialog = nullptr; ///< the one opened last
     std::vector<std::pair<int, UINT>> notifications; ///< control and code
+    std::vector<UINT> hotKeys;
     std::function<void()> onInit;
+    std::function<void(int, UINT, LPARAM)> onCommand;
 
 private:
     static LPARAM Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -48,12 +53,18 @@ private:
         if (message == WM_INITDIALOG) {
             test = reinterpret_cast<ControlTest*>(lParam); // NOLINT(performance-no-int-to-ptr)
             test->dialog = window;
+            SHInitDialog(window, SHIDIF_SIZEDLGFULLSCREEN);
             if (test->onInit)
                 test->onInit();
-            return 1;
+            return TRUE;
         }
-        if (message == WM_COMMAND && test)
+        if (message == WM_HOTKEY)
+            test->hotKeys.push_back(LOWORD(static_cast<std::uintptr_t>(lParam)));
+        if (message == WM_COMMAND && test) {
             test->notifications.emplace_back(LOWORD(wParam), HIWORD(wParam));
+            if (test->onCommand)
+                test->onCommand(LOWORD(wParam), HIWORD(wParam), lParam);
+        }
         return 0;
     }
 };

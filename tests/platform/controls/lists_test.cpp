@@ -11,11 +11,6 @@ protected:
         return SendDlgItemMessageW(dialog, 10, message, wParam, lParam);
     }
     LRESULT Add(const wchar_t* text) { return Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text)); }
-    std::wstring Row(WPARAM index) {
-        wchar_t text[32] = {};
-        Send(LB_GETTEXT, index, reinterpret_cast<LPARAM>(text));
-        return text;
-    }
 };
 
 TEST_F(ListBoxTest, SortedRowsAndTheSelectionThatFollowsThem) {
@@ -32,13 +27,10 @@ TEST_F(ListBoxTest, SortedRowsAndTheSelectionThatFollowsThem) {
         EXPECT_EQ(Send(LB_GETCURSEL), 2);
         EXPECT_EQ(Send(LB_DELETESTRING, 2), 2);
         EXPECT_EQ(Send(LB_GETCURSEL), LB_ERR) << "the selected row is gone";
-        for (const UINT message : {LB_GETTEXTLEN, LB_GETITEMDATA, LB_DELETESTRING, LB_SETITEMDATA})
+        for (const UINT message : {LB_GETTEXTLEN, LB_GETITEMDATA, LB_DELETESTRING, LB_SETITEMDATA, LB_SETCURSEL})
             EXPECT_EQ(Send(message, 2), LB_ERR);
-        EXPECT_EQ(Send(LB_SETCURSEL, 9), LB_ERR);
-        Send(LB_RESETCONTENT);
-        EXPECT_EQ(Send(LB_GETCOUNT), 0);
     };
-    Run({List(LBS_SORT)}, {Keys({VK_DOWN}), [&] { EXPECT_EQ(Send(LB_GETCURSEL), LB_ERR) << "nothing to select"; }});
+    Run({List(LBS_SORT)}, {});
 }
 
 TEST_F(ListBoxTest, KeysSelectAndTellOnlyOfChanges) {
@@ -51,26 +43,7 @@ TEST_F(ListBoxTest, KeysSelectAndTellOnlyOfChanges) {
             Keys({VK_UP, VK_END, VK_DOWN}),
             [&] {
                 EXPECT_EQ(Send(LB_GETCURSEL), 4);
-                EXPECT_EQ(notifications.size(), 2U) << "at the ends nothing changes";
-                EXPECT_EQ(notifications.back(), std::pair(10, UINT{LBN_SELCHANGE}));
+                EXPECT_EQ(notifications, std::vector(2, std::pair(10, UINT{LBN_SELCHANGE}))) << "only of changes";
             },
-            Typing(L"T"), [&] { EXPECT_EQ(Row(static_cast<WPARAM>(Send(LB_GETCURSEL))), L"two"); }, Typing(L"t"),
-            [&] { EXPECT_EQ(Send(LB_GETCURSEL), 2); },
-            [&] { EXPECT_NE(Painted(Item(10)).find(L"three"), std::wstring::npos) << "in view"; }});
-}
-
-TEST_F(ListBoxTest, SpinnerWrapsSidewaysAndLeavesUpAndDownToTheDialog) {
-    onInit = [this] {
-        for (const wchar_t* text : {L"one", L"two", L"three"})
-            Add(text);
-        Send(LB_SETCURSEL, 0);
-        SendDlgItemMessageW(dialog, 11, UDM_SETBUDDY, reinterpret_cast<WPARAM>(Item(10)), 0);
-    };
-    Run({List(), {L"msctls_updown32", WS_CHILD | WS_VISIBLE | UDS_HORZ, 0, 0, 0, 0, 11, L""},
-            {L"Edit", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 2, 40, 90, 12, 12, L""}},
-        {Keys({VK_LEFT}), [&] { EXPECT_EQ(Painted(Item(10)), L"three"); }, Keys({VK_RIGHT, VK_DOWN}),
-            [&] {
-                EXPECT_EQ(Send(LB_GETCURSEL), 0);
-                EXPECT_EQ(GetFocus(), Item(12));
-            }});
+            Typing(L"Tt"), [&] { EXPECT_EQ(Send(LB_GETCURSEL), 2); }});
 }

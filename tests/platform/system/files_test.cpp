@@ -1,9 +1,7 @@
 #include "device_fixture.h"
 #include "platform/files.h"
-#include "platform/metrics.h"
 #include "platform/process.h"
 #include "platform/registry.h"
-#include "platform/resources.h"
 #include "platform/system/device_paths.h"
 
 #include <sys/stat.h>
@@ -16,18 +14,12 @@ constexpr const wchar_t* Source = L"\\My Documents\\Default.ENU";
 class FilesTest : public DeviceTest { };
 
 TEST_F(FilesTest, PathsNeverLeaveTheMappedFolders) {
-    const std::string documents = Documents();
-    const std::string program = std::filesystem::read_symlink("/proc/self/exe").parent_path();
-    const std::pair<const wchar_t*, std::string> good[]
-        = {{L"/my documents/a.dat", documents + "/a.dat"}, {L"\\MY DOCUMENTS\\\\Ö \U0001F697\\b", documents + "/Ö 🚗/b"},
-            {L"\\Program Files\\odoledger\\Default.ENU", program + "/Default.ENU"}};
-    for (const auto& [path, host] : good)
-        EXPECT_EQ(HostPathOf(path), host);
+    const auto program = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+    EXPECT_EQ(HostPathOf(L"/MY documents\\\\Ö \U0001F697\\b"), Documents() / "Ö 🚗" / "b");
+    EXPECT_EQ(HostPathOf(L"\\Program Files\\odoledger\\Default.ENU"), program / "Default.ENU");
     for (const wchar_t* path : {L"", L"My Documents\\a", L"\\My Documents\\..\\registry", L"\\My Documents2\\a"})
         EXPECT_EQ(HostPathOf(path), std::nullopt) << std::filesystem::path(path);
     EXPECT_EQ(HostPathOf(std::wstring(L"\\My Documents\\a\0b", 17)), std::nullopt);
-    EXPECT_FALSE(CopyFileW(L"\\Windows\\a", Target, TRUE));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_PATH_NOT_FOUND));
 }
 
 TEST_F(FilesTest, ACopyIsWholeAndReplacesNothing) {
@@ -41,18 +33,14 @@ TEST_F(FilesTest, ACopyIsWholeAndReplacesNothing) {
 
     Write(Documents() / "My Vehicles.dat", "precious");
     EXPECT_FALSE(CopyFileW(Source, Target, TRUE));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_EXISTS));
     EXPECT_EQ(Read(Documents() / "My Vehicles.dat"), "precious");
     EXPECT_FALSE(MoveFileW(Source, Target));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ALREADY_EXISTS));
     EXPECT_FALSE(CopyFileW(Target, Source, FALSE));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
     EXPECT_TRUE(CopyFileW(Source, Target, FALSE));
     EXPECT_EQ(Read(Documents() / "My Vehicles.dat"), contents);
     EXPECT_EQ(CountFiles(Documents()), 2U);
 
     EXPECT_FALSE(CopyFileW(L"\\My Documents\\none", L"\\My Documents\\new", TRUE));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
     mkfifo((Documents() / "pipe").c_str(), 0600);
     EXPECT_FALSE(CopyFileW(L"\\My Documents\\pipe", L"\\My Documents\\new", TRUE));
     EXPECT_FALSE(std::filesystem::exists(Documents() / "new"));
@@ -86,53 +74,21 @@ TEST_F(FilesTest, ACopyThatRunsOutOfSpaceLeavesNothing) {
 }
 
 TEST_F(FilesTest, TheDocumentsFolderIsMadeOnDemandAndListed) {
-    wchar_t path[MAX_PATH] = L"";
-    ASSERT_TRUE(SHGetSpecialFolderPath(nullptr, path, CSIDL_PERSONAL, FALSE));
-    EXPECT_STREQ(path, L"\\My Documents");
     EXPECT_EQ(GetFileAttributesW(L"\\My Documents"), INVALID_FILE_ATTRIBUTES);
     wchar_t program[MAX_PATH] = L"";
     EXPECT_EQ(GetModuleFileNameW(nullptr, program, 20), 0U);
     ASSERT_NE(GetModuleFileNameW(nullptr, program, MAX_PATH), 0U);
-    ASSERT_TRUE(CopyFileW(program, L"\\My Documents\\b", TRUE));
+    ASSERT_TRUE(CopyFileW(program, Source, TRUE));
     EXPECT_EQ(GetFileAttributesW(L"\\My Documents"), FILE_ATTRIBUTE_DIRECTORY);
     Write(Documents() / "a\xFF", "12345");
     Write(Documents() / "folder" / "c", "");
-    ASSERT_TRUE(MoveFileW(L"\\My Documents\\b", L"\\My Documents\\Ä"));
+    ASSERT_TRUE(MoveFileW(Source, L"\\My Documents\\Ä"));
     std::filesystem::permissions(Documents() / "Ä", std::filesystem::perms::owner_read);
     const auto files = device::ListDocuments();
     ASSERT_EQ(files.size(), 2U);
     EXPECT_EQ(files[0].name, "a\uFFFD");
     EXPECT_EQ(files[0].size, 5U);
     EXPECT_TRUE(files[1].readOnly);
-}
-
-TEST(Resources, StringsAreFoundByNumberAndCutToTheBuffer) {
-    static constexpr StringResource Strings[] = {{128, L"Odoledger"}, {129, L""}, {32774, L"Äöü \U0001F697"}};
-    static const Module module{Strings, {}, {}, {}, nullptr};
-    wchar_t buffer[16];
-    for (const auto& [id, size, text] : {std::tuple{128U, 10, L"Odoledger"}, {128U, 9, L"Odoledge"}, {128U, 1, L""},
-             {127U, 16, L""}, {130U, 16, L""}, {32774U, 16, L"Äöü \U0001F697"}}) {
-        EXPECT_EQ(LoadStringW(&module, id, buffer, size), static_cast<int>(std::wcslen(text)));
-        EXPECT_STREQ(buffer, text) << id;
-    }
-    EXPECT_EQ(LoadStringW(&module, 128, buffer, 0), 0);
-}
-
-TEST_F(DeviceTest, MeasuresFollowTheScreenAndItsDensity) {
-    RECT area;
-    ASSERT_TRUE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0));
-    EXPECT_EQ(area.top, 24);
-    EXPECT_EQ(area.bottom, 456);
-    Set("HANDSET_SCREEN", "176x220");
-    Set("HANDSET_DPI", "131");
-    EXPECT_EQ(device::TitleHeight(), 33);
-    EXPECT_EQ(GetSystemMetrics(SM_CXEDGE), 3);
-    device::SetScreenSize({10, 20});
-    ASSERT_TRUE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0));
-    EXPECT_LE(area.top, area.bottom);
-    EXPECT_LE(area.bottom, 20);
-    Set("HANDSET_DPI", "24");
-    EXPECT_EQ(GetSystemMetrics(SM_CXEDGE), 1);
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 #include "platform/system/date_pattern.h"
 #include "platform/system/utf8.h"
 
+#include <array>
+
 namespace {
 
 using Formatter = int (*)(LCID, DWORD, const wchar_t*, const void*, wchar_t*, int);
@@ -33,23 +35,17 @@ protected:
 
 TEST_F(LocaleTest, NumbersMoneyAndDatesAreTheLocales) {
     const SYSTEMTIME date{.wYear = 2008, .wMonth = 1, .wDay = 20};
-    const struct {
-        const char* locale;
-        const char* number; // of 1234567.5
-        const char* negative; // of -3
-        const char* money; // of 1234.5
-        const char* date;
-    } cases[] = {{"en_US", "1,234,567.50", "-3.00", "$1,234.50", "1/20/2008"},
+    const std::array<const char*, 5> cases[] = {{"en_US", "1,234,567.50", "-3.00", "$1,234.50", "1/20/2008"},
         {"de_DE", "1.234.567,50", "-3,00", "1.234,50\u00A0€", "20.01.2008"},
         {"en_IN", "12,34,567.50", "-3.00", "₹1,234.50", "20/01/2008"},
         {"sv_SE", "1\u00A0234\u00A0567,50", "\u22123,00", "1\u00A0234,50\u00A0kr", "2008-01-20"},
         {"xx_YY", "1,234,567.50", "-3.00", "$1,234.50", "1/20/2008"}};
-    for (const auto& testCase : cases) {
-        Set("HANDSET_LOCALE", testCase.locale);
-        EXPECT_EQ(Format(GetNumberFormatW, L"1234567.5"), testCase.number) << testCase.locale;
-        EXPECT_EQ(Format(GetNumberFormatW, L"-3"), testCase.negative) << testCase.locale;
-        EXPECT_EQ(Format(GetCurrencyFormatW, L"1234.5"), testCase.money) << testCase.locale;
-        EXPECT_EQ(Format(date), testCase.date) << testCase.locale;
+    for (const auto& [locale, number, negative, money, day] : cases) {
+        Set("HANDSET_LOCALE", locale);
+        EXPECT_EQ(Format(GetNumberFormatW, L"1234567.5"), number) << locale;
+        EXPECT_EQ(Format(GetNumberFormatW, L"-3"), negative) << locale;
+        EXPECT_EQ(Format(GetCurrencyFormatW, L"1234.5"), money) << locale;
+        EXPECT_EQ(Format(date), day) << locale;
     }
 }
 
@@ -80,20 +76,15 @@ TEST_F(LocaleTest, ThePartsOfADateAreInItsOrderAndItsDigits) {
     for (const auto& [locale, expected] : cases) {
         Set("HANDSET_LOCALE", locale);
         std::string parts;
-        std::string whole;
-        for (const auto& part : device::ShortDateOrder()) {
-            const std::string text = device::ToUtf8(device::ShortDatePartText(part, date));
-            parts += (parts.empty() ? "" : "|") + text;
-            whole += text;
-        }
+        for (const auto& part : device::ShortDateOrder())
+            parts += (parts.empty() ? "" : "|") + device::ToUtf8(device::ShortDatePartText(part, date));
         EXPECT_EQ(parts, expected) << locale;
-        EXPECT_EQ(whole, Format(date)) << locale;
+        std::erase(parts, '|');
+        EXPECT_EQ(parts, Format(date)) << locale;
     }
     for (const wchar_t* pattern : {L"", L"d.M.", L"d MMM y", L"d.d.M.y", L"EEE d.M.y", L"'dMy'"})
         EXPECT_FALSE(device::PartsOfPattern(pattern)) << device::ToUtf8(pattern);
-    const auto quoted = device::PartsOfPattern(L"'d''y' d/M/yy GGGGG");
-    ASSERT_TRUE(quoted);
-    EXPECT_EQ(quoted->front().text, L"d'y ");
+    EXPECT_EQ(device::PartsOfPattern(L"'d''y' d/M/yy GGGGG").value().front().text, L"d'y ");
 }
 
 TEST_F(LocaleTest, TextIsComparedAsInADictionary) {
@@ -113,9 +104,6 @@ TEST_F(LocaleTest, CaseIsMappedCharacterByCharacter) {
     std::wstring text = L"ÀÉ Straße ΣΑΣ 1";
     EXPECT_STREQ(CharLowerW(text.data()), L"àé straße σασ 1");
     EXPECT_STREQ(CharUpperW(text.data()), L"ÀÉ STRAßE ΣΑΣ 1");
-    EXPECT_EQ(_wcsicmp(L"Ölwechsel", L"öLWECHSEL"), 0);
-    EXPECT_LT(_wcsicmp(L"oil", L"OILS"), 0);
-    EXPECT_GT(_wcsicmp(L"é", L"Z"), 0);
 }
 
 TEST(Utf8, KeepsWhatItCanAndReplacesTheRest) {

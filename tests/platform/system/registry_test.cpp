@@ -21,10 +21,8 @@ protected:
             ERROR_SUCCESS);
         return key;
     }
-    static LONG SetNumber(HKEY key, const wchar_t* name, DWORD number) {
-        BYTE bytes[sizeof number];
-        std::memcpy(bytes, &number, sizeof number);
-        return RegSetValueExW(key, name, 0, REG_DWORD, bytes, sizeof bytes);
+    static LONG Put(HKEY key, const wchar_t* name, const RegistryValue& value) {
+        return RegSetValueExW(key, name, 0, value.type, value.data.data(), static_cast<DWORD>(value.data.size()));
     }
     /// As the console tells them: name, kind, value.
     static std::string All() {
@@ -45,41 +43,27 @@ protected:
 };
 
 TEST_F(RegistryTest, EveryKindOfValueSurvivesThePowerCut) {
-    const std::wstring texts[] = {L"", L"\\My Documents\\Kürbis \U0001F697.dat ", L" two\r\nlines\t=[x]\\n#;", L"€"};
-    const auto name = [](std::size_t i) { return L"t " + std::to_wstring(i) + L"=ä]"; };
     HKEY key = Create();
-    for (std::size_t i = 0; i < std::size(texts); ++i) {
-        const RegistryValue value = RegistryValue::OfText(texts[i], i == 3 ? REG_EXPAND_SZ : REG_SZ);
-        EXPECT_EQ(RegSetValueExW(
-                      key, name(i).c_str(), 0, value.type, value.data.data(), static_cast<DWORD>(value.data.size())),
-            ERROR_SUCCESS);
-    }
-    const BYTE bytes[] = {0, 0xFF, 0x10, 0x0A};
-    EXPECT_EQ(RegSetValueExW(key, L"Bytes", 0, REG_BINARY, bytes, 4), ERROR_SUCCESS);
+    EXPECT_EQ(Put(key, L"Bytes", {REG_BINARY, {0, 0xFF, 0x10, 0x0A}}), ERROR_SUCCESS);
+    EXPECT_EQ(Put(key, L"", RegistryValue::OfText(L"\\My Documents\\Kürbis \U0001F697.dat ", REG_SZ)), ERROR_SUCCESS);
+    EXPECT_EQ(Put(key, L"t 1=ä]", RegistryValue::OfText(L" two\r\nlines\t=[x]\\n#;", REG_SZ)), ERROR_SUCCESS);
+    EXPECT_EQ(Put(key, L"t 2=ä]", RegistryValue::OfText(L"€", REG_EXPAND_SZ)), ERROR_SUCCESS);
     EXPECT_FALSE(std::filesystem::exists(File()));
     EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
 
-    const auto mode = std::filesystem::status(File()).permissions();
-    EXPECT_EQ(mode, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    EXPECT_EQ(std::filesystem::status(File()).permissions(), std::filesystem::perms{0600});
     device::ReplaceEnvironment(variables_);
+    EXPECT_EQ(All(),
+        " 1 \\My Documents\\Kürbis \U0001F697.dat \nBytes 3 4 bytes\n"
+        "t 1=ä] 1  two\r\nlines\t=[x]\\n#;\nt 2=ä] 2 €\n");
     ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"SOFTWARE\\larkfield software\\Odoledger", 0, KEY_READ, &key), 0);
-    wchar_t buffer[64] = L"";
-    DWORD type = 0;
-    DWORD size = 0;
-    for (std::size_t i = 0; i < std::size(texts); ++i) {
-        size = sizeof buffer;
-        EXPECT_EQ(RegQueryValueExW(key, name(i).c_str(), nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size), 0);
-        EXPECT_EQ(buffer, texts[i]);
-        EXPECT_EQ(size, (texts[i].size() + 1) * sizeof(wchar_t));
-        EXPECT_EQ(type, i == 3 ? REG_EXPAND_SZ : REG_SZ);
-    }
-    BYTE back[4] = {};
-    size = 3;
+    BYTE back[5] = {0, 0, 0, 0, 7};
+    DWORD size = 3;
     EXPECT_EQ(RegQueryValueExW(key, L"Bytes", nullptr, nullptr, back, &size), ERROR_MORE_DATA);
     EXPECT_EQ(size, 4U);
     EXPECT_EQ(RegQueryValueExW(key, L"Bytes", nullptr, nullptr, back, &size), ERROR_SUCCESS);
-    EXPECT_EQ(std::memcmp(back, bytes, 4), 0);
-    EXPECT_EQ(SetNumber(key, L"Bytes", 1), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(std::memcmp(back, "\x00\xFF\x10\x0A\x07", 5), 0);
+    EXPECT_EQ(Put(key, L"Bytes", RegistryValue::OfNumber(1)), ERROR_ACCESS_DENIED);
     EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
     EXPECT_EQ(RegCloseKey(key), ERROR_INVALID_HANDLE);
 }
@@ -89,9 +73,8 @@ TEST_F(RegistryTest, WaitingChangesShowAtOnceAndLeaveAllElseAlone) {
     EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, Key, 0, KEY_READ, &key), ERROR_FILE_NOT_FOUND);
     Write(File(), "# by hand\n" + Section("Old=dword:1\nStrange=multi:a\n# kept\n") + "\n[Other]\nMine=anything\n");
     key = Create();
-    EXPECT_EQ(SetNumber(key, L"New", 5), ERROR_SUCCESS);
-    EXPECT_EQ(SetNumber(key, L"OLD", 2), ERROR_SUCCESS);
-    EXPECT_EQ(SetNumber(key, L"New", 6), ERROR_SUCCESS);
+    for (const auto& [name, value] : {std::pair{L"New", 5U}, {L"OLD", 2}, {L"New", 6}})
+        EXPECT_EQ(Put(key, name, RegistryValue::OfNumber(value)), ERROR_SUCCESS);
     DWORD number = 0;
     DWORD size = sizeof number;
     RegQueryValueExW(key, L"New", nullptr, nullptr, reinterpret_cast<BYTE*>(&number), &size);
@@ -136,7 +119,7 @@ TEST_F(RegistryTest, ADamagedFileGivesWhatItCanAndIsKeptAside) {
 TEST_F(RegistryTest, AWriteThatFailsIsToldAndChangesNothing) {
     ASSERT_EQ(device::SetRegistryValue(Key, L"Kept", RegistryValue::OfNumber(1)), ERROR_SUCCESS);
     const HKEY key = Create();
-    ASSERT_EQ(SetNumber(key, L"Lost", 2), ERROR_SUCCESS);
+    ASSERT_EQ(Put(key, L"Lost", RegistryValue::OfNumber(2)), ERROR_SUCCESS);
     const LONG error = WithoutRoom(16, [key] { return RegCloseKey(key); });
     EXPECT_NE(error, ERROR_SUCCESS);
     EXPECT_EQ(All(), "Kept 4 1\n");

@@ -1,8 +1,7 @@
-#include "device_fixture.h"
 #include "time_text.h"
 
 #include <cmath>
-#include <cstring>
+#include <gtest/gtest.h>
 #include <limits>
 
 namespace {
@@ -13,22 +12,18 @@ SYSTEMTIME Date(int year, int month, int day, int hour = 0, int minute = 0, int 
 }
 
 TEST(OleDates, StandForTheRightMoment) {
-    const struct {
-        SYSTEMTIME time;
-        double date;
-        const char* back;
-    } cases[] = {{Date(1899, 12, 30, 6), 0.25, "1899-12-30T06:00:00.000/6"},
-        {Date(1899, 12, 29, 6), -1.25, "1899-12-29T06:00:00.000/5"},
-        {Date(2024, 2, 29, 23, 59, 59, 999), 45351.0 + 86399.0 / 86400.0, "2024-02-29T23:59:59.000/4"},
-        {Date(100, 1, 1), -657434.0, "0100-01-01T00:00:00.000/5"},
-        {Date(9999, 12, 31, 23, 59, 59), 2958465.0 + 86399.0 / 86400.0, "9999-12-31T23:59:59.000/5"}};
-    for (const auto& testCase : cases) {
+    const std::tuple<SYSTEMTIME, double, const char*> cases[]
+        = {{Date(1899, 12, 30, 6), 0.25, "1899-12-30T06:00:00.000/6"},
+            {Date(1899, 12, 29, 6), -1.25, "1899-12-29T06:00:00.000/5"},
+            {Date(2024, 2, 29, 23, 59, 59, 999), 45351.0 + 86399.0 / 86400.0, "2024-02-29T23:59:59.000/4"},
+            {Date(100, 1, 1), -657434.0, "0100-01-01T00:00:00.000/5"},
+            {Date(9999, 12, 31, 23, 59, 59), 2958465.0 + 86399.0 / 86400.0, "9999-12-31T23:59:59.000/5"}};
+    for (const auto& [time, number, text] : cases) {
         double date = -1;
-        ASSERT_TRUE(SystemTimeToVariantTime(&testCase.time, &date)) << testCase.back;
-        EXPECT_EQ(date, testCase.date) << testCase.back;
         SYSTEMTIME back;
-        ASSERT_TRUE(VariantTimeToSystemTime(date, &back)) << testCase.back;
-        EXPECT_EQ(Text(back), testCase.back);
+        ASSERT_TRUE(SystemTimeToVariantTime(&time, &date) && VariantTimeToSystemTime(number, &back)) << text;
+        EXPECT_EQ(date, number) << text;
+        EXPECT_EQ(Text(back), text);
     }
 }
 
@@ -54,7 +49,6 @@ TEST(OleDates, RoundUpIntoTheNextDayAndRefuseWhatIsNoDate) {
 
     for (const double date : {std::nan(""), 1e300, -657435.0, 2958466.0, 2958465.9999999})
         EXPECT_FALSE(VariantTimeToSystemTime(date, &time)) << date;
-    EXPECT_EQ(Text(time), "1899-12-29T00:00:00.000/5");
     double date = 7;
     for (const SYSTEMTIME& wrong : {Date(99, 12, 31), Date(10000, 1, 1), Date(2026, 2, 29), Date(2026, 13, 1),
              Date(2026, 0, 1), Date(2026, 4, 31), Date(2026, 1, 0), Date(2026, 1, 1, 24), Date(2026, 1, 1, 0, 60),
@@ -65,40 +59,26 @@ TEST(OleDates, RoundUpIntoTheNextDayAndRefuseWhatIsNoDate) {
 }
 
 TEST(FileTimes, CountFrom1601To30827) {
-    const struct {
-        SYSTEMTIME time;
-        std::uint64_t ticks;
-    } cases[] = {{Date(1601, 1, 1), 0}, {Date(1601, 1, 2), 864000000000}, {Date(1970, 1, 1), 116444736000000000},
+    const std::pair<SYSTEMTIME, std::uint64_t> cases[] = {{Date(1601, 1, 1), 0}, {Date(1601, 1, 2), 864000000000},
         {Date(2026, 2, 28, 23, 59, 59, 999), 134167967999990000},
         {Date(30827, 12, 31, 23, 59, 59, 999), 9223149887999990000U}};
-    for (const auto& testCase : cases) {
+    FILETIME former{};
+    for (const auto& [time, count] : cases) {
         FILETIME ticks;
-        ASSERT_TRUE(SystemTimeToFileTime(&testCase.time, &ticks)) << Text(testCase.time);
-        EXPECT_EQ((std::uint64_t{ticks.dwHighDateTime} << 32U) | ticks.dwLowDateTime, testCase.ticks);
         SYSTEMTIME back;
-        ASSERT_TRUE(FileTimeToSystemTime(&ticks, &back));
+        ASSERT_TRUE(SystemTimeToFileTime(&time, &ticks) && FileTimeToSystemTime(&ticks, &back)) << Text(time);
+        EXPECT_EQ((std::uint64_t{ticks.dwHighDateTime} << 32U) | ticks.dwLowDateTime, count);
         back.wDayOfWeek = 0;
-        EXPECT_EQ(Text(back), Text(testCase.time));
+        EXPECT_EQ(Text(back), Text(time));
+        EXPECT_EQ(CompareFileTime(&former, &ticks), count > 0 ? -1 : 0);
+        EXPECT_EQ(CompareFileTime(&ticks, &former), count > 0 ? 1 : 0);
+        former = ticks;
     }
-    FILETIME ticks;
     for (const SYSTEMTIME& wrong : {Date(1600, 12, 31), Date(30828, 1, 1), Date(2026, 2, 30)})
-        EXPECT_FALSE(SystemTimeToFileTime(&wrong, &ticks)) << Text(wrong);
+        EXPECT_FALSE(SystemTimeToFileTime(&wrong, &former)) << Text(wrong);
     SYSTEMTIME time;
     const FILETIME late{0, 0x80000000};
     EXPECT_FALSE(FileTimeToSystemTime(&late, &time));
-    const FILETIME first{0xFFFFFFFF, 1};
-    const FILETIME second{0, 2};
-    EXPECT_EQ(CompareFileTime(&first, &second), -1);
-    EXPECT_EQ(CompareFileTime(&second, &first), 1);
-}
-
-TEST_F(DeviceTest, AStoppedClockStandsAndARunningOneIsTheHosts) {
-    Set("HANDSET_CLOCK", "2024-02-29T23:59:59Z");
-    SYSTEMTIME time;
-    GetSystemTime(&time);
-    EXPECT_EQ(Text(time), "2024-02-29T23:59:59.000/4");
-    Set("HANDSET_CLOCK", "");
-    EXPECT_LT(std::chrono::system_clock::now() - device::UtcNow(), std::chrono::minutes{1});
 }
 
 } // namespace

@@ -26,9 +26,6 @@ public:
         steps.push_back(std::move(step));
         return *this;
     }
-    ScriptedHost& Key(WORD key, unsigned modifiers = 0) {
-        return Then([this, key, modifiers] { Press(key, modifiers); });
-    }
     /// Both halves at once, from inside a step.
     void Press(WORD key, unsigned modifiers = 0, wchar_t character = 0) {
         events.push_back({Event::Kind::KeyDown, key, character, modifiers});
@@ -75,7 +72,7 @@ public:
         return true;
     }
     device::Canvas& Screen() override { return canvas; }
-    void Present(const RECT& /*changed*/) override { ++frames; }
+    void Present(const RECT& /*changed*/) override { }
     void Beep() override { }
     void Wake() override { }
     void GoBack() override { ++goBacks; }
@@ -83,7 +80,6 @@ public:
     std::deque<Step> steps;
     std::deque<Event> events;
     device::RecordingCanvas canvas{device::PangoMeasurer()};
-    int frames = 0;
     int goBacks = 0;
 };
 
