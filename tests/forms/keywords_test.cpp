@@ -6,6 +6,21 @@ using namespace controls;
 
 using KeywordsTest = DialogDevice;
 
+namespace {
+
+/// A data file that can be written and no longer read.
+class UnreadableTexts : public CStringHelperFactory {
+    struct Helper : CDefaultStringHelper {
+        const wchar_t* Decode(const char* /*text*/) override { throw std::bad_alloc(); }
+        using CDefaultStringHelper::Decode;
+    };
+
+public:
+    std::unique_ptr<CStringHelper> Create() override { return std::make_unique<Helper>(); }
+};
+
+} // namespace
+
 TEST_F(KeywordsTest, OnlyTheSameNameIsADuplicate) {
     CKeyword wash;
     wash.SetType(CKeyword::KeywordExpense);
@@ -28,10 +43,13 @@ TEST_F(KeywordsTest, OnlyTheSameNameIsADuplicate) {
     const Step first = [] { SendMessageW(Item(List), LB_SETCURSEL, 0, 0); };
     for (const wchar_t* name : {L"Wash", L"wash"})
         script.insert(script.end(), {first, Menu(2), Type(name), Done()});
-    script.push_back(CancelByMenu());
+    // Without a list to compare with, nothing either.
+    script.emplace_back([&] { Layer.SetStringHelperFactory(std::make_unique<UnreadableTexts>()); });
+    script.insert(script.end(), {Menu(1), Type(L"New"), Done(), CancelByMenu()});
     CDlgKeywords list;
     list.KeywordType = CKeyword::KeywordExpense;
     EXPECT_EQ(Run(list, script), 2);
+    Layer.SetStringHelperFactory(nullptr);
     EXPECT_EQ(before.size(), 6U);
     EXPECT_EQ(stored(), before);
 }

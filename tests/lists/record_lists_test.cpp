@@ -77,6 +77,39 @@ TEST_F(RecordLists, VehiclesStandInTheOrderOfTheirTextsAndAnEditedOneMovesSelect
     EXPECT_EQ(list.AddRow(vehicle, 1), 3);
     EXPECT_EQ(NamesIn<CVehicle>(list), L"Étoile;van;Van;x;Zoë;");
     EXPECT_EQ(list.GetSelectedVehicle(), vehicle);
+    CVehicle stranger;
+    EXPECT_EQ(list.AddRow(&stranger, 1), -1);
+    Layer.Disconnect();
+    EXPECT_EQ(list.Reload(), 0);
+    EXPECT_EQ(list.GetRowCount(), 0);
+}
+
+TEST_F(RecordLists, AParentReflectsOnlyWhatConcernsAChild) {
+    CVehicleListView list;
+    Show(list, 0x5000C01D);
+    const HWND frame = Frame.GetHandle();
+    const auto self = reinterpret_cast<LPARAM>(frame);
+    const auto child = reinterpret_cast<LPARAM>(list.GetHandle());
+    for (const auto& [message, wParam, lParam, isReflected] :
+        {std::tuple{WM_DELETEITEM, 7U, LPARAM{0}, true}, {WM_COMPAREITEM, 8U, 0, false}, {WM_DRAWITEM, 7U, 0, false},
+            {WM_VSCROLL, 0U, child, true}, {WM_VSCROLL, 0U, self, false}, {WM_CTLCOLORLAST, 0U, child, true},
+            {WM_CTLCOLORLAST + 1, 0U, child, false}, {WM_SIZE, 0U, child, false}}) {
+        LRESULT result = 0;
+        EXPECT_EQ(ReflectNotification(frame, message, wParam, lParam, result), isReflected) << message;
+    }
+}
+
+TEST_F(RecordLists, FontsHaveTheHeightOfTheTextSize) {
+    DWORD automatic = 0;
+    SHGetUIMetrics(2, &automatic, sizeof automatic, nullptr);
+    for (const auto& [textSize, height] :
+        {std::pair{1, -13L}, {2, -16L}, {3, -18L}, {5, -13L}, {0, -static_cast<LONG>(automatic)}}) {
+        theSettings.TextSize = textSize;
+        CreateAppFonts();
+        LOGFONTW made;
+        ASSERT_NE(GetObjectW(BoldTextFont, sizeof made, &made), 0);
+        EXPECT_EQ(made.lfHeight, height) << textSize;
+    }
 }
 
 } // namespace

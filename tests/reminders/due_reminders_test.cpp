@@ -74,6 +74,8 @@ TEST_F(DueReminders, StaysQuietWithoutAVehicleOrAFile) {
     theSettings.LastActiveVehicle = Car.GetRefID();
     Layer.Disconnect();
     Check({});
+    Run([this] { return ManageReminders(&Car), 0; },
+        {[this] { EXPECT_TRUE(Shows(L"There are no items in this list.")); }, Press({VK_TBACK})});
 }
 
 TEST_F(DueReminders, OneThatCannotBeDeletedStaysAndComesUpAgain) {
@@ -84,8 +86,7 @@ TEST_F(DueReminders, OneThatCannotBeDeletedStaysAndComesUpAgain) {
     disk.FailFrom(0);
     Check({VK_TSOFT1, VK_TSOFT1}); // the walk goes on without a word
     const Step bothRows = [] { EXPECT_EQ(SendMessageW(Item(List), LVM_GETITEMCOUNT, 0, 0), 2); };
-    Run([this] { return ManageReminders(&Car), 0; },
-        {Press({VK_DOWN}), Menu(2), Done(), bothRows, Press({VK_TBACK})});
+    Run([this] { return ManageReminders(&Car), 0; }, {Press({VK_DOWN}), Menu(2), Done(), bothRows, Press({VK_TBACK})});
     disk.Mend();
     EXPECT_EQ(Check({VK_TSOFT1, VK_TSOFT1}), (std::vector<std::wstring>{L"One", L"Two"}));
     EXPECT_TRUE(Stored().empty());
