@@ -10,15 +10,13 @@ TEST_F(QuickStatsScreen, WritesOutEachFigureAndSaysWhereThereIsNone) {
     Store(40001, CEntry::EntryTypeRepair, L"Brakes", 1100, 120);
     for (const auto& [day, odometer, volume, amount] : {std::tuple{0, 1000, 10.0F, 30.0F}, {2, 1550, 22.0F, 67.0F}}) {
         const auto fill = Store(40000 + day, CEntry::EntryTypeFuel, L"", odometer, amount);
-        fill->SetVendor(L"North");
         fill->SetCustom1(volume);
         EXPECT_TRUE(Layer.Save(fill.get(), 0));
         stats.Calculate(&Filter);
         EXPECT_EQ(QuickStatsValueText(1, &stats) == L"N/A", day == 0) << "an economy of -1";
     }
-    const wchar_t* const values[QuickStatsRowCount]
-        = {L"All Dates", L"25.00 mi/gal", L"25.00 mi/gal (North)", L"$3.03 per gal", L"550 miles", L"22.00 gal",
-            L"$97.00", L"$217.00", L"4.00 gal per 100 miles", L"$43.40 per 100 miles"};
+    const wchar_t* const values[QuickStatsRowCount] = {L"All Dates", L"25.00 mi/gal", L"25.00 mi/gal", L"$3.03 per gal",
+        L"550 miles", L"22.00 gal", L"$97.00", L"$217.00", L"4.00 gal per 100 miles", L"$43.40 per 100 miles"};
     for (int row = 0; row < QuickStatsRowCount; ++row) {
         EXPECT_EQ(QuickStatsValueText(row, &stats), values[row]);
         EXPECT_EQ(QuickStatsValueText(row, nullptr), L"N/A");
