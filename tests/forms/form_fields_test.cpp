@@ -1,92 +1,138 @@
 #include "../lists/dialog_device.h"
 
 #include "forms/dlg_expense.h"
-#include "forms/dlg_fuel_entry.h"
 #include "forms/dlg_repair.h"
-#include "forms/dlg_trip.h"
 #include "forms/dlg_vehicle.h"
+#include "shell/record_editing.h"
 
 using namespace controls;
 
 class FormFields : public DialogDevice {
 protected:
-    template <typename Form> using Texts = std::vector<std::pair<std::wstring Form::*, UINT>>;
+    template <typename Record>
+    using Texts = std::vector<std::tuple<UINT, void (Record::*)(const wchar_t*), const wchar_t* (Record::*)() const>>;
+    template <typename Record> using Numbers = std::vector<std::tuple<UINT, int, std::function<double(const Record&)>>>;
 
-    /// Each text shows in its control and comes back from it; a control that is left alone keeps every character.
-    template <typename Form> void CheckTexts(Form& form, const Texts<Form>& texts) {
+    /// Each value of a record shows in its control and comes back from there; a form that is left alone changes
+    /// nothing.
+    template <typename Record>
+    void Check(int (*edit)(Record*), Record& record, double (Record::*date)() const, const Texts<Record>& texts,
+        const Numbers<Record>& numbers) {
         const std::wstring awkward = std::wstring(300, L'\u00c9') + L"E\u0301 \U0001F527 ";
-        for (const auto& [field, id] : texts)
-            form.*field = std::to_wstring(id) + awkward;
-        EXPECT_EQ(Run(form, {Done()}), 1);
+        for (const auto& [id, set, get] : texts)
+            (record.*set)((std::to_wstring(id) + awkward).c_str());
+        ASSERT_TRUE(Layer.Save(&record, 0));
+        const auto run = [&] { return edit(&record); };
+        EXPECT_EQ(Run(run, {Done()}), 0);
+        EXPECT_FALSE(record.IsDirty());
         const auto change = [&] {
-            for (const auto& [field, id] : texts) {
+            for (const auto& [id, set, get] : texts) {
                 EXPECT_EQ(TextOf(id), std::to_wstring(id) + awkward);
                 Put(id, L"U" + std::to_wstring(id))();
             }
+            for (const auto& [id, number, get] : numbers)
+                Put(id, std::to_wstring(number))();
+            SetFocus(Item(Date));
+            Host.Type(L"2"); // the month
         };
-        EXPECT_EQ(Run(form, {change, Done()}), 1);
-        for (const auto& [field, id] : texts)
-            EXPECT_EQ(form.*field, L"U" + std::to_wstring(id));
+        EXPECT_NE(Run(run, {change, Done()}), 0);
+        for (const auto& [id, set, get] : texts)
+            EXPECT_EQ((record.*get)(), L"U" + std::to_wstring(id));
+        for (const auto& [id, number, get] : numbers)
+            EXPECT_EQ(get(record), number) << id;
+        EXPECT_EQ((record.*date)(), 39498.75) << "a time of day";
     }
-    template <typename Form> void CheckPaid(const std::vector<std::wstring>& labels) {
-        Form form;
-        form.Date = 39467.75;
-        form.Odometer = 2147483647;
-        CheckTexts<Form>(form, {{&Form::Description, FirstText}, {&Form::Vendor, Vendor}, {&Form::Notes, Notes}});
-        const auto look = [&] {
-            for (UINT number = 0; number < labels.size(); ++number)
-                EXPECT_EQ(TextOf(FirstLabel + number), labels[number]);
-        };
-        EXPECT_EQ(Run(form, {look, Put(Money, L"-12.345678"), Done()}), 1);
-        EXPECT_EQ(form.Date, 39467.75) << "a time of day";
-        EXPECT_EQ(form.Odometer, 2147483647);
-        EXPECT_EQ(form.Amount, -12.345678F);
+    void CheckEntry(CEntry& entry, const Texts<CEntry>& texts, const Numbers<CEntry>& numbers) {
+        auto notes = texts;
+        notes.emplace_back(Notes, &CEntry::SetNotes, &CEntry::GetNotes);
+        Check(&EditEntry, entry, &CEntry::GetDate, notes, numbers);
     }
 };
 
 TEST_F(FormFields, OfARepairAndAnExpense) {
-    CheckPaid<CDlgRepair>({L"Date:", L"Odometer:", L"Description:", L"Location/Vendor:", L"Amount paid:", L"Notes"});
-    CheckPaid<CDlgExpense>({L"Date:", L"Odometer:", L"Description:", L"Vendor:", L"Amt. paid:", L"Notes:"});
+    for (const auto type : {CEntry::EntryTypeRepair, CEntry::EntryTypeExpense}) {
+        const auto entry = Store(39467.75, type, L"", 2147483647, -12.5F);
+        CheckEntry(*entry,
+            {{FirstText, &CEntry::SetName, &CEntry::GetName}, {Vendor, &CEntry::SetVendor, &CEntry::GetVendor}},
+            {{Odometer, 6, &CEntry::GetOdometer}, {Money, 7, &CEntry::GetAmount}});
+    }
 }
 
 TEST_F(FormFields, OfAFill) {
-    CDlgFuelEntry form;
-    form.Date = 39467.75;
-    form.Odometer = -12;
-    form.Volume = 0.1F;
-    form.UnitPrice = 3.4590001F;
-    CheckTexts<CDlgFuelEntry>(form, {{&CDlgFuelEntry::Vendor, FirstText}, {&CDlgFuelEntry::Notes, Notes}});
-    EXPECT_EQ(form.Date, 39467.75);
-    EXPECT_EQ(form.Odometer, -12);
-    EXPECT_EQ(form.Volume, 0.1F);
-    EXPECT_EQ(form.UnitPrice, 3.459F) << "as the six digits have it";
-    EXPECT_EQ(form.TotalCost, 0.0F);
+    const auto entry = Store(39467.75, CEntry::EntryTypeFuel, L"", -12, 36.5F);
+    entry->SetCustom1(0.1F);
+    entry->SetCustom2(3.459F);
+    CheckEntry(*entry, {{FirstText, &CEntry::SetVendor, &CEntry::GetVendor}},
+        {{Odometer, 6, &CEntry::GetOdometer}, {Volume, 7, &CEntry::GetCustom1}, {UnitPrice, 8, &CEntry::GetCustom2},
+            {Money, 9, &CEntry::GetAmount}});
 }
 
 TEST_F(FormFields, OfATrip) {
-    CDlgTrip form;
-    form.Date = 39467.25;
-    form.StartOdometer = 5000;
-    form.EndOdometer = 5100;
-    form.TotalCost = 36.5F;
-    CheckTexts<CDlgTrip>(
-        form, {{&CDlgTrip::Description, FirstText}, {&CDlgTrip::Category, Category}, {&CDlgTrip::Notes, Notes}});
-    EXPECT_EQ(form.Date, 39467.25);
-    EXPECT_EQ(form.StartOdometer, 5000);
-    EXPECT_EQ(form.EndOdometer, 5100);
-    EXPECT_EQ(form.TotalCost, 36.5F);
+    const auto entry = Store(39467.75, CEntry::EntryTypeTrip, L"", 5100, 36.5F);
+    entry->SetCustom1(5000);
+    entry->SetCustom2(5100);
+    CheckEntry(*entry,
+        {{FirstText, &CEntry::SetName, &CEntry::GetName}, {Category, &CEntry::SetVendor, &CEntry::GetVendor}},
+        {{StartOdometer, 6, &CEntry::GetCustom1}, {EndOdometer, 7, &CEntry::GetCustom2},
+            {EndOdometer, 7, &CEntry::GetOdometer}, {Money, 8, &CEntry::GetAmount}});
 }
 
 TEST_F(FormFields, OfAVehicle) {
-    CDlgVehicle form;
-    form.CurrentOdometer = -5;
-    form.ExpirationDate = 39500.5;
-    CheckTexts<CDlgVehicle>(form,
-        {{&CDlgVehicle::Name, FirstText}, {&CDlgVehicle::LicensePlate, LicensePlate}, {&CDlgVehicle::VIN, VIN},
-            {&CDlgVehicle::PolicyNumber, PolicyNumber}, {&CDlgVehicle::AgentName, AgentName},
-            {&CDlgVehicle::AgentPhone, AgentPhone}, {&CDlgVehicle::Coverage, Coverage},
-            {&CDlgVehicle::DealerName, DealerName}, {&CDlgVehicle::DealerPhone, DealerPhone},
-            {&CDlgVehicle::DealerAddress, DealerAddress}, {&CDlgVehicle::Notes, Notes}});
-    EXPECT_EQ(form.CurrentOdometer, -5);
-    EXPECT_EQ(form.ExpirationDate, 39500.5);
+    CVehicle vehicle;
+    vehicle.SetYear(1999);
+    vehicle.SetCurrentOdometer(-5);
+    vehicle.SetInsuranceExpirationDate(39467.75);
+    Check(&EditVehicle, vehicle, &CVehicle::GetInsuranceExpirationDate,
+        {{FirstText, &CVehicle::SetName, &CVehicle::GetName}, {VIN, &CVehicle::SetVIN, &CVehicle::GetVIN},
+            {LicensePlate, &CVehicle::SetLicensePlate, &CVehicle::GetLicensePlate},
+            {PolicyNumber, &CVehicle::SetInsurancePolicyNumber, &CVehicle::GetInsurancePolicyNumber},
+            {AgentName, &CVehicle::SetInsuranceAgentName, &CVehicle::GetInsuranceAgentName},
+            {AgentPhone, &CVehicle::SetInsuranceAgentPhone, &CVehicle::GetInsuranceAgentPhone},
+            {Coverage, &CVehicle::SetInsuranceCoverage, &CVehicle::GetInsuranceCoverage},
+            {DealerName, &CVehicle::SetDealerName, &CVehicle::GetDealerName},
+            {DealerPhone, &CVehicle::SetDealerPhone, &CVehicle::GetDealerPhone},
+            {DealerAddress, &CVehicle::SetDealerAddress, &CVehicle::GetDealerAddress},
+            {Notes, &CVehicle::SetNotes, &CVehicle::GetNotes}},
+        {{Year, 6, &CVehicle::GetYear}, {Odometer, 7, &CVehicle::GetCurrentOdometer}});
+}
+
+TEST_F(FormFields, AreReadInTheOrderOfTheirForm) {
+    const auto failAtTheOdometer = [&](CPaidEntryForm&& form) {
+        Run(form,
+            {Put(FirstText, L"Wash"), Put(Vendor, L"Pit"), Put(Odometer, L""), Done(), Press({VK_RETURN}),
+                CancelByMenu()});
+        return form.Description + form.Vendor;
+    };
+    EXPECT_EQ(failAtTheOdometer(CDlgRepair()), L"") << "the odometer comes first";
+    EXPECT_EQ(failAtTheOdometer(CDlgExpense()), L"WashPit");
+    CDlgVehicle vehicle;
+    const auto yearFirst = [&] {
+        EXPECT_EQ(FocusedId(), Year);
+        Put(Year, L"1999")();
+        Press({VK_RETURN})(); // Action is Done in this form
+    };
+    const auto nameThen = [&] {
+        EXPECT_EQ(Message(), L"A name is required.");
+        Press({VK_RETURN})();
+    };
+    const auto atTheName = [] { EXPECT_EQ(FocusedId(), FirstText); };
+    EXPECT_EQ(
+        Run(vehicle, {Put(Year, L""), Done(), yearFirst, nameThen, atTheName, Put(FirstText, L"Enc\u00f3re"), Done()}),
+        1);
+    EXPECT_EQ(vehicle.Year, 1999);
+}
+
+TEST_F(FormFields, CancelWithoutASenderIsIgnoredByTheRepairFormAlone) {
+    const auto send = [](UINT command) {
+        return [command] {
+            const HWND form = GetActiveWindow();
+            SendMessageW(form, WM_COMMAND, command, 0);
+            PostMessageW(form, WM_NULL, 0, 0);
+        };
+    };
+    CDlgRepair repair;
+    CDlgExpense expense;
+    expense.Description = repair.Description = L"Oil";
+    EXPECT_EQ(Run(repair, {send(commands::Done), send(commands::Cancel), Done()}), 1);
+    EXPECT_EQ(Run(expense, {send(commands::Done), send(commands::Cancel)}), 2);
 }

@@ -2,18 +2,11 @@
 
 #include "forms/dlg_fuel_entry.h"
 #include "forms/last_price.h"
-#include "platform/registry.h"
-#include "platform/system/console_registry.h"
-
-#include <cstring>
-#include <limits>
 
 using namespace controls;
 
 class FuelFormTest : public DialogDevice {
 protected:
-    ~FuelFormTest() override { theSettings.UnitVolume = 0; }
-
     static void SetNumbers(const wchar_t* odometer, const wchar_t* price, const wchar_t* volume, const wchar_t* total) {
         Put(Odometer, odometer)();
         Put(UnitPrice, price)();
@@ -87,32 +80,4 @@ TEST_F(FuelFormTest, LastPriceIsOfferedToNewEntriesAndStoredByDoneAlone) {
     existing.UnitPrice = 2.0F;
     EXPECT_EQ(Run(existing, {[&] { EXPECT_EQ(TextOf(UnitPrice), L"2"); }, Done()}), 1);
     EXPECT_EQ(LastPrice(), 2.0F) << "the last Done wins";
-}
-
-TEST_F(FuelFormTest, AStoredPriceThatIsNoNumberIsPassedOver) {
-    const float notANumber = std::numeric_limits<float>::quiet_NaN();
-    for (const auto& [type, size] : {std::pair{REG_BINARY, 4U}, {REG_BINARY, 3U}, {REG_BINARY, 5U}, {REG_DWORD, 4U}}) {
-        device::RegistryValue value{type, std::vector<BYTE>(5)};
-        std::memcpy(value.data.data(), &notANumber, sizeof notANumber);
-        value.data.resize(size);
-        ASSERT_EQ(device::SetRegistryValue(CAppSettings::RegistryKey, L"LastPrice", value), ERROR_SUCCESS);
-        EXPECT_EQ(LastPrice(), -1.0F);
-    }
-}
-
-TEST_F(FuelFormTest, UnitsAndNumbersAreThoseOfTheUser) {
-    UseLocale("de_DE");
-    theSettings.UnitVolume = 2;
-    form.UnitPrice = 3.459F;
-    EXPECT_EQ(Run(form,
-                  {[&] {
-                       EXPECT_EQ(TextOf(VolumeLabel), L"Num litres:");
-                       EXPECT_EQ(TextOf(UnitPriceLabel), L"Cost per litre:");
-                       EXPECT_EQ(TextOf(UnitPrice), L"3,459");
-                       SetNumbers(L"1", L"3,459", L"2,5", L"1.5");
-                   },
-                      Done()}),
-        1);
-    EXPECT_EQ(form.Volume, 2.5F);
-    EXPECT_EQ(form.TotalCost, 1.5F) << "a point is taken as well";
 }

@@ -4,6 +4,8 @@
 
 using namespace controls;
 
+using KeywordsTest = DialogDevice;
+
 namespace {
 
 /// A data file that can be written and no longer read.
@@ -19,68 +21,35 @@ public:
 
 } // namespace
 
-class KeywordsTest : public DialogDevice {
-protected:
-    using Names = std::vector<std::wstring>;
-
-    ~KeywordsTest() override { Layer.SetStringHelperFactory(nullptr); }
-
-    void Store(const Names& names) {
-        for (const std::wstring& name : names) {
-            CKeyword keyword;
-            keyword.SetType(CKeyword::KeywordExpense);
-            keyword.SetName(name.c_str());
-            ASSERT_TRUE(Layer.Save(&keyword, 0));
-        }
-    }
-    Names Stored() { return NamesOf<CKeyword>(CKeyword::KeywordExpense); }
-    static LRESULT Count() { return SendMessageW(Item(List), LB_GETCOUNT, 0, 0); }
-    Step Shows(const std::wstring& rows) {
-        return [this, rows] {
-            EXPECT_EQ(Count(), rows.empty() ? 0 : 2);
-            EXPECT_TRUE(DialogDevice::Shows(rows));
-        };
-    }
-    Step Add() { return Menu(1); }
-    Step Edit() { return Menu(2); }
-    /// Runs the list once and tells how it ended.
-    LONG_PTR RunList(const std::vector<Step>& steps) {
-        CDlgKeywords list;
-        list.KeywordType = CKeyword::KeywordExpense;
-        return Run(list, steps);
-    }
-};
-
 TEST_F(KeywordsTest, OnlyTheSameNameIsADuplicate) {
-    Store({L"Wash"});
+    CKeyword wash;
+    wash.SetType(CKeyword::KeywordExpense);
+    wash.SetName(L"Wash");
+    ASSERT_TRUE(Layer.Save(&wash, 0));
+    const auto stored = [this] { return NamesOf<CKeyword>(CKeyword::KeywordExpense); };
     constexpr std::pair<const wchar_t*, bool> Rows[] = {{L"Wash", false}, {L"", false}, {L"Wash ", true},
         {L"Caf\u00e9", true}, {L"Cafe\u0301", true}, {L"Caf\u00e9", false}, {L"   ", true}, {L"wash", true}};
     std::vector<Step> script;
     LRESULT count = 1;
     for (const auto& row : Rows) {
         count += row.second ? 1 : 0;
-        const Step check = [&row, count] { EXPECT_EQ(Count(), count) << row.first; };
-        script.insert(script.end(), {Add(), Type(row.first), Done(), check});
+        const Step check
+            = [&row, count] { EXPECT_EQ(SendMessageW(Item(List), LB_GETCOUNT, 0, 0), count) << row.first; };
+        script.insert(script.end(), {Menu(1), Type(row.first), Done(), check});
     }
     // A keyword matches itself: nothing is stored for an unchanged text, nor for one that is taken.
-    Names before;
-    script.emplace_back([&] { before = Stored(); });
+    std::vector<std::wstring> before;
+    script.emplace_back([&] { before = stored(); });
     const Step first = [] { SendMessageW(Item(List), LB_SETCURSEL, 0, 0); };
     for (const wchar_t* name : {L"Wash", L"wash"})
-        script.insert(script.end(), {first, Edit(), Type(name), Done()});
-    script.push_back(CancelByMenu());
-    EXPECT_EQ(RunList(script), 2);
-    EXPECT_EQ(before.size(), 6U);
-    EXPECT_EQ(Stored(), before);
-}
-
-TEST_F(KeywordsTest, WithoutAListToCompareWithNothingIsStored) {
-    Store({L"One", L"Two"});
-    const Step same = Shows(L"One Two");
-    EXPECT_EQ(RunList({[&] { Layer.SetStringHelperFactory(std::make_unique<UnreadableTexts>()); }, Add(), Type(L"New"),
-                  Done(), Edit(), Type(L"Three"), Done(), same, CancelByMenu()}),
-        2);
-    EXPECT_EQ(RunList({Shows(L""), CancelByMenu()}), 2) << "a list that cannot be loaded is empty";
+        script.insert(script.end(), {first, Menu(2), Type(name), Done()});
+    // Without a list to compare with, nothing either.
+    script.emplace_back([&] { Layer.SetStringHelperFactory(std::make_unique<UnreadableTexts>()); });
+    script.insert(script.end(), {Menu(1), Type(L"New"), Done(), CancelByMenu()});
+    CDlgKeywords list;
+    list.KeywordType = CKeyword::KeywordExpense;
+    EXPECT_EQ(Run(list, script), 2);
     Layer.SetStringHelperFactory(nullptr);
-    EXPECT_EQ(Stored(), (Names{L"One", L"Two"}));
+    EXPECT_EQ(before.size(), 6U);
+    EXPECT_EQ(stored(), before);
 }

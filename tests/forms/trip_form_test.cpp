@@ -99,12 +99,3 @@ TEST_F(TripFormTest, SavePassesRoundTheRateOfTheSettings) {
         {[] { EXPECT_EQ(TextOf(TripMileageRate), L"0,123457"); }, Focus(StartOdometer), Press({VK_DOWN}),
             [] { EXPECT_EQ(theSettings.MileageRate, 0.123457F); }, CancelByMenu()});
 }
-
-TEST_F(TripFormTest, DoneWorksNothingOut) {
-    EXPECT_EQ(Run(form,
-                  {Put(EndOdometer, L"4999"), Focus(Category), Done(), Press({VK_RETURN}),
-                      [] { EXPECT_EQ(FocusedId(), Category) << "the message leaves the focus"; },
-                      Put(EndOdometer, L"5000"), Put(ElapsedDistance, L"300"), Done()}),
-        1);
-    EXPECT_EQ(form.EndOdometer, 5000) << "equal readings pass";
-}

@@ -6,22 +6,16 @@
 #include "lists/entry_list_view.h"
 #include "lists/parent_reflection.h"
 #include "lists/vehicle_list_view.h"
-#include "platform/metrics.h"
 #include "records/entry_filter.h"
 #include "resources/module.h"
 
-/// A frame around one list, which it fits to its client area.
+/// A frame around one list, which draws through it.
 class ListFrame final : public CWindowImpl {
-public:
-    HWND List = nullptr;
-
 protected:
     LRESULT ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
         LRESULT result = 0;
         if (ReflectNotification(GetHandle(), message, wParam, lParam, result))
             return result;
-        if (message == WM_SIZE && List)
-            MoveWindow(List, 0, 0, LOWORD(static_cast<WPARAM>(lParam)), HIWORD(static_cast<WPARAM>(lParam)), TRUE);
         return CWindowImpl::ProcessWindowMessage(message, wParam, lParam);
     }
 };
@@ -36,7 +30,6 @@ protected:
         theSettings.TextSize = 2;
         theSettings.SortAscending = 1;
         theSettings.LastColSorted = 0;
-        theSettings.AlternateRowShading = 1;
         CreateAppFonts();
         Filter.SetVehicleID(Vehicle);
         Frame.Create(L"ListFrame", L"", WS_POPUP | WS_VISIBLE, nullptr, 0);
@@ -49,25 +42,20 @@ protected:
 
     void Show(CCustomListView& list, DWORD style) {
         list.CreateControl(L"SysListView32", style, Frame.GetHandle(), 7);
-        Frame.List = list.GetHandle();
         RECT client;
         GetClientRect(Frame.GetHandle(), &client);
-        MoveWindow(Frame.List, 0, 0, client.right, client.bottom, TRUE);
-        SendMessageW(Frame.List, WM_SETFONT, reinterpret_cast<WPARAM>(BoldTextFont), TRUE);
-        SetFocus(Frame.List);
+        MoveWindow(list.GetHandle(), 0, 0, client.right, client.bottom, TRUE);
+        SendMessageW(list.GetHandle(), WM_SETFONT, reinterpret_cast<WPARAM>(BoldTextFont), TRUE);
+        SetFocus(list.GetHandle());
     }
     void ShowEntries(CEntryListView& list) {
         Show(list, 0x50004401);
         list.InitColumns();
         list.Refresh(&Filter);
     }
-    void ShowVehicles(CVehicleListView& list) {
-        Show(list, 0x5000C01D);
-        list.InitColumns();
-    }
 
-    std::unique_ptr<CEntry> Store(double date, CEntry::Type type, const wchar_t* name, LONG odometer = 0,
-        float amount = 0, const wchar_t* vendor = L"") {
+    std::unique_ptr<CEntry> Store(
+        double date, CEntry::Type type, const wchar_t* name, LONG odometer = 0, float amount = 0) {
         auto entry = std::make_unique<CEntry>();
         entry->SetVehicleID(Vehicle);
         entry->SetDate(date);
@@ -75,28 +63,8 @@ protected:
         entry->SetName(name);
         entry->SetOdometer(odometer);
         entry->SetAmount(amount);
-        entry->SetVendor(vendor);
         EXPECT_TRUE(Layer.Save(entry.get(), 0));
         return entry;
-    }
-    void StoreVehicle(const wchar_t* name, int year) {
-        CVehicle vehicle;
-        vehicle.SetName(name);
-        vehicle.SetYear(year);
-        EXPECT_TRUE(Layer.Save(&vehicle, 0));
-    }
-
-    const std::vector<device::PaintedText>& Painted() {
-        Host.Pump();
-        return Host.canvas.Texts();
-    }
-    /// Null when no such text is on the screen.
-    const device::PaintedText* Painted(const std::wstring& start) {
-        for (const device::PaintedText& text : Painted()) {
-            if (text.text.starts_with(start))
-                return &text;
-        }
-        return nullptr;
     }
 
     /// Also for a text that was wrapped.

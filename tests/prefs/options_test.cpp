@@ -111,15 +111,4 @@ TEST_F(OptionsTest, TheMileageRateIsReadStrictlyAndWithAPoint) {
     }
 }
 
-TEST_F(OptionsTest, ShowsTheRateWithAPointAndTheLocalesCurrency) {
-    UseLocale("de_DE");
-    theSettings.MileageRate = 1234567.0F;
-    const auto look = [] {
-        EXPECT_EQ(TextOf(controls::OptionsMileageRate), L"1.23457e+06");
-        EXPECT_EQ(TextOf(controls::Currency), L"\u00a0\u20ac");
-    };
-    EXPECT_EQ(Show({look, Put(controls::OptionsMileageRate, L"5"), Press({VK_TSOFT2})}), 2);
-    EXPECT_EQ(theSettings.MileageRate, 1234567.0F);
-}
-
 } // namespace

@@ -1,6 +1,7 @@
 #include "../records/faulty_disk.h"
 #include "reminder_fixture.h"
 #include "reminders/due_reminders.h"
+#include "reminders/reminder_commands.h"
 
 using namespace controls;
 
@@ -73,15 +74,19 @@ TEST_F(DueReminders, StaysQuietWithoutAVehicleOrAFile) {
     theSettings.LastActiveVehicle = Car.GetRefID();
     Layer.Disconnect();
     Check({});
+    Run([this] { return ManageReminders(&Car), 0; },
+        {[this] { EXPECT_TRUE(Shows(L"There are no items in this list.")); }, Press({VK_TBACK})});
 }
 
-TEST_F(DueReminders, OneThatCannotBeDeletedComesUpAgain) {
+TEST_F(DueReminders, OneThatCannotBeDeletedStaysAndComesUpAgain) {
     FaultyDisk disk;
     Reconnect();
     Remind(L"One", 100);
     Remind(L"Two", 100);
     disk.FailFrom(0);
     Check({VK_TSOFT1, VK_TSOFT1}); // the walk goes on without a word
+    const Step bothRows = [] { EXPECT_EQ(SendMessageW(Item(List), LVM_GETITEMCOUNT, 0, 0), 2); };
+    Run([this] { return ManageReminders(&Car), 0; }, {Press({VK_DOWN}), Menu(2), Done(), bothRows, Press({VK_TBACK})});
     disk.Mend();
     EXPECT_EQ(Check({VK_TSOFT1, VK_TSOFT1}), (std::vector<std::wstring>{L"One", L"Two"}));
     EXPECT_TRUE(Stored().empty());

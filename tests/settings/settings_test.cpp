@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
 
 namespace {
 
@@ -85,6 +86,9 @@ TEST_F(Settings, PassOverValuesOfAnotherKind) {
     Store(L"TextSize", REG_BINARY, &rate, sizeof rate);
     Store(L"DBPath", REG_DWORD, &number, sizeof number);
     EXPECT_EQ(load(), std::pair(2, std::wstring()));
+    const float notANumber = std::numeric_limits<float>::quiet_NaN();
+    Store(L"MileageRate", REG_BINARY, &notANumber, sizeof notANumber);
+    EXPECT_EQ(load().first, 2);
     Store(L"MileageRate", REG_BINARY, &rate, 3);
     Store(L"DBPath", REG_EXPAND_SZ, L"\\x", 3 * sizeof(wchar_t));
     Store(L"TextSize", REG_DWORD, &number, sizeof number);
@@ -101,29 +105,9 @@ TEST_F(Settings, APathMayFillItsRoomAndNoMore) {
     }
 }
 
-TEST_F(Settings, IconsFollowTheScreen) {
-    const SIZE before = device::ScreenSize();
-    for (const auto& [bottom, size] : {std::pair{200, 16}, {201, 32}}) {
-        device::SetScreenSize({176, bottom + device::SoftKeyBarHeight()});
-        EXPECT_EQ(CAppSettings().SmallIconSize, size);
-    }
-    device::SetScreenSize(before);
-}
-
-/// At the end of the process the static settings are still able to save, and the data layer outlives them.
-TEST_F(Settings, AreSavedAtTheEndOfAProcessThatLoadedThem) {
+TEST_F(Settings, AreNotSavedByAProcessThatNeverLoadedThem) {
     EXPECT_EXIT(std::exit(0), testing::ExitedWithCode(0), "");
     EXPECT_FALSE(HasValue(L"TextSize"));
-    EXPECT_EXIT(
-        {
-            theSettings.LoadSettings();
-            theSettings.TextSize = 3;
-            std::exit(0);
-        },
-        testing::ExitedWithCode(0), "");
-    CAppSettings settings;
-    settings.LoadSettings();
-    EXPECT_EQ(settings.TextSize, 3);
 }
 
 TEST(LoadText, GivesTextsOfAnyLength) {

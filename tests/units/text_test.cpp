@@ -86,32 +86,4 @@ TEST_F(Text, DatesAreShort) {
     EXPECT_EQ(DateText(39467), L"20.01.2008");
 }
 
-TEST_F(Text, RangesAreNamedByTheirEnds) {
-    CEntryFilter filter;
-    EXPECT_EQ(FormatDateRange(&filter), L"All Dates");
-    EXPECT_EQ(FormatDateRange(nullptr), L"All Dates");
-    filter.SetDateRangeType(CEntryFilter::DateRangeYearToDate);
-    EXPECT_EQ(FormatDateRange(&filter), L"1/1/2026 - 3/15/2026");
-    filter.SetDateRangeType(static_cast<CEntryFilter::DateRangeType>(9));
-    EXPECT_EQ(FormatDateRange(&filter), L"All Dates");
-}
-
-TEST_F(Text, RecordsInALine) {
-    CVehicle vehicle;
-    vehicle.SetName(L"Zoë \U0001F697");
-    vehicle.SetYear(2007);
-    EXPECT_EQ(VehicleTitleText(&vehicle), L"Zoë \U0001F697 (2007)");
-
-    CEntry entry;
-    entry.SetType(CEntry::EntryTypeFuel);
-    entry.SetCustom1(12.5F);
-    entry.SetCustom2(3.1F);
-    EXPECT_EQ(EntrySummaryText(&entry), L"12.50 gal @ $3.10");
-    entry.SetVendor(L"Acme");
-    EXPECT_EQ(EntrySummaryText(&entry), L"12.50 gal @ $3.10 (Acme)");
-    entry.SetType(CEntry::EntryTypeTrip);
-    entry.SetName(L"Fair");
-    EXPECT_EQ(EntrySummaryText(&entry), L"Fair (Acme)");
-}
-
 } // namespace

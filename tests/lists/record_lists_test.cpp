@@ -1,0 +1,115 @@
+#include "list_device.h"
+#include "lists/compare_entries.h"
+#include "platform/metrics.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr auto Repair = CEntry::EntryTypeRepair;
+constexpr auto Expense = CEntry::EntryTypeExpense;
+
+using RecordLists = ListDevice;
+
+template <typename Record> std::wstring NamesIn(const CCustomListView& list) {
+    std::wstring names;
+    for (const Record* record : RecordsOf<Record>(list))
+        names += record->GetName() + std::wstring(L";");
+    return names;
+}
+
+TEST_F(RecordLists, EntriesAreSortedByTheSettings) {
+    Store(40002, Repair, L"b", 30, 1);
+    Store(40001, Expense, L"D", 10, 5);
+    Store(40001, Repair, L"a", 20, 9);
+    Store(40003, Repair, L"c", 10, 2);
+    CEntryListView list;
+    ShowEntries(list);
+    const std::tuple<int, int, const wchar_t*> cases[]
+        = {{SortColumnDate, 1, L"a;D;b;c;"}, {SortColumnDate, 0, L"c;b;D;a;"}, {SortColumnDescription, 1, L"a;b;c;D;"},
+            {SortColumnOdometer, 1, L"c;D;a;b;"}, {SortColumnAmount, 0, L"a;D;c;b;"}, {7, 1, L"D;a;b;c;"}}; // as loaded
+    for (const auto& [column, ascending, names] : cases) {
+        theSettings.LastColSorted = column;
+        theSettings.SortAscending = ascending;
+        list.Refresh(&Filter);
+        EXPECT_EQ(NamesIn<CEntry>(list), names);
+    }
+}
+
+TEST_F(RecordLists, AnEditedEntryMovesToItsPlaceSelected) {
+    for (int day = 0; day < 40; ++day)
+        Store(40000 + day, Repair, (std::to_wstring(day) + L"th").c_str());
+    CEntryListView list;
+    ShowEntries(list);
+    CEntry* entry = RecordsOf<CEntry>(list)[0];
+    entry->SetDate(40038.5);
+    EXPECT_EQ(list.AddRow(entry, 1), 39) << "before the sort it stood at the end";
+    EXPECT_EQ(RecordsOf<CEntry>(list)[38], entry);
+    CObjectList selected;
+    EXPECT_EQ(list.GetSelectedEntries(&selected), 1);
+    EXPECT_EQ(selected.GetItem(0), entry);
+    Host.Pump();
+    EXPECT_TRUE(Shows(L" 0th ")) << "it is in view";
+    const auto& texts = Host.canvas.Texts();
+    const auto isHighlighted = [](const auto& text) { return text.color == GetSysColor(COLOR_HIGHLIGHTTEXT); };
+    EXPECT_EQ(std::count_if(texts.begin(), texts.end(), isHighlighted), 4) << "the texts of one row";
+    CEntry stranger;
+    EXPECT_EQ(list.AddRow(&stranger, 1), -1);
+    theSettings.LastColSorted = SortColumnNone;
+    entry->SetDate(1);
+    list.AddRow(entry, 1);
+    EXPECT_EQ(RecordsOf<CEntry>(list)[39], entry) << "without an order it stays at the bottom";
+}
+
+TEST_F(RecordLists, VehiclesStandInTheOrderOfTheirTextsAndAnEditedOneMovesSelected) {
+    for (const wchar_t* name : {L"van", L"Zoë", L"Étoile", L"estate", L"Van"}) {
+        CVehicle vehicle;
+        vehicle.SetName(name);
+        EXPECT_TRUE(Layer.Save(&vehicle, 0));
+    }
+    CVehicleListView list;
+    Show(list, 0x5000C01D);
+    list.InitColumns();
+    EXPECT_EQ(NamesIn<CVehicle>(list), L"estate;Étoile;van;Van;Zoë;");
+    EXPECT_EQ(list.GetSelectedVehicle(), nullptr);
+    CVehicle* vehicle = RecordsOf<CVehicle>(list)[0];
+    vehicle->SetName(L"x");
+    EXPECT_EQ(list.AddRow(vehicle, 1), 3);
+    EXPECT_EQ(NamesIn<CVehicle>(list), L"Étoile;van;Van;x;Zoë;");
+    EXPECT_EQ(list.GetSelectedVehicle(), vehicle);
+    CVehicle stranger;
+    EXPECT_EQ(list.AddRow(&stranger, 1), -1);
+    Layer.Disconnect();
+    EXPECT_EQ(list.Reload(), 0);
+    EXPECT_EQ(list.GetRowCount(), 0);
+}
+
+TEST_F(RecordLists, AParentReflectsOnlyWhatConcernsAChild) {
+    CVehicleListView list;
+    Show(list, 0x5000C01D);
+    const HWND frame = Frame.GetHandle();
+    const auto self = reinterpret_cast<LPARAM>(frame);
+    const auto child = reinterpret_cast<LPARAM>(list.GetHandle());
+    for (const auto& [message, wParam, lParam, isReflected] :
+        {std::tuple{WM_DELETEITEM, 7U, LPARAM{0}, true}, {WM_COMPAREITEM, 8U, 0, false}, {WM_DRAWITEM, 7U, 0, false},
+            {WM_VSCROLL, 0U, child, true}, {WM_VSCROLL, 0U, self, false}, {WM_CTLCOLORLAST, 0U, child, true},
+            {WM_CTLCOLORLAST + 1, 0U, child, false}, {WM_SIZE, 0U, child, false}}) {
+        LRESULT result = 0;
+        EXPECT_EQ(ReflectNotification(frame, message, wParam, lParam, result), isReflected) << message;
+    }
+}
+
+TEST_F(RecordLists, FontsHaveTheHeightOfTheTextSize) {
+    DWORD automatic = 0;
+    SHGetUIMetrics(2, &automatic, sizeof automatic, nullptr);
+    for (const auto& [textSize, height] :
+        {std::pair{1, -13L}, {2, -16L}, {3, -18L}, {5, -13L}, {0, -static_cast<LONG>(automatic)}}) {
+        theSettings.TextSize = textSize;
+        CreateAppFonts();
+        LOGFONTW made;
+        ASSERT_NE(GetObjectW(BoldTextFont, sizeof made, &made), 0);
+        EXPECT_EQ(made.lfHeight, height) << textSize;
+    }
+}
+
+} // namespace
