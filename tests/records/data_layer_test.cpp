@@ -95,9 +95,9 @@ TEST_F(DataLayer, WhatTheDiskRefusedIsStillToBeSaved) {
     FaultyDisk disk;
     Reconnect();
     CVehicle stored;
-    ASSERT_TRUE(Layer.Save(&stored, 0));
-    stored.SetName(L"after");
     CVehicle added;
+    Add(stored);
+    stored.SetName(L"after");
     disk.FailFrom(0);
     EXPECT_FALSE(Layer.Save(&stored, 0) || Layer.Save(&added, 0));
     EXPECT_TRUE(stored.IsDirty() && added.IsDirty() && added.GetID() == 0);

@@ -22,20 +22,9 @@ TEST_F(EntryFilter, ACustomRangeHoldsBothItsDays) {
         CEntry entry;
         entry.SetDate(date);
         EXPECT_EQ(filter.EntryMatchesFilter(&entry), matches) << date;
+        entry.SetVehicleID(1001); // of another vehicle than the filter's
+        EXPECT_FALSE(filter.EntryMatchesFilter(&entry));
     }
-}
-
-TEST_F(EntryFilter, ComparesVehicleAndKind) {
-    CEntry entry;
-    entry.SetVehicleID(1001);
-    entry.SetType(CEntry::EntryTypeTrip);
-    CEntryFilter filter;
-    EXPECT_FALSE(filter.EntryMatchesFilter(&entry));
-    filter.SetVehicleID(1001);
-    EXPECT_TRUE(filter.EntryMatchesFilter(&entry));
-    filter.SetEntryType(CEntry::EntryTypeFuel);
-    EXPECT_FALSE(filter.EntryMatchesFilter(&entry));
-    EXPECT_FALSE(filter.EntryMatchesFilter(nullptr));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "../platform/windowing/scripted_host.h"
 #include "../records/faulty_disk.h"
+#include "../records/log_file.h"
 #include "../records/test_device.h"
 #include "forms/dlg_keywords.h"
 #include "lists/app_fonts.h"
@@ -15,8 +16,7 @@
 #include "shell/main_frame.h"
 #include "shell/program_identity.h"
 
-#include <set>
-#include <sqlite3.h>
+#include <map>
 
 namespace {
 
@@ -34,7 +34,6 @@ UPDATE sequence SET next_ref = 6001;
 )";
 
 using Step = std::function<void()>;
-using Rows = std::set<std::string>;
 
 struct Command {
     const char* name;
@@ -45,8 +44,8 @@ struct Command {
 
 /// What lies in the file, the active vehicle's reading apart.
 struct Stored {
-    Rows rows;
-    Rows odometer;
+    std::string rows;
+    std::string odometer;
 };
 
 class FailingStorage : public TestDevice, public testing::WithParamInterface<std::size_t> {
@@ -111,7 +110,7 @@ protected:
     void LeavePickList() {
         Disk.Mend();
         const auto shown = SendMessageW(GetDlgItem(GetActiveWindow(), controls::List), LB_GETCOUNT, 0, 0);
-        EXPECT_EQ(Query("SELECT count(*) FROM keywords"), Rows{std::to_string(shown) + '|'});
+        EXPECT_EQ(Query("SELECT count(*) FROM keywords"), std::to_string(shown));
         Inside(commands::Cancel)();
     }
     std::vector<Command> Commands() {
@@ -185,23 +184,9 @@ protected:
         Host.Pump();
         ASSERT_EQ(GetActiveWindow(), Frame.GetHandle());
     }
-    static Rows Query(const std::string& sql) {
-        sqlite3* connection = nullptr;
-        sqlite3_open(HostPath().c_str(), &connection);
-        Rows rows;
-        const auto add = [](void* target, int count, char** values, char**) {
-            std::string row;
-            for (int column = 0; column < count; ++column)
-                row += std::string(values[column] ? values[column] : "NULL") + '|';
-            static_cast<Rows*>(target)->insert(row);
-            return 0;
-        };
-        EXPECT_EQ(sqlite3_exec(connection, sql.c_str(), add, &rows, nullptr), SQLITE_OK) << sqlite3_errmsg(connection);
-        sqlite3_close(connection);
-        return rows;
-    }
+    static std::string Query(const std::string& sql) { return LogFile(HostPath()).Run(sql); }
     static Stored WhatIsStored() {
-        EXPECT_EQ(Query("PRAGMA integrity_check"), Rows{"ok|"});
+        EXPECT_EQ(Query("PRAGMA integrity_check"), "ok");
         return {Query("SELECT 'entry', * FROM entries; SELECT 'reminder', * FROM reminders;"
                       "SELECT 'keyword', * FROM keywords; SELECT id, name, iif(ref = 2002, 0, odometer) FROM vehicles"),
             Query("SELECT odometer FROM vehicles WHERE ref = 2002")};
@@ -210,16 +195,19 @@ protected:
     template <typename Record>
     void ExpectShown(UINT id, LONG (Record::*reading)() const, const std::string& table) const {
         const HWND list = GetDlgItem(Frame.GetHandle(), static_cast<int>(id));
-        Rows rows;
+        std::map<LONG, LONG> shown;
         for (int row = 0; row < SendMessageW(list, LVM_GETITEMCOUNT, 0, 0); ++row) {
             LVITEMW item;
             item.mask = LVIF_PARAM;
             item.iItem = row;
             SendMessageW(list, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
             const auto* record = reinterpret_cast<const Record*>(item.lParam);
-            rows.insert(std::to_string(record->GetID()) + '|' + std::to_string((record->*reading)()) + '|');
+            shown[record->GetID()] = (record->*reading)();
         }
-        EXPECT_EQ(rows, Query("SELECT id, odometer FROM " + table));
+        std::string rows;
+        for (const auto& [record, value] : shown)
+            rows += (rows.empty() ? "" : "\n") + std::to_string(record) + '|' + std::to_string(value);
+        EXPECT_EQ(rows, Query("SELECT id, odometer FROM " + table + " ORDER BY id"));
     }
     /// All of the command's change or none, and a message where it was not made.
     void ExpectAllOrNothing(const Command& command, const Stored& before, const Stored& after) const {

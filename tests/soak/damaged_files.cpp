@@ -48,30 +48,26 @@ void WriteBytes(const fs::path& path, const std::string& bytes) {
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-/// All that is there; the number of entries under `mark`.
-int LoadEverything(const wchar_t* mark) {
+constexpr const wchar_t* Mark = L"stored in spite of the damage";
+
+/// All that can be there; the number of entries under the mark.
+int LoadEverything() {
     int marked = 0;
     CObjectListT<CVehicle> vehicles;
     theDataLayer.Load(&vehicles);
-    for (int i = 0; i < std::min(vehicles.GetCount(), 20); ++i) {
-        const ULONG vehicle = vehicles.Get(i)->GetRefID();
+    for (const ULONG number : {1, 2, 3, 4}) {
+        CObjectListT<CKeyword> keywords;
+        theDataLayer.Load(&keywords, static_cast<CKeyword::Type>(number));
+        CObjectListT<CNotification> reminders;
+        theDataLayer.Load(&reminders, number);
+        LONG highest = 0;
+        theDataLayer.GetMaxOdometer(number, &highest);
         CEntryFilter filter;
-        filter.SetVehicleID(vehicle);
+        filter.SetVehicleID(number);
         CObjectListT<CEntry> entries;
         theDataLayer.Load(&entries, &filter);
-        for (int k = 0; k < entries.GetCount(); ++k)
-            marked += std::wstring(entries.Get(k)->GetName()) == mark ? 1 : 0;
-        CObjectListT<CNotification> reminders;
-        theDataLayer.Load(&reminders, vehicle);
-        LONG highest = 0;
-        theDataLayer.GetMaxOdometer(vehicle, &highest);
-        theDataLayer.UpdateCurrentOdometer(vehicles.Get(i), highest);
-    }
-    for (int type = 1; type <= 4; ++type) {
-        CObjectListT<CKeyword> keywords;
-        theDataLayer.Load(&keywords, static_cast<CKeyword::Type>(type));
-        for (int i = 0; i < keywords.GetCount(); i += 3)
-            theDataLayer.Delete(keywords.Get(i));
+        for (int i = 0; i < entries.GetCount(); ++i)
+            marked += std::wstring(entries.Get(i)->GetName()) == Mark ? 1 : 0;
     }
     return marked;
 }
@@ -83,19 +79,15 @@ Outcome UseDamagedFile(const std::string& path, const std::string& bytes) {
         return MakesWay;
     }
     Require(status == CDataLayer::ConnectOK, "status " + std::to_string(status));
-    constexpr const wchar_t* mark = L"stored in spite of the damage";
-    LoadEverything(mark);
-    CVehicle vehicle;
+    LoadEverything();
     CEntry entry;
-    entry.SetName(mark);
-    bool stored = theDataLayer.Save(&vehicle, 0) != 0;
-    entry.SetVehicleID(vehicle.GetRefID());
-    stored = stored && theDataLayer.Save(&entry, 0) != 0;
-    theDataLayer.Disconnect();
-    if (!stored)
+    entry.SetName(Mark);
+    entry.SetVehicleID(1);
+    if (!theDataLayer.Save(&entry, 0))
         return RefusesChanges;
+    theDataLayer.Disconnect();
     Require(theDataLayer.Connect(DevicePath) == CDataLayer::ConnectOK, "the file got worse");
-    Require(LoadEverything(mark) == 1, "what was stored is lost");
+    Require(LoadEverything() == 1, "what was stored is lost");
     return Usable;
 }
 

@@ -19,9 +19,9 @@ WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 3000)
 UPDATE sequence SET next_ref = max(next_ref, 9000);
 COMMIT)";
 
-constexpr const char* TellLog = R"(SELECT name || ' ' || odometer FROM vehicles LIMIT 1;
-SELECT 'spare ' || count(*) FROM entries WHERE vehicle = 5000;
-SELECT printf('%d|%.2f|%.2f|%.2f|%s|%s|%.1f|%d|%s', odometer, custom1, custom2, amount, vendor, notes, date, type, name)
+constexpr const char* TellLog = R"(SELECT name, odometer FROM vehicles LIMIT 1;
+SELECT count(*) FROM entries WHERE vehicle = 5000;
+SELECT odometer, printf('%.2f|%.2f|%.2f', custom1, custom2, amount), vendor, notes, date, type, name
   FROM entries WHERE vehicle = (SELECT min(ref) FROM vehicles) ORDER BY id)";
 constexpr const char* FuelOfToday = "46082.0|1|";
 
@@ -33,7 +33,7 @@ struct Stage {
     bool hasSpare = false;
 
     std::string Told() const {
-        std::string told = name + ' ' + std::to_string(odometer) + (hasSpare ? "\nspare 3000" : "\nspare 0");
+        std::string told = name + '|' + std::to_string(odometer) + (hasSpare ? "\n3000" : "\n0");
         for (const std::string& entry : entries)
             told += '\n' + entry;
         return told;

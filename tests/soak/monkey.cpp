@@ -39,6 +39,8 @@ public:
         }
         Start();
         GoHome();
+        for (const char* wrong : {"nothing", "key nosuch", "key up x", "clock x", "registry set", "post x", "keydown"})
+            Require(Console->Ask(wrong).at(0)[0] == '?', wrong);
         PostClose();
         RequireSame("the integrity check", "ok", Log().Run("PRAGMA integrity_check"));
         Tally["entries left"] += std::stol(Log().Run("SELECT count(*) FROM entries"));

@@ -1,13 +1,11 @@
 #include "soak_run.h"
 
 #include <cstdlib>
-#include <sqlite3.h>
 
 namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int LockWaitMilliseconds = 30'000;
 /// Other than any status of the program's own, so that a sanitizer's report is not taken for an end in order.
 constexpr const char* SanitizerStatus = ":exitcode=99";
 
@@ -15,13 +13,6 @@ constexpr const char* SanitizerStatus = ":exitcode=99";
 std::string QuotedPart(const std::string& line) {
     const std::size_t first = line.find('"');
     return first == std::string::npos ? std::string() : line.substr(first + 1, line.rfind('"') - first - 1);
-}
-
-int AddFirst(void* rows, int /*count*/, char** values, char** /*names*/) {
-    auto& text = *static_cast<std::string*>(rows);
-    text += text.empty() ? "" : "\n";
-    text += values[0] ? values[0] : "";
-    return 0;
 }
 
 } // namespace
@@ -33,22 +24,6 @@ void Require(bool holds, const std::string& what) {
 
 void RequireSame(const std::string& what, const std::string& wanted, const std::string& got) {
     Require(wanted == got, what + " should be\n" + wanted + "\nbut is\n" + got);
-}
-
-LogFile::LogFile(const std::string& path)
-    : connection_(nullptr, sqlite3_close_v2) {
-    sqlite3* raw = nullptr;
-    const int opened = sqlite3_open_v2(path.c_str(), &raw, SQLITE_OPEN_READWRITE, nullptr);
-    connection_.reset(raw);
-    Require(opened == SQLITE_OK, path + ": " + sqlite3_errmsg(raw));
-    sqlite3_busy_timeout(raw, LockWaitMilliseconds);
-}
-
-std::string LogFile::Run(const std::string& sql) {
-    std::string rows;
-    const int result = sqlite3_exec(connection_.get(), sql.c_str(), AddFirst, &rows, nullptr);
-    Require(result == SQLITE_OK, sql + ": " + sqlite3_errmsg(connection_.get()));
-    return rows;
 }
 
 Round::Round(const std::string& program, unsigned long seed, std::string pattern)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../records/log_file.h"
 #include "console_process.h"
 
 #include <ctime>
@@ -9,25 +10,12 @@
 #include <memory>
 #include <random>
 
-struct sqlite3;
-
 /// Throw what is then told as the failure of the round.
 void Require(bool holds, const std::string& what);
 void RequireSame(const std::string& what, const std::string& wanted, const std::string& got);
 
 /// What the summary tells of a run beside its rounds.
 inline std::map<std::string, long> Tally;
-
-/// A data file as another program sees it: through a connection of its own.
-class LogFile {
-public:
-    explicit LogFile(const std::string& path);
-    /// Runs the statements; the first column of all their rows, one below the other.
-    std::string Run(const std::string& sql);
-
-private:
-    std::unique_ptr<sqlite3, int (*)(sqlite3*)> connection_;
-};
 
 /// What stands on a console's screen, as far as `controls` tells it.
 struct View {
@@ -88,12 +76,8 @@ private:
 template <typename Each> int RunSoak(int count, char** arguments) {
     std::map<std::string, long> options{{"--count", 1}, {"--seed", 1}, {"--seconds", 24L * 60 * 60}};
     for (int i = 2; i + 1 < count; i += 2)
-        options[arguments[i]] = std::stol(arguments[i + 1]);
+        options.at(arguments[i]) = std::stol(arguments[i + 1]);
     const std::string name = std::filesystem::path(arguments[0]).filename();
-    if (count < 2 || count % 2 != 0 || options.size() != 3) {
-        std::cerr << name << " CONSOLE [--count N] [--seed S] [--seconds T]\n";
-        return 2;
-    }
     const std::time_t begin = std::time(nullptr);
     long seed = options["--seed"];
     long done = 0;
