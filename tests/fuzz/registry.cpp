@@ -24,8 +24,8 @@ Values ValuesIn(const std::string& path) {
 /// The input is a registry file.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static FuzzDevice device;
-    const std::string given = device.Folder() + "/given";
-    const std::string copy = device.Folder() + "/copy";
+    const std::string given = device.Folder + "/given";
+    const std::string copy = device.Folder + "/copy";
     const std::string input(data, data + size);
     std::ofstream(given, std::ios::binary) << input;
     const Values values = ValuesIn(given);
@@ -40,7 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Values changed = values;
     changed[L"7"] = {number.type, number.data};
     Require(ValuesIn(given) == changed, "and the others stay");
-    for (const auto& file : std::filesystem::directory_iterator(device.Folder()))
+    for (const auto& file : std::filesystem::directory_iterator(device.Folder))
         std::filesystem::remove(file.path());
     return 0;
 }

@@ -194,25 +194,23 @@ TEST_F(DataLayer, TheOdometerFollowsTheEntries) {
     EXPECT_EQ(stranger.GetCurrentOdometer(), 0);
 }
 
-/// Stores every text with a mark before it.
-struct MarkingHelper : CDefaultStringHelper {
-    const char* Encode(const wchar_t* text) override {
-        return CDefaultStringHelper::Encode((std::wstring(L"*") + text).c_str());
-    }
-    const wchar_t* Decode(const char* text) override { return CDefaultStringHelper::Decode(text + 1); }
+/// Stores a star in place of every text.
+struct StarHelper : CDefaultStringHelper {
+    const char* Encode(const wchar_t*) override { return "*"; }
 };
-struct MarkingFactory : CStringHelperFactory {
-    std::unique_ptr<CStringHelper> Create() override { return std::make_unique<MarkingHelper>(); }
+struct StarFactory : CStringHelperFactory {
+    std::unique_ptr<CStringHelper> Create() override { return std::make_unique<StarHelper>(); }
 };
 
 TEST_F(DataLayer, TextsGoThroughTheFactory) {
-    Layer.SetStringHelperFactory(std::make_unique<MarkingFactory>());
     CKeyword keyword;
     keyword.SetName(L"Zoë");
+    Layer.SetStringHelperFactory(std::make_unique<StarFactory>());
+    Add(keyword);
+    EXPECT_EQ(NamesOf<CKeyword>(keyword.GetType()), std::vector<std::wstring>{L"*"});
+    Layer.SetStringHelperFactory(nullptr);
     Add(keyword);
     EXPECT_EQ(NamesOf<CKeyword>(keyword.GetType()), std::vector<std::wstring>{L"Zoë"});
-    Layer.SetStringHelperFactory(nullptr);
-    EXPECT_EQ(NamesOf<CKeyword>(keyword.GetType()), std::vector<std::wstring>{L"*Zoë"});
 }
 
 TEST_F(DataLayer, DeletesWhatIsStillThereOfManyEntries) {

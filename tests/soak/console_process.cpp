@@ -42,10 +42,13 @@ void ConsoleProcess::Start(const Surroundings& surroundings) {
     sent_.clear();
 }
 
-void ConsoleProcess::Send(const std::string& lines) {
-    sent_ += lines;
+void ConsoleProcess::Send(const Lines& lines) {
+    std::string text;
+    for (const std::string& line : lines)
+        text += line + "\n";
+    sent_ += text;
     // A process that ended meanwhile is told by the answer that never comes.
-    send(socket_, lines.data(), lines.size(), MSG_NOSIGNAL);
+    send(socket_, text.data(), text.size(), MSG_NOSIGNAL);
 }
 
 /// False at the end of the process's output, and when it takes too long.
@@ -76,15 +79,12 @@ Lines ConsoleProcess::ReadAnswer() {
 }
 
 Lines ConsoleProcess::Ask(const std::string& command) {
-    Send(command + "\n");
+    Send({command});
     return ReadAnswer();
 }
 
 Lines ConsoleProcess::AskAll(const Lines& commands) {
-    std::string lines;
-    for (const std::string& command : commands)
-        lines += command + "\n";
-    Send(lines);
+    Send(commands);
     Lines answer;
     for (std::size_t i = 0; i < commands.size() && IsRunning(); ++i) {
         answer = ReadAnswer();

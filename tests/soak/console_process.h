@@ -29,8 +29,8 @@ public:
     bool IsRunning() const { return process_ > 0; }
     const std::string& Program() const { return program_; }
 
-    /// Whole lines, which are not waited for. What has no answer yet must fit into a socket.
-    void Send(const std::string& lines);
+    /// The lines are not waited for. What has no answer yet must fit into a socket.
+    void Send(const Lines& lines);
     /// The oldest answer that was not read, without its closing "."; behind "exit N" stands the status of the process.
     Lines ReadAnswer();
     Lines Ask(const std::string& command);

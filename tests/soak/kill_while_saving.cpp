@@ -31,6 +31,7 @@ struct Stage {
     long odometer = 0;
     std::string name = "Van";
     bool hasSpare = false;
+    std::size_t answers = 0; ///< as many as must be there when this is stored for good
 
     std::string Told() const {
         std::string told = name + '|' + std::to_string(odometer) + (hasSpare ? "\n3000" : "\n0");
@@ -38,12 +39,6 @@ struct Stage {
             told += '\n' + entry;
         return told;
     }
-};
-
-/// One thing that a person does: the lines for it, and the file after each of its transactions.
-struct Deed {
-    Lines lines;
-    std::vector<Stage> stages;
 };
 
 class KillWhileSaving : public Round {
@@ -57,7 +52,7 @@ public:
         for (int kill = 0; kill < KillsInARound; ++kill) {
             if (Chance(25)) {
                 Console->Start(Surroundings);
-                Console->Send("boot\n");
+                Console->Send({"boot"});
                 Strike(30'000);
             }
             Reopen();
@@ -102,29 +97,32 @@ private:
         RequireSame("the file", stored_.Told(), told);
     }
 
-    Deed NextDeed(Stage stage) {
+    /// One thing that a person does: the lines for it, and what it makes of the last stage.
+    void Add(Lines& lines, std::vector<Stage>& stages) {
+        Stage stage = stages.back();
         const auto choice = isFresh_ ? Below(2) * 8 : Below(10);
-        const bool deletesSpare = choice == 8 && stage.hasSpare;
-        isFresh_ = deletesSpare || choice == 9;
-        if (deletesSpare) {
-            stage.hasSpare = false;
-            return {{"key back", "key up", "key soft2", "key 2", "key soft1", "key down", "key action"}, {stage}};
-        }
+        isFresh_ = (choice == 8 && stage.hasSpare) || choice == 9;
         if (choice == 9) {
             stage.name = "Van" + std::to_string(++number_);
-            return {{"key back", "key soft2", "key 1", "type " + stage.name, "key soft1", "key action"}, {stage}};
+            Append(lines, {"key back", "key soft2", "key 1", "type " + stage.name, "key soft1", "key action"});
+        } else if (isFresh_) {
+            stage.hasSpare = false;
+            Append(lines, {"key back", "key up", "key soft2", "key 2", "key soft1", "key down", "key action"});
+        } else if (choice >= 5 && choice < 8) {
+            Append(lines, {"key action"}); // the entry that was stored last is the selected one
+            stage.entries.back() = FillFuelForm(lines);
+        } else {
+            Append(lines, {"key soft1", "key 2"});
+            stage.entries.push_back(FillFuelForm(lines));
         }
-        const bool isEdit = choice >= 5 && choice < 8; // of the entry that was stored last: it is the selected one
-        Deed deed{isEdit ? Lines{"key action"} : Lines{"key soft1", "key 2"}, {}};
-        if (!isEdit)
-            stage.entries.emplace_back();
-        stage.entries.back() = FillFuelForm(deed.lines);
-        deed.stages = {stage};
-        stage.odometer = 0;
+        stage.answers = lines.size();
+        stages.push_back(stage);
+        if (isFresh_)
+            return;
+        stages.back().odometer = 0; // which follows in a transaction of its own
         for (const std::string& entry : stage.entries)
-            stage.odometer = std::max(stage.odometer, std::stol(entry));
-        deed.stages.push_back(stage);
-        return deed;
+            stages.back().odometer = std::max(stages.back().odometer, std::stol(entry));
+        stages.insert(stages.end() - 1, stage);
     }
 
     std::string Money() { return std::to_string(Below(1000)) + '.' + std::to_string(10 + Below(90)); }
@@ -134,7 +132,7 @@ private:
         std::string told;
         for (const std::string& field : {std::to_string(2000 + Below(900'000)), Money(), Money(), Money(),
                  "V" + number + "\u00fc\U0001F600", std::string(Below(400), 'n') + number}) {
-            lines.insert(lines.end(), {"key down", "type " + field});
+            Append(lines, {"key down", "type " + field});
             told += field + '|';
         }
         lines.emplace_back("key soft1");
@@ -142,27 +140,26 @@ private:
     }
 
     void KillInTheMiddle() {
-        std::vector<Deed> deeds;
-        std::string batch;
-        for (auto count = 1 + Below(6); count > 0; --count) {
-            deeds.push_back(NextDeed(deeds.empty() ? stored_ : deeds.back().stages.back()));
-            for (const std::string& line : deeds.back().lines)
-                batch += line + "\n";
-        }
+        Lines batch;
+        stored_.answers = 0;
+        std::vector<Stage> stages{stored_};
+        for (const auto count = 2 + Below(8); stages.size() < count;)
+            Add(batch, stages);
         Console->Send(batch);
-        auto answers = static_cast<std::size_t>(Strike(pace_ * deeds.size()));
-        for (const Deed& deed : deeds) {
-            if (answers < deed.lines.size()) {
-                pace_ += &deed == &deeds.front() ? pace_ / 3 : 0;
-                ++Tally["records under way"];
-                underWay_ = deed.stages;
-                return;
-            }
-            answers -= deed.lines.size();
-            stored_ = deed.stages.back();
-            ++Tally["records answered"];
+        const auto answers = static_cast<std::size_t>(Strike(pace_ * stages.size()));
+        for (const Stage& stage : stages) {
+            if (stage.answers > answers)
+                underWay_.push_back(stage);
+            else
+                stored_ = stage;
         }
-        pace_ -= pace_ / 4;
+        // Between all and nothing is where a kill tells most.
+        if (underWay_.empty())
+            pace_ -= pace_ / 4;
+        else if (stored_.answers == 0)
+            pace_ += pace_ / 3;
+        Tally["transactions answered"] += static_cast<long>(stages.size() - 1 - underWay_.size());
+        Tally["transactions under way"] += static_cast<long>(underWay_.size());
     }
 
     int Strike(unsigned long mostMicroseconds) {
@@ -177,7 +174,7 @@ private:
     std::vector<Stage> underWay_; ///< when the last kill came
     bool isFresh_ = true; ///< the selected entry is not the one that was stored last
     int number_ = 0;
-    unsigned long pace_ = 20'000; ///< microseconds for one deed, so that the kills fall between all and nothing
+    unsigned long pace_ = 20'000; ///< microseconds for one transaction
 };
 
 } // namespace

@@ -28,7 +28,7 @@ public:
         for (int kill = 0; kill < 2; ++kill) {
             StartTwenty();
             if (Chance(50)) // in the middle of something
-                Console->Send("key action\nkey soft1\nkey 1\ntype Car\nkey soft1\n");
+                Console->Send({"key action", "key soft1", "key 1", "type Car", "key soft1"});
             Console->Kill();
         }
         StartTwenty();
@@ -52,7 +52,7 @@ private:
         for (const auto& console : consoles)
             console->Ask("now"); // all are ready to be switched on
         for (const auto& console : consoles)
-            console->Send("boot\n");
+            console->Send({"boot"});
         int running = 0;
         for (auto& console : consoles) {
             const Lines answer = console->ReadAnswer();

@@ -10,7 +10,9 @@ namespace {
 
 constexpr long KeysInARound = 5000;
 constexpr std::size_t LinesBetweenChecks = 100;
-constexpr int CustomRange = 5;
+constexpr int FirstRangeCommand = 32790;
+constexpr int FirstTypeCommand = 32796;
+constexpr const char* CustomRange = "5";
 
 constexpr const char* Screens[] = {"1x1", "176x220", "240x320", "320x480", "800x480"};
 constexpr const char* Locales[] = {"en_US", "de_DE", "fr_FR", "ar_EG", "hi_IN", "ja_JP", "bn_BD"};
@@ -69,17 +71,16 @@ private:
 
     Lines Form(const std::string& opening) {
         Lines keys{opening};
-        const auto add = [&keys](const Lines& more) { keys.insert(keys.end(), more.begin(), more.end()); };
         if (opening == "key soft1")
-            add({Digit(6)});
+            Append(keys, {Digit(6)});
         // Only whole numbers are taken by every field of every form.
         for (auto fields = Below(7); fields > 0 && Chance(80); --fields)
-            add({"key down", "type " + std::to_string(10 + Below(90))});
+            Append(keys, {"key down", "type " + std::to_string(10 + Below(90))});
         for (auto fields = Below(3); fields > 0; --fields)
-            add(Chance(30) ? Field() : Lines{"key down"});
+            Append(keys, Chance(30) ? Field() : Lines{"key down"});
         if (Chance(30))
-            add({"key soft2", Digit(3), "key soft1"});
-        add({"key soft1"});
+            Append(keys, {"key soft2", Digit(3), "key soft1"});
+        Append(keys, {"key soft1"});
         return keys;
     }
 
@@ -105,10 +106,8 @@ private:
     /// The number of lines, which hold more keys than that: a text has several, a posted message none.
     long PressSome() {
         Lines presses;
-        while (presses.size() < LinesBetweenChecks) {
-            const Lines more = Some();
-            presses.insert(presses.end(), more.begin(), more.end());
-        }
+        while (presses.size() < LinesBetweenChecks)
+            Append(presses, Some());
         const Lines answer = Console->AskAll(presses);
         if (!Console->IsRunning())
             RequireSame("the end", OrderlyEnd, answer.back());
@@ -123,8 +122,8 @@ private:
             return; // it was told to close while a form was open
         ++Tally["checks"];
         CheckRows(view);
-        const int range = std::stoi(CheckedOne(view, "key 4", 6)) - 32790;
-        const int type = std::stoi(CheckedOne(view, "key 5", 5)) - 32796;
+        const std::string range = CheckedOne(view, "key 4", 6, FirstRangeCommand);
+        const std::string type = CheckedOne(view, "key 5", 5, FirstTypeCommand);
         CheckSettings(view, range, type);
         if (view.isLog && Chance(50))
             CheckStore();
@@ -160,31 +159,29 @@ private:
         return told;
     }
 
-    /// The command of the one item of a group that has the mark.
-    std::string CheckedOne(const View& view, const std::string& popup, std::size_t size) {
+    /// The place in its group of the one item that has the mark.
+    std::string CheckedOne(const View& view, const std::string& popup, std::size_t size, int first) {
         Console->AskAll({"key soft2", popup});
         const View menu = Look();
         Require(menu.items.size() == size, "the popup of " + popup);
-        std::string command;
+        std::string checked;
         for (const std::string& item : menu.items) {
             Require((item.find(" grayed ") != std::string::npos) == view.isVehicles, item);
-            if (item.find(" checked ") != std::string::npos) {
-                Require(command.empty(), "two marks: " + item);
-                command = item.substr(5, 5);
-            }
+            if (item.find(" checked ") != std::string::npos)
+                checked += std::to_string(std::stoi(item.substr(5)) - first);
         }
-        Require(!command.empty(), "no mark in " + popup);
+        Require(checked.size() == 1, "marks in " + popup + ": " + checked);
         Console->Ask("key back 2");
-        return command;
+        return checked;
     }
 
     /// Options stores the settings when it is left with Done.
-    void CheckSettings(const View& view, int range, int type) {
+    void CheckSettings(const View& view, const std::string& range, const std::string& type) {
         Console->AskAll({"key soft2", "key 8", "key soft1"});
         Require(Look().IsHome(), "Options does not close");
         if (range != CustomRange) // which is never stored
-            RequireSame("the stored range", std::to_string(range), Setting("ViewDateRangeType"));
-        RequireSame("the stored type", std::to_string(type), Setting("ViewEntryType"));
+            RequireSame("the stored range", range, Setting("ViewDateRangeType"));
+        RequireSame("the stored type", type, Setting("ViewEntryType"));
         active_ = Setting("LastActiveVehicle");
         Require((active_ == "0") == view.isVehicles, "LastActiveVehicle " + active_ + " under " + view.title);
         const std::string title = "SELECT name || ' (' || year || ')' FROM vehicles WHERE ref = ";

@@ -14,6 +14,10 @@
 void Require(bool holds, const std::string& what);
 void RequireSame(const std::string& what, const std::string& wanted, const std::string& got);
 
+inline void Append(Lines& lines, const Lines& more) {
+    lines.insert(lines.end(), more.begin(), more.end());
+}
+
 /// What the summary tells of a run beside its rounds.
 inline std::map<std::string, long> Tally;
 
