@@ -143,7 +143,7 @@ private:
         Lines batch;
         stored_.answers = 0;
         std::vector<Stage> stages{stored_};
-        for (const auto count = 2 + Below(8); stages.size() < count;)
+        for (const auto count = 2 + Below(6); stages.size() < count;)
             Add(batch, stages);
         Console->Send(batch);
         const auto answers = static_cast<std::size_t>(Strike(pace_ * stages.size()));
