@@ -98,10 +98,12 @@ TEST_F(DataLayer, WhatTheDiskRefusedIsStillToBeSaved) {
     CVehicle added;
     Add(stored);
     stored.SetName(L"after");
-    disk.FailFrom(0);
-    EXPECT_FALSE(Layer.Save(&stored, 0) || Layer.Save(&added, 0));
-    EXPECT_TRUE(stored.IsDirty() && added.IsDirty() && added.GetID() == 0);
-    disk.Mend();
+    for (int change = 0; change < 14; ++change) { // also those that the end of the transaction makes
+        disk.FailFrom(change);
+        EXPECT_FALSE(Layer.Save(&added, 0) || Layer.Save(&stored, 0)) << change;
+        EXPECT_TRUE(stored.IsDirty() && added.IsDirty() && added.GetID() == 0);
+        disk.Mend();
+    }
     EXPECT_TRUE(Layer.Save(&stored, 0) && Layer.Save(&added, 0));
     EXPECT_STREQ(LoadAll<CVehicle>()->Get(0)->GetName(), L"after");
     Layer.Disconnect();
