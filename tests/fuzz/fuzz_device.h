@@ -18,21 +18,13 @@ inline void Require(bool holds, const char* property) {
     std::abort();
 }
 
-/// A device in a folder of its own, in memory where the host has such a place.
-class FuzzDevice {
-public:
-    FuzzDevice() {
-        const bool hasMemory = std::filesystem::is_directory("/dev/shm");
-        std::string pattern = hasMemory ? "/dev/shm/odoledger-fuzz-XXXXXX" : "/tmp/odoledger-fuzz-XXXXXX";
-        folder_ = mkdtemp(pattern.data());
-        device::ReplaceEnvironment({{"HANDSET_STORAGE", folder_}, {"XDG_RUNTIME_DIR", folder_}});
-    }
+/// A device in a folder of its own, which lies in memory.
+struct FuzzDevice {
+    FuzzDevice() { device::ReplaceEnvironment({{"HANDSET_STORAGE", Folder}, {"XDG_RUNTIME_DIR", Folder}}); }
     FuzzDevice(const FuzzDevice&) = delete;
     FuzzDevice& operator=(const FuzzDevice&) = delete;
-    ~FuzzDevice() { std::filesystem::remove_all(folder_); }
+    ~FuzzDevice() { std::filesystem::remove_all(Folder); }
 
-    const std::string& Folder() const { return folder_; }
-
-private:
-    std::string folder_;
+    char Pattern[32] = "/dev/shm/odoledger-fuzz-XXXXXX";
+    const std::string Folder = mkdtemp(Pattern);
 };

@@ -4,39 +4,27 @@
 namespace {
 
 using EntryFilter = TestDevice;
-using Filter = CEntryFilter;
 
 TEST_F(EntryFilter, ACustomRangeHoldsBothItsDays) {
-    constexpr double lastMinute = 43890 + 1439.0 / 1440;
-    Filter filter;
-    filter.SetStartDate({2020, 2, 0, 29}, 1);
-    filter.SetEndDate({2020, 2, 0, 29, 23, 59}, 1);
-    filter.SetDateRangeType(Filter::DateRangeCustom);
-    CEntry entry;
-    for (const auto& [date, matches] : {std::pair{43889.99999, 0}, {43890, 1}, {lastMinute, 1}, {43891, 0}}) {
+    const SYSTEMTIME leapDay{2020, 2, 0, 29};
+    const SYSTEMTIME early{1899, 12, 0, 28}; // before the count of dates begins times of day count the other way
+    const std::tuple<SYSTEMTIME, double, int> cases[]
+        = {{leapDay, 43889.99999, 0}, {leapDay, 43890, 1}, {leapDay, 43890 + 1439.0 / 1440, 1}, {leapDay, 43891, 0},
+            {early, -2, 1}, {early, -2.75, 1}, {early, -1, 0}, {early, -3.75, 0}};
+    for (const auto& [day, date, matches] : cases) {
+        SYSTEMTIME end = day;
+        end.wHour = 23;
+        end.wMinute = 59;
+        CEntryFilter filter;
+        filter.SetStartDate(day, 1);
+        filter.SetEndDate(end, 1);
+        filter.SetDateRangeType(CEntryFilter::DateRangeCustom);
+        CEntry entry;
         entry.SetDate(date);
         EXPECT_EQ(filter.EntryMatchesFilter(&entry), matches) << date;
+        entry.SetVehicleID(1001); // of another vehicle than the filter's
+        EXPECT_FALSE(filter.EntryMatchesFilter(&entry));
     }
-    // A day before the count of dates begins, whose times of day count the other way.
-    filter.SetStartDate({1899, 12, 0, 28}, 1);
-    filter.SetEndDate({1899, 12, 0, 28, 23, 59}, 1);
-    for (const auto& [date, matches] : {std::pair{-2.0, 1}, {-2.75, 1}, {-1, 0}, {-3.75, 0}}) {
-        entry.SetDate(date);
-        EXPECT_EQ(filter.EntryMatchesFilter(&entry), matches) << date;
-    }
-}
-
-TEST_F(EntryFilter, ComparesVehicleAndKind) {
-    CEntry entry;
-    entry.SetVehicleID(1001);
-    entry.SetType(CEntry::EntryTypeTrip);
-    Filter filter;
-    EXPECT_FALSE(filter.EntryMatchesFilter(&entry));
-    filter.SetVehicleID(1001);
-    EXPECT_TRUE(filter.EntryMatchesFilter(&entry));
-    filter.SetEntryType(CEntry::EntryTypeFuel);
-    EXPECT_FALSE(filter.EntryMatchesFilter(&entry));
-    EXPECT_FALSE(filter.EntryMatchesFilter(nullptr));
 }
 
 } // namespace

@@ -12,28 +12,29 @@ int writeError = SQLITE_FULL;
 bool hasFailed = false;
 sqlite3_vfs* sound = nullptr;
 sqlite3_vfs faulty;
-/// The methods of each sort of file with the changing ones replaced, and the way back.
-std::map<const sqlite3_io_methods*, sqlite3_io_methods> replaced;
-std::map<const sqlite3_io_methods*, const sqlite3_io_methods*> original;
 
-bool Fails() {
-    if (operationsLeft < 0)
+/// The methods of a sort of file with some of them replaced, and the way back.
+struct Methods : sqlite3_io_methods {
+    const sqlite3_io_methods* sound;
+};
+std::map<const sqlite3_io_methods*, Methods> replaced;
+
+const sqlite3_io_methods& Sound(const sqlite3_file* file) {
+    return *static_cast<const Methods*>(file->pMethods)->sound;
+}
+
+bool Fails(bool counts = true) {
+    if (!counts || operationsLeft < 0 || operationsLeft-- > 0)
         return false;
-    if (operationsLeft > 0) {
-        --operationsLeft;
-        return false;
-    }
     hasFailed = true;
-    if (onlyOnce)
-        operationsLeft = -1;
+    operationsLeft = onlyOnce ? -1 : 0;
     return true;
 }
 
 int Write(sqlite3_file* file, const void* data, int size, sqlite3_int64 offset) {
-    if (!Fails())
-        return original[file->pMethods]->xWrite(file, data, size, offset);
-    original[file->pMethods]->xWrite(file, data, size / 2, offset);
-    return writeError;
+    const bool fails = Fails();
+    const int result = Sound(file).xWrite(file, data, fails ? size / 2 : size, offset);
+    return fails ? writeError : result;
 }
 
 int Sync(sqlite3_file*, int) {
@@ -41,15 +42,15 @@ int Sync(sqlite3_file*, int) {
 }
 
 int Truncate(sqlite3_file* file, sqlite3_int64 size) {
-    return Fails() ? SQLITE_IOERR_TRUNCATE : original[file->pMethods]->xTruncate(file, size);
+    return Fails() ? SQLITE_IOERR_TRUNCATE : Sound(file).xTruncate(file, size);
 }
 
 int Read(sqlite3_file* file, void* data, int size, sqlite3_int64 offset) {
-    return countsAll && Fails() ? SQLITE_IOERR_READ : original[file->pMethods]->xRead(file, data, size, offset);
+    return Fails(countsAll) ? SQLITE_IOERR_READ : Sound(file).xRead(file, data, size, offset);
 }
 
 int Lock(sqlite3_file* file, int level) {
-    return countsAll && Fails() ? SQLITE_IOERR_LOCK : original[file->pMethods]->xLock(file, level);
+    return Fails(countsAll) ? SQLITE_IOERR_LOCK : Sound(file).xLock(file, level);
 }
 
 int Delete(sqlite3_vfs*, const char* path, int syncFolder) {
@@ -57,24 +58,18 @@ int Delete(sqlite3_vfs*, const char* path, int syncFolder) {
 }
 
 int Open(sqlite3_vfs*, const char* path, sqlite3_file* file, int flags, int* outFlags) {
-    if (countsAll && Fails()) {
-        file->pMethods = nullptr;
-        return SQLITE_CANTOPEN;
-    }
-    const int result = sound->xOpen(sound, path, file, flags, outFlags);
-    if (!file->pMethods)
-        return result;
-    const auto [position, isNew] = replaced.try_emplace(file->pMethods, *file->pMethods);
-    sqlite3_io_methods& methods = position->second;
-    if (isNew) {
-        original[&methods] = file->pMethods;
+    file->pMethods = nullptr;
+    const int result = Fails(countsAll) ? SQLITE_CANTOPEN : sound->xOpen(sound, path, file, flags, outFlags);
+    if (file->pMethods) {
+        Methods& methods = replaced[file->pMethods];
+        methods = {*file->pMethods, file->pMethods};
         methods.xWrite = Write;
         methods.xSync = Sync;
         methods.xTruncate = Truncate;
         methods.xRead = Read;
         methods.xLock = Lock;
+        file->pMethods = &methods;
     }
-    file->pMethods = &methods;
     return result;
 }
 
@@ -95,14 +90,9 @@ FaultyDisk::~FaultyDisk() {
     sqlite3_vfs_register(sound, 1);
 }
 
-void FaultyDisk::FailFrom(int change) {
-    FailAt(change, Span::FromThenOn, Error::Full);
-    countsAll = false;
-}
-
-void FaultyDisk::FailAt(int operation, Span span, Error error) {
+void FaultyDisk::FailAt(int operation, Span span, Error error, bool countsReading) {
     operationsLeft = operation;
-    countsAll = true;
+    countsAll = countsReading;
     onlyOnce = span == Span::Once;
     writeError = error == Error::Full ? SQLITE_FULL : SQLITE_IOERR_WRITE;
     hasFailed = false;

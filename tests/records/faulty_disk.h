@@ -9,14 +9,13 @@ public:
     FaultyDisk& operator=(const FaultyDisk&) = delete;
     ~FaultyDisk();
 
-    /// From the Nth change on (a write, a sync, a truncation, the removal of a file) every change fails, as when the
-    /// power goes. Reading goes on.
-    void FailFrom(int change);
-
     enum class Span { Once, FromThenOn };
     enum class Error { Io, Full };
-    /// Counts whatever can fail: opening, locking and reading a file too.
-    void FailAt(int operation, Span span, Error error);
+    /// The Nth operation fails of whatever can fail: opening, locking and reading a file too, unless only changes
+    /// count.
+    void FailAt(int operation, Span span, Error error, bool countsReading = true);
+    /// Every change from the Nth on fails, as when the power goes. Reading goes on.
+    void FailFrom(int change) { FailAt(change, Span::FromThenOn, Error::Full, false); }
     void Mend();
     /// Whether anything has failed since it was told to.
     bool HasFailed() const;

@@ -2,6 +2,7 @@
 
 #include "../platform/windowing/scripted_host.h"
 #include "../records/faulty_disk.h"
+#include "../records/log_file.h"
 #include "../records/test_device.h"
 #include "forms/dlg_keywords.h"
 #include "lists/app_fonts.h"
@@ -15,9 +16,7 @@
 #include "shell/main_frame.h"
 #include "shell/program_identity.h"
 
-#include <fstream>
-#include <set>
-#include <sqlite3.h>
+#include <map>
 
 namespace {
 
@@ -35,7 +34,6 @@ UPDATE sequence SET next_ref = 6001;
 )";
 
 using Step = std::function<void()>;
-using Rows = std::set<std::string>;
 
 struct Command {
     const char* name;
@@ -46,7 +44,7 @@ struct Command {
 
 /// What lies in the file, the active vehicle's reading apart.
 struct Stored {
-    Rows rows;
+    std::string rows;
     std::string odometer;
 };
 
@@ -58,8 +56,7 @@ protected:
         RegisterFrameMessages();
         EXPECT_TRUE(CDataFile::Create(HostPath()));
         Query(Log);
-        std::ifstream file(HostPath(), std::ios::binary);
-        pristine_.assign(std::istreambuf_iterator<char>(file), {});
+        pristine_ = Read(HostPath());
         std::wcscpy(theSettings.DBPath, Path);
         EXPECT_TRUE(Frame.CreateFrame());
         ShowWindow(Frame.GetHandle(), SW_SHOW);
@@ -75,7 +72,6 @@ protected:
 
     // The user
 
-    HWND List(UINT id) const { return GetDlgItem(Frame.GetHandle(), static_cast<int>(id)); }
     Step Send(UINT command) {
         return [this, command] { SendMessageW(Frame.GetHandle(), WM_COMMAND, command, 0); };
     }
@@ -88,12 +84,9 @@ protected:
     /// From here on the disk fails.
     Step Now(const Step& step) {
         return [this, step] {
-            Disk.FailAt(operation_, span_, error_);
+            fail_();
             step();
         };
-    }
-    Step Done() {
-        return Now([this] { Host.Press(VK_TSOFT1); });
     }
     /// Says yes to what is asked, and takes note of what is told. Nothing where no message stands open.
     void Answer() {
@@ -116,24 +109,20 @@ protected:
     /// What the pick list shows in the end has to be what is stored.
     void LeavePickList() {
         Disk.Mend();
-        const HWND list = GetDlgItem(GetActiveWindow(), controls::List);
-        const auto shown = SendMessageW(list, LB_GETCOUNT, 0, 0);
-        CObjectListT<CKeyword> keywords;
-        EXPECT_TRUE(theDataLayer.Load(&keywords, CKeyword::KeywordRepair));
-        EXPECT_EQ(shown, keywords.GetCount());
+        const auto shown = SendMessageW(GetDlgItem(GetActiveWindow(), controls::List), LB_GETCOUNT, 0, 0);
+        EXPECT_EQ(Query("SELECT count(*) FROM keywords"), std::to_string(shown));
         Inside(commands::Cancel)();
     }
     std::vector<Command> Commands() {
         using namespace controls;
-        const Step vehicles = Send(commands::SelectVehicle);
-        const auto inList = [this, vehicles](UINT command) {
-            return [this, vehicles, command] {
-                vehicles();
+        const auto inList = [this](UINT command) {
+            return [this, command] {
+                Send(commands::SelectVehicle)();
                 Send(command)();
             };
         };
         const auto several = [this] {
-            SelectRows(List(EntryList), 5);
+            SelectRows(GetDlgItem(Frame.GetHandle(), EntryList), 5);
             Send(commands::Delete)();
         };
         const Step pick = [] {
@@ -144,131 +133,99 @@ protected:
         const Step selectFirst = [] { SelectRows(GetDlgItem(GetActiveWindow(), controls::List), 1); };
         const Step leave = [this] { LeavePickList(); };
         const Step yes = Now([this] { Answer(); });
+        const Step done = Now([this] { Host.Press(VK_TSOFT1); });
         const Step odometer = [this] {
             theSettings.ActiveVehicleOdometer = 7;
             Now([this] { Frame.UpdateOdometer(); })();
         };
         return {
-            {"new vehicle", true, inList(commands::NewVehicle), {Put(FirstText, L"New"), Done()}},
-            {"edited vehicle", true, inList(commands::Edit), {Put(FirstText, L"Other"), Done()}},
+            {"new vehicle", true, inList(commands::NewVehicle), {Put(FirstText, L"New"), done}},
+            {"edited vehicle", true, inList(commands::Edit), {Put(FirstText, L"Other"), done}},
             {"deleted vehicle", true, inList(commands::Delete), {yes}},
-            {"new entry", true, Send(commands::NewRepair), {Put(Odometer, L"5000"), Put(FirstText, L"Brakes"), Done()}},
-            {"edited entry", true, Send(commands::Edit), {Put(Odometer, L"6000"), Done()}},
+            {"new entry", true, Send(commands::NewRepair), {Put(Odometer, L"5000"), Put(FirstText, L"Brakes"), done}},
+            {"edited entry", true, Send(commands::Edit), {Put(Odometer, L"6000"), done}},
             {"deleted entry", true, Send(commands::Delete), {yes}},
             {"deleted entries", true, several, {yes}},
             {"odometer", false, odometer, {}},
-            {"new reminder", false, Send(commands::NewReminder), {Put(FirstText, L"Wash"), Done()}},
+            {"new reminder", false, Send(commands::NewReminder), {Put(FirstText, L"Wash"), done}},
             {"edited reminder", false, Send(commands::ManageReminders),
-                {selectFirst, Inside(commands::Edit), Put(FirstText, L"Wash"), Done(), Inside(commands::Cancel)}},
+                {selectFirst, Inside(commands::Edit), Put(FirstText, L"Wash"), done, Inside(commands::Cancel)}},
             {"deleted reminder", false, Send(commands::ManageReminders),
                 {selectFirst, Inside(commands::Delete), yes, Inside(commands::Cancel)}},
-            {"new keyword", false, pick, {Inside(commands::AddKeyword), Put(FirstText, L"Wash"), Done(), leave}},
-            {"renamed keyword", false, pick, {Inside(commands::EditKeyword), Put(FirstText, L"Wash"), Done(), leave}},
+            {"new keyword", false, pick, {Inside(commands::AddKeyword), Put(FirstText, L"Wash"), done, leave}},
+            {"renamed keyword", false, pick, {Inside(commands::EditKeyword), Put(FirstText, L"Wash"), done, leave}},
             {"deleted keyword", false, pick, {Now(Inside(commands::DeleteKeyword)), leave}},
         };
     }
 
     // The log before and after
 
-    /// With its power gone for good the disk is read again by another run.
-    void Reconnect(bool anotherRun) {
-        if (anotherRun)
-            theDataLayer.Disconnect();
-        Disk.Mend();
-        if (anotherRun) {
-            ASSERT_EQ(theDataLayer.Connect(Path), CDataLayer::ConnectOK);
-        }
-    }
     void StartAfresh() {
         theDataLayer.Disconnect();
         std::filesystem::remove(HostPath() + "-journal");
-        std::ofstream(HostPath(), std::ios::binary) << pristine_;
+        Write(HostPath(), pristine_);
         ASSERT_EQ(theDataLayer.Connect(Path), CDataLayer::ConnectOK);
         theSettings.LastActiveVehicle = Car;
         Reload();
     }
     void Reload() { SendMessageW(Frame.GetHandle(), RegisterWindowMessageW(identity::ReloadMessage), 0, 0); }
-    void Perform(const Command& command, int operation, FaultyDisk::Span span, FaultyDisk::Error error) {
-        operation_ = operation;
-        span_ = span;
-        error_ = error;
+    /// `fail` comes where the command begins to store. With its power gone the disk is read again by another run.
+    void Perform(const Command& command, const Step& fail, bool powerGoes) {
+        fail_ = fail;
         failuresTold_ = successesTold_ = 0;
         for (const Step& step : command.steps)
             Host.Then(step);
         Host.Then([this] { Answer(); });
         command.run();
-        Reconnect(span == FaultyDisk::Span::FromThenOn);
+        if (powerGoes)
+            theDataLayer.Disconnect();
+        Disk.Mend();
+        ASSERT_TRUE(!powerGoes || theDataLayer.Connect(Path) == CDataLayer::ConnectOK);
         Host.Pump();
         ASSERT_EQ(GetActiveWindow(), Frame.GetHandle());
     }
-    static Rows Query(const std::string& sql) {
-        sqlite3* connection = nullptr;
-        sqlite3_open(HostPath().c_str(), &connection);
-        Rows rows;
-        const auto add = [](void* target, int count, char** values, char**) {
-            std::string row;
-            for (int column = 0; column < count; ++column)
-                row += std::string(values[column] ? values[column] : "NULL") + '|';
-            static_cast<Rows*>(target)->insert(row);
-            return 0;
-        };
-        EXPECT_EQ(sqlite3_exec(connection, sql.c_str(), add, &rows, nullptr), SQLITE_OK) << sqlite3_errmsg(connection);
-        sqlite3_close(connection);
-        return rows;
+    static std::string Query(const std::string& sql) { return LogFile(HostPath()).Run(sql); }
+    static Stored WhatIsStored() {
+        EXPECT_EQ(Query("PRAGMA integrity_check"), "ok");
+        return {Query("SELECT 'entry', * FROM entries; SELECT 'reminder', * FROM reminders;"
+                      "SELECT 'keyword', * FROM keywords; SELECT id, name, iif(ref = 2002, 0, odometer) FROM vehicles"),
+            Query("SELECT odometer FROM vehicles WHERE ref = 2002")};
     }
-    Stored WhatIsStored() const {
-        const std::string car = std::to_string(Car);
-        Stored stored;
-        for (const char* sql : {"SELECT 'entry', * FROM entries", "SELECT 'reminder', * FROM reminders",
-                 "SELECT 'keyword', * FROM keywords"})
-            stored.rows.merge(Query(sql));
-        stored.rows.merge(Query("SELECT id, name, iif(ref = " + car + ", 0, odometer) FROM vehicles"));
-        for (const std::string& row : Query("SELECT odometer FROM vehicles WHERE ref = " + car))
-            stored.odometer = row;
-        EXPECT_EQ(Query("PRAGMA integrity_check"), Rows{"ok|"});
-        return stored;
-    }
-    /// The records behind the rows of a list, each with a reading.
-    template <typename Record> Rows Shown(UINT id, LONG (Record::*reading)() const) const {
-        const HWND list = List(id);
-        Rows rows;
+    /// The records behind the rows of a list, each with a reading, must be those of the file.
+    template <typename Record>
+    void ExpectShown(UINT id, LONG (Record::*reading)() const, const std::string& table) const {
+        const HWND list = GetDlgItem(Frame.GetHandle(), static_cast<int>(id));
+        std::map<LONG, LONG> shown;
         for (int row = 0; row < SendMessageW(list, LVM_GETITEMCOUNT, 0, 0); ++row) {
             LVITEMW item;
             item.mask = LVIF_PARAM;
             item.iItem = row;
             SendMessageW(list, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
             const auto* record = reinterpret_cast<const Record*>(item.lParam);
-            rows.insert(std::to_string(record->GetID()) + '|' + std::to_string((record->*reading)()) + '|');
+            shown[record->GetID()] = (record->*reading)();
         }
-        return rows;
-    }
-    void ExpectTheScreenTellsTheFile() const {
-        EXPECT_EQ(
-            Shown(controls::VehicleList, &CVehicle::GetCurrentOdometer), Query("SELECT id, odometer FROM vehicles"));
-        EXPECT_EQ(Shown(controls::EntryList, &CEntry::GetOdometer),
-            Query("SELECT id, odometer FROM entries WHERE vehicle = " + std::to_string(theSettings.LastActiveVehicle)));
+        std::string rows;
+        for (const auto& [record, value] : shown)
+            rows += (rows.empty() ? "" : "\n") + std::to_string(record) + '|' + std::to_string(value);
+        EXPECT_EQ(rows, Query("SELECT id, odometer FROM " + table + " ORDER BY id"));
     }
     /// All of the command's change or none, and a message where it was not made.
     void ExpectAllOrNothing(const Command& command, const Stored& before, const Stored& after) const {
         const Stored now = WhatIsStored();
         const bool isMade = now.rows == after.rows;
         EXPECT_TRUE(isMade || now.rows == before.rows);
-        EXPECT_TRUE(now.odometer == before.odometer || (isMade && now.odometer == after.odometer)) << now.odometer;
+        EXPECT_TRUE(now.odometer == before.odometer || (isMade && now.odometer == after.odometer));
         EXPECT_EQ(failuresTold_, command.tellsFailure && !isMade ? 1 : 0);
         EXPECT_EQ(successesTold_, isMade && std::string(command.name) == "new reminder" ? 1 : 0);
     }
-    int FailuresTold() const { return failuresTold_; }
 
     FaultyDisk Disk;
     ScriptedHost Host;
     CMessageLoop Loop;
     CMainFrame Frame{Loop};
 
-private:
     std::string pristine_;
-    int operation_ = 0;
-    FaultyDisk::Span span_ = FaultyDisk::Span::Once;
-    FaultyDisk::Error error_ = FaultyDisk::Error::Io;
+    Step fail_;
     int failuresTold_ = 0;
     int successesTold_ = 0;
 };
@@ -276,28 +233,32 @@ private:
 constexpr std::size_t CommandCount = 14;
 
 TEST_P(FailingStorage, LosesNothingAndSaysWhatWasNotStored) {
-    constexpr int never = 1'000'000;
     ASSERT_EQ(Commands().size(), CommandCount);
     const Command command = Commands()[GetParam()];
     SCOPED_TRACE(command.name);
     StartAfresh();
     const Stored before = WhatIsStored();
-    Perform(command, never, FaultyDisk::Span::Once, FaultyDisk::Error::Io);
+    Perform(
+        command, [] {}, false);
     const Stored after = WhatIsStored();
     ASSERT_TRUE(after.rows != before.rows || after.odometer != before.odometer);
-    ASSERT_EQ(FailuresTold(), 0);
+    ASSERT_EQ(failuresTold_, 0);
     for (const auto span : {FaultyDisk::Span::Once, FaultyDisk::Span::FromThenOn}) {
         for (const auto error : {FaultyDisk::Error::Io, FaultyDisk::Error::Full}) {
             int operation = 0;
             do {
                 SCOPED_TRACE(operation);
                 StartAfresh();
-                Perform(command, operation++, span, error);
+                const auto fail = [&] { Disk.FailAt(operation, span, error); };
+                Perform(command, fail, span == FaultyDisk::Span::FromThenOn);
                 Reload();
-                ExpectTheScreenTellsTheFile();
+                ExpectShown(controls::VehicleList, &CVehicle::GetCurrentOdometer, "vehicles");
+                ExpectShown(controls::EntryList, &CEntry::GetOdometer,
+                    "entries WHERE vehicle = " + std::to_string(theSettings.LastActiveVehicle));
                 ExpectAllOrNothing(command, before, after);
                 CKeyword next;
                 EXPECT_TRUE(theDataLayer.Save(&next, 0));
+                ++operation;
             } while (Disk.HasFailed() && !HasFailure());
             EXPECT_GT(operation, 10); // locks, the journal and its syncs, pages, the end of the journal
         }

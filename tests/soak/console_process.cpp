@@ -1,85 +1,66 @@
 #include "console_process.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
-#include <fcntl.h>
-#include <poll.h>
-#include <sstream>
+#include <sys/socket.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-constexpr std::size_t RecentLines = 24;
-
-void Close(int& descriptor) {
-    if (descriptor >= 0)
-        close(std::exchange(descriptor, -1));
-}
+constexpr timeval Patience{60, 0};
+constexpr int LooksInASecond = 2000;
+constexpr std::size_t BytesToldOfAFault = 500;
 
 } // namespace
 
-ConsoleProcess::ConsoleProcess(std::string program, std::chrono::seconds patience)
-    : program_(std::move(program))
-    , patience_(patience) {
-    std::signal(SIGPIPE, SIG_IGN);
+ConsoleProcess::ConsoleProcess(std::string program)
+    : program_(std::move(program)) {
 }
 
 void ConsoleProcess::Start(const Surroundings& surroundings) {
-    int input[2];
-    int output[2];
+    int ends[2];
     // Closed in other children, so that each process sees the end of its own input.
-    if (pipe2(input, O_CLOEXEC) != 0 || pipe2(output, O_CLOEXEC) != 0)
-        throw ConsoleFault("no pipe");
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
+        throw ConsoleFault("no socket");
     process_ = fork();
     if (process_ == 0) {
-        dup2(input[0], STDIN_FILENO);
-        dup2(output[1], STDOUT_FILENO);
+        dup2(ends[0], STDIN_FILENO);
+        dup2(ends[0], STDOUT_FILENO);
         for (const auto& [name, value] : surroundings)
             setenv(name.c_str(), value.c_str(), 1);
         execl(program_.c_str(), program_.c_str(), static_cast<char*>(nullptr));
         _exit(127);
     }
-    close(input[0]);
-    close(output[1]);
-    toProcess_ = input[1];
-    fromProcess_ = output[0];
+    close(ends[0]);
+    socket_ = ends[1];
+    setsockopt(socket_, SOL_SOCKET, SO_RCVTIMEO, &Patience, sizeof Patience);
     unread_.clear();
-    recent_.clear();
+    sent_.clear();
 }
 
-void ConsoleProcess::Send(const std::string& lines) {
-    if (!IsRunning())
-        Fail("there is no process for " + lines);
-    std::istringstream split(lines);
-    for (std::string line; std::getline(split, line);)
-        recent_.push_back(line);
-    while (recent_.size() > RecentLines)
-        recent_.pop_front();
+void ConsoleProcess::Send(const Lines& lines) {
+    std::string text;
+    for (const std::string& line : lines)
+        text += line + "\n";
+    sent_ += text;
     // A process that ended meanwhile is told by the answer that never comes.
-    [[maybe_unused]] const auto written = write(toProcess_, lines.data(), lines.size());
+    send(socket_, text.data(), text.size(), MSG_NOSIGNAL);
 }
 
-/// False at the end of the process's output.
-bool ConsoleProcess::ReadMore(Time limit) {
-    pollfd source{fromProcess_, POLLIN, 0};
-    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(limit - Clock::now()).count();
-    if (left <= 0 || poll(&source, 1, static_cast<int>(left)) == 0)
-        Fail("no answer in " + std::to_string(patience_.count()) + " seconds");
-    char bytes[65536];
-    const auto count = read(fromProcess_, bytes, sizeof bytes);
-    if (count > 0)
+/// False at the end of the process's output, and when it takes too long.
+bool ConsoleProcess::ReadLine(std::string& line) {
+    std::size_t end = 0;
+    while ((end = unread_.find('\n')) == std::string::npos) {
+        char bytes[65536];
+        const auto count = read(socket_, bytes, sizeof bytes);
+        if (count <= 0)
+            return false;
         unread_.append(bytes, static_cast<std::size_t>(count));
-    return count > 0;
-}
-
-bool ConsoleProcess::TakeLine(std::string& line) {
-    const std::size_t end = unread_.find('\n');
-    if (end == std::string::npos)
-        return false;
+    }
     line = unread_.substr(0, end);
     unread_.erase(0, end + 1);
     return true;
@@ -87,39 +68,34 @@ bool ConsoleProcess::TakeLine(std::string& line) {
 
 Lines ConsoleProcess::ReadAnswer() {
     Lines answer;
-    const Time limit = Clock::now() + patience_;
-    for (std::string line;;) {
-        if (TakeLine(line)) {
-            if (line == ".")
-                break;
-            answer.push_back(std::move(line));
-        } else if (!ReadMore(limit)) {
-            Fail("the process ended: status " + std::to_string(Wait()));
-        }
-    }
+    std::string line;
+    while (ReadLine(line) && line != ".")
+        answer.push_back(line);
+    if (line != ".")
+        Fail("no answer");
     if (!answer.empty() && answer.back().rfind("exit ", 0) == 0)
         answer.back() += " (status " + std::to_string(Wait()) + ")";
     return answer;
 }
 
 Lines ConsoleProcess::Ask(const std::string& command) {
-    Send(command + "\n");
+    Send({command});
     return ReadAnswer();
 }
 
 Lines ConsoleProcess::AskAll(const Lines& commands) {
-    std::string lines;
-    for (const std::string& command : commands)
-        lines += command + "\n";
-    Send(lines);
+    Send(commands);
     Lines answer;
-    for (std::size_t i = 0; i < commands.size() && IsRunning(); ++i)
+    for (std::size_t i = 0; i < commands.size() && IsRunning(); ++i) {
         answer = ReadAnswer();
+        if (!answer.empty() && answer[0][0] == '?')
+            Fail(commands[i] + " answered " + answer[0]);
+    }
     return answer;
 }
 
 int ConsoleProcess::EndInput() {
-    Close(toProcess_);
+    shutdown(socket_, SHUT_WR);
     return Wait();
 }
 
@@ -127,8 +103,7 @@ int ConsoleProcess::Kill() {
     int answers = 0;
     if (IsRunning()) {
         kill(process_, SIGKILL);
-        while (ReadMore(Clock::now() + patience_)) { }
-        for (std::string line; TakeLine(line);)
+        for (std::string line; ReadLine(line);)
             answers += line == "." ? 1 : 0;
         Wait();
     }
@@ -136,28 +111,23 @@ int ConsoleProcess::Kill() {
 }
 
 int ConsoleProcess::Wait() {
-    Close(toProcess_);
     int status = 0;
-    const Time limit = Clock::now() + patience_;
-    while (waitpid(process_, &status, WNOHANG) == 0) {
-        if (Clock::now() > limit)
+    for (long looks = Patience.tv_sec * LooksInASecond; waitpid(process_, &status, WNOHANG) == 0; --looks) {
+        if (looks == 0)
             Fail("the process does not end");
-        usleep(500);
+        usleep(1'000'000 / LooksInASecond);
     }
     process_ = -1;
-    Close(fromProcess_);
+    close(std::exchange(socket_, -1));
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
 void ConsoleProcess::Fail(const std::string& what) {
-    std::string message = what;
-    for (const std::string& line : recent_)
-        message += "\n  sent: " + line;
+    std::string end = "no process";
     if (IsRunning()) {
         kill(process_, SIGKILL);
-        waitpid(std::exchange(process_, -1), nullptr, 0);
+        end = "status " + std::to_string(Wait()); // its own, where it had one already
     }
-    Close(toProcess_);
-    Close(fromProcess_);
-    throw ConsoleFault(message);
+    const std::size_t told = std::min(sent_.size(), BytesToldOfAFault);
+    throw ConsoleFault(what + ", " + end + ", sent last:\n" + sent_.substr(sent_.size() - told));
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <chrono>
-#include <deque>
 #include <map>
 #include <stdexcept>
 #include <string>
@@ -11,18 +9,17 @@
 using Lines = std::vector<std::string>;
 
 /// A console that does not answer, or that ended without saying so; told with the last lines that it was sent.
-class ConsoleFault : public std::runtime_error {
-public:
+struct ConsoleFault : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// odoledger-console as a child process, spoken to through pipes. No wait is endless: what takes longer than the
-/// patience is a ConsoleFault.
+/// odoledger-console as a child process, spoken to through a socket. No wait is endless: what takes longer than a
+/// minute is a ConsoleFault.
 class ConsoleProcess {
 public:
     using Surroundings = std::map<std::string, std::string>;
 
-    explicit ConsoleProcess(std::string program, std::chrono::seconds patience = std::chrono::seconds(60));
+    explicit ConsoleProcess(std::string program);
     ~ConsoleProcess() { Kill(); }
     ConsoleProcess(const ConsoleProcess&) = delete;
     ConsoleProcess& operator=(const ConsoleProcess&) = delete;
@@ -32,12 +29,13 @@ public:
     bool IsRunning() const { return process_ > 0; }
     const std::string& Program() const { return program_; }
 
-    /// Whole lines, which are not waited for. What has no answer yet must fit into a pipe.
-    void Send(const std::string& lines);
+    /// The lines are not waited for. What has no answer yet must fit into a socket.
+    void Send(const Lines& lines);
     /// The oldest answer that was not read, without its closing "."; behind "exit N" stands the status of the process.
     Lines ReadAnswer();
     Lines Ask(const std::string& command);
     /// Sends all the lines at once and reads all their answers; the last one is returned, or the one that told the end.
+    /// A line that is not understood is a ConsoleFault.
     Lines AskAll(const Lines& commands);
 
     /// The status of the process after its input has ended; the negative signal's number where that ended it.
@@ -46,18 +44,13 @@ public:
     int Kill();
 
 private:
-    using Time = std::chrono::steady_clock::time_point;
-
-    bool ReadMore(Time limit);
-    bool TakeLine(std::string& line);
+    bool ReadLine(std::string& line);
     int Wait();
     [[noreturn]] void Fail(const std::string& what);
 
     std::string program_;
-    std::chrono::seconds patience_;
     pid_t process_ = -1;
-    int toProcess_ = -1;
-    int fromProcess_ = -1;
+    int socket_ = -1;
     std::string unread_;
-    std::deque<std::string> recent_;
+    std::string sent_;
 };

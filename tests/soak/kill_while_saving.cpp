@@ -9,14 +9,9 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr int KillsInARound = 20;
-constexpr int FirstReading = 1000;
-constexpr int OleDateOfLastFebruary = 46081;
 
 /// Its deletion is one transaction over hundreds of pages.
-constexpr int SpareEntries = 3000;
 constexpr const char* AddSpareVehicle = R"(BEGIN;
 INSERT INTO vehicles VALUES (77, 5000, 'Spare', '', '', '', 0, 0, '', '', '', '', 0, '', '', '');
 WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 3000)
@@ -24,247 +19,166 @@ WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 3000)
 UPDATE sequence SET next_ref = max(next_ref, 9000);
 COMMIT)";
 
-struct Entry {
-    std::string text; ///< all its fields, as the file tells them
-    long odometer;
-};
+constexpr const char* TellLog = R"(SELECT name, odometer FROM vehicles LIMIT 1;
+SELECT count(*) FROM entries WHERE vehicle = 5000;
+SELECT odometer, printf('%.2f|%.2f|%.2f', custom1, custom2, amount), vendor, notes, date, type, name
+  FROM entries WHERE vehicle = (SELECT min(ref) FROM vehicles) ORDER BY id)";
+constexpr const char* FuelOfToday = "46082.0|1|";
 
-struct Log {
-    std::vector<Entry> entries;
-    long odometer = FirstReading;
+/// What the file holds after a transaction.
+struct Stage {
+    Lines entries; ///< as the file tells them, the odometer in front
+    long odometer = 0;
     std::string name = "Van";
-    long spareEntries = 0; ///< of a second vehicle, which is there to be deleted
+    bool hasSpare = false;
+    std::size_t answers = 0; ///< as many as must be there when this is stored for good
 
     std::string Told() const {
-        std::string told = name + ' ' + std::to_string(odometer) + ' ' + std::to_string(spareEntries);
-        for (const Entry& entry : entries)
-            told += '\n' + entry.text;
+        std::string told = name + '|' + std::to_string(odometer) + (hasSpare ? "\n3000" : "\n0");
+        for (const std::string& entry : entries)
+            told += '\n' + entry;
         return told;
     }
-    void FollowHighestEntry() {
-        odometer = 0;
-        for (const Entry& entry : entries)
-            odometer = std::max(odometer, entry.odometer);
-    }
 };
 
-/// One thing that a person does: the lines for it, and the log after each of its transactions.
-struct Deed {
-    Lines lines;
-    std::vector<Log> stages;
-};
-
-struct Totals {
-    long kills = 0, unanswered = 0, halfDone = 0, journals = 0, answered = 0;
-} totals;
-
-class Round {
+class KillWhileSaving : public Round {
 public:
-    Round(const std::string& program, unsigned long seed)
-        : random_(seed)
-        , console_(program) { }
+    KillWhileSaving(const std::string& program, unsigned long seed)
+        : Round(program, seed, "/tmp/soak-XXXXXX") { }
 
-    void Run() {
-        Prepare();
+    long Run() {
+        Open();
+        PostClose();
         for (int kill = 0; kill < KillsInARound; ++kill) {
-            SetDay(1 + kill);
-            if (random_.Chance(25)) {
-                console_.Start(handset_.Surroundings);
-                console_.Send("boot\n");
+            if (Chance(25)) {
+                Console->Start(Surroundings);
+                Console->Send({"boot"});
                 Strike(30'000);
-                CheckFile({});
             }
-            Open();
-            for (auto calm = random_.Below(3); calm > 0; --calm) {
-                const Clock::time_point begin = Clock::now();
-                const Deed deed = NextDeed(log_);
-                console_.AskAll(deed.lines);
-                log_ = deed.stages.back();
-                ++totals.answered;
-                typical_ = (typical_ + Microseconds(begin)) / 2;
-            }
+            Reopen();
             KillInTheMiddle();
         }
-        Open();
-        PostClose(console_);
+        Reopen();
+        PostClose();
+        return KillsInARound;
     }
 
 private:
-    static long Microseconds(Clock::time_point since) {
-        return std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - since).count();
-    }
-
-    void SetDay(int day) {
-        day_ = day;
-        handset_.Surroundings["HANDSET_CLOCK"]
-            = "2026-03-" + std::string(day < 10 ? "0" : "") + std::to_string(day) + "T10:00:00Z";
-    }
-
-    /// A vehicle whose log is the first screen from now on.
-    void Prepare() {
-        console_.Start(handset_.Surroundings);
-        console_.AskAll({"boot", "key action", "key soft1", "key 1", "type Van", "key down 2",
-            "type " + std::to_string(FirstReading), "key soft1", "key action"});
-        PostClose(console_);
-    }
-
-    void Open() {
-        console_.Start(handset_.Surroundings);
-        console_.Ask("boot");
-        const View view = Look(console_);
-        Require(view.isLog && view.title == log_.name + " (0)", "after the kill [" + view.title + "]");
-        Require(view.rows.size() == log_.entries.size(), "the list shows " + std::to_string(view.rows.size()));
+    /// Either the program or another one is the first to find what the kill left.
+    void Reopen() {
+        const bool programIsFirst = Chance(50);
+        if (!programIsFirst) {
+            CheckFile();
+            if (!stored_.hasSpare)
+                Log().Run(AddSpareVehicle);
+            stored_.hasSpare = true;
+        }
+        Console->Start(Surroundings);
+        Console->Ask("boot");
+        if (programIsFirst)
+            CheckFile();
+        const View view = Look();
+        RequireSame("the first screen", stored_.name + " (0)", view.title);
+        RequireSame("its rows", std::to_string(stored_.entries.size()), std::to_string(view.rows.size()));
+        underWay_.clear();
         isFresh_ = true;
     }
 
-    std::string Money() {
-        const auto cents = 1 + random_.Below(99'999);
-        const std::string text = std::to_string(1000 + cents % 100);
-        return std::to_string(cents / 100) + "." + text.substr(2);
+    /// The file holds what was answered, or also some of the stages that were under way.
+    void CheckFile() {
+        LogFile file = Log();
+        RequireSame("the integrity check", "ok", file.Run("PRAGMA integrity_check"));
+        RequireSame("new keys", "0", file.Run("SELECT count(*) FROM entries, sequence WHERE ref >= next_ref"));
+        const std::string told = file.Run(TellLog);
+        for (const Stage& stage : underWay_) {
+            if (told == stage.Told())
+                stored_ = stage;
+        }
+        RequireSame("the file", stored_.Told(), told);
     }
 
-    /// Fills the fuel form, which stands open.
-    Entry Fill(Deed& deed) {
-        const long odometer = static_cast<long>(2000 + random_.Below(900'000));
-        const std::string volume = Money(), price = Money(), amount = Money();
-        const std::string vendor = "V" + std::to_string(++number_) + "\u00fc\U0001F600";
-        const std::string notes = std::string(random_.Below(400), 'n') + std::to_string(number_);
-        for (const std::string& text : {std::to_string(odometer), volume, price, amount, vendor, notes}) {
-            deed.lines.emplace_back("key down");
-            deed.lines.push_back("type " + text);
-        }
-        deed.lines.emplace_back("key soft1");
-        return {"1|" + std::to_string(odometer) + '|' + volume + '|' + price + '|' + amount + '|'
-                + std::to_string(OleDateOfLastFebruary + day_) + ".0||" + vendor + '|' + notes,
-            odometer};
-    }
-
-    Deed NextDeed(Log log) {
-        Deed deed;
-        const auto choice = isFresh_ ? random_.Below(2) * 8 : random_.Below(10);
-        if (log.spareEntries != 0 && choice == 8) {
-            log.spareEntries = 0;
-            deed.lines = {"key back", "key up", "key soft2", "key 2", "key soft1", "key down", "key action"};
-            deed.stages = {log};
-            isFresh_ = true;
-            return deed;
-        }
+    /// One thing that a person does: the lines for it, and what it makes of the last stage.
+    void Add(Lines& lines, std::vector<Stage>& stages) {
+        Stage stage = stages.back();
+        const auto choice = isFresh_ ? Below(2) * 8 : Below(10);
+        isFresh_ = (choice == 8 && stage.hasSpare) || choice == 9;
         if (choice == 9) {
-            log.name = "Van" + std::to_string(++number_);
-            deed.lines = {"key back", "key soft2", "key 1", "type " + log.name, "key soft1", "key action"};
-            deed.stages = {log};
-            isFresh_ = true;
-            return deed;
-        }
-        if (choice < 5 || choice == 8) {
-            deed.lines = {"key soft1", "key 2"};
-            log.entries.push_back(Fill(deed));
+            stage.name = "Van" + std::to_string(++number_);
+            Append(lines, {"key back", "key soft2", "key 1", "type " + stage.name, "key soft1", "key action"});
+        } else if (isFresh_) {
+            stage.hasSpare = false;
+            Append(lines, {"key back", "key up", "key soft2", "key 2", "key soft1", "key down", "key action"});
+        } else if (choice >= 5 && choice < 8) {
+            Append(lines, {"key action"}); // the entry that was stored last is the selected one
+            stage.entries.back() = FillFuelForm(lines);
         } else {
-            // The entry that was stored last is the selected one.
-            deed.lines = {"key action"};
-            log.entries.back() = Fill(deed);
+            Append(lines, {"key soft1", "key 2"});
+            stage.entries.push_back(FillFuelForm(lines));
         }
-        isFresh_ = false;
-        deed.stages = {log};
-        log.FollowHighestEntry();
-        deed.stages.push_back(log);
-        return deed;
+        stage.answers = lines.size();
+        stages.push_back(stage);
+        if (isFresh_)
+            return;
+        stages.back().odometer = 0; // which follows in a transaction of its own
+        for (const std::string& entry : stage.entries)
+            stages.back().odometer = std::max(stages.back().odometer, std::stol(entry));
+        stages.insert(stages.end() - 1, stage);
+    }
+
+    std::string Money() { return std::to_string(Below(1000)) + '.' + std::to_string(10 + Below(90)); }
+
+    std::string FillFuelForm(Lines& lines) {
+        const std::string number = std::to_string(++number_);
+        std::string told;
+        for (const std::string& field : {std::to_string(2000 + Below(900'000)), Money(), Money(), Money(),
+                 "V" + number + "\u00fc\U0001F600", std::string(Below(400), 'n') + number}) {
+            Append(lines, {"key down", "type " + field});
+            told += field + '|';
+        }
+        lines.emplace_back("key soft1");
+        return told + FuelOfToday;
     }
 
     void KillInTheMiddle() {
-        std::vector<Deed> deeds;
-        Log last = log_;
-        std::string batch;
-        for (auto count = 1 + random_.Below(5); count > 0; --count) {
-            deeds.push_back(NextDeed(last));
-            last = deeds.back().stages.back();
-            for (const std::string& line : deeds.back().lines)
-                batch += line + "\n";
+        Lines batch;
+        stored_.answers = 0;
+        std::vector<Stage> stages{stored_};
+        for (const auto count = 2 + Below(6); stages.size() < count;)
+            Add(batch, stages);
+        Console->Send(batch);
+        const auto answers = static_cast<std::size_t>(Strike(pace_ * stages.size()));
+        for (const Stage& stage : stages) {
+            if (stage.answers > answers)
+                underWay_.push_back(stage);
+            else
+                stored_ = stage;
         }
-        console_.Send(batch);
-        auto answers = static_cast<std::size_t>(Strike(typical_ * static_cast<long>(deeds.size())));
-        std::size_t done = 0;
-        for (; done < deeds.size() && answers >= deeds[done].lines.size(); ++done) {
-            answers -= deeds[done].lines.size();
-            log_ = deeds[done].stages.back();
-            ++totals.answered;
-        }
-        totals.unanswered += done < deeds.size() ? 1 : 0;
-        CheckFile(done < deeds.size() ? deeds[done].stages : std::vector<Log>());
+        // Between all and nothing is where a kill tells most.
+        if (underWay_.empty())
+            pace_ -= pace_ / 4;
+        else if (stored_.answers == 0)
+            pace_ += pace_ / 3;
+        Tally["transactions answered"] += static_cast<long>(stages.size() - 1 - underWay_.size());
+        Tally["transactions under way"] += static_cast<long>(underWay_.size());
     }
 
-    int Strike(long mostMicroseconds) {
-        usleep(static_cast<useconds_t>(random_.Below(static_cast<unsigned long>(mostMicroseconds))));
-        const int answers = console_.Kill();
-        ++totals.kills;
-        const std::filesystem::path journal = handset_.DataFile() + "-journal";
-        totals.journals += std::filesystem::exists(journal) ? 1 : 0;
+    int Strike(unsigned long mostMicroseconds) {
+        usleep(static_cast<useconds_t>(Below(mostMicroseconds)));
+        const int answers = Console->Kill();
+        ++Tally["kills"];
+        Tally["journals left"] += std::filesystem::exists(DataFile() + "-journal") ? 1 : 0;
         return answers;
     }
 
-    /// The file is as the log was left, or further by some of the stages that were under way.
-    void CheckFile(const std::vector<Log>& underWay) {
-        if (random_.Chance(50)) {
-            // The program may be the first to find what the kill left, too.
-            console_.Start(handset_.Surroundings);
-            console_.Ask("boot");
-            Require(Look(console_).isLog, "the program does not open the file");
-            console_.Kill();
-        }
-        LogFile file(handset_.DataFile());
-        file.RequireIntegrity();
-        std::string told = file.Text("SELECT name || ' ' || odometer FROM vehicles LIMIT 1") + ' '
-            + file.Text("SELECT count(*) FROM entries WHERE vehicle = 5000");
-        for (const std::string& row :
-            file.Column("SELECT printf('%d|%d|%.2f|%.2f|%.2f|%.1f|%s|%s|%s', type, odometer,"
-                        " custom1, custom2, amount, date, name, vendor, notes)"
-                        " FROM entries WHERE vehicle = (SELECT min(ref) FROM vehicles) ORDER BY id"))
-            told += '\n' + row;
-        Require(file.Text("SELECT count(*) FROM entries, sequence WHERE ref >= next_ref") == "0",
-            "a key beyond its sequence");
-        Settle(told, underWay);
-        if (log_.spareEntries == 0 && random_.Chance(50)) {
-            file.Column(AddSpareVehicle);
-            log_.spareEntries = SpareEntries;
-        }
-    }
-
-    void Settle(const std::string& told, const std::vector<Log>& underWay) {
-        if (told == log_.Told())
-            return;
-        for (const Log& stage : underWay) {
-            if (told == stage.Told()) {
-                ++totals.halfDone;
-                log_ = stage;
-                return;
-            }
-        }
-        throw std::runtime_error("the file holds\n" + told + "\nbut answered was\n" + log_.Told());
-    }
-
-    Handset handset_{Handset::Place::Disk};
-    Random random_;
-    ConsoleProcess console_;
-    Log log_;
-    int day_ = 1;
-    int number_ = 0;
+    Stage stored_; ///< what was answered
+    std::vector<Stage> underWay_; ///< when the last kill came
     bool isFresh_ = true; ///< the selected entry is not the one that was stored last
-    long typical_ = 20'000; ///< microseconds for one deed
+    int number_ = 0;
+    unsigned long pace_ = 20'000; ///< microseconds for one transaction
 };
 
 } // namespace
 
 int main(int count, char** arguments) {
-    return RunSoak(count, arguments,
-        {"kill_while_saving", KillsInARound,
-            [](const std::string& console, unsigned long seed) {
-                const long before = totals.kills;
-                Round(console, seed).Run();
-                return totals.kills - before;
-            },
-            [] {
-                return "kills, " + std::to_string(totals.unanswered) + " with a record under way ("
-                    + std::to_string(totals.halfDone) + " of them stored in full), " + std::to_string(totals.journals)
-                    + " left a journal, " + std::to_string(totals.answered) + " records answered, none lost";
-            }});
+    return RunSoak<KillWhileSaving>(count, arguments);
 }

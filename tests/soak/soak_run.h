@@ -1,96 +1,102 @@
 #pragma once
 
+#include "../records/log_file.h"
 #include "console_process.h"
 
+#include <ctime>
 #include <filesystem>
-#include <functional>
+#include <iostream>
+#include <iterator>
 #include <memory>
 #include <random>
 
-struct sqlite3;
+/// Throw what is then told as the failure of the round.
+void Require(bool holds, const std::string& what);
+void RequireSame(const std::string& what, const std::string& wanted, const std::string& got);
 
-/// Random choices that a seed repeats on every machine.
-class Random {
-public:
-    explicit Random(unsigned long seed)
-        : engine_(seed) { }
+inline void Append(Lines& lines, const Lines& more) {
+    lines.insert(lines.end(), more.begin(), more.end());
+}
 
-    /// 0 to `limit` - 1.
-    unsigned long Below(unsigned long limit) { return limit == 0 ? 0 : engine_() % limit; }
-    bool Chance(unsigned percent) { return Below(100) < percent; }
-    template <typename List> const auto& Pick(const List& list) { return list[Below(std::size(list))]; }
-
-private:
-    std::mt19937_64 engine_;
-};
-
-/// A handset of a test's own: its storage, and the environment of the processes on it. Where nothing depends on a real
-/// disk it lies in memory, which spares the waiting for thousands of syncs.
-class Handset {
-public:
-    enum class Place { Memory, Disk };
-
-    explicit Handset(Place place = Place::Memory);
-    ~Handset();
-    Handset(const Handset&) = delete;
-    Handset& operator=(const Handset&) = delete;
-
-    std::filesystem::path Documents() const { return Folder / "storage" / "My Documents"; }
-    std::string DataFile() const { return Documents() / "My Vehicles.dat"; }
-    std::filesystem::path Registry() const { return Folder / "storage" / "registry"; }
-
-    std::filesystem::path Folder;
-    ConsoleProcess::Surroundings Surroundings;
-};
-
-/// A data file as another program sees it: through a connection of its own.
-class LogFile {
-public:
-    explicit LogFile(const std::string& path);
-
-    /// Runs the statements; the first column of all their rows.
-    Lines Column(const std::string& sql);
-    std::string Text(const std::string& sql);
-    /// Throws when the file does not stand an integrity check.
-    void RequireIntegrity();
-
-private:
-    std::unique_ptr<sqlite3, int (*)(sqlite3*)> connection_;
-};
+/// What the summary tells of a run beside its rounds.
+inline std::map<std::string, long> Tally;
 
 /// What stands on a console's screen, as far as `controls` tells it.
 struct View {
     std::string title;
     std::string left; ///< soft keys
     std::string right;
-    std::string text; ///< of a message
-    bool isMenu = false;
+    std::string text; ///< of a message, or of all messages on the way here
     bool isLog = false; ///< the main frame, showing the entries
     bool isVehicles = false; ///< the main frame, showing the vehicles
     Lines items; ///< of an open menu
     Lines rows; ///< of the visible list, without what is selected
 
-    bool IsHome() const { return isLog || isVehicles; }
+    bool IsHome() const { return items.empty() && (isLog || isVehicles); }
 };
 
-View Look(ConsoleProcess& console);
-/// Leaves whatever is open, storing nothing, until the main frame stands without a menu, or the program has ended in
-/// order because it was told to before. A fault when so many steps lead to neither.
-View GoHome(ConsoleProcess& console, int mostSteps = 20);
-/// Ends the program in order; a fault when it ends in another way.
-void PostClose(ConsoleProcess& console);
+/// A handset in a folder of its own, odoledger-console on it, and random choices that the seed repeats everywhere.
+class Round {
+public:
+    /// The folder is in memory, which spares the waiting for thousands of syncs, or where the pattern says.
+    Round(const std::string& program, unsigned long seed, std::string pattern = "/dev/shm/soak-XXXXXX");
+    Round(const Round&) = delete;
+    Round& operator=(const Round&) = delete;
+    ~Round();
 
-std::string FileBytes(const std::filesystem::path& path);
-void WriteBytes(const std::filesystem::path& path, const std::string& bytes);
-/// Throws what is then told as the failure of the step.
-void Require(bool holds, const std::string& what);
+protected:
+    static constexpr const char* OrderlyEnd = "exit 1 (status 1)";
 
-/// A program that repeats rounds, each with a seed of its own: PROGRAM CONSOLE [--count N] [--seed S] [--seconds T].
-struct Soak {
-    const char* name;
-    long count; ///< unless told otherwise
-    std::function<long(const std::string& console, unsigned long seed)> round; ///< how much of the count it did
-    std::function<std::string()> summary;
+    /// 0 to `limit` - 1.
+    unsigned long Below(unsigned long limit) { return limit == 0 ? 0 : random_() % limit; }
+    bool Chance(unsigned percent) { return Below(100) < percent; }
+    template <typename List> const auto& Pick(const List& list) { return list[Below(std::size(list))]; }
+
+    std::string DataFile() const { return Storage / "My Documents" / "My Vehicles.dat"; }
+    LogFile Log() const { return LogFile(DataFile()); }
+
+    View Look();
+    /// Leaves whatever is open, storing nothing, until the main frame stands without a menu, or the program has come to
+    /// that end. A fault when so many steps lead to neither.
+    View GoHome(int mostSteps = 300, const std::string& end = OrderlyEnd);
+    /// Starts the console and goes to the log of a vehicle, the first one where there is none. What stood at home
+    /// first.
+    View Open(int mostSteps = 300, const std::string& end = OrderlyEnd);
+    static Lines FuelEntry(long odometer);
+    /// Ends the program in order.
+    void PostClose();
+
+    const std::filesystem::path Folder;
+    const std::filesystem::path Storage = Folder / "storage";
+    ConsoleProcess::Surroundings Surroundings;
+    std::unique_ptr<ConsoleProcess> Console;
+
+private:
+    std::mt19937_64 random_;
 };
 
-int RunSoak(int count, char** arguments, const Soak& soak);
+/// PROGRAM CONSOLE [--count N] [--seed S] [--seconds T]: rounds, each with a seed of its own, until they have done the
+/// count or the time is over. `Each` is a Round whose Run does one, and gives how much of the count that was.
+template <typename Each> int RunSoak(int count, char** arguments) {
+    std::map<std::string, long> options{{"--count", 1}, {"--seed", 1}, {"--seconds", 24L * 60 * 60}};
+    for (int i = 2; i + 1 < count; i += 2)
+        options.at(arguments[i]) = std::stol(arguments[i + 1]);
+    const std::string name = std::filesystem::path(arguments[0]).filename();
+    const std::time_t begin = std::time(nullptr);
+    long seed = options["--seed"];
+    long done = 0;
+    for (; done < options["--count"] && std::time(nullptr) - begin < options["--seconds"]; ++seed) {
+        try {
+            done += Each(arguments[1], static_cast<unsigned long>(seed)).Run();
+        } catch (const std::exception& fault) {
+            std::cout << name << " FAILED, repeat with --seed " << seed << " --count 1: " << fault.what() << '\n';
+            return 1;
+        }
+    }
+    std::cout << name << ": " << done << " done, nothing lost";
+    for (const auto& [what, times] : Tally)
+        std::cout << ", " << times << ' ' << what;
+    std::cout << "; seeds " << options["--seed"] << " to " << seed - 1 << " in " << std::time(nullptr) - begin
+              << " s\n";
+    return 0;
+}
