@@ -103,6 +103,32 @@ TEST_F(Connect, LeavesOneFileAtRestWhateverModeItFinds) {
     EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
 }
 
+TEST_F(Connect, TheConnectionIsSafeAndTrustsNobody) {
+    static sqlite3* connection = nullptr;
+    const auto see = [](sqlite3* opened, char** /*error*/, const void* /*routines*/) {
+        connection = opened;
+        return SQLITE_OK;
+    };
+    Make();
+    sqlite3_auto_extension(reinterpret_cast<void (*)()>(+see));
+    EXPECT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
+    sqlite3_reset_auto_extension();
+    for (const auto& [pragma, wanted] : {std::pair{"journal_mode", "delete"}, {"synchronous", "2"},
+             {"cell_size_check", "1"}, {"trusted_schema", "0"}, {"foreign_keys", "0"}}) {
+        const auto isWanted = [](void* value, int /*columns*/, char** found, char** /*names*/) {
+            return std::string(static_cast<const char*>(value)) == found[0] ? 0 : 1;
+        };
+        EXPECT_EQ(sqlite3_exec(connection, (std::string("PRAGMA ") + pragma).c_str(), isWanted,
+                      const_cast<char*>(wanted), nullptr),
+            SQLITE_OK)
+            << pragma;
+    }
+    EXPECT_NE(sqlite3_exec(connection, "ATTACH ':memory:' AS other", nullptr, nullptr, nullptr), SQLITE_OK);
+    int loadsExtensions = 1;
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, -1, &loadsExtensions);
+    EXPECT_EQ(loadsExtensions, 0);
+}
+
 TEST_F(Connect, AChangedFileIsHarmlessOrInvalid) {
     const std::string edit = "PRAGMA writable_schema = 1; UPDATE sqlite_schema SET ";
     const std::string check = edit + "sql = replace(sql, 'notes TEXT NOT NULL', 'notes TEXT NOT NULL CHECK (";
