@@ -1,6 +1,6 @@
 #!/bin/bash
-# The window on a real display: told to end with a form open it ends in order. The one argument is the program file.
-# Run it with xvfb-run and a server that does not reset.
+# The window on a real display: it follows the scale that the desktop asks for, and told to end with a form open it
+# ends in order. The one argument is the program file. Run it with xvfb-run and a server that does not reset.
 set -u
 program=$(realpath "$1")
 pid=
@@ -16,7 +16,19 @@ press() { xdotool windowfocus "$window" key "$@"; }
 ended() { ! kill -0 "$pid" 2>/dev/null; }
 find_window() { window=$(xdotool search --pid "$pid" 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
 
+is_sized() { xdotool getwindowgeometry "$window" 2>/dev/null | grep -q "Geometry: $1"; }
+
 export HANDSET_HOST=window HANDSET_LOCALE=en_US HANDSET_STORAGE=$place/device SDL_AUDIODRIVER=dummy
+mkdir "$place/device"
+xprop -root -f RESOURCE_MANAGER 8s -set RESOURCE_MANAGER "Xft.dpi:	144"
+"$program" &
+pid=$!
+until_true "no window" find_window
+until_true "not one and a half times as large" is_sized 480x720
+xprop -root -remove RESOURCE_MANAGER
+kill "$pid"
+wait "$pid"
+
 for signal in TERM HUP INT; do
   rm -rf "$place/device"
   mkdir "$place/device"
