@@ -2,7 +2,7 @@
 
 #include "lists/app_fonts.h"
 #include "lists/client_context.h"
-#include "lists/compare_entries.h"
+#include "lists/entry_order.h"
 #include "lists/entry_row.h"
 #include "platform/wait_cursor.h"
 #include "records/data_layer.h"
@@ -91,9 +91,8 @@ void CEntryListView::SortRows(int column) {
     std::vector<const CEntry*> entries(static_cast<std::size_t>(GetRowCount()));
     for (std::size_t row = 0; row < entries.size(); ++row)
         entries[row] = GetRowEntry(static_cast<int>(row));
-    CEntrySortKeys keys(column, entries);
-    SendMessageW(
-        GetHandle(), LVM_SORTITEMSEX, reinterpret_cast<WPARAM>(&keys), reinterpret_cast<LPARAM>(&CompareEntries));
+    const std::vector<std::uint32_t> order = OrderEntries(column, entries);
+    SendMessageW(GetHandle(), LVM_ORDERITEMS, order.size(), reinterpret_cast<LPARAM>(order.data()));
     theSettings.LastColSorted = column;
 }
 

@@ -21,7 +21,7 @@ public:
     int AddRow(CEntry* entry, int update);
     /// Takes a new record over and shows it selected, alone, in its place.
     void AddEntry(CEntry* entry);
-    /// By a column of CompareEntries, which the settings keep; -1 is the one that they hold.
+    /// By a SortColumn, which the settings keep; -1 is the one that they hold.
     void SortRows(int column);
 
     /// The number of selected rows. Their records are added to `list`, from the top row down; they stay this list's.

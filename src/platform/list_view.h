@@ -21,7 +21,6 @@ inline constexpr UINT LVM_SETEXTENDEDLISTVIEWSTYLE = 4150;
 inline constexpr UINT LVM_GETITEMW = 4171;
 inline constexpr UINT LVM_SETITEMW = 4172;
 inline constexpr UINT LVM_INSERTITEMW = 4173;
-inline constexpr UINT LVM_SORTITEMSEX = 4177;
 inline constexpr UINT LVM_FINDITEMW = 4179;
 inline constexpr UINT LVM_INSERTCOLUMNW = 4193;
 inline constexpr UINT LVM_GETITEMTEXTW = 4211;
@@ -92,9 +91,10 @@ struct NMLVKEYDOWN {
     WORD wVKey = 0;
 };
 
-/// LVM_SORTITEMSEX: wParam is passed on as `sortParameter`, lParam is the function. It gets the indexes that two rows
-/// have before the sort; rows that compare equal keep their order.
-using PFNLVCOMPARE = int (*)(LPARAM first, LPARAM second, LPARAM sortParameter);
+/// The device's own message: puts the rows into another order. lParam points to as many `std::uint32_t` as there are
+/// rows, the present places of the rows from the new top down; wParam is their number. Focus and selection stay with
+/// their rows. FALSE, and nothing happens, for anything but an order of all rows.
+inline constexpr UINT LVM_ORDERITEMS = 4352;
 
 inline constexpr UINT ODT_LISTVIEW = 102;
 inline constexpr UINT ODS_SELECTED = 1;

@@ -1,5 +1,5 @@
 #include "list_device.h"
-#include "lists/compare_entries.h"
+#include "lists/entry_order.h"
 #include "platform/metrics.h"
 
 #include <algorithm>

@@ -187,10 +187,11 @@ LRESULT ListView::SetColumnWidth(int column, int width) {
     return TRUE;
 }
 
-void ListView::Sort(LPARAM parameter, PFNLVCOMPARE compare) {
-    if (compare)
-        rows_.Sort(compare, parameter);
+bool ListView::SetOrder(std::span<const std::uint32_t> order) {
+    if (!rows_.SetOrder(order))
+        return false;
     InvalidateRect(Handle(), nullptr, TRUE);
+    return true;
 }
 
 LRESULT ListView::ListMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -233,9 +234,8 @@ LRESULT ListView::ListMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         rows_.EnsureVisible(row, RowsShown());
         InvalidateRect(Handle(), nullptr, TRUE);
         return rows_.Has(row) ? TRUE : FALSE;
-    case LVM_SORTITEMSEX:
-        Sort(static_cast<LPARAM>(wParam), reinterpret_cast<PFNLVCOMPARE>(lParam)); // NOLINT
-        return TRUE;
+    case LVM_ORDERITEMS:
+        return SetOrder({Pointer<const std::uint32_t>(lParam), lParam ? wParam : 0}) ? TRUE : FALSE;
     case LVM_INSERTCOLUMNW: {
         const auto* column = Pointer<const LVCOLUMNW>(lParam);
         if (!column)

@@ -45,7 +45,7 @@ private:
     LRESULT GetText(int row, LVITEMW& item) const;
     LRESULT SetState(int row, const LVITEMW& item);
     LRESULT SetColumnWidth(int column, int width);
-    void Sort(LPARAM parameter, PFNLVCOMPARE compare);
+    bool SetOrder(std::span<const std::uint32_t> order);
 
     void KeyDown(WORD key);
     void MoveKey(WORD key);

@@ -3,55 +3,10 @@
 #include "platform/locale.h"
 
 #include <algorithm>
-#include <numeric>
+#include <limits>
+#include <utility>
 
 namespace device {
-
-namespace {
-
-using Places = std::vector<std::uint32_t>;
-
-constexpr std::ptrdiff_t ShortRun = 8;
-
-template <typename Before> void SortShortRun(Places::iterator begin, Places::iterator end, Before before) {
-    for (auto next = begin; next != end; ++next) {
-        const std::uint32_t moved = *next;
-        auto hole = next;
-        for (; hole != begin && before(moved, *(hole - 1)); --hole)
-            *hole = *(hole - 1);
-        *hole = moved;
-    }
-}
-
-/// Two sorted runs become one. Runs that already follow each other, in this or in the other order, cost one
-/// comparison.
-template <typename Before>
-void Merge(Places::iterator begin, Places::iterator middle, Places::iterator end, Places& room, Before before) {
-    if (middle == begin || middle == end || !before(*middle, *(middle - 1)))
-        return;
-    if (before(*(end - 1), *begin)) {
-        std::rotate(begin, middle, end);
-        return;
-    }
-    room.assign(begin, middle);
-    std::merge(room.begin(), room.end(), middle, end, begin, before);
-}
-
-/// A stable merge sort for rows that mostly stand in order, as those of a log do: comparing them calls back into the
-/// program, and std::stable_sort compares a sorted list no less than a shuffled one.
-template <typename Before> void SortPlaces(Places& places, Before before) {
-    const auto count = static_cast<std::ptrdiff_t>(places.size());
-    const auto at = [&](std::ptrdiff_t index) { return places.begin() + std::min(index, count); };
-    for (std::ptrdiff_t start = 0; start < count; start += ShortRun)
-        SortShortRun(at(start), at(start + ShortRun), before);
-    Places room;
-    for (std::ptrdiff_t run = ShortRun; run < count; run *= 2) {
-        for (std::ptrdiff_t start = 0; start < count; start += 2 * run)
-            Merge(at(start), at(start + run), at(start + (2 * run)), room, before);
-    }
-}
-
-} // namespace
 
 int ListViewRows::FindData(LPARAM data, int after) const {
     for (int row = std::max(after, -1) + 1; row < Count(); ++row) {
@@ -153,18 +108,23 @@ void ListViewRows::SetCell(int row, int column, const std::wstring& text) {
     (*more)[static_cast<std::size_t>(column) - 1] = text;
 }
 
-void ListViewRows::Sort(PFNLVCOMPARE compare, LPARAM parameter) {
-    std::vector<std::uint32_t> sorted(order_.size());
-    std::iota(sorted.begin(), sorted.end(), 0U);
-    SortPlaces(sorted, [compare, parameter](std::uint32_t first, std::uint32_t second) {
-        return compare(LPARAM{first}, LPARAM{second}, parameter) < 0;
-    });
-    const auto focus = std::find(sorted.begin(), sorted.end(), static_cast<std::uint32_t>(focused_));
-    focused_ = focus == sorted.end() ? -1 : static_cast<int>(focus - sorted.begin());
+bool ListViewRows::SetOrder(std::span<const std::uint32_t> order) {
+    constexpr std::uint32_t Taken = std::numeric_limits<std::uint32_t>::max();
+    if (order.size() != order_.size())
+        return false;
+    std::vector<std::uint32_t> former = order_;
+    std::vector<std::uint32_t> ordered;
+    ordered.reserve(order.size());
+    for (const std::uint32_t place : order) {
+        if (place >= former.size() || former[place] == Taken)
+            return false;
+        ordered.push_back(std::exchange(former[place], Taken));
+    }
+    if (Has(focused_))
+        focused_ = static_cast<int>(std::find(order.begin(), order.end(), focused_) - order.begin());
     anchor_ = focused_;
-    for (std::uint32_t& place : sorted)
-        place = order_[place];
-    order_.swap(sorted);
+    order_.swap(ordered);
+    return true;
 }
 
 void ListViewRows::SetSelected(int row, bool selected) {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -46,9 +47,9 @@ public:
     bool Remove(int row);
     void Clear();
     void SetCell(int row, int column, const std::wstring& text);
-    /// `compare` gets the places that two rows have before the sort. Rows that compare equal keep their order; focus
-    /// and selection stay with their rows.
-    void Sort(PFNLVCOMPARE compare, LPARAM parameter);
+    /// `order` holds the present places of the rows from the new top down. Focus and selection stay with their rows.
+    /// False, and nothing happens, where a row is missing or twice there.
+    bool SetOrder(std::span<const std::uint32_t> order);
 
     void SetState(int row, UINT state, UINT mask);
     void SelectAll();

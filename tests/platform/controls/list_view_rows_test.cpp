@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
+#include <numeric>
 #include <random>
 
 namespace {
@@ -40,34 +41,7 @@ Values DataOf(const ListViewRows& rows) {
     return data;
 }
 
-int ByTens(LPARAM first, LPARAM second, LPARAM values) {
-    const auto& data = *reinterpret_cast<const Values*>(values);
-    return static_cast<int>(
-        (data[static_cast<std::size_t>(first)] / 10) - (data[static_cast<std::size_t>(second)] / 10));
-}
-
-TEST(ListViewRowsModel, SortsAnyOrderAsAStableSortDoes) {
-    std::mt19937 random(3);
-    const std::function<LPARAM(LPARAM)> shapes[] = {[](LPARAM i) { return i * 7; },
-        [](LPARAM i) { return 9000 - (i * 4); }, [](LPARAM i) { return i % 17 * 10; }, [](LPARAM i) { return i % 10; },
-        [&](LPARAM) { return static_cast<LPARAM>(random() % 900); }};
-    for (const auto& shape : shapes) {
-        for (const int count : {1, 2, 7, 8, 9, 16, 17, 100, 641}) {
-            ListViewRows rows(false);
-            for (int index = 0; index < count; ++index)
-                rows.Insert(index, RowOf(shape(index)));
-            Values data = DataOf(rows);
-            rows.MoveTo(count / 2, ListViewRows::Move::Select);
-            const LPARAM focused = rows.At(count / 2).data;
-            rows.Sort(ByTens, reinterpret_cast<LPARAM>(&data));
-            std::stable_sort(data.begin(), data.end(), [](LPARAM a, LPARAM b) { return a / 10 < b / 10; });
-            ASSERT_EQ(DataOf(rows), data) << &shape - shapes << " " << count;
-            EXPECT_TRUE(rows.At(rows.Focused()).data == focused && rows.IsSelected(rows.Focused()));
-        }
-    }
-}
-
-TEST(ListViewRowsModel, InsertsDeletesAndSortsAsAPlainVectorDoes) {
+TEST(ListViewRowsModel, InsertsDeletesAndOrdersAsAPlainVectorDoes) {
     std::mt19937 random(11);
     const auto upTo = [&random](std::size_t end) { return static_cast<int>(random() % end); };
     ListViewRows rows(false);
@@ -83,8 +57,19 @@ TEST(ListViewRowsModel, InsertsDeletesAndSortsAsAPlainVectorDoes) {
             model.erase(model.begin() + place);
         }
         if (step % 500 == 499) {
-            rows.Sort(ByTens, reinterpret_cast<LPARAM>(&model));
-            std::stable_sort(model.begin(), model.end(), [](LPARAM a, LPARAM b) { return a / 10 < b / 10; });
+            std::vector<std::uint32_t> order(model.size());
+            std::iota(order.begin(), order.end(), 0U);
+            std::shuffle(order.begin(), order.end(), random);
+            rows.MoveTo(place / 2, ListViewRows::Move::Select);
+            const LPARAM focused = rows.At(place / 2).data;
+            EXPECT_TRUE(rows.SetOrder(order));
+            EXPECT_TRUE(rows.At(rows.Focused()).data == focused && rows.IsSelected(rows.Focused()));
+            const Values former = model;
+            std::transform(order.begin(), order.end(), model.begin(), [&former](auto from) { return former[from]; });
+            order.front() = order.back();
+            EXPECT_FALSE(rows.SetOrder(order)) << "one row twice";
+            order.pop_back();
+            EXPECT_FALSE(rows.SetOrder(order)) << "too few";
         }
         ASSERT_EQ(DataOf(rows), model) << step;
     }

@@ -1,9 +1,10 @@
-#include "lists/compare_entries.h"
+#include "lists/entry_order.h"
 #include "platform/locale.h"
 #include "records/entry.h"
 #include "shell/common/app_settings.h"
 #include "units/record_text.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
 #include <random>
@@ -42,41 +43,42 @@ int PlainOrder(const CEntry& a, const CEntry& b, int column) {
     }
 }
 
-TEST(EntrySortKeys, OrderAsTheColumnsSayInBothDirections) {
+TEST(EntryOrder, IsThatOfTheColumnsInBothDirectionsWhateverItWas) {
     std::mt19937 random(7);
     const auto upTo = [&random](int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); };
-    const wchar_t* names[] = {L"", L"oil", L"Oil change", L"OIL CHANGE", L"Öl", L"ÖL", L"été", L"ÉTÉ", L"🚗", L"ﬀ"};
+    const wchar_t* names[] = {L"", L"oil", L"Oil change", L"OIL CHANGE", L"oil change of the winter", L"Öl", L"ÖL",
+        L"oil change of the summer", L"été", L"ÉTÉ", L"🚗", L"ﬀ", L"oil chan", L"oil chang"};
     std::vector<std::unique_ptr<CEntry>> entries;
-    std::vector<const CEntry*> rows{nullptr};
-    for (int count = 0; count < 60; ++count) {
-        auto entry = std::make_unique<CEntry>();
+    for (int count = 0; count < 900; ++count) {
+        auto& entry = entries.emplace_back(std::make_unique<CEntry>());
         entry->SetType(static_cast<CEntry::Type>(1 + upTo(4)));
         entry->SetDate(40000 + upTo(3) + (upTo(2) / 2.0));
         entry->SetOdometer(upTo(4) - 1);
         entry->SetAmount(static_cast<float>(upTo(5)) - 1.5F);
         entry->SetCustom1(static_cast<float>(upTo(12)));
         entry->SetCustom2(static_cast<float>(upTo(3)));
-        entry->SetName(names[upTo(10)]);
+        entry->SetName(names[upTo(14)]);
         entry->SetVendor(names[upTo(3)]);
-        rows.push_back(entry.get());
-        entries.push_back(std::move(entry));
     }
-    for (const int ascending : {1, 0}) {
-        theSettings.SortAscending = ascending;
-        for (int column = SortColumnDate; column <= SortColumnAmount; ++column) {
-            CEntrySortKeys keys(column, rows);
-            EXPECT_EQ(keys.Compare(0, 0), 0) << "a row without an entry";
-            for (std::size_t first = 1; first < rows.size(); ++first) {
-                for (std::size_t second = 1; second < rows.size(); ++second) {
-                    const int plain = PlainOrder(*rows[first], *rows[second], column);
-                    const int order = CompareEntries(
-                        static_cast<LPARAM>(first), static_cast<LPARAM>(second), reinterpret_cast<LPARAM>(&keys));
-                    ASSERT_EQ(Sign(order), ascending ? plain : -plain) << column << ": " << first << ", " << second;
-                }
-            }
+    for (const std::size_t count : {0U, 1U, 12U, 900U}) {
+        std::vector<const CEntry*> rows;
+        for (std::size_t index = 0; index < count; ++index)
+            rows.push_back(entries[index].get());
+        // What one turn leaves is where the next one starts: sorted, turned round, or sorted by something else.
+        for (int turn = 0; turn < 24; ++turn) {
+            theSettings.SortAscending = turn / 2 % 2;
+            const int column = turn % 3 == 0 ? upTo(4) : turn / 6;
+            std::vector<const CEntry*> ordered;
+            for (const std::uint32_t place : OrderEntries(column, rows))
+                ordered.push_back(rows.at(place));
+            std::ranges::stable_sort(rows, [column](const CEntry* a, const CEntry* b) {
+                return (theSettings.SortAscending ? PlainOrder(*a, *b, column) : PlainOrder(*b, *a, column)) < 0;
+            });
+            ASSERT_EQ(ordered, rows) << count << " rows, turn " << turn << ", column " << column;
         }
     }
     theSettings.SortAscending = 1;
+    EXPECT_EQ(OrderEntries(SortColumnDate, {entries[0].get(), nullptr}), (std::vector<std::uint32_t>{1, 0}));
 }
 
 } // namespace
