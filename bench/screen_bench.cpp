@@ -3,6 +3,7 @@
 #include "bench_log.h"
 #include "lists/app_fonts.h"
 #include "lists/entry_list_view.h"
+#include "lists/entry_order.h"
 #include "lists/parent_reflection.h"
 #include "platform/drawing/cairo_canvas.h"
 #include "platform/host.h"
@@ -107,30 +108,44 @@ void RefreshEntryList(benchmark::State& state) {
     }
 }
 
-/// Sorting by turns forwards and backwards, so that no sort finds its work done.
+/// What the rows are ordered by before they are sorted by `column`: something that tells nothing of it.
+int FormerColumn(int column) {
+    return column == SortColumnAmount ? SortColumnDescription : SortColumnAmount;
+}
+
+/// By turns upwards and downwards, each from the order of another column.
 void SortEntryList(benchmark::State& state) {
     MakeLog(static_cast<int>(state.range(0)));
+    const auto column = static_cast<int>(state.range(1));
     CEntryFilter filter = Everything();
     ListWindow window;
     window.List().Refresh(&filter);
+    bool upwards = true;
     for ([[maybe_unused]] auto _ : state) {
-        theSettings.SortAscending = !theSettings.SortAscending;
-        window.List().SortRows(static_cast<int>(state.range(1)));
+        state.PauseTiming();
+        theSettings.SortAscending = 1;
+        window.List().SortRows(FormerColumn(column));
+        upwards = !upwards;
+        theSettings.SortAscending = upwards ? 1 : 0;
+        state.ResumeTiming();
+        window.List().SortRows(column);
     }
     theSettings.SortAscending = 1;
 }
 
-/// std::stable_sort over keys that are made once, in the same loop: what the order costs without a list.
-template <typename MakeKey> void SortReady(benchmark::State& state, const CObjectListT<CEntry>& entries, MakeKey make) {
-    using Key = decltype(make(*entries.Get(0)));
-    bool forwards = true;
+/// std::stable_sort over keys that are made once, in the same loop, from rows in the same former order: what the order
+/// costs without a list.
+template <typename MakeKey>
+void SortReady(benchmark::State& state, const std::vector<const CEntry*>& rows, MakeKey make) {
+    using Key = decltype(make(*rows.front()));
+    bool upwards = true;
     for ([[maybe_unused]] auto _ : state) {
-        forwards = !forwards;
-        std::vector<std::pair<Key, int>> keys;
-        for (int index = 0; index < entries.GetCount(); ++index)
-            keys.emplace_back(make(*entries.Get(index)), index);
-        std::stable_sort(keys.begin(), keys.end(), [forwards](const auto& first, const auto& second) {
-            return forwards ? first.first < second.first : second.first < first.first;
+        upwards = !upwards;
+        std::vector<std::pair<Key, std::size_t>> keys;
+        for (const CEntry* entry : rows)
+            keys.emplace_back(make(*entry), keys.size());
+        std::stable_sort(keys.begin(), keys.end(), [upwards](const auto& first, const auto& second) {
+            return upwards ? first.first < second.first : second.first < first.first;
         });
         benchmark::DoNotOptimize(keys.data());
     }
@@ -147,17 +162,23 @@ void SortReadyKeys(benchmark::State& state) {
     CEntryFilter filter = Everything();
     CObjectListT<CEntry> entries;
     theDataLayer.Load(&entries, &filter);
+    std::vector<const CEntry*> loaded;
+    for (int index = 0; index < entries.GetCount(); ++index)
+        loaded.push_back(entries.Get(index));
+    std::vector<const CEntry*> rows;
+    for (const std::uint32_t place : OrderEntries(FormerColumn(static_cast<int>(state.range(1))), loaded))
+        rows.push_back(loaded[place]);
     switch (state.range(1)) {
     case 0:
         return SortReady(
-            state, entries, [](const CEntry& entry) { return std::pair(entry.GetDate(), LowerSummary(entry)); });
+            state, rows, [](const CEntry& entry) { return std::pair(entry.GetDate(), LowerSummary(entry)); });
     case 1:
-        return SortReady(state, entries, LowerSummary);
+        return SortReady(state, rows, LowerSummary);
     case 2:
         return SortReady(
-            state, entries, [](const CEntry& entry) { return std::pair(entry.GetOdometer(), entry.GetAmount()); });
+            state, rows, [](const CEntry& entry) { return std::pair(entry.GetOdometer(), entry.GetAmount()); });
     default:
-        return SortReady(state, entries, [](const CEntry& entry) { return entry.GetAmount(); });
+        return SortReady(state, rows, [](const CEntry& entry) { return entry.GetAmount(); });
     }
 }
 

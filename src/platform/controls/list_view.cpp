@@ -112,10 +112,8 @@ LRESULT ListView::InsertItem(const LVITEMW& item) {
         row.text = item.pszText;
     if ((item.mask & LVIF_IMAGE) != 0)
         row.image = item.iImage;
-    if ((item.mask & LVIF_PARAM) != 0)
-        row.data = item.lParam;
     const int place = HasStyle(LVS_SORTASCENDING) ? rows_.SortedPlace(row.text) : item.iItem;
-    const int index = rows_.Insert(place, std::move(row));
+    const int index = rows_.Insert(place, std::move(row), (item.mask & LVIF_PARAM) != 0 ? item.lParam : 0);
     Changed();
     return index;
 }
@@ -128,7 +126,7 @@ LRESULT ListView::SetItem(const LVITEMW& item) {
     if ((item.mask & LVIF_IMAGE) != 0)
         rows_.At(item.iItem).image = item.iImage;
     if ((item.mask & LVIF_PARAM) != 0)
-        rows_.At(item.iItem).data = item.lParam;
+        rows_.DataAt(item.iItem) = item.lParam;
     if ((item.mask & LVIF_STATE) != 0)
         rows_.SetState(item.iItem, item.state, item.stateMask);
     Changed();
@@ -152,7 +150,7 @@ LRESULT ListView::GetItem(LVITEMW& item) const {
     if ((item.mask & LVIF_IMAGE) != 0)
         item.iImage = rows_.At(item.iItem).image;
     if ((item.mask & LVIF_PARAM) != 0)
-        item.lParam = rows_.At(item.iItem).data;
+        item.lParam = rows_.DataAt(item.iItem);
     if ((item.mask & LVIF_STATE) != 0)
         item.state
             = (rows_.IsSelected(item.iItem) ? LVIS_SELECTED : 0) | (rows_.Focused() == item.iItem ? LVIS_FOCUSED : 0);

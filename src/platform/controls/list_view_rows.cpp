@@ -4,13 +4,12 @@
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 namespace device {
 
 int ListViewRows::FindData(LPARAM data, int after) const {
     for (int row = std::max(after, -1) + 1; row < Count(); ++row) {
-        if (At(row).data == data)
+        if (DataAt(row) == data)
             return row;
     }
     return -1;
@@ -38,7 +37,7 @@ std::wstring ListViewRows::Cell(int row, int column) const {
     return more && index < more->size() ? (*more)[index] : std::wstring();
 }
 
-int ListViewRows::Insert(int row, Row added) {
+int ListViewRows::Insert(int row, Row added, LPARAM data) {
     row = std::clamp(row, 0, Count());
     auto place = static_cast<std::uint32_t>(rows_.size());
     if (free_.empty()) {
@@ -48,7 +47,7 @@ int ListViewRows::Insert(int row, Row added) {
         free_.pop_back();
         rows_[place] = std::move(added);
     }
-    order_.insert(order_.begin() + row, place);
+    order_.insert(order_.begin() + row, {place, data});
     if (focused_ >= row)
         ++focused_;
     if (anchor_ >= row)
@@ -58,9 +57,9 @@ int ListViewRows::Insert(int row, Row added) {
 
 int ListViewRows::SortedPlace(const std::wstring& text) const {
     const auto place
-        = std::upper_bound(order_.begin(), order_.end(), text, [this](const std::wstring& added, std::uint32_t row) {
+        = std::upper_bound(order_.begin(), order_.end(), text, [this](const std::wstring& added, const Line& line) {
               const int order = CompareStringW(
-                  LOCALE_USER_DEFAULT, NORM_IGNORECASE, added.c_str(), -1, rows_[row].text.c_str(), -1);
+                  LOCALE_USER_DEFAULT, NORM_IGNORECASE, added.c_str(), -1, rows_[line.place].text.c_str(), -1);
               return order != 0 && order < CSTR_EQUAL;
           });
     return static_cast<int>(place - order_.begin());
@@ -71,8 +70,8 @@ bool ListViewRows::Remove(int row) {
         return false;
     SetSelected(row, false);
     const auto position = order_.begin() + row;
-    rows_[*position] = {};
-    free_.push_back(*position);
+    rows_[position->place] = {};
+    free_.push_back(position->place);
     order_.erase(position);
     // The focus stays in its place: the row that took the place of a deleted one has it then.
     if (focused_ > row)
@@ -112,13 +111,14 @@ bool ListViewRows::SetOrder(std::span<const std::uint32_t> order) {
     constexpr std::uint32_t Taken = std::numeric_limits<std::uint32_t>::max();
     if (order.size() != order_.size())
         return false;
-    std::vector<std::uint32_t> former = order_;
-    std::vector<std::uint32_t> ordered;
+    std::vector<Line> former = order_;
+    std::vector<Line> ordered;
     ordered.reserve(order.size());
-    for (const std::uint32_t place : order) {
-        if (place >= former.size() || former[place] == Taken)
+    for (const std::uint32_t row : order) {
+        if (row >= former.size() || former[row].place == Taken)
             return false;
-        ordered.push_back(std::exchange(former[place], Taken));
+        ordered.push_back(former[row]);
+        former[row].place = Taken;
     }
     if (Has(focused_))
         focused_ = static_cast<int>(std::find(order.begin(), order.end(), focused_) - order.begin());

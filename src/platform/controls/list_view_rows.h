@@ -16,7 +16,6 @@ public:
     struct Row {
         std::wstring text;
         std::unique_ptr<std::vector<std::wstring>> more; ///< cells of the columns behind the first
-        LPARAM data = 0;
         int image = -1;
         bool selected = false;
     };
@@ -29,8 +28,11 @@ public:
 
     int Count() const { return static_cast<int>(order_.size()); }
     bool Has(int row) const { return row >= 0 && row < Count(); }
-    Row& At(int row) { return rows_[order_[static_cast<std::size_t>(row)]]; }
-    const Row& At(int row) const { return rows_[order_[static_cast<std::size_t>(row)]]; }
+    Row& At(int row) { return rows_[order_[static_cast<std::size_t>(row)].place]; }
+    const Row& At(int row) const { return rows_[order_[static_cast<std::size_t>(row)].place]; }
+    /// What the program keeps with the row.
+    LPARAM& DataAt(int row) { return order_[static_cast<std::size_t>(row)].data; }
+    LPARAM DataAt(int row) const { return order_[static_cast<std::size_t>(row)].data; }
     int SelectedCount() const { return selectedCount_; }
     /// -1: no row has the focus.
     int Focused() const { return focused_; }
@@ -41,7 +43,7 @@ public:
     std::wstring Cell(int row, int column) const;
 
     /// The row's index: `row` or, beyond the end, the end.
-    int Insert(int row, Row added);
+    int Insert(int row, Row added, LPARAM data);
     /// Where `text` belongs in rows kept in ascending order of their text (the locale's collation).
     int SortedPlace(const std::wstring& text) const;
     bool Remove(int row);
@@ -69,13 +71,19 @@ public:
     void EnsureVisible(int row, int shown);
 
 private:
+    /// Data stands here since a program that goes through all rows asks for nothing else.
+    struct Line {
+        std::uint32_t place; ///< in rows_
+        LPARAM data;
+    };
+
     void SetSelected(int row, bool selected);
     void SelectOnly(int from, int to);
 
     bool single_;
     // Insertions, deletions and sorts move numbers; a row stays where it was stored.
     std::vector<Row> rows_;
-    std::vector<std::uint32_t> order_; ///< the rows from the top down, as places in rows_
+    std::vector<Line> order_; ///< from the top down
     std::vector<std::uint32_t> free_; ///< places of rows that were removed
     int selectedCount_ = 0;
     int focused_ = -1;

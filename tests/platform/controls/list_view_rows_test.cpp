@@ -11,16 +11,10 @@ namespace {
 using device::ListViewRows;
 using Values = std::vector<LPARAM>;
 
-ListViewRows::Row RowOf(LPARAM data) {
-    ListViewRows::Row row;
-    row.data = data;
-    return row;
-}
-
 ListViewRows Rows(int count, bool single = false) {
     ListViewRows rows(single);
     while (rows.Count() < count)
-        rows.Insert(0, {});
+        rows.Insert(0, {}, 0);
     return rows;
 }
 
@@ -37,7 +31,7 @@ std::wstring Marks(const ListViewRows& rows) {
 Values DataOf(const ListViewRows& rows) {
     Values data;
     for (int row = 0; row < rows.Count(); ++row)
-        data.push_back(rows.At(row).data);
+        data.push_back(rows.DataAt(row));
     return data;
 }
 
@@ -49,8 +43,8 @@ TEST(ListViewRowsModel, InsertsDeletesAndOrdersAsAPlainVectorDoes) {
     for (int step = 0; step < 3000; ++step) {
         const int place = upTo(model.size() + 1);
         if (random() % 5 < 3) {
-            rows.Insert(place, RowOf(upTo(500)));
-            model.insert(model.begin() + place, rows.At(place).data);
+            rows.Insert(place, {}, upTo(500));
+            model.insert(model.begin() + place, rows.DataAt(place));
             EXPECT_TRUE(rows.Cell(place, 0).empty()) << "nothing is left of a row that was there";
             rows.SetCell(place, 0, L"text");
         } else if (rows.Remove(place)) {
@@ -61,9 +55,9 @@ TEST(ListViewRowsModel, InsertsDeletesAndOrdersAsAPlainVectorDoes) {
             std::iota(order.begin(), order.end(), 0U);
             std::shuffle(order.begin(), order.end(), random);
             rows.MoveTo(place / 2, ListViewRows::Move::Select);
-            const LPARAM focused = rows.At(place / 2).data;
+            const LPARAM focused = rows.DataAt(place / 2);
             EXPECT_TRUE(rows.SetOrder(order));
-            EXPECT_TRUE(rows.At(rows.Focused()).data == focused && rows.IsSelected(rows.Focused()));
+            EXPECT_TRUE(rows.DataAt(rows.Focused()) == focused && rows.IsSelected(rows.Focused()));
             const Values former = model;
             std::transform(order.begin(), order.end(), model.begin(), [&former](auto from) { return former[from]; });
             order.front() = order.back();
@@ -88,7 +82,7 @@ TEST(ListViewRows, FocusAndSelectionMove) {
         {"single state", true,
             [](auto& r) { r.SetState(1, LVIS_SELECTED, LVIS_SELECTED), r.SetState(3, LVIS_SELECTED, LVIS_SELECTED); },
             L"...s."},
-        {"insert before", false, [](auto& r) { r.MoveTo(1, Move::Select), r.Insert(1, {}); }, L"..S..."},
+        {"insert before", false, [](auto& r) { r.MoveTo(1, Move::Select), r.Insert(1, {}, 0); }, L"..S..."},
         {"the next key selects it", false,
             [](auto& r) { r.MoveTo(1, Move::Select), r.Remove(1), r.MoveBy(1, Move::Select); }, L".S.."},
         {"the last row deleted", false, [](auto& r) { r.MoveTo(4, Move::Select), r.Remove(4); }, L"...F"},
