@@ -152,7 +152,14 @@ int CompareStringW(
 }
 
 wchar_t* CharLowerW(wchar_t* text) {
-    std::transform(text, text + std::wcslen(text), text, device::LowerCase);
+    for (wchar_t* character = text; *character != L'\0'; ++character) {
+        const auto beyondA = static_cast<unsigned>(*character) - L'A';
+        if (beyondA <= L'Z' - L'A') {
+            *character += L'a' - L'A';
+        } else if (*character >= 0x80) {
+            *character = device::LowerCase(*character);
+        }
+    }
     return text;
 }
 
