@@ -127,7 +127,7 @@ void PangoTextMeasurer::FindAllFaces() {
 /// Of the face itself, whatever other faces stand in for characters that it lacks. The face's own table is asked, since
 /// the library's metrics lay out sample texts first.
 PangoTextMeasurer::Extent PangoTextMeasurer::ExtentOf(FontDescription face, PangoFontDescription* description) {
-    const int size = face.height < 0 ? std::min(-face.height, MaximumFontHeight) : MaximumFontHeight;
+    const int size = face.height < 0 ? -std::max(face.height, -MaximumFontHeight) : MaximumFontHeight;
     face.height = 0;
     const auto known = extents_.find(face);
     if (known != extents_.end())
