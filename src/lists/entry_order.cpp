@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <functional>
 #include <span>
 #include <string>
 
@@ -140,13 +139,15 @@ template <typename Handle> void ForEqualKeys(Keys keys, Handle handle) {
 void SortKeys(Keys keys) {
     if (keys.size() <= Few)
         return SortFewKeys(keys);
-    if (std::ranges::is_sorted(keys, {}, &Key::value))
+    const auto below = [](const Key& first, const Key& second) { return first.value < second.value; };
+    const auto above = [](const Key& first, const Key& second) { return first.value > second.value; };
+    if (std::is_sorted(keys.begin(), keys.end(), below))
         return;
-    if (std::ranges::is_sorted(keys, std::ranges::greater{}, &Key::value)) {
-        std::ranges::reverse(keys);
-        ForEqualKeys(keys, [](Keys equal) { std::ranges::reverse(equal); });
+    if (std::is_sorted(keys.begin(), keys.end(), above)) {
+        std::reverse(keys.begin(), keys.end());
+        ForEqualKeys(keys, [](Keys equal) { std::reverse(equal.begin(), equal.end()); });
     } else {
-        std::ranges::stable_sort(keys, {}, &Key::value);
+        std::stable_sort(keys.begin(), keys.end(), below);
     }
 }
 
