@@ -122,7 +122,9 @@ RegistryFile::RegistryFile(const std::string& path)
     if (error_ == ERROR_SUCCESS) {
         error_ = ReadWhole(file, LargestFile, text);
     }
-    if (error_ == ERROR_SUCCESS && !text.empty() && !Parse(contents_->file.get(), text)) {
+    // A line with a NUL would be read to there, and something else be written back.
+    const bool hasNul = text.find('\0') != std::string::npos;
+    if (error_ == ERROR_SUCCESS && !text.empty() && (hasNul || !Parse(contents_->file.get(), text))) {
         Salvage(text);
     }
     if (error_ == ERROR_MORE_DATA) {

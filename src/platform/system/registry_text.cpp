@@ -211,7 +211,9 @@ std::optional<std::string> ValueText(const RegistryValue& value) {
 }
 
 std::optional<RegistryValue> ValueFromText(const std::string& text) {
+    // Returns at the end belong to the line, which some editors end with more than one; a text has its own as "\\r".
     std::string_view rest = text;
+    rest = rest.substr(0, rest.find_last_not_of('\r') + 1);
     if (TakePrefix(rest, NumberPrefix)) {
         return NumberFrom(rest);
     }
