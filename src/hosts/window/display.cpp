@@ -1,5 +1,6 @@
 #include "hosts/window/display.h"
 
+#include "hosts/window/key_sequences.h"
 #include "hosts/window/x11_scale.h"
 #include "platform/drawing/picture.h"
 #include "platform/drawing/pixel_image.h"
@@ -39,6 +40,7 @@ bool InitVideo(std::string& error) {
     }
     if (!IsSet("WAYLAND_DISPLAY") && !IsSet("SDL_VIDEODRIVER"))
         SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
+    KeepKeySequences();
     SDL_SetMainReady();
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string>
+#include <utility>
 
 namespace device {
 
@@ -45,6 +46,51 @@ bool IsRegional(wchar_t unit) {
 bool IsBlank(wchar_t character) {
     return character == L' ' || character == L'\t';
 }
+
+/// How much of a text fits a width.
+class TextPrefixes {
+public:
+    TextPrefixes(TextMeasurer& measurer, const FontDescription& font, std::wstring_view text, int width)
+        : measurer_(measurer)
+        , font_(font)
+        , text_(text)
+        , width_(width) { }
+
+    bool Fits(std::size_t length) const { return measurer_.Width(font_, text_.substr(0, length)) <= width_; }
+    /// A length that fits, the whole one if it does, and one that does not. What is measured stays within a few times
+    /// what fits, however long the text is.
+    std::pair<std::size_t, std::size_t> Widen() const {
+        std::size_t good = 0;
+        std::size_t bad = UsualLine;
+        while (bad < text_.size() && Fits(bad)) {
+            good = bad;
+            bad *= 2;
+        }
+        if (bad >= text_.size()) {
+            if (Fits(text_.size()))
+                return {text_.size(), text_.size()};
+            bad = text_.size();
+        }
+        return {good, bad};
+    }
+    /// Which length from `good` on fits by the carets of the first `bad` characters.
+    std::size_t Guess(std::size_t good, std::size_t bad) const {
+        const std::wstring_view laidOut = text_.substr(0, bad);
+        while (bad - good > 1) {
+            const std::size_t middle = good + (bad - good) / 2;
+            (measurer_.CaretX(font_, laidOut, middle) <= width_ ? good : bad) = middle;
+        }
+        return good;
+    }
+
+private:
+    static constexpr std::size_t UsualLine = 64;
+
+    TextMeasurer& measurer_;
+    const FontDescription& font_;
+    std::wstring_view text_;
+    int width_;
+};
 
 /// The line of `text` from `start`, which ends at `stop` at the latest.
 TextLine WrapLine(TextMeasurer& measurer, const FontDescription& font, std::wstring_view text, std::size_t start,
@@ -103,32 +149,29 @@ std::size_t PreviousTextBoundary(std::wstring_view text, std::size_t index) {
 }
 
 std::size_t FittingLength(TextMeasurer& measurer, const FontDescription& font, std::wstring_view text, int width) {
-    const auto fits = [&](std::size_t length) { return measurer.Width(font, text.substr(0, length)) <= width; };
-    // Widening steps first: what is measured stays within a few times what fits, however long the text is.
-    std::size_t good = 0;
-    std::size_t bad = 16;
-    while (bad < text.size() && fits(bad)) {
-        good = bad;
-        bad *= 2;
-    }
-    if (bad >= text.size()) {
-        if (fits(text.size()))
-            return text.size();
-        bad = text.size();
+    const TextPrefixes prefixes(measurer, font, text, width);
+    auto [good, bad] = prefixes.Widen();
+    if (good == text.size())
+        return good;
+    // Its carets are known once a text is laid out; only the shaping at the cut itself may differ a little.
+    const std::size_t guess = prefixes.Guess(good, bad);
+    for (std::size_t length = guess; length < bad && length <= guess + 1; ++length) {
+        if (length > good)
+            (prefixes.Fits(length) ? good : bad) = length;
     }
     while (bad - good > 1) {
         const std::size_t middle = good + (bad - good) / 2;
-        (fits(middle) ? good : bad) = middle;
+        (prefixes.Fits(middle) ? good : bad) = middle;
     }
     return IsTextBoundary(text, good) ? good : PreviousTextBoundary(text, good);
 }
 
 std::wstring EllipsisText(TextMeasurer& measurer, const FontDescription& font, std::wstring_view text, int width) {
-    const std::size_t whole = FittingLength(measurer, font, text, width);
-    if (whole == text.size())
+    const auto [good, bad] = TextPrefixes(measurer, font, text, width).Widen();
+    if (good == text.size())
         return std::wstring(text);
     const int room = width - measurer.Width(font, std::wstring_view(&Ellipsis, 1));
-    std::size_t length = FittingLength(measurer, font, text.substr(0, whole), room);
+    std::size_t length = FittingLength(measurer, font, text.substr(0, bad), room);
     if (!IsTextBoundary(text, length))
         length = PreviousTextBoundary(text, length);
     std::wstring result;

@@ -1,0 +1,34 @@
+#include "hosts/window/key_sequences.h"
+
+#include "hosts/window/display.h"
+#include "platform/system/runtime_folder.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace device {
+
+namespace {
+
+bool HasOwn(const char* nameInHome) {
+    const char* home = std::getenv("HOME");
+    return home != nullptr && access((std::string(home) + nameInHome).c_str(), F_OK) == 0;
+}
+
+} // namespace
+
+void KeepKeySequences() {
+    if (IsSet("XCOMPOSECACHE") || IsSet("XCOMPOSEFILE") || HasOwn("/.XCompose") || HasOwn("/.compose-cache"))
+        return;
+    const auto running = RuntimeFolder();
+    if (!running)
+        return;
+    const std::string folder = *running + "/key-sequences";
+    if (mkdir(folder.c_str(), S_IRWXU) == 0 || errno == EEXIST)
+        setenv("XCOMPOSECACHE", folder.c_str(), 1); // NOLINT(concurrency-mt-unsafe): one thread
+}
+
+} // namespace device
