@@ -21,7 +21,7 @@ extern char** environ; // NOLINT(readability-redundant-declaration): not in ever
 namespace {
 
 constexpr int ScreenLog = 1000; ///< entries of the log that is the program's first screen
-constexpr auto PollEvery = std::chrono::microseconds(100);
+constexpr auto PollEvery = std::chrono::milliseconds(1); ///< each question takes time of the display server
 constexpr auto GiveUpAfter = std::chrono::seconds(10);
 constexpr unsigned long AllColors = 0xFFFFFF;
 

@@ -5,8 +5,10 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace device {
@@ -20,15 +22,18 @@ bool HasOwn(const char* nameInHome) {
 
 } // namespace
 
-void KeepKeySequences() {
+bool KeepKeySequences() {
     if (IsSet("XCOMPOSECACHE") || IsSet("XCOMPOSEFILE") || HasOwn("/.XCompose") || HasOwn("/.compose-cache"))
-        return;
+        return false;
     const auto running = RuntimeFolder();
-    if (!running)
-        return;
+    if (!running || geteuid() == 0)
+        return false;
     const std::string folder = *running + "/key-sequences";
-    if (mkdir(folder.c_str(), S_IRWXU) == 0 || errno == EEXIST)
-        setenv("XCOMPOSECACHE", folder.c_str(), 1); // NOLINT(concurrency-mt-unsafe): one thread
+    if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
+        return false;
+    setenv("XCOMPOSECACHE", folder.c_str(), 1); // NOLINT(concurrency-mt-unsafe): one thread
+    std::error_code error;
+    return !std::filesystem::is_empty(folder, error) && !error;
 }
 
 } // namespace device

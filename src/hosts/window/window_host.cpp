@@ -207,8 +207,7 @@ WindowHost::~WindowHost() = default;
 
 std::unique_ptr<WindowHost> WindowHost::Open(std::string& error) {
     auto window = std::make_unique<Window>();
-    // While the process has one thread: the X library reads half a megabyte of key sequences a character at a time,
-    // each with a lock where there are more.
+    // Before there is another thread, which would slow this down.
     window->hasVideo = InitVideo(error);
     window->signals.Listen();
     if (!window->hasVideo)

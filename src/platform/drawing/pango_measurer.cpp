@@ -117,6 +117,11 @@ TextMeasurer& PangoMeasurer() {
     return PangoTextMeasurer::Instance();
 }
 
+void NoteProcessLanguage() {
+    // Declared as one whose call matters only for its result.
+    [[maybe_unused]] const PangoLanguage* const volatile noted = pango_language_get_default();
+}
+
 /// What is laid out already stays right: the device's face comes first in the longer list as well.
 void PangoTextMeasurer::FindAllFaces() {
     hasAllFaces_ = true;

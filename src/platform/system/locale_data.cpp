@@ -216,6 +216,10 @@ const LocaleData& TheLocale() {
     return MadeForEnvironment<LocaleData>();
 }
 
+void NoteProcessLocale() {
+    Locale::getDefault();
+}
+
 wchar_t LowerCase(wchar_t character) {
     if (character < 0x80) {
         return character >= L'A' && character <= L'Z' ? character + (L'a' - L'A') : character;
