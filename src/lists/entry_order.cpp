@@ -70,8 +70,8 @@ private:
     std::size_t WriteAscii(std::wstring_view text) {
         std::size_t length = 0;
         ChunkWriter writer(*this); // in registers
-        for (; length < text.size() && static_cast<std::uint32_t>(text[length]) < 0x80; ++length) {
-            const auto byte = static_cast<std::uint32_t>(text[length]);
+        for (; length < text.size() && static_cast<char32_t>(text[length]) < 0x80; ++length) {
+            const auto byte = static_cast<char32_t>(text[length]);
             writer.WriteByte(byte - 'A' <= 'Z' - 'A' ? byte + ('a' - 'A') : byte);
         }
         chunk_ = writer.chunk_;
@@ -80,7 +80,7 @@ private:
     }
     void WriteCharacter(wchar_t written) {
         wchar_t lower[2] = {written, L'\0'};
-        const auto character = static_cast<std::uint32_t>(CharLowerW(lower)[0]);
+        const auto character = static_cast<char32_t>(CharLowerW(lower)[0]);
         const unsigned following = character < 0x80 ? 0 : character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
         constexpr unsigned Marks[] = {0, 0xC0, 0xE0, 0xF0};
         WriteByte(Marks[following] | (character >> (6 * following)));
@@ -233,7 +233,8 @@ private:
 std::vector<std::uint32_t> OrderEntries(
     int column, std::span<const CEntry* const> entries, std::span<const std::uint32_t> rows) {
     const std::uint64_t turned = theSettings.SortAscending != 0 ? 0 : ~std::uint64_t{0};
-    Descriptions descriptions(entries);
+    const bool readsTexts = column == SortColumnDate || column == SortColumnDescription;
+    Descriptions descriptions(readsTexts ? entries : std::span<const CEntry* const>{});
     if (column == SortColumnDescription)
         descriptions.MakeAll();
     // In the order of memory, not of the rows, which may be far from it.
