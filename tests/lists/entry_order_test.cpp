@@ -61,9 +61,8 @@ TEST(EntryOrder, IsThatOfTheColumnsInBothDirectionsWhateverItWas) {
         entry->SetName(names[upTo(14)]);
         entry->SetVendor(names[upTo(3)]);
     }
-    std::vector<const CEntry*> all;
-    for (const auto& entry : entries)
-        all.push_back(entry.get());
+    std::vector<const CEntry*> all(entries.size());
+    std::ranges::transform(entries, all.begin(), [](const auto& entry) { return entry.get(); });
     for (const std::size_t count : {0U, 1U, 12U, 900U}) {
         // Some entries have no row, and the rows are no longer in the order of the entries.
         std::vector<std::uint32_t> rows(all.size());
