@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -165,8 +166,10 @@ void SortReadyKeys(benchmark::State& state) {
     std::vector<const CEntry*> loaded;
     for (int index = 0; index < entries.GetCount(); ++index)
         loaded.push_back(entries.Get(index));
+    std::vector<std::uint32_t> asLoaded(loaded.size());
+    std::iota(asLoaded.begin(), asLoaded.end(), 0U);
     std::vector<const CEntry*> rows;
-    for (const std::uint32_t place : OrderEntries(FormerColumn(static_cast<int>(state.range(1))), loaded))
+    for (const std::uint32_t place : OrderEntries(FormerColumn(static_cast<int>(state.range(1))), loaded, asLoaded))
         rows.push_back(loaded[place]);
     switch (state.range(1)) {
     case 0:

@@ -10,6 +10,7 @@
 #include "shell/common/load_text.h"
 #include "units/date_text.h"
 
+#include <algorithm>
 #include <limits>
 #include <vector>
 
@@ -26,6 +27,10 @@ constexpr UINT TypeIcons[] = {icons::Fuel, icons::Repair, icons::Trip, icons::Ex
 
 LPARAM DataOf(CEntry* entry) {
     return reinterpret_cast<LPARAM>(entry);
+}
+
+CEntry* EntryOf(LPARAM data) {
+    return reinterpret_cast<CEntry*>(data); // NOLINT(performance-no-int-to-ptr): what the list keeps
 }
 
 } // namespace
@@ -45,8 +50,7 @@ void CEntryListView::Refresh(CEntryFilter* filter) {
     if (!filter || !theDataLayer.Load(&entries_, filter))
         return;
     AllowRedraw(false);
-    for (int index = 0; index < entries_.GetCount(); ++index)
-        AddRow(entries_.Get(index), 0);
+    AppendRows();
     SortRows(SortColumnNone);
     AllowRedraw(true);
     RedrawAll();
@@ -54,19 +58,33 @@ void CEntryListView::Refresh(CEntryFilter* filter) {
     RemeasureRows();
 }
 
-int CEntryListView::AppendRow(CEntry* entry) {
-    return InsertRow(AtTheEnd, DateText(entry->GetDate()).c_str(), entry->GetType() - 1, DataOf(entry));
+void CEntryListView::AppendRows() {
+    // A log has several entries of one day, one behind the other.
+    double date = 0;
+    std::wstring text = DateText(date);
+    for (int index = 0; index < entries_.GetCount(); ++index) {
+        CEntry* entry = entries_.Get(index);
+        if (entry->GetDate() != date) {
+            date = entry->GetDate();
+            text = DateText(date);
+        }
+        AppendRow(entry, text);
+    }
+}
+
+int CEntryListView::AppendRow(CEntry* entry, const std::wstring& date) {
+    return InsertRow(AtTheEnd, date.c_str(), entry->GetType() - 1, DataOf(entry));
 }
 
 int CEntryListView::AddRow(CEntry* entry, int update) {
     if (!update)
-        return AppendRow(entry);
+        return AppendRow(entry, DateText(entry->GetDate()));
     const int former = FindRowByData(DataOf(entry));
     if (former == -1)
         return -1;
     AllowRedraw(false);
     DeleteRow(former);
-    const int row = AppendRow(entry);
+    const int row = AppendRow(entry, DateText(entry->GetDate()));
     SetRowState(row, SelectedAndFocused, SelectedAndFocused);
     SortRows(SortColumnNone);
     SendMessageW(GetHandle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(FindRowByData(DataOf(entry))), FALSE);
@@ -88,10 +106,11 @@ void CEntryListView::SortRows(int column) {
         column = theSettings.LastColSorted;
     if (column == SortColumnNone)
         return;
-    std::vector<const CEntry*> entries(static_cast<std::size_t>(GetRowCount()));
-    for (std::size_t row = 0; row < entries.size(); ++row)
-        entries[row] = GetRowEntry(static_cast<int>(row));
-    const std::vector<std::uint32_t> order = OrderEntries(column, entries);
+    LVROWS rows;
+    SendMessageW(GetHandle(), LVM_GETROWS, 0, reinterpret_cast<LPARAM>(&rows));
+    std::vector<const CEntry*> entries(rows.data.size());
+    std::transform(rows.data.begin(), rows.data.end(), entries.begin(), EntryOf);
+    const std::vector<std::uint32_t> order = OrderEntries(column, entries, rows.places);
     SendMessageW(GetHandle(), LVM_ORDERITEMS, order.size(), reinterpret_cast<LPARAM>(order.data()));
     theSettings.LastColSorted = column;
 }
@@ -122,7 +141,7 @@ void CEntryListView::DeleteSelectedRows() {
 }
 
 CEntry* CEntryListView::GetRowEntry(int row) const {
-    return reinterpret_cast<CEntry*>(GetRowData(row)); // NOLINT(performance-no-int-to-ptr)
+    return EntryOf(GetRowData(row));
 }
 
 void CEntryListView::MeasureItem(MEASUREITEMSTRUCT* request) {

@@ -36,7 +36,9 @@ protected:
     LRESULT ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
-    int AppendRow(CEntry* entry);
+    /// A row for each entry.
+    void AppendRows();
+    int AppendRow(CEntry* entry, const std::wstring& date);
     CEntry* GetRowEntry(int row) const;
     void DrawIcon(const DRAWITEMSTRUCT& request, int image) const;
 

@@ -4,17 +4,16 @@
 #include "records/entry.h"
 #include "shell/common/app_settings.h"
 #include "units/record_text.h"
+#include "units/units.h"
 
 #include <algorithm>
 #include <bit>
-#include <span>
-#include <string>
+#include <functional>
 
 namespace {
 
-constexpr std::size_t UsualDescription = 40; ///< bytes
-constexpr std::size_t MostBytes = 4; ///< of a character
 constexpr std::size_t ChunkSize = sizeof(std::uint64_t);
+constexpr std::size_t UsualChunks = 5; ///< of a description
 
 // Whole numbers in the order of the values that they stand for. A zero is one zero, whatever its sign.
 
@@ -47,69 +46,111 @@ std::uint64_t ValueOf(const CEntry& entry, int column) {
     }
 }
 
-/// UTF-8, whose bytes stand in the order of the characters. Returns the end of what it wrote.
-char* WriteBytes(char32_t character, char* bytes) {
-    if (character < 0x80) {
-        *bytes++ = static_cast<char>(character);
-        return bytes;
-    }
-    const int following = character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
-    constexpr unsigned Marks[] = {0, 0xC0, 0xE0, 0xF0};
-    *bytes++ = static_cast<char>(Marks[following] | (character >> (6U * static_cast<unsigned>(following))));
-    for (int left = following - 1; left >= 0; --left)
-        *bytes++ = static_cast<char>(0x80U | ((character >> (6U * static_cast<unsigned>(left))) & 0x3FU));
-    return bytes;
-}
-
-/// Lower-case descriptions, each made when it is first asked for, as numbers of eight bytes at a time: the order of the
-/// first numbers that differ is that of the texts.
-class Descriptions {
+/// Writes a text in lower case as numbers, eight bytes of UTF-8 each: the order of the first numbers that differ is
+/// that of the texts.
+class ChunkWriter {
 public:
-    explicit Descriptions(const std::vector<const CEntry*>& rows)
-        : rows_(rows)
-        , starts_(rows.size(), NotMade) { }
+    explicit ChunkWriter(std::vector<std::uint64_t>& chunks)
+        : chunks_(chunks) { }
 
-    std::uint64_t Chunk(std::uint32_t row, std::size_t index) {
-        if (starts_[row] == NotMade)
-            Make(row);
-        std::uint64_t chunk = 0;
-        const char* bytes = bytes_.data() + starts_[row] + (index * ChunkSize);
-        for (std::size_t place = 0; place < ChunkSize; ++place)
-            chunk = (chunk << 8U) | static_cast<unsigned char>(bytes[place]);
-        return chunk;
+    void Write(std::wstring_view text) {
+        for (const wchar_t character : text.substr(WriteAscii(text)))
+            WriteCharacter(character);
+    }
+    /// Fills the last number up with zeros, one at least.
+    void End() {
+        do {
+            WriteByte(0);
+        } while (count_ != 0);
     }
     static bool IsLast(std::uint64_t chunk) { return (chunk & 0xFFU) == 0; }
 
 private:
-    static constexpr std::size_t NotMade = static_cast<std::size_t>(-1);
-
-    void Make(std::uint32_t row) {
-        const std::size_t start = bytes_.size();
-        starts_[row] = start;
-        text_.clear();
-        AppendEntrySummary(rows_[row], &text_);
-        CharLowerW(text_.data());
-        if (start == 0)
-            bytes_.reserve(rows_.size() * UsualDescription);
-        bytes_.resize(start + (text_.size() * MostBytes) + ChunkSize);
-        char* end = bytes_.data() + start;
-        for (const wchar_t character : text_)
-            end = WriteBytes(static_cast<char32_t>(character), end);
-        const auto length = static_cast<std::size_t>(end - bytes_.data());
-        bytes_.resize((length / ChunkSize + 1) * ChunkSize);
+    /// The head of a text, and nearly always all of it. Returns its length.
+    std::size_t WriteAscii(std::wstring_view text) {
+        std::size_t length = 0;
+        ChunkWriter writer(*this); // in registers
+        for (; length < text.size() && static_cast<char32_t>(text[length]) < 0x80; ++length) {
+            const auto byte = static_cast<char32_t>(text[length]);
+            writer.WriteByte(byte - 'A' <= 'Z' - 'A' ? byte + ('a' - 'A') : byte);
+        }
+        chunk_ = writer.chunk_;
+        count_ = writer.count_;
+        return length;
+    }
+    void WriteCharacter(wchar_t written) {
+        wchar_t lower[2] = {written, L'\0'};
+        const auto character = static_cast<char32_t>(CharLowerW(lower)[0]);
+        const unsigned following = character < 0x80 ? 0 : character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
+        constexpr unsigned Marks[] = {0, 0xC0, 0xE0, 0xF0};
+        WriteByte(Marks[following] | (character >> (6 * following)));
+        for (unsigned left = following; left > 0; --left)
+            WriteByte(0x80U | ((character >> (6 * (left - 1))) & 0x3FU));
+    }
+    void WriteByte(std::uint32_t byte) {
+        chunk_ = (chunk_ << 8U) | byte;
+        if (++count_ == ChunkSize) {
+            chunks_.push_back(chunk_);
+            count_ = 0;
+        }
     }
 
-    const std::vector<const CEntry*>& rows_;
-    std::vector<std::size_t> starts_;
-    std::string bytes_; ///< texts filled up with zeros, one at least, to whole chunks
-    std::wstring text_;
+    std::vector<std::uint64_t>& chunks_;
+    std::uint64_t chunk_ = 0;
+    unsigned count_ = 0; ///< bytes in it
+};
+
+/// The descriptions of entries in chunks, made as far as they are asked for: most differ in the first chunk.
+class Descriptions {
+public:
+    explicit Descriptions(std::span<const CEntry* const> entries)
+        : entries_(entries)
+        , made_(entries.size()) { }
+
+    std::uint64_t Chunk(std::uint32_t index, std::size_t number) {
+        if (number >= made_[index].count)
+            Make(index, number > 0);
+        return chunks_[made_[index].start + number];
+    }
+    /// One behind the other, as the entries lie in memory.
+    void MakeAll() {
+        for (std::uint32_t index = 0; index < entries_.size(); ++index)
+            Make(index, true);
+    }
+
+private:
+    struct Made {
+        std::uint32_t start = 0; ///< in chunks_
+        std::uint32_t count = 0;
+    };
+
+    void Make(std::uint32_t index, bool whole) {
+        if (chunks_.empty())
+            chunks_.reserve(entries_.size() * UsualChunks);
+        const std::size_t start = chunks_.size();
+        ChunkWriter writer(chunks_);
+        const auto take = [&](std::wstring_view piece) {
+            writer.Write(piece);
+            return whole || chunks_.size() == start;
+        };
+        if (entries_[index])
+            ReadEntrySummary(*entries_[index], volumeUnit_, std::ref(take));
+        if (whole || chunks_.size() == start)
+            writer.End();
+        made_[index] = {static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(chunks_.size() - start)};
+    }
+
+    std::span<const CEntry* const> entries_;
+    std::wstring volumeUnit_ = VolumeUnitName(true, true);
+    std::vector<Made> made_;
+    std::vector<std::uint64_t> chunks_;
 };
 
 constexpr std::size_t Few = 16;
 
 struct Key {
     std::uint64_t value;
-    std::uint32_t row;
+    std::uint32_t index; ///< of the entry
 };
 using Keys = std::span<Key>;
 
@@ -151,39 +192,69 @@ void SortKeys(Keys keys) {
     }
 }
 
-/// Orders by the chunks from `index` on. `turned` is what every value of the order is combined with.
-void SortByText(Keys keys, std::size_t index, std::uint64_t turned, Descriptions& descriptions) {
-    // A beginning that all have in common, however long, is no reason to nest.
-    for (bool areEqual = true; areEqual; ++index) {
-        for (Key& key : keys)
-            key.value = descriptions.Chunk(key.row, index) ^ turned;
-        SortKeys(keys);
-        areEqual = keys.front().value == keys.back().value;
-        if (areEqual && Descriptions::IsLast(keys.front().value ^ turned))
-            return;
+/// Orders keys that are equal in all that comes before by their descriptions. `turned` is what every value of the order
+/// is combined with.
+class TextOrder {
+public:
+    TextOrder(Descriptions& descriptions, std::uint64_t turned)
+        : descriptions_(descriptions)
+        , turned_(turned) { }
+
+    /// By the chunks from `number` on.
+    void Sort(Keys keys, std::size_t number) {
+        // A beginning that all have in common, however long, is no reason to nest.
+        for (bool areEqual = true; areEqual; ++number) {
+            for (Key& key : keys)
+                key.value = descriptions_.Chunk(key.index, number) ^ turned_;
+            SortKeys(keys);
+            areEqual = keys.front().value == keys.back().value;
+            if (areEqual && IsLast(keys))
+                return;
+        }
+        SortTies(keys, number);
     }
-    ForEqualKeys(keys, [&](Keys equal) {
-        if (!Descriptions::IsLast(equal.front().value ^ turned))
-            SortByText(equal, index, turned, descriptions);
-    });
-}
+    /// The same for each run of equal keys among keys whose values are the chunks before `number`.
+    void SortTies(Keys keys, std::size_t number) {
+        ForEqualKeys(keys, [&](Keys equal) {
+            if (!IsLast(equal))
+                Sort(equal, number);
+        });
+    }
+
+private:
+    bool IsLast(Keys equal) const { return ChunkWriter::IsLast(equal.front().value ^ turned_); }
+
+    Descriptions& descriptions_;
+    std::uint64_t turned_;
+};
 
 } // namespace
 
-std::vector<std::uint32_t> OrderEntries(int column, const std::vector<const CEntry*>& rows) {
+std::vector<std::uint32_t> OrderEntries(
+    int column, std::span<const CEntry* const> entries, std::span<const std::uint32_t> rows) {
     const std::uint64_t turned = theSettings.SortAscending != 0 ? 0 : ~std::uint64_t{0};
-    std::vector<Key> keys;
-    keys.reserve(rows.size());
-    for (const CEntry* entry : rows)
-        keys.push_back({(entry ? ValueOf(*entry, column) : 0) ^ turned, static_cast<std::uint32_t>(keys.size())});
-    SortKeys(keys);
-    if (column == SortColumnDate || column == SortColumnDescription) {
-        Descriptions descriptions(rows);
-        ForEqualKeys(keys, [&](Keys equal) { SortByText(equal, 0, turned, descriptions); });
+    const bool readsTexts = column == SortColumnDate || column == SortColumnDescription;
+    Descriptions descriptions(readsTexts ? entries : std::span<const CEntry* const>{});
+    if (column == SortColumnDescription)
+        descriptions.MakeAll();
+    // In the order of memory, not of the rows, which may be far from it.
+    std::vector<std::uint64_t> values(entries.size());
+    for (std::uint32_t index = 0; index < entries.size(); ++index) {
+        if (entries[index])
+            values[index]
+                = column == SortColumnDescription ? descriptions.Chunk(index, 0) : ValueOf(*entries[index], column);
     }
-    std::vector<std::uint32_t> order;
-    order.reserve(keys.size());
-    for (const Key& key : keys)
-        order.push_back(key.row);
+    std::vector<Key> keys(rows.size());
+    std::transform(rows.begin(), rows.end(), keys.begin(), [&](std::uint32_t index) {
+        return Key{values[index] ^ turned, index};
+    });
+    SortKeys(keys);
+    TextOrder texts(descriptions, turned);
+    if (column == SortColumnDate)
+        ForEqualKeys(keys, [&texts](Keys equal) { texts.Sort(equal, 0); });
+    else if (column == SortColumnDescription)
+        texts.SortTies(keys, 1);
+    std::vector<std::uint32_t> order(keys.size());
+    std::transform(keys.begin(), keys.end(), order.begin(), [](const Key& key) { return key.index; });
     return order;
 }

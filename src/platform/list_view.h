@@ -2,6 +2,9 @@
 
 #include "platform/window.h"
 
+#include <cstdint>
+#include <span>
+
 // The list view's messages and records (class "SysListView32", report view).
 
 inline constexpr UINT LVM_SETIMAGELIST = 4099;
@@ -91,10 +94,19 @@ struct NMLVKEYDOWN {
     WORD wVKey = 0;
 };
 
-/// The device's own message: puts the rows into another order. lParam points to as many `std::uint32_t` as there are
-/// rows, the present places of the rows from the new top down; wParam is their number. Focus and selection stay with
+// Messages of the device's own, for a program that orders all rows itself. A row keeps its place, in the order of
+// insertion, wherever the order of the list puts it; the place of a deleted row is given to a later one.
+
+struct LVROWS {
+    std::span<const std::uint32_t> places; ///< of the rows from the top down
+    std::span<const LPARAM> data; ///< by place; 0 where there is no row
+};
+
+/// Fills the LVROWS at lParam, which stands until the next change of the list.
+inline constexpr UINT LVM_GETROWS = 4352;
+/// Puts the rows into another order: wParam places from the new top down, at lParam. Focus and selection stay with
 /// their rows. FALSE, and nothing happens, for anything but an order of all rows.
-inline constexpr UINT LVM_ORDERITEMS = 4352;
+inline constexpr UINT LVM_ORDERITEMS = 4353;
 
 inline constexpr UINT ODT_LISTVIEW = 102;
 inline constexpr UINT ODS_SELECTED = 1;

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <cstdint>
 #include <limits>
 
 namespace {
@@ -15,15 +17,32 @@ class PlainText {
 public:
     PlainText(float value, bool fraction) {
         char digits[Room];
-        const std::to_chars_result end = fraction
-            ? std::to_chars(digits, std::end(digits), static_cast<double>(value), std::chars_format::fixed, 2)
-            : std::to_chars(digits, std::end(digits), WholeNumber(value));
-        *std::copy(digits, end.ptr, text_) = L'\0';
+        const char* end = fraction ? WriteCents(value, digits) : WriteWhole(WholeNumber(value), digits);
+        *std::copy(static_cast<const char*>(digits), end, text_) = L'\0';
     }
     const wchar_t* Get() const { return text_; }
 
 private:
     static constexpr std::size_t Room = 64; ///< the greatest float has 39 digits
+
+    template <typename Whole> static char* WriteWhole(Whole value, char* text) {
+        return std::to_chars(text, text + Room, value).ptr;
+    }
+    /// `value` is not negative. A hundred times a float is exact as a double, so that the library's slow way to two
+    /// decimals is needed only where the hundredths do not fit into a whole number.
+    static char* WriteCents(float value, char* text) {
+        constexpr double MostCents = 1e18;
+        const double cents = std::nearbyint(static_cast<double>(value) * 100);
+        if (!(cents < MostCents))
+            return std::to_chars(text, text + Room, static_cast<double>(value), std::chars_format::fixed, 2).ptr;
+        const auto whole = static_cast<std::uint64_t>(cents);
+        text = WriteWhole(whole / 100, text);
+        *text++ = '.';
+        *text++ = static_cast<char>('0' + (whole / 10 % 10));
+        *text++ = static_cast<char>('0' + (whole % 10));
+        return text;
+    }
+
     wchar_t text_[Room + 1];
 };
 

@@ -11,27 +11,22 @@ std::wstring VehicleTitleText(const CVehicle* vehicle) {
     return std::wstring(vehicle->GetName()) + L" (" + std::to_wstring(vehicle->GetYear()) + L")";
 }
 
-void AppendEntrySummary(const CEntry* entry, std::wstring* text) {
-    if (!entry)
-        return;
-    if (entry->GetType() == CEntry::EntryTypeFuel) {
-        *text += NumberText(entry->GetCustom1(), true, false);
-        *text += L' ';
-        *text += VolumeUnitName(true, true);
-        *text += L" @ ";
-        *text += NumberText(entry->GetCustom2(), true, true);
-    } else {
-        *text += entry->GetName();
-    }
-    if (entry->GetVendor()[0] == L'\0')
-        return;
-    *text += L" (";
-    *text += entry->GetVendor();
-    *text += L')';
+void ReadEntrySummary(
+    const CEntry& entry, std::wstring_view volumeUnit, const std::function<bool(std::wstring_view piece)>& take) {
+    const bool goesOn = entry.GetType() == CEntry::EntryTypeFuel ? take(NumberText(entry.GetCustom1(), true, false))
+            && take(L" ") && take(volumeUnit) && take(L" @ ") && take(NumberText(entry.GetCustom2(), true, true))
+                                                                 : take(entry.GetName());
+    if (goesOn && entry.GetVendor()[0] != L'\0')
+        static_cast<void>(take(L" (") && take(entry.GetVendor()) && take(L")"));
 }
 
 std::wstring EntrySummaryText(const CEntry* entry) {
     std::wstring text;
-    AppendEntrySummary(entry, &text);
+    if (entry) {
+        ReadEntrySummary(*entry, VolumeUnitName(true, true), [&text](std::wstring_view piece) {
+            text += piece;
+            return true;
+        });
+    }
     return text;
 }

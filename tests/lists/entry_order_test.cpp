@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
+#include <numeric>
 #include <random>
 
 namespace {
@@ -60,25 +61,30 @@ TEST(EntryOrder, IsThatOfTheColumnsInBothDirectionsWhateverItWas) {
         entry->SetName(names[upTo(14)]);
         entry->SetVendor(names[upTo(3)]);
     }
+    std::vector<const CEntry*> all(entries.size());
+    std::ranges::transform(entries, all.begin(), [](const auto& entry) { return entry.get(); });
     for (const std::size_t count : {0U, 1U, 12U, 900U}) {
-        std::vector<const CEntry*> rows;
-        for (std::size_t index = 0; index < count; ++index)
-            rows.push_back(entries[index].get());
+        // Some entries have no row, and the rows are no longer in the order of the entries.
+        std::vector<std::uint32_t> rows(all.size());
+        std::iota(rows.begin(), rows.end(), 0U);
+        std::ranges::shuffle(rows, random);
+        rows.resize(count);
         // What one turn leaves is where the next one starts: sorted, turned round, or sorted by something else.
         for (int turn = 0; turn < 24; ++turn) {
             theSettings.SortAscending = turn / 2 % 2;
             const int column = turn % 3 == 0 ? upTo(4) : turn / 6;
-            std::vector<const CEntry*> ordered;
-            for (const std::uint32_t place : OrderEntries(column, rows))
-                ordered.push_back(rows.at(place));
-            std::ranges::stable_sort(rows, [column](const CEntry* a, const CEntry* b) {
-                return (theSettings.SortAscending ? PlainOrder(*a, *b, column) : PlainOrder(*b, *a, column)) < 0;
+            const std::vector<std::uint32_t> ordered = OrderEntries(column, all, rows);
+            std::ranges::stable_sort(rows, [&all, column](std::uint32_t a, std::uint32_t b) {
+                const int order = PlainOrder(*all[a], *all[b], column);
+                return (theSettings.SortAscending ? order : -order) < 0;
             });
             ASSERT_EQ(ordered, rows) << count << " rows, turn " << turn << ", column " << column;
         }
     }
     theSettings.SortAscending = 1;
-    EXPECT_EQ(OrderEntries(SortColumnDate, {entries[0].get(), nullptr}), (std::vector<std::uint32_t>{1, 0}));
+    all.front() = nullptr;
+    const std::vector<std::uint32_t> rows{1, 0};
+    EXPECT_EQ(OrderEntries(SortColumnDate, all, rows), (std::vector<std::uint32_t>{0, 1})) << "no entry comes first";
 }
 
 } // namespace

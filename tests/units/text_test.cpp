@@ -7,7 +7,11 @@
 #include "units/record_text.h"
 #include "units_device.h"
 
+#include <bit>
+#include <cstdio>
+#include <cstring>
 #include <limits>
+#include <random>
 
 namespace {
 
@@ -30,6 +34,26 @@ TEST_F(Text, NumbersFollowTheLocale) {
         EXPECT_EQ(NumberText(row.value, true, true), row.money);
     }
     EXPECT_EQ(WholeNumber(std::numeric_limits<float>::quiet_NaN()), 0);
+}
+
+TEST_F(Text, HundredthsAreTheLibrarysForAnyFloat) {
+    UseLocale("en_US");
+    std::mt19937 random(3);
+    std::vector<float> values{0.125F, 0.375F, 0.005F, 0.015F, 2.675F, 1e-45F, 0.994999F, 0.995F, 9007199.0F, 9.99e15F,
+        1e16F, 1.0000001e16F, 3.4e38F};
+    for (int count = 0; count < 20000; ++count) {
+        values.push_back(std::bit_cast<float>(static_cast<std::uint32_t>(random() >> 1U)));
+        values.push_back(static_cast<float>(random() % 4000000) / 8); // ties, and what a log holds
+    }
+    for (const float value : values) {
+        if (!(value > 0 && value <= std::numeric_limits<float>::max()))
+            continue;
+        char expected[64];
+        std::snprintf(expected, sizeof expected, "%.2f", static_cast<double>(value));
+        std::wstring text = NumberText(value, true, false);
+        std::erase(text, L',');
+        ASSERT_EQ(text, std::wstring(expected, expected + std::strlen(expected)));
+    }
 }
 
 TEST_F(Text, FieldsPrintSixDigits) {

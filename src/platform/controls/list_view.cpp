@@ -109,10 +109,10 @@ void ListView::Changed() {
 LRESULT ListView::InsertItem(const LVITEMW& item) {
     ListViewRows::Row row;
     if ((item.mask & LVIF_TEXT) != 0 && item.pszText)
-        row.text = item.pszText;
+        row.SetText(item.pszText);
     if ((item.mask & LVIF_IMAGE) != 0)
         row.image = item.iImage;
-    const int place = HasStyle(LVS_SORTASCENDING) ? rows_.SortedPlace(row.text) : item.iItem;
+    const int place = HasStyle(LVS_SORTASCENDING) ? rows_.SortedPlace(row.Text()) : item.iItem;
     const int index = rows_.Insert(place, std::move(row), (item.mask & LVIF_PARAM) != 0 ? item.lParam : 0);
     Changed();
     return index;
@@ -185,8 +185,8 @@ LRESULT ListView::SetColumnWidth(int column, int width) {
     return TRUE;
 }
 
-bool ListView::SetOrder(std::span<const std::uint32_t> order) {
-    if (!rows_.SetOrder(order))
+bool ListView::SetOrder(std::span<const std::uint32_t> places) {
+    if (!rows_.SetOrder(places))
         return false;
     InvalidateRect(Handle(), nullptr, TRUE);
     return true;
@@ -232,6 +232,10 @@ LRESULT ListView::ListMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         rows_.EnsureVisible(row, RowsShown());
         InvalidateRect(Handle(), nullptr, TRUE);
         return rows_.Has(row) ? TRUE : FALSE;
+    case LVM_GETROWS:
+        if (auto* rows = Pointer<LVROWS>(lParam))
+            *rows = rows_.All();
+        return lParam ? TRUE : FALSE;
     case LVM_ORDERITEMS:
         return SetOrder({Pointer<const std::uint32_t>(lParam), lParam ? wParam : 0}) ? TRUE : FALSE;
     case LVM_INSERTCOLUMNW: {

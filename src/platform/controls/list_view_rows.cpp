@@ -1,11 +1,32 @@
 #include "platform/controls/list_view_rows.h"
 
 #include "platform/locale.h"
+#include "platform/system/utf8.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace device {
+
+namespace {
+
+constexpr std::size_t MostBytes = 4; ///< of a character
+
+} // namespace
+
+std::wstring ListViewRows::Row::Text() const {
+    return FromUtf8(utf8);
+}
+
+void ListViewRows::Row::SetText(std::wstring_view text) {
+    utf8.resize(text.size());
+    wchar_t all = 0;
+    for (std::size_t place = 0; place < text.size(); ++place) {
+        all |= text[place];
+        utf8[place] = static_cast<char>(text[place]);
+    }
+    if (static_cast<std::uint32_t>(all) >= 0x80)
+        utf8 = ToUtf8(text);
+}
 
 int ListViewRows::FindData(LPARAM data, int after) const {
     for (int row = std::max(after, -1) + 1; row < Count(); ++row) {
@@ -31,7 +52,7 @@ std::wstring ListViewRows::Cell(int row, int column) const {
     if (!Has(row) || column < 0)
         return {};
     if (column == 0)
-        return At(row).text;
+        return At(row).Text();
     const auto& more = At(row).more;
     const auto index = static_cast<std::size_t>(column) - 1;
     return more && index < more->size() ? (*more)[index] : std::wstring();
@@ -42,12 +63,14 @@ int ListViewRows::Insert(int row, Row added, LPARAM data) {
     auto place = static_cast<std::uint32_t>(rows_.size());
     if (free_.empty()) {
         rows_.push_back(std::move(added));
+        data_.push_back(data);
     } else {
         place = free_.back();
         free_.pop_back();
         rows_[place] = std::move(added);
+        data_[place] = data;
     }
-    order_.insert(order_.begin() + row, {place, data});
+    order_.insert(order_.begin() + row, place);
     if (focused_ >= row)
         ++focused_;
     if (anchor_ >= row)
@@ -57,9 +80,9 @@ int ListViewRows::Insert(int row, Row added, LPARAM data) {
 
 int ListViewRows::SortedPlace(const std::wstring& text) const {
     const auto place
-        = std::upper_bound(order_.begin(), order_.end(), text, [this](const std::wstring& added, const Line& line) {
+        = std::upper_bound(order_.begin(), order_.end(), text, [this](const std::wstring& added, std::uint32_t other) {
               const int order = CompareStringW(
-                  LOCALE_USER_DEFAULT, NORM_IGNORECASE, added.c_str(), -1, rows_[line.place].text.c_str(), -1);
+                  LOCALE_USER_DEFAULT, NORM_IGNORECASE, added.c_str(), -1, rows_[other].Text().c_str(), -1);
               return order != 0 && order < CSTR_EQUAL;
           });
     return static_cast<int>(place - order_.begin());
@@ -70,8 +93,9 @@ bool ListViewRows::Remove(int row) {
         return false;
     SetSelected(row, false);
     const auto position = order_.begin() + row;
-    rows_[position->place] = {};
-    free_.push_back(position->place);
+    rows_[*position] = {};
+    data_[*position] = 0;
+    free_.push_back(*position);
     order_.erase(position);
     // The focus stays in its place: the row that took the place of a deleted one has it then.
     if (focused_ > row)
@@ -85,6 +109,7 @@ bool ListViewRows::Remove(int row) {
 
 void ListViewRows::Clear() {
     rows_.clear();
+    data_.clear();
     order_.clear();
     free_.clear();
     selectedCount_ = 0;
@@ -96,7 +121,7 @@ void ListViewRows::SetCell(int row, int column, const std::wstring& text) {
     if (!Has(row) || column < 0)
         return;
     if (column == 0) {
-        At(row).text = text;
+        At(row).SetText(text);
         return;
     }
     auto& more = At(row).more;
@@ -107,23 +132,23 @@ void ListViewRows::SetCell(int row, int column, const std::wstring& text) {
     (*more)[static_cast<std::size_t>(column) - 1] = text;
 }
 
-bool ListViewRows::SetOrder(std::span<const std::uint32_t> order) {
-    constexpr std::uint32_t Taken = std::numeric_limits<std::uint32_t>::max();
-    if (order.size() != order_.size())
+bool ListViewRows::SetOrder(std::span<const std::uint32_t> places) {
+    if (places.size() != order_.size())
         return false;
-    std::vector<Line> former = order_;
-    std::vector<Line> ordered;
-    ordered.reserve(order.size());
-    for (const std::uint32_t row : order) {
-        if (row >= former.size() || former[row].place == Taken)
+    std::vector<char> isMissing(rows_.size());
+    for (const std::uint32_t place : order_)
+        isMissing[place] = 1;
+    for (const std::uint32_t place : places) {
+        if (place >= isMissing.size() || !isMissing[place])
             return false;
-        ordered.push_back(former[row]);
-        former[row].place = Taken;
+        isMissing[place] = 0;
     }
-    if (Has(focused_))
-        focused_ = static_cast<int>(std::find(order.begin(), order.end(), focused_) - order.begin());
+    if (Has(focused_)) {
+        const std::uint32_t place = order_[static_cast<std::size_t>(focused_)];
+        focused_ = static_cast<int>(std::find(places.begin(), places.end(), place) - places.begin());
+    }
     anchor_ = focused_;
-    order_.swap(ordered);
+    order_.assign(places.begin(), places.end());
     return true;
 }
 
@@ -220,7 +245,7 @@ int ListViewRows::TypeAhead(wchar_t character) const {
     CharLowerW(wanted);
     for (int tried = 1; tried <= Count(); ++tried) {
         const int row = (std::max(focused_, -1) + tried) % Count();
-        wchar_t first[2] = {At(row).text.c_str()[0], 0};
+        wchar_t first[2] = {FromUtf8(std::string_view(At(row).utf8).substr(0, MostBytes)).c_str()[0], 0};
         CharLowerW(first);
         if (first[0] != 0 && first[0] == wanted[0])
             return row;

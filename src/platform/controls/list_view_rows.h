@@ -6,6 +6,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace device {
@@ -14,7 +15,10 @@ namespace device {
 class ListViewRows {
 public:
     struct Row {
-        std::wstring text;
+        std::wstring Text() const;
+        void SetText(std::wstring_view text);
+
+        std::string utf8; ///< in which a date takes no memory beside the row
         std::unique_ptr<std::vector<std::wstring>> more; ///< cells of the columns behind the first
         int image = -1;
         bool selected = false;
@@ -28,11 +32,13 @@ public:
 
     int Count() const { return static_cast<int>(order_.size()); }
     bool Has(int row) const { return row >= 0 && row < Count(); }
-    Row& At(int row) { return rows_[order_[static_cast<std::size_t>(row)].place]; }
-    const Row& At(int row) const { return rows_[order_[static_cast<std::size_t>(row)].place]; }
+    Row& At(int row) { return rows_[order_[static_cast<std::size_t>(row)]]; }
+    const Row& At(int row) const { return rows_[order_[static_cast<std::size_t>(row)]]; }
     /// What the program keeps with the row.
-    LPARAM& DataAt(int row) { return order_[static_cast<std::size_t>(row)].data; }
-    LPARAM DataAt(int row) const { return order_[static_cast<std::size_t>(row)].data; }
+    LPARAM& DataAt(int row) { return data_[order_[static_cast<std::size_t>(row)]]; }
+    LPARAM DataAt(int row) const { return data_[order_[static_cast<std::size_t>(row)]]; }
+    /// Valid until the next change.
+    LVROWS All() const { return {order_, data_}; }
     int SelectedCount() const { return selectedCount_; }
     /// -1: no row has the focus.
     int Focused() const { return focused_; }
@@ -49,9 +55,9 @@ public:
     bool Remove(int row);
     void Clear();
     void SetCell(int row, int column, const std::wstring& text);
-    /// `order` holds the present places of the rows from the new top down. Focus and selection stay with their rows.
-    /// False, and nothing happens, where a row is missing or twice there.
-    bool SetOrder(std::span<const std::uint32_t> order);
+    /// `places` holds those of All() from the new top down. Focus and selection stay with their rows. False, and
+    /// nothing happens, where a row is missing or twice there.
+    bool SetOrder(std::span<const std::uint32_t> places);
 
     void SetState(int row, UINT state, UINT mask);
     void SelectAll();
@@ -71,19 +77,14 @@ public:
     void EnsureVisible(int row, int shown);
 
 private:
-    /// Data stands here since a program that goes through all rows asks for nothing else.
-    struct Line {
-        std::uint32_t place; ///< in rows_
-        LPARAM data;
-    };
-
     void SetSelected(int row, bool selected);
     void SelectOnly(int from, int to);
 
     bool single_;
     // Insertions, deletions and sorts move numbers; a row stays where it was stored.
     std::vector<Row> rows_;
-    std::vector<Line> order_; ///< from the top down
+    std::vector<LPARAM> data_; ///< beside rows_, since a program that goes through all rows asks for nothing else
+    std::vector<std::uint32_t> order_; ///< places in rows_ from the top down
     std::vector<std::uint32_t> free_; ///< places of rows that were removed
     int selectedCount_ = 0;
     int focused_ = -1;

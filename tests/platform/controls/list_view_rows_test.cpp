@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
-#include <numeric>
 #include <random>
 
 namespace {
@@ -51,15 +50,14 @@ TEST(ListViewRowsModel, InsertsDeletesAndOrdersAsAPlainVectorDoes) {
             model.erase(model.begin() + place);
         }
         if (step % 500 == 499) {
-            std::vector<std::uint32_t> order(model.size());
-            std::iota(order.begin(), order.end(), 0U);
+            const LVROWS all = rows.All();
+            std::vector<std::uint32_t> order(all.places.begin(), all.places.end());
             std::shuffle(order.begin(), order.end(), random);
             rows.MoveTo(place / 2, ListViewRows::Move::Select);
             const LPARAM focused = rows.DataAt(place / 2);
             EXPECT_TRUE(rows.SetOrder(order));
             EXPECT_TRUE(rows.DataAt(rows.Focused()) == focused && rows.IsSelected(rows.Focused()));
-            const Values former = model;
-            std::transform(order.begin(), order.end(), model.begin(), [&former](auto from) { return former[from]; });
+            std::transform(order.begin(), order.end(), model.begin(), [&all](auto from) { return all.data[from]; });
             order.front() = order.back();
             EXPECT_FALSE(rows.SetOrder(order)) << "one row twice";
             order.pop_back();
@@ -104,6 +102,7 @@ TEST(ListViewRows, ScrollsByWholeRowsAndFindsByTyping) {
     }
     rows.SetCell(4, 0, L"\u00dcber");
     EXPECT_EQ(rows.TypeAhead(L'\u00fc'), 4);
+    EXPECT_EQ(rows.Cell(4, 0), L"\u00dcber");
 }
 
 } // namespace
