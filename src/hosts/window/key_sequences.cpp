@@ -1,6 +1,7 @@
 #include "hosts/window/key_sequences.h"
 
 #include "hosts/window/display.h"
+#include "platform/system/environment.h"
 #include "platform/system/runtime_folder.h"
 
 #include <cerrno>
@@ -25,8 +26,10 @@ bool HasOwn(const char* nameInHome) {
 bool KeepKeySequences() {
     if (IsSet("XCOMPOSECACHE") || IsSet("XCOMPOSEFILE") || HasOwn("/.XCompose") || HasOwn("/.compose-cache"))
         return false;
+    if (TheEnvironment().runtimeFolder.empty() || geteuid() == 0)
+        return false;
     const auto running = RuntimeFolder();
-    if (!running || geteuid() == 0)
+    if (!running)
         return false;
     const std::string folder = *running + "/key-sequences";
     if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
