@@ -7,8 +7,10 @@
 #include "units/units.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <functional>
+#include <numeric>
 
 namespace {
 
@@ -147,6 +149,7 @@ private:
 };
 
 constexpr std::size_t Few = 16;
+constexpr std::size_t Many = 65'536; ///< below, where all lies in a cache, the library's sort is quick enough
 
 struct Key {
     std::uint64_t value;
@@ -176,6 +179,31 @@ template <typename Handle> void ForEqualKeys(Keys keys, Handle handle) {
     }
 }
 
+/// Byte by byte from the lowest up, passing over those that all have in common: the work for each key does not grow
+/// with their number.
+void SortManyKeys(Keys keys) {
+    const auto byteOf = [](const Key& key, std::size_t byte) { return (key.value >> (8 * byte)) & 0xFFU; };
+    std::array<std::array<std::size_t, 256>, sizeof(std::uint64_t)> counts{};
+    for (const Key& key : keys) {
+        for (std::size_t byte = 0; byte < counts.size(); ++byte)
+            ++counts[byte][byteOf(key, byte)];
+    }
+    std::vector<Key> room(keys.size());
+    Keys from = keys;
+    Keys to = room;
+    for (std::size_t byte = 0; byte < counts.size(); ++byte) {
+        auto& places = counts[byte];
+        if (places[byteOf(keys.front(), byte)] == keys.size())
+            continue;
+        std::exclusive_scan(places.begin(), places.end(), places.begin(), std::size_t{0});
+        for (const Key& key : from)
+            to[places[byteOf(key, byte)]++] = key;
+        std::swap(from, to);
+    }
+    if (from.data() != keys.data())
+        std::copy(from.begin(), from.end(), keys.begin());
+}
+
 /// Rows mostly stand in order already, as those of a log do, or in just the other one.
 void SortKeys(Keys keys) {
     if (keys.size() <= Few)
@@ -187,6 +215,8 @@ void SortKeys(Keys keys) {
     if (std::is_sorted(keys.begin(), keys.end(), above)) {
         std::reverse(keys.begin(), keys.end());
         ForEqualKeys(keys, [](Keys equal) { std::reverse(equal.begin(), equal.end()); });
+    } else if (keys.size() > Many) {
+        SortManyKeys(keys);
     } else {
         std::stable_sort(keys.begin(), keys.end(), below);
     }

@@ -87,4 +87,36 @@ TEST(EntryOrder, IsThatOfTheColumnsInBothDirectionsWhateverItWas) {
     EXPECT_EQ(OrderEntries(SortColumnDate, all, rows), (std::vector<std::uint32_t>{0, 1})) << "no entry comes first";
 }
 
+TEST(EntryOrder, StaysThatOfTheColumnForVeryManyRows) {
+    std::mt19937 random(11);
+    const std::size_t count = 70'000;
+    std::vector<CEntry> entries(count);
+    std::vector<const CEntry*> all(count);
+    for (std::size_t index = 0; index < count; ++index) {
+        entries[index].SetOdometer(static_cast<LONG>(random() % 30'000) - 1'000);
+        all[index] = &entries[index];
+    }
+    std::vector<std::uint32_t> rows(count);
+    std::iota(rows.begin(), rows.end(), 0U);
+    // Amounts that differ in one byte, and in several.
+    for (const auto& [column, amounts] :
+        {std::pair(SortColumnAmount, 2U), {SortColumnAmount, 3'000U}, {SortColumnOdometer, 3'000U}}) {
+        for (CEntry& entry : entries)
+            entry.SetAmount(1 + (static_cast<float>(random() % amounts) / 4));
+        for (const int ascending : {1, 0}) {
+            theSettings.SortAscending = ascending;
+            std::ranges::shuffle(rows, random);
+            const std::vector<std::uint32_t> ordered = OrderEntries(column, all, rows);
+            std::ranges::stable_sort(rows, [&entries, byAmount = column == SortColumnAmount](auto a, auto b) {
+                const CEntry& first = entries[theSettings.SortAscending ? a : b];
+                const CEntry& second = entries[theSettings.SortAscending ? b : a];
+                return std::pair(byAmount ? 0 : first.GetOdometer(), first.GetAmount())
+                    < std::pair(byAmount ? 0 : second.GetOdometer(), second.GetAmount());
+            });
+            EXPECT_TRUE(ordered == rows) << column << ' ' << ascending;
+        }
+    }
+    theSettings.SortAscending = 1;
+}
+
 } // namespace
