@@ -17,6 +17,8 @@ inline constexpr int CSIDL_PERSONAL = 5;
 BOOL CopyFileW(const wchar_t* source, const wchar_t* target, BOOL failIfExists);
 /// Renames; fails when the target exists.
 BOOL MoveFileW(const wchar_t* source, const wchar_t* target);
+/// Removes a file; fails for a folder.
+BOOL DeleteFileW(const wchar_t* path);
 DWORD GetFileAttributesW(const wchar_t* path);
 /// The path of a special folder (CSIDL_...) without a trailing backslash; the folder is made if `create` is TRUE.
 BOOL SHGetSpecialFolderPath(HWND owner, wchar_t* path, int folder, BOOL create);

@@ -1,10 +1,13 @@
 #include "records/data_file.h"
 
-#include <algorithm>
-#include <array>
+#include "records/ad_hoc_query.h"
+#include "records/file_check.h"
+#include "records/file_header.h"
+#include "records/strange_journals.h"
+
 #include <chrono>
+#include <cstdlib>
 #include <fcntl.h>
-#include <sqlite3.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -41,27 +44,21 @@ Status StatusOf(int code) {
     }
 }
 
-/// The first column of the first row, as text.
-int QueryText(sqlite3* connection, const char* sql, std::string* result) {
-    sqlite3_stmt* raw = nullptr;
-    const int prepared = sqlite3_prepare_v2(connection, sql, -1, &raw, nullptr);
-    const StatementHandle statement(raw);
-    if (prepared != SQLITE_OK)
-        return prepared;
-    const int stepped = sqlite3_step(raw);
-    if (stepped != SQLITE_ROW)
-        return stepped == SQLITE_DONE ? SQLITE_CORRUPT : stepped;
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(raw, 0));
-    *result = text ? text : "";
-    return SQLITE_OK;
-}
-
-Status Expect(sqlite3* connection, const char* sql, const std::string& expected, Status otherwise) {
-    std::string found;
-    const Status status = StatusOf(QueryText(connection, sql, &found));
-    if (status != Status::Ok)
-        return status;
-    return found == expected ? Status::Ok : otherwise;
+/// What can be seen of the file before SQLite sees it, and what it must not see.
+Status LookAt(const std::string& path, struct stat* info) {
+    const std::unique_ptr<char, void (*)(void*)> place(realpath(path.c_str(), nullptr), std::free);
+    const int descriptor = place ? open(place.get(), O_RDONLY | O_CLOEXEC | O_NONBLOCK) : -1;
+    if (descriptor < 0)
+        return Status::Failed;
+    CFileHeader header;
+    const CFileHeader::Reading reading
+        = fstat(descriptor, info) == 0 ? header.Read(descriptor, 0) : CFileHeader::Reading::Failed;
+    close(descriptor);
+    if (reading == CFileHeader::Reading::TooShort || (reading == CFileHeader::Reading::Done && !header.IsOurs()))
+        return Status::Invalid;
+    const bool isClear
+        = reading == CFileHeader::Reading::Done && PutStrangeJournalsAside(place.get()) == StoreFailure::None;
+    return isClear ? Status::Ok : Status::Failed;
 }
 
 /// The file may come from anywhere, so nothing that lies in it gets to run.
@@ -72,6 +69,8 @@ void Distrust(sqlite3* connection) {
     sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
     sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_FKEY, 0, nullptr);
+    // What a -wal holds goes into the file only when the file was found to be good.
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     // The file's own schema is parsed all the same. The length of texts stays unlimited.
     sqlite3_limit(connection, SQLITE_LIMIT_ATTACHED, 0);
     sqlite3_limit(connection, SQLITE_LIMIT_EXPR_DEPTH, deepestExpression);
@@ -102,61 +101,23 @@ int OpenConnection(const std::string& path, ConnectionHandle* connection) {
     return sqlite3_busy_handler(raw, WaitForLock, nullptr);
 }
 
-/// Whether the disk gives every byte of the file, whatever they are.
-bool CanBeRead(sqlite3* connection) {
-    sqlite3_file* file = nullptr;
-    sqlite3_int64 size = 0;
-    if (sqlite3_file_control(connection, "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK || !file->pMethods
-        || file->pMethods->xFileSize(file, &size) != SQLITE_OK)
-        return false;
-    std::array<char, 65536> buffer{};
-    for (sqlite3_int64 offset = 0; offset < size; offset += static_cast<sqlite3_int64>(buffer.size())) {
-        const auto count = static_cast<int>(std::min<sqlite3_int64>(buffer.size(), size - offset));
-        if (file->pMethods->xRead(file, buffer.data(), count, offset) != SQLITE_OK)
-            return false;
-    }
-    return true;
+/// Settings of the connection that cannot change within a transaction.
+int Prepare(sqlite3* connection) {
+    // EXTRA: after a commit the folder is synced too, or a power cut would bring the journal back, and it the state
+    // before. Without spilling nothing reaches the file before its journal holds the first page, by which the journal
+    // is known to belong to the file. A cell that lies about its size is met as damage.
+    return sqlite3_exec(connection,
+        "PRAGMA synchronous = EXTRA; PRAGMA cache_spill = OFF; PRAGMA cell_size_check = ON;"
+        "PRAGMA ignore_check_constraints = ON",
+        nullptr, nullptr, nullptr);
 }
 
-/// An index that disagrees with its table hides records. It holds nothing of its own, so it can be made anew; where
-/// that fails, the file is as good as it was.
-void MendIndexes(sqlite3* connection) {
-    sqlite3_exec(connection, "REINDEX", nullptr, nullptr, nullptr);
-}
-
-/// The check takes a page that the disk did not give for a damaged one, and a damaged file makes way for a fresh one.
-/// So what it finds counts only where the disk gives everything, and only if it finds it again.
-Status CheckPages(sqlite3* connection, bool* indexesLie) {
-    const auto check = [connection] { return Expect(connection, "PRAGMA quick_check(1)", "ok", Status::Invalid); };
-    // All that the other check sees, and the indexes.
-    *indexesLie = Expect(connection, "PRAGMA integrity_check(1)", "ok", Status::Invalid) != Status::Ok;
-    const Status status = *indexesLie ? check() : Status::Ok;
-    if (status != Status::Invalid)
-        return status;
-    return CanBeRead(connection) ? check() : Status::Failed;
-}
-
-Status Inspect(sqlite3* connection, bool* indexesLie) {
-    Status status = Expect(connection, "PRAGMA application_id", std::to_string(dataFileApplicationId), Status::Invalid);
-    if (status == Status::Ok)
-        status = Expect(connection, "PRAGMA user_version", std::to_string(dataFileVersion), Status::Invalid);
-    // On a disk, or of an owner, that lets nobody write; or else the file's own header forbids it, which is that of a
-    // later version of the format.
-    if (status == Status::Ok && sqlite3_db_readonly(connection, "main") != 0)
-        status = access(sqlite3_db_filename(connection, "main"), W_OK) == 0 ? Status::Invalid : Status::Failed;
-    // At rest there is to be one file; somebody's tool may have left another mode behind.
-    if (status == Status::Ok)
-        status = Expect(connection, "PRAGMA journal_mode = DELETE", "delete", Status::Failed);
-    if (status == Status::Ok)
-        status = StatusOf(sqlite3_exec(connection, "PRAGMA synchronous = FULL", nullptr, nullptr, nullptr));
-    // A cell that lies about its size is met as damage.
-    if (status == Status::Ok)
-        status = StatusOf(sqlite3_exec(connection, "PRAGMA cell_size_check = ON", nullptr, nullptr, nullptr));
-    if (status == Status::Ok)
-        status = CheckPages(connection, indexesLie);
-    if (status == Status::Ok)
-        status = Expect(connection, "SELECT count(*) FROM sequence", "1", Status::Invalid);
-    return status;
+/// At rest there is to be one file; somebody's tool may have left another mode behind.
+int UseRollbackJournal(sqlite3* connection) {
+    bool isUsed = false;
+    const int result = Query(connection, "PRAGMA journal_mode = DELETE", {},
+        [&](sqlite3_stmt* row) { isUsed = TextColumn(row, 0) == "delete"; });
+    return result == SQLITE_OK && !isUsed ? SQLITE_BUSY : result;
 }
 
 } // namespace
@@ -165,39 +126,69 @@ void CloseConnection::operator()(sqlite3* connection) const {
     sqlite3_close_v2(connection);
 }
 
-CDataFile::CDataFile(ConnectionHandle connection)
-    : connection_(std::move(connection)) {
+CDataFile::CDataFile(ConnectionHandle connection, dev_t device, ino_t inode)
+    : device_(device)
+    , inode_(inode)
+    , connection_(std::move(connection)) {
 }
 
 std::unique_ptr<CDataFile> CDataFile::Open(const std::string& path, Status* status) {
-    ConnectionHandle connection;
-    bool indexesLie = false;
-    *status = StatusOf(OpenConnection(path, &connection));
-    if (*status == Status::Ok)
-        *status = Inspect(connection.get(), &indexesLie);
+    struct stat info { };
+    *status = LookAt(path, &info);
     if (*status != Status::Ok)
         return nullptr;
-    std::unique_ptr<CDataFile> file(new CDataFile(std::move(connection)));
-    if (!file->Prepare()) {
-        *status = StatusOf(sqlite3_errcode(file->connection_.get()));
+    ConnectionHandle connection;
+    int result = OpenConnection(path, &connection);
+    std::unique_ptr<CDataFile> file(new CDataFile(std::move(connection), info.st_dev, info.st_ino));
+    bool indexesLie = false;
+    if (result == SQLITE_OK)
+        result = file->CheckAndPrepare(&indexesLie);
+    *status = StatusOf(result);
+    if (*status != Status::Ok)
         return nullptr;
-    }
     // Last, since a file that is refused is not to be changed.
     if (indexesLie)
-        MendIndexes(file->connection_.get());
+        filecheck::MendIndexes(file->connection_.get());
     return file;
 }
 
-bool CDataFile::Prepare() {
-    for (std::size_t i = 0; i < statements_.size(); ++i) {
+int CDataFile::CheckAndPrepare(bool* indexesLie) {
+    sqlite3* connection = connection_.get();
+    int result = ::Prepare(connection);
+    if (result == SQLITE_OK)
+        result = ::Execute(connection, "BEGIN");
+    if (result == SQLITE_OK)
+        result = filecheck::CheckSchema(connection);
+    // On a disk, or of an owner, that lets nobody write.
+    if (result == SQLITE_OK && sqlite3_db_readonly(connection, "main") != 0)
+        result = SQLITE_READONLY;
+    if (result == SQLITE_OK)
+        result = filecheck::CheckPages(connection, indexesLie);
+    if (result == SQLITE_OK)
+        result = filecheck::MendKeys(connection);
+    if (result == SQLITE_OK)
+        result = Prepare();
+    if (result == SQLITE_OK)
+        result = ::Execute(connection, "COMMIT");
+    if (result == SQLITE_OK)
+        result = ::Execute(connection, "PRAGMA ignore_check_constraints = OFF");
+    return result == SQLITE_OK ? UseRollbackJournal(connection) : result;
+}
+
+int CDataFile::Prepare() {
+    int result = SQLITE_OK;
+    for (std::size_t i = 0; result == SQLITE_OK && i < statements_.size(); ++i) {
         sqlite3_stmt* raw = nullptr;
-        const int prepared = sqlite3_prepare_v3(
+        result = sqlite3_prepare_v3(
             connection_.get(), SqlText(static_cast<Sql>(i)), -1, SQLITE_PREPARE_PERSISTENT, &raw, nullptr);
         statements_[i].reset(raw);
-        if (prepared != SQLITE_OK)
-            return false;
     }
-    return true;
+    return result;
+}
+
+bool CDataFile::IsReplacedAt(const std::string& path) const {
+    struct stat info { };
+    return stat(path.c_str(), &info) == 0 && (info.st_dev != device_ || info.st_ino != inode_);
 }
 
 bool CDataFile::Create(const std::string& path) {

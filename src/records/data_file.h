@@ -2,10 +2,12 @@
 
 #include "records/statement.h"
 #include "records/statements.h"
+#include "records/store_failure.h"
 
 #include <array>
 #include <memory>
 #include <string>
+#include <sys/types.h>
 
 struct CloseConnection {
     void operator()(sqlite3* connection) const;
@@ -17,23 +19,35 @@ class CDataFile {
 public:
     enum class Status { Ok, Invalid, Failed };
 
-    /// Opens a regular file of the host. Null, and the reason in `status`, where it cannot be used.
+    /// Opens a regular file of the host, and mends what would do harm later. Null, and the reason in `status`, where it
+    /// cannot be used; then it is as it was.
     static std::unique_ptr<CDataFile> Open(const std::string& path, Status* status);
     /// Makes an empty data file; fails where there is a file already.
     static bool Create(const std::string& path);
 
-    CStatementRun Run(Sql statement) { return {statements_[static_cast<std::size_t>(statement)].get(), codec_}; }
+    CStatementRun Run(Sql statement) {
+        return {statements_[static_cast<std::size_t>(statement)].get(), codec_, failure_};
+    }
     /// For a statement that gives no rows.
     bool Execute(Sql statement);
     /// False outside a transaction, and when a failure has ended the transaction already.
     bool InTransaction() const;
     CTextCodec& Codec() { return codec_; }
+    /// Why the statement failed that failed first since this was forgotten.
+    StoreFailure Failure() const { return failure_; }
+    void ForgetFailure() { failure_ = StoreFailure::None; }
+    /// Whether this name leads to another file by now.
+    bool IsReplacedAt(const std::string& path) const;
 
 private:
-    explicit CDataFile(ConnectionHandle connection);
-    bool Prepare();
+    CDataFile(ConnectionHandle connection, dev_t device, ino_t inode);
+    int CheckAndPrepare(bool* indexesLie);
+    int Prepare();
 
     CTextCodec codec_;
+    StoreFailure failure_ = StoreFailure::None;
+    dev_t device_;
+    ino_t inode_;
     ConnectionHandle connection_;
     // Destroyed before the connection.
     std::array<StatementHandle, static_cast<std::size_t>(Sql::Count)> statements_;

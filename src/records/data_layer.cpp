@@ -12,15 +12,6 @@
 
 namespace {
 
-/// Memory that runs out is a failure like any other, and no exception gets past the data layer.
-template <typename Operation> int Guarded(Operation operation) {
-    try {
-        return operation() ? 1 : 0;
-    } catch (const std::exception&) {
-        return 0;
-    }
-}
-
 CDataLayer::ConnectStatus StatusOfPath(const std::string& path) {
     struct stat info { };
     if (stat(path.c_str(), &info) != 0)
@@ -76,36 +67,58 @@ bool DeleteOwned(CDataFile& file, Sql statement, ULONG vehicle) {
 CDataLayer::CDataLayer() = default;
 CDataLayer::~CDataLayer() = default;
 
-CDataLayer::ConnectStatus CDataLayer::Connect(const wchar_t* path) {
+/// Memory that runs out is a failure like any other, and no exception gets past the data layer.
+template <typename Operation> int CDataLayer::Perform(Operation operation) {
+    failure_ = file_ ? StoreFailure::None : StoreFailure::Replaced;
+    if (!file_)
+        return 0;
+    file_->ForgetFailure();
+    try {
+        if (operation(*file_))
+            return 1;
+        failure_ = file_->Failure();
+    } catch (const std::exception&) {
+        failure_ = StoreFailure::NoMemory;
+    }
+    return 0;
+}
+
+CDataLayer::ConnectStatus CDataLayer::Connect(const wchar_t* path) try {
     Disconnect();
-    ConnectStatus status = ConnectFailed;
-    Guarded([&] {
-        const std::optional<std::string> hostPath = path ? HostPathOf(path) : std::nullopt;
-        status = hostPath ? StatusOfPath(*hostPath) : ConnectNotFound;
-        if (status != ConnectOK)
-            return false;
-        auto opened = CDataFile::Status::Failed;
-        status = ConnectFailed;
-        file_ = CDataFile::Open(*hostPath, &opened);
-        if (file_)
-            file_->Codec().Use(factory_.get());
-        if (opened != CDataFile::Status::Failed)
-            status = file_ ? ConnectOK : ConnectInvalid;
-        return true;
-    });
-    return status;
+    path_ = path ? path : L"";
+    const std::optional<std::string> hostPath = HostPathOf(path_);
+    const ConnectStatus status = hostPath ? StatusOfPath(*hostPath) : ConnectNotFound;
+    if (status != ConnectOK)
+        return status;
+    auto opened = CDataFile::Status::Failed;
+    file_ = CDataFile::Open(*hostPath, &opened);
+    if (file_)
+        file_->Codec().Use(factory_.get());
+    if (opened == CDataFile::Status::Failed)
+        return ConnectFailed;
+    return file_ ? ConnectOK : ConnectInvalid;
+} catch (const std::exception&) {
+    return ConnectFailed;
 }
 
 void CDataLayer::Disconnect() {
     file_.reset();
+    path_.clear();
+}
+
+bool CDataLayer::IsReplaced() const try {
+    const std::optional<std::string> hostPath = HostPathOf(path_);
+    return hostPath && (file_ ? file_->IsReplacedAt(*hostPath) : StatusOfPath(*hostPath) == ConnectOK);
+} catch (const std::exception&) {
+    return false;
 }
 
 template <typename Record, typename... Keys> int CDataLayer::LoadAll(CObjectListT<Record>* records, Keys... keys) {
-    if (!file_ || !records)
+    if (!records)
         return 0;
-    return Guarded([&] {
+    return Perform([&](CDataFile& file) {
         CObjectListT<Record> loaded;
-        CStatementRun run = file_->Run(RecordSql<Record>::load);
+        CStatementRun run = file.Run(RecordSql<Record>::load);
         (run.Bind(keys), ...);
         CStatementRun::Result result;
         while ((result = run.Step()) == CStatementRun::Result::Row) {
@@ -122,6 +135,8 @@ template <typename Record, typename... Keys> int CDataLayer::LoadAll(CObjectList
 }
 
 int CDataLayer::Load(CObjectListT<CVehicle>* vehicles) {
+    if (IsReplaced())
+        Connect(std::wstring(path_).c_str());
     return LoadAll(vehicles);
 }
 
@@ -142,15 +157,15 @@ int CDataLayer::Load(CObjectListT<CNotification>* reminders, ULONG vehicle) {
 }
 
 template <typename Record> int CDataLayer::Store(Record* record) {
-    if (!file_ || !record)
+    if (!record)
         return 0;
-    return Guarded([&] {
-        CTransaction transaction(*file_);
+    return Perform([&](CDataFile& file) {
+        CTransaction transaction(file);
         LONG id = record->GetID();
         ULONG refId = 0;
         if (!transaction.HasBegun())
             return false;
-        if (!(id == 0 ? Insert(*file_, *record, &id, &refId) : Update(*file_, *record, &refId)))
+        if (!(id == 0 ? Insert(file, *record, &id, &refId) : Update(file, *record, &refId)))
             return false;
         if (!transaction.Commit())
             return false;
@@ -176,24 +191,24 @@ int CDataLayer::Save(CNotification* reminder, int) {
 }
 
 template <typename Record> int CDataLayer::Remove(const Record* record) {
-    if (!file_ || !record)
+    if (!record)
         return 0;
-    return Guarded([&] {
-        CTransaction transaction(*file_);
+    return Perform([&](CDataFile& file) {
+        CTransaction transaction(file);
         ULONG refId = 0;
-        return transaction.HasBegun() && DeleteRow(*file_, *record, &refId) && transaction.Commit();
+        return transaction.HasBegun() && DeleteRow(file, *record, &refId) && transaction.Commit();
     });
 }
 
 int CDataLayer::Delete(const CVehicle* vehicle) {
-    if (!file_ || !vehicle)
+    if (!vehicle)
         return 0;
-    return Guarded([&] {
-        CTransaction transaction(*file_);
+    return Perform([&](CDataFile& file) {
+        CTransaction transaction(file);
         ULONG refId = 0;
-        return transaction.HasBegun() && DeleteRow(*file_, *vehicle, &refId)
-            && DeleteOwned(*file_, Sql::DeleteEntriesOfVehicle, refId)
-            && DeleteOwned(*file_, Sql::DeleteRemindersOfVehicle, refId) && transaction.Commit();
+        return transaction.HasBegun() && DeleteRow(file, *vehicle, &refId)
+            && DeleteOwned(file, Sql::DeleteEntriesOfVehicle, refId)
+            && DeleteOwned(file, Sql::DeleteRemindersOfVehicle, refId) && transaction.Commit();
     });
 }
 
@@ -210,15 +225,15 @@ int CDataLayer::Delete(const CNotification* reminder) {
 }
 
 int CDataLayer::Delete(const CObjectListT<CEntry>* entries) {
-    if (!file_ || !entries)
+    if (!entries)
         return 0;
-    return Guarded([&] {
-        CTransaction transaction(*file_);
+    return Perform([&](CDataFile& file) {
+        CTransaction transaction(file);
         if (!transaction.HasBegun())
             return false;
         for (int i = 0; i < entries->GetCount(); ++i) {
             const CEntry* entry = entries->Get(i);
-            if (entry && !DeleteIfThere(*file_, *entry))
+            if (entry && !DeleteIfThere(file, *entry))
                 return false;
         }
         return transaction.Commit();
@@ -226,12 +241,12 @@ int CDataLayer::Delete(const CObjectListT<CEntry>* entries) {
 }
 
 int CDataLayer::GetMaxOdometer(ULONG vehicle, LONG* odometer) {
-    if (!file_ || !odometer)
+    if (!odometer)
         return 0;
-    return Guarded([&] {
+    return Perform([&](CDataFile& file) {
         bool found = false;
         LONG highest = 0;
-        CStatementRun run = file_->Run(Sql::MaxOdometer);
+        CStatementRun run = file.Run(Sql::MaxOdometer);
         const bool done = run.Bind(LONGLONG{vehicle}).SingleRow([&](CStatementRun& row) {
             found = !row.IsNull();
             highest = row.ReadLong();
@@ -244,15 +259,15 @@ int CDataLayer::GetMaxOdometer(ULONG vehicle, LONG* odometer) {
 }
 
 int CDataLayer::UpdateCurrentOdometer(CVehicle* vehicle, LONG odometer) {
-    if (!file_ || !vehicle)
+    if (!vehicle)
         return 0;
-    return Guarded([&] {
-        CTransaction transaction(*file_);
+    return Perform([&](CDataFile& file) {
+        CTransaction transaction(file);
         if (!transaction.HasBegun())
             return false;
         ULONG refId = 0;
         {
-            CStatementRun run = file_->Run(Sql::SetOdometer);
+            CStatementRun run = file.Run(Sql::SetOdometer);
             run.Bind(LONGLONG{odometer});
             if (!MeetsRecord(run, *vehicle, &refId))
                 return false;

@@ -6,9 +6,11 @@
 #include "records/keyword.h"
 #include "records/notification.h"
 #include "records/object_list.h"
+#include "records/store_failure.h"
 #include "records/vehicle.h"
 
 #include <memory>
+#include <string>
 
 class CDataFile;
 class CEntryFilter;
@@ -33,10 +35,16 @@ public:
     /// Opens the data file at a device path; a file that was open is closed first. Never makes or overwrites a file.
     ConnectStatus Connect(const wchar_t* path);
     void Disconnect();
+    /// Whether another file bears the name of the open one by now. The next Load of the vehicles opens that one; until
+    /// then nothing can be stored.
+    bool IsReplaced() const;
+    /// Why the last operation gave 0; None where there was just nothing to give.
+    StoreFailure LastFailure() const { return failure_; }
 
     /// Append a new object, owned by the list, for each stored record; none of them is dirty. Vehicles, keywords and
     /// reminders come in the order in which they were first stored; entries oldest first, those of one date by their
-    /// odometer and then as they were stored. On failure the list stays as it was.
+    /// odometer and then as they were stored. On failure the list stays as it was. All records that are still held were
+    /// read from the file that was open: they have to be loaded anew when the vehicles are.
     int Load(CObjectListT<CVehicle>* vehicles);
     int Load(CObjectListT<CEntry>* entries, const CEntryFilter* filter);
     int Load(CObjectListT<CKeyword>* keywords, CKeyword::Type type);
@@ -69,13 +77,16 @@ public:
     void SetStringHelperFactory(std::unique_ptr<CStringHelperFactory> factory);
 
 private:
+    template <typename Operation> int Perform(Operation operation);
     template <typename Record, typename... Keys> int LoadAll(CObjectListT<Record>* records, Keys... keys);
     template <typename Record> int Store(Record* record);
     template <typename Record> int Remove(const Record* record);
 
     CDefaultStringHelperFactory defaultFactory_;
     std::unique_ptr<CStringHelperFactory> factory_;
+    std::wstring path_; ///< that Connect was given
     std::unique_ptr<CDataFile> file_; ///< null while not connected
+    StoreFailure failure_ = StoreFailure::None;
 };
 
 /// The program's data. An inline object: whatever is defined after this header, the settings above all, is constructed

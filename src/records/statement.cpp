@@ -6,6 +6,7 @@
 #include "records/utf8.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <limits>
 #include <sqlite3.h>
 
@@ -14,6 +15,43 @@ namespace {
 template <typename Number> Number Nearest(LONGLONG value) {
     using Limits = std::numeric_limits<Number>;
     return static_cast<Number>(std::clamp<LONGLONG>(value, Limits::min(), Limits::max()));
+}
+
+/// What the library says of its last call, and behind an error of the disk what the system said.
+StoreFailure FailureOf(sqlite3* connection) {
+    switch (sqlite3_extended_errcode(connection)) {
+    case SQLITE_READONLY_DBMOVED:
+        return StoreFailure::Replaced;
+    default:
+        break;
+    }
+    switch (sqlite3_errcode(connection)) {
+    case SQLITE_NOMEM:
+        return StoreFailure::NoMemory;
+    case SQLITE_FULL:
+        return StoreFailure::NoSpace;
+    case SQLITE_READONLY:
+        return StoreFailure::ReadOnly;
+    case SQLITE_BUSY:
+        return StoreFailure::Locked;
+    case SQLITE_IOERR:
+    case SQLITE_CANTOPEN:
+        break;
+    default:
+        return StoreFailure::Other;
+    }
+    switch (sqlite3_system_errno(connection)) {
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return StoreFailure::NoSpace;
+    case EROFS:
+    case EACCES:
+    case EPERM:
+        return StoreFailure::ReadOnly;
+    default:
+        return StoreFailure::Other;
+    }
 }
 
 } // namespace
@@ -43,9 +81,10 @@ void CTextCodec::Decode(const char* text, std::size_t length, CStoredText* targe
     target->Set(helper ? helper->Decode(text) : nullptr);
 }
 
-CStatementRun::CStatementRun(sqlite3_stmt* statement, CTextCodec& codec)
+CStatementRun::CStatementRun(sqlite3_stmt* statement, CTextCodec& codec, StoreFailure& failure)
     : statement_(statement)
-    , codec_(codec) {
+    , codec_(codec)
+    , failure_(failure) {
 }
 
 CStatementRun::~CStatementRun() {
@@ -73,8 +112,10 @@ CStatementRun& CStatementRun::Bind(const CStoredText& text) {
 
 CStatementRun::Result CStatementRun::Step() {
     column_ = 0;
-    if (failed_)
+    if (failed_) {
+        Note(StoreFailure::NoMemory);
         return Result::Failed;
+    }
     switch (sqlite3_step(statement_)) {
     case SQLITE_ROW:
         return Result::Row;
@@ -82,8 +123,14 @@ CStatementRun::Result CStatementRun::Step() {
         return Result::Done;
     default:
         failed_ = true;
+        Note(FailureOf(sqlite3_db_handle(statement_)));
         return Result::Failed;
     }
+}
+
+void CStatementRun::Note(StoreFailure failure) {
+    if (failure_ == StoreFailure::None)
+        failure_ = failure;
 }
 
 LONG CStatementRun::ReadLong() {

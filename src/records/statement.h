@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/types.h"
+#include "records/store_failure.h"
 
 #include <memory>
 #include <string>
@@ -35,7 +36,7 @@ private:
 /// for its next run when this one goes.
 class CStatementRun {
 public:
-    CStatementRun(sqlite3_stmt* statement, CTextCodec& codec);
+    CStatementRun(sqlite3_stmt* statement, CTextCodec& codec, StoreFailure& failure);
     CStatementRun(const CStatementRun&) = delete;
     CStatementRun& operator=(const CStatementRun&) = delete;
     ~CStatementRun();
@@ -47,10 +48,12 @@ public:
 
     enum class Result { Row, Done, Failed };
     Result Step();
-    /// True when exactly one row came and then the end without an error.
+    /// True when exactly one row came and then the end without an error. Without a row its record is gone.
     template <typename Read> bool SingleRow(Read read) {
-        if (Step() != Result::Row)
+        if (Step() != Result::Row) {
+            Note(StoreFailure::Gone);
             return false;
+        }
         read(*this);
         return Step() == Result::Done;
     }
@@ -64,8 +67,11 @@ public:
     bool IsNull() const;
 
 private:
+    void Note(StoreFailure failure);
+
     sqlite3_stmt* statement_;
     CTextCodec& codec_;
+    StoreFailure& failure_;
     int parameter_ = 0;
     int column_ = 0;
     bool failed_ = false;

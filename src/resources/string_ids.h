@@ -79,4 +79,11 @@ inline constexpr UINT MilesPerLitre = 32882;
 inline constexpr UINT CheckUnits = 32883;
 
 inline constexpr UINT ChangeNotStored = 33001;
+inline constexpr UINT NoSpaceCause = 33002;
+inline constexpr UINT ReadOnlyCause = 33003;
+inline constexpr UINT LockedCause = 33004;
+inline constexpr UINT ReplacedCause = 33005;
+inline constexpr UINT GoneCause = 33006;
+inline constexpr UINT NoMemoryCause = 33007;
+inline constexpr UINT OtherCause = 33008;
 } // namespace strings

@@ -76,7 +76,15 @@ constexpr StringResource table[] = {
     {strings::CheckUnits, L"Please press Menu > Options and verify the units for distance  and volume."},
     {strings::StatsAverageFuelCost, L"Average fuel cost:"},
     {strings::StatsFuelExpense, L"Total fuel expense:"},
-    {strings::ChangeNotStored, L"The change could not be stored. Please check the free space and try again."},
+    {strings::ChangeNotStored, L"The change could not be stored."},
+    {strings::NoSpaceCause, L"The disk is full. Please make room and try again."},
+    {strings::ReadOnlyCause, L"The data file or its folder is read-only. Please allow writing and try again."},
+    {strings::LockedCause, L"Another program is using the data file. Please end it and try again."},
+    {strings::ReplacedCause,
+        L"The data file was moved or replaced. Put it back, or go on with the one that is there now."},
+    {strings::GoneCause, L"Another program has deleted the record."},
+    {strings::NoMemoryCause, L"There is not enough memory. Please end other programs and try again."},
+    {strings::OtherCause, L"The disk reported an error. Please check it and try again."},
 };
 
 constexpr bool isAscending = [] {

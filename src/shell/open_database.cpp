@@ -8,14 +8,17 @@
 #include "shell/main_frame.h"
 #include "shell/messages/show_message.h"
 
+#include <algorithm>
 #include <cwchar>
+#include <iterator>
 #include <string>
 
 namespace {
 
 /// After so many copies in a row that failed there is no way to go on.
 constexpr int CopiesInVain = 3;
-constexpr const wchar_t* JournalSuffix = L"-journal";
+/// What SQLite would take for a part of the file whose name it continues.
+constexpr const wchar_t* PartSuffixes[] = {L"-journal", L"-wal", L"-shm", L""};
 
 std::wstring TextWithPath(UINT id, const std::wstring& path) {
     std::wstring text = LoadText(id);
@@ -31,25 +34,26 @@ bool Exists(const std::wstring& path) {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-/// The first name of `path`.bad, `path`.bad2, ... that neither a file nor a journal has.
+/// The first name of `path`.bad, `path`.bad2, ... that neither a file nor a part of one has.
 std::wstring FreeNameBeside(const std::wstring& path) {
+    const auto isTaken = [](const std::wstring& name) {
+        return std::any_of(std::begin(PartSuffixes), std::end(PartSuffixes),
+            [&](const wchar_t* suffix) { return Exists(name + suffix); });
+    };
     std::wstring name = path + L".bad";
-    for (int number = 2; Exists(name) || Exists(name + JournalSuffix); ++number)
+    for (int number = 2; isTaken(name); ++number)
         name = path + L".bad" + std::to_wstring(number);
     return name;
 }
 
-/// A file that is no data file gives way under another name, so that nothing of the user's is lost. What belongs to a
-/// transaction of the old file goes first: beside a fresh file it would be rolled back into that.
+/// A file that is no data file gives way under another name, so that nothing of the user's is lost. Its journals go
+/// first: beside a fresh file they would be mixed into that.
 void MoveAside(const std::wstring& path) {
-    const std::wstring journal = path + JournalSuffix;
-    if (!Exists(path) && !Exists(journal))
-        return;
     const std::wstring aside = FreeNameBeside(path);
-    if (Exists(journal) && !MoveFileW(journal.c_str(), (aside + JournalSuffix).c_str()))
-        return;
-    if (Exists(path))
-        MoveFileW(path.c_str(), aside.c_str());
+    for (const wchar_t* suffix : PartSuffixes) {
+        if (Exists(path + suffix) && !MoveFileW((path + suffix).c_str(), (aside + suffix).c_str()))
+            return;
+    }
 }
 
 std::wstring TemplatePath() {
@@ -75,26 +79,27 @@ bool CMainFrame::ConnectOrCreate() {
     const std::wstring loadedPath = theSettings.DBPath;
     FillDefaultPath();
     const std::wstring path = theSettings.DBPath;
-    bool copied = false;
+    bool isCopy = false;
     for (int failures = 0; failures < CopiesInVain;) {
         const CDataLayer::ConnectStatus status = theDataLayer.Connect(path.c_str());
         if (status == CDataLayer::ConnectOK)
             return true;
+        // The template is no data file itself. Left there, its copy would be put aside at every start, and before the
+        // user has seen a message the file cannot be anybody else's.
+        const bool isSpoilt = isCopy && status == CDataLayer::ConnectInvalid;
+        if (isSpoilt)
+            DeleteFileW(path.c_str());
         if (status == CDataLayer::ConnectReadOnly)
             ShowFailure(strings::ReadOnlyDataFile, path);
         else if (status == CDataLayer::ConnectInvalid)
             ShowFailure(strings::InvalidDataFile, path);
-        // A template that is no data file itself would fill the folder with copies of its kind.
-        const bool isSpoilt = copied && status == CDataLayer::ConnectInvalid;
         const std::wstring templatePath = TemplatePath();
         // Only where a fresh file can take its place: without a template the user's file stays as it is.
         const bool givesWay = status == CDataLayer::ConnectInvalid || status == CDataLayer::ConnectNotFound;
         if (givesWay && !isSpoilt && Exists(templatePath))
             MoveAside(path);
-        if (!isSpoilt && CopyFileW(templatePath.c_str(), path.c_str(), TRUE)) {
-            copied = true;
-            failures = 0;
-        } else {
+        isCopy = !isSpoilt && CopyFileW(templatePath.c_str(), path.c_str(), TRUE);
+        if (!isCopy) {
             ++failures;
             ShowFailure(strings::CannotCreateDataFile, path);
         }

@@ -16,6 +16,7 @@
 #include "shell/main_frame.h"
 #include "shell/program_identity.h"
 
+#include <algorithm>
 #include <map>
 
 namespace {
@@ -97,7 +98,13 @@ protected:
             return;
         GetWindowTextW(GetWindow(box, GW_CHILD), text, 256);
         successesTold_ += text == LoadText(strings::ReminderCreated) ? 1 : 0;
-        failuresTold_ += text == LoadText(strings::ChangeNotStored) ? 1 : 0;
+        // Each with what the disk was told to say.
+        const std::wstring failed = LoadText(strings::ChangeNotStored) + L' ';
+        const UINT causes[] = {strings::NoSpaceCause, strings::LockedCause, strings::OtherCause};
+        failuresTold_ += std::any_of(std::begin(causes), std::end(causes),
+                             [&](UINT cause) { return text == failed + LoadText(cause); })
+            ? 1
+            : 0;
         Host.Press(VK_TSOFT1);
     }
     static void SelectRows(HWND list, int count) {

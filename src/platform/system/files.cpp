@@ -137,6 +137,14 @@ BOOL MoveFileW(const wchar_t* source, const wchar_t* target) {
     return Done(from && to ? MoveHostFile(*from, *to) : ERROR_PATH_NOT_FOUND);
 }
 
+BOOL DeleteFileW(const wchar_t* path) {
+    const auto file = HostPath(path);
+    if (!file) {
+        return Done(ERROR_PATH_NOT_FOUND);
+    }
+    return Done(unlink(file->c_str()) == 0 ? ERROR_SUCCESS : device::ErrorOf(errno));
+}
+
 DWORD GetFileAttributesW(const wchar_t* path) {
     const auto file = HostPath(path);
     struct stat found { };

@@ -2,6 +2,7 @@
 
 #include "platform/dialog.h"
 #include "platform/resources.h"
+#include "records/data_layer.h"
 #include "resources/ids.h"
 #include "shell/common/load_text.h"
 
@@ -11,6 +12,28 @@
 namespace {
 
 constexpr std::uintptr_t FirstPointer = 0x10000;
+
+/// What was in the way, and what helps.
+UINT CauseText(StoreFailure failure) {
+    switch (failure) {
+    case StoreFailure::NoMemory:
+        return strings::NoMemoryCause;
+    case StoreFailure::NoSpace:
+        return strings::NoSpaceCause;
+    case StoreFailure::ReadOnly:
+        return strings::ReadOnlyCause;
+    case StoreFailure::Locked:
+        return strings::LockedCause;
+    case StoreFailure::Replaced:
+        return strings::ReplacedCause;
+    case StoreFailure::Gone:
+        return strings::GoneCause;
+    case StoreFailure::None:
+    case StoreFailure::Other:
+        break;
+    }
+    return strings::OtherCause;
+}
 
 } // namespace
 
@@ -36,6 +59,10 @@ int ShowMessage(HWND owner, const wchar_t* text, std::uintptr_t caption, UINT st
     return ShowMessage(owner, reinterpret_cast<std::uintptr_t>(text), caption, style);
 }
 
-void ShowStoreFailure() {
+void ShowStoreFailure() try {
+    const std::wstring text
+        = LoadText(strings::ChangeNotStored) + L' ' + LoadText(CauseText(theDataLayer.LastFailure()));
+    ShowMessage(GetActiveWindow(), text.c_str(), strings::AppName, messages::FailureStyle);
+} catch (const std::bad_alloc&) {
     ShowMessage(GetActiveWindow(), strings::ChangeNotStored, strings::AppName, messages::FailureStyle);
 }

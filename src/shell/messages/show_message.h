@@ -15,5 +15,5 @@ inline constexpr UINT FailureStyle = 48; ///< the data file failed
 int ShowMessage(HWND owner, std::uintptr_t text, std::uintptr_t caption, UINT style);
 int ShowMessage(HWND owner, const wchar_t* text, std::uintptr_t caption, UINT style);
 
-/// A vehicle or an entry could not be stored or deleted: silence would be data lost without a word.
+/// The data layer has just failed to store or delete a record, and says why: silence would be data lost without a word.
 void ShowStoreFailure();

@@ -1,0 +1,272 @@
+#include "records/file_check.h"
+
+#include "records/ad_hoc_query.h"
+#include "records/statements.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <vector>
+
+namespace {
+
+/// A statement of the schema without what may differ between two spellings of it.
+std::string Plain(const std::string& sql) {
+    std::string plain;
+    for (const char character : sql) {
+        const bool isLetter = character >= 'A' && character <= 'Z';
+        if (std::string("\"'`[] \t\r\n").find(character) == std::string::npos)
+            plain += isLetter ? static_cast<char>(character - 'A' + 'a') : character;
+    }
+    return plain;
+}
+
+struct SchemaEntry {
+    std::string type;
+    std::string name;
+    std::string sql; ///< empty for the indexes of constraints
+    bool hasPages = false;
+};
+
+int ReadSchema(sqlite3* connection, std::vector<SchemaEntry>* schema) {
+    return Query(connection, "SELECT type, name, sql, rootpage FROM sqlite_schema", {}, [schema](sqlite3_stmt* row) {
+        schema->push_back(
+            {TextColumn(row, 0), TextColumn(row, 1), TextColumn(row, 2), sqlite3_column_int64(row, 3) != 0});
+    });
+}
+
+/// What we put into a file ourselves, by name.
+using OwnSchema = std::map<std::string, SchemaEntry>;
+
+int ReadOwnSchema(OwnSchema* own) {
+    sqlite3* raw = nullptr;
+    int result = sqlite3_open(":memory:", &raw);
+    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> connection(raw, sqlite3_close_v2);
+    std::vector<SchemaEntry> schema;
+    if (result == SQLITE_OK)
+        result = sqlite3_exec(raw, dataFileSchema, nullptr, nullptr, nullptr);
+    if (result == SQLITE_OK)
+        result = ReadSchema(raw, &schema);
+    for (const SchemaEntry& entry : schema)
+        own->emplace(entry.name, entry);
+    return result;
+}
+
+/// Behind our own columns others may stand. An expression would need a parenthesis.
+bool IsOwnTable(const std::string& sql, const std::string& ownSql) {
+    const std::string found = Plain(sql);
+    std::string own = Plain(ownSql);
+    own.resize(own.rfind(')'));
+    return found.rfind(own, 0) == 0 && found.find('(', own.size()) == std::string::npos;
+}
+
+/// Nothing in a plain table runs while it is checked, as long as the check leaves out what it wants of its values.
+int CheckTable(sqlite3* connection, const SchemaEntry& table, const OwnSchema& own) {
+    const auto ours = own.find(table.name);
+    if (!table.hasPages || (ours != own.end() && !IsOwnTable(table.sql, ours->second.sql)))
+        return SQLITE_CORRUPT;
+    bool hasGeneratedColumn = false;
+    char* name = sqlite3_mprintf("PRAGMA table_xinfo(%Q)", table.name.c_str());
+    const int result = name ? Query(connection, name, {},
+                           [&](sqlite3_stmt* row) {
+                               constexpr int hiddenColumn = 6;
+                               hasGeneratedColumn |= sqlite3_column_int(row, hiddenColumn) != 0;
+                           })
+                            : SQLITE_NOMEM;
+    sqlite3_free(name);
+    return result == SQLITE_OK && hasGeneratedColumn ? SQLITE_CORRUPT : result;
+}
+
+bool IsOwnIndex(const SchemaEntry& index, const OwnSchema& own) {
+    const auto ours = own.find(index.name);
+    return ours != own.end() && Plain(ours->second.sql) == Plain(index.sql);
+}
+
+int TakeOut(sqlite3* connection, const SchemaEntry& entry) {
+    char* sql = sqlite3_mprintf("DROP %s IF EXISTS \"%w\"", entry.type.c_str(), entry.name.c_str());
+    const int result = sql ? sqlite3_exec(connection, sql, nullptr, nullptr, nullptr) : SQLITE_NOMEM;
+    sqlite3_free(sql);
+    return result;
+}
+
+/// Whether the disk gives every byte of the file, whatever they are.
+bool CanBeRead(sqlite3* connection) {
+    sqlite3_file* file = nullptr;
+    sqlite3_int64 size = 0;
+    if (sqlite3_file_control(connection, "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK || !file->pMethods
+        || file->pMethods->xFileSize(file, &size) != SQLITE_OK)
+        return false;
+    std::array<char, 65536> buffer{};
+    for (sqlite3_int64 offset = 0; offset < size; offset += static_cast<sqlite3_int64>(buffer.size())) {
+        const auto count = static_cast<int>(std::min<sqlite3_int64>(buffer.size(), size - offset));
+        if (file->pMethods->xRead(file, buffer.data(), count, offset) != SQLITE_OK)
+            return false;
+    }
+    return true;
+}
+
+/// A check that says "ok", or else what is wrong.
+int RunCheck(sqlite3* connection, const char* pragma) {
+    bool isSound = false;
+    const int result = Query(connection, pragma, {}, [&](sqlite3_stmt* row) { isSound = TextColumn(row, 0) == "ok"; });
+    return result == SQLITE_OK && !isSound ? SQLITE_CORRUPT : result;
+}
+
+struct Keys {
+    LONGLONG id;
+    LONGLONG ref;
+};
+
+constexpr LONGLONG firstRef = 1001;
+// Far below what 32 bits hold, so that no number of further records reaches their end.
+constexpr LONGLONG highestKey = 2'000'000'000;
+
+bool IsUsable(LONGLONG key) {
+    return key >= 1 && key <= highestKey;
+}
+
+/// Gives out keys anew in one table.
+class KeyTable {
+public:
+    KeyTable(sqlite3* connection, const char* name)
+        : connection_(connection)
+        , name_(name) { }
+
+    int Load() {
+        return Query(connection_, "SELECT id, ref FROM " + name_, {}, [this](sqlite3_stmt* row) {
+            keys_.push_back({sqlite3_column_int64(row, 0), sqlite3_column_int64(row, 1)});
+        });
+    }
+
+    LONGLONG HighestRef() const { return Highest(&Keys::ref); }
+
+    int MendRefs(LONGLONG* nextRef) {
+        std::sort(keys_.begin(), keys_.end(), [](const Keys& left, const Keys& right) {
+            return left.ref != right.ref ? left.ref < right.ref : left.id < right.id;
+        });
+        int result = SQLITE_OK;
+        const Keys* before = nullptr;
+        for (const Keys& keys : keys_) {
+            const bool isTaken = before && before->ref == keys.ref;
+            before = &keys;
+            if (!isTaken && IsUsable(keys.ref))
+                continue;
+            const LONGLONG ref = (*nextRef)++;
+            result = Set("ref", ref, keys.id);
+            // A log follows its vehicle.
+            for (const char* owned : {"entries", "reminders"}) {
+                if (result == SQLITE_OK && !isTaken && name_ == "vehicles")
+                    result = Execute(connection_, std::string("UPDATE ") + owned + " SET vehicle = ? WHERE vehicle = ?",
+                        {ref, keys.ref});
+            }
+            if (result != SQLITE_OK)
+                return result;
+        }
+        return result;
+    }
+
+    int MendIds() {
+        LONGLONG nextId = Highest(&Keys::id) + 1;
+        int result = SQLITE_OK;
+        for (const Keys& keys : keys_) {
+            if (result == SQLITE_OK && !IsUsable(keys.id))
+                result = Set("id", nextId++, keys.id);
+        }
+        return result;
+    }
+
+private:
+    /// Of those that stay as they are.
+    LONGLONG Highest(LONGLONG Keys::*key) const {
+        LONGLONG highest = 0;
+        for (const Keys& keys : keys_)
+            highest = IsUsable(keys.*key) ? std::max(highest, keys.*key) : highest;
+        return highest;
+    }
+
+    int Set(const char* key, LONGLONG value, LONGLONG id) {
+        return Execute(connection_, "UPDATE " + name_ + " SET " + key + " = ? WHERE id = ?", {value, id});
+    }
+
+    sqlite3* connection_;
+    std::string name_;
+    std::vector<Keys> keys_;
+};
+
+/// A vehicle that is gone may have left entries behind, which no new one is to show.
+int RaiseAboveOwners(sqlite3* connection, LONGLONG* nextRef) {
+    int result = SQLITE_OK;
+    for (const char* table : {"entries", "reminders"}) {
+        if (result == SQLITE_OK)
+            result = Query(connection, std::string("SELECT max(vehicle) FROM ") + table + " WHERE vehicle <= ?",
+                {highestKey},
+                [&](sqlite3_stmt* row) { *nextRef = std::max(*nextRef, LONGLONG{sqlite3_column_int64(row, 0)} + 1); });
+    }
+    return result;
+}
+
+} // namespace
+
+int filecheck::CheckSchema(sqlite3* connection) {
+    OwnSchema own;
+    std::vector<SchemaEntry> schema;
+    int result = ReadOwnSchema(&own);
+    if (result == SQLITE_OK)
+        result = ReadSchema(connection, &schema);
+    for (const SchemaEntry& entry : schema) {
+        if (result != SQLITE_OK)
+            return result;
+        if (entry.type == "table")
+            result = CheckTable(connection, entry, own);
+        else if (IsOwnIndex(entry, own))
+            own.erase(entry.name);
+        else if (entry.type != "index" || !entry.sql.empty())
+            result = TakeOut(connection, entry);
+    }
+    for (const auto& [name, missing] : own) {
+        if (result == SQLITE_OK && missing.type == "index")
+            result = sqlite3_exec(connection, missing.sql.c_str(), nullptr, nullptr, nullptr);
+    }
+    return result;
+}
+
+int filecheck::CheckPages(sqlite3* connection, bool* indexesLie) {
+    const auto check = [connection] { return RunCheck(connection, "PRAGMA quick_check(1)"); };
+    // All that the other check sees, and the indexes.
+    *indexesLie = RunCheck(connection, "PRAGMA integrity_check(1)") != SQLITE_OK;
+    const int result = *indexesLie ? check() : SQLITE_OK;
+    if (result == SQLITE_OK || CanBeRead(connection))
+        return result == SQLITE_OK ? result : check();
+    return SQLITE_IOERR;
+}
+
+int filecheck::MendKeys(sqlite3* connection) {
+    std::array<KeyTable, 4> tables{KeyTable(connection, "vehicles"), KeyTable(connection, "entries"),
+        KeyTable(connection, "keywords"), KeyTable(connection, "reminders")};
+    LONGLONG nextRef = firstRef;
+    int result = SQLITE_OK;
+    for (KeyTable& table : tables) {
+        result = result == SQLITE_OK ? table.Load() : result;
+        nextRef = std::max(nextRef, table.HighestRef() + 1);
+    }
+    if (result == SQLITE_OK)
+        result = RaiseAboveOwners(connection, &nextRef);
+    std::vector<LONGLONG> sequence;
+    if (result == SQLITE_OK)
+        result = Query(connection, "SELECT next_ref FROM sequence", {},
+            [&](sqlite3_stmt* row) { sequence.push_back(sqlite3_column_int64(row, 0)); });
+    for (const LONGLONG next : sequence)
+        nextRef = IsUsable(next) ? std::max(nextRef, next) : nextRef;
+    for (KeyTable& table : tables) {
+        result = result == SQLITE_OK ? table.MendRefs(&nextRef) : result;
+        result = result == SQLITE_OK ? table.MendIds() : result;
+    }
+    if (result != SQLITE_OK || (sequence.size() == 1 && sequence[0] == nextRef))
+        return result;
+    result = Execute(connection, "DELETE FROM sequence");
+    return result == SQLITE_OK ? Execute(connection, "INSERT INTO sequence (next_ref) VALUES (?)", {nextRef}) : result;
+}
+
+void filecheck::MendIndexes(sqlite3* connection) {
+    sqlite3_exec(connection, "REINDEX", nullptr, nullptr, nullptr);
+}

@@ -1,0 +1,67 @@
+#include "records/file_header.h"
+
+#include "records/statements.h"
+
+#include <cerrno>
+#include <cstring>
+#include <unistd.h>
+
+namespace {
+
+constexpr char magic[16] = "SQLite format 3"; // with its NUL
+constexpr std::size_t pageSizePlace = 16;
+constexpr std::size_t writeVersionPlace = 18;
+constexpr std::size_t changeCounterPlace = 24;
+constexpr std::size_t userVersionPlace = 60;
+constexpr std::size_t applicationIdPlace = 68;
+constexpr unsigned char rollbackVersion = 1;
+constexpr unsigned char writeAheadVersion = 2;
+
+} // namespace
+
+std::uint32_t BigEndian(const unsigned char* bytes) {
+    return std::uint32_t{bytes[0]} << 24U | std::uint32_t{bytes[1]} << 16U | std::uint32_t{bytes[2]} << 8U | bytes[3];
+}
+
+CFileHeader::Reading CFileHeader::Read(int descriptor, off_t offset) {
+    for (std::size_t done = 0; done < bytes_.size();) {
+        const ssize_t count
+            = pread(descriptor, bytes_.data() + done, bytes_.size() - done, offset + static_cast<off_t>(done));
+        if (count == 0)
+            return Reading::TooShort;
+        if (count < 0 && errno != EINTR)
+            return Reading::Failed;
+        done += count > 0 ? static_cast<std::size_t>(count) : 0;
+    }
+    return Reading::Done;
+}
+
+bool CFileHeader::IsOurs() const {
+    // A later version of the format may only be read.
+    return std::memcmp(bytes_.data(), magic, sizeof magic) == 0
+        && (bytes_[writeVersionPlace] == rollbackVersion || HasWriteAheadLog())
+        && Number(applicationIdPlace) == dataFileApplicationId && Number(userVersionPlace) == dataFileVersion;
+}
+
+bool CFileHeader::HasWriteAheadLog() const {
+    return bytes_[writeVersionPlace] == writeAheadVersion;
+}
+
+std::uint32_t CFileHeader::PageSize() const {
+    constexpr std::uint32_t largest = 65536;
+    const std::uint32_t size = Number(pageSizePlace) >> 16U;
+    return size == 1 ? largest : size;
+}
+
+bool CFileHeader::MayFollow(const CFileHeader& before) const {
+    const std::uint32_t changes = ChangeCounter() - before.ChangeCounter();
+    return changes == 1 || (changes == 0 && bytes_ == before.bytes_);
+}
+
+std::uint32_t CFileHeader::Number(std::size_t place) const {
+    return BigEndian(bytes_.data() + place);
+}
+
+std::uint32_t CFileHeader::ChangeCounter() const {
+    return Number(changeCounterPlace);
+}
