@@ -79,4 +79,5 @@ inline constexpr UINT MilesPerLitre = 32882;
 inline constexpr UINT CheckUnits = 32883;
 
 inline constexpr UINT ChangeNotStored = 33001;
+inline constexpr UINT NotEnoughMemory = 33101;
 } // namespace strings

@@ -77,6 +77,7 @@ constexpr StringResource table[] = {
     {strings::StatsAverageFuelCost, L"Average fuel cost:"},
     {strings::StatsFuelExpense, L"Total fuel expense:"},
     {strings::ChangeNotStored, L"The change could not be stored. Please check the free space and try again."},
+    {strings::NotEnoughMemory, L"There is not enough memory for this."},
 };
 
 constexpr bool isAscending = [] {

@@ -41,6 +41,7 @@ private:
     LRESULT OnNotify(const NMHDR* note);
     void OnCommand(UINT command);
     void OnBackKey();
+    void OnOutOfMemory();
     void OnReload();
     void OnClose();
     void OnEnable(bool enabled);
@@ -85,4 +86,5 @@ private:
     // Held back while a form is open: its record must not be destroyed under it, nor the frame.
     bool reloadPending_ = false;
     bool closePending_ = false;
+    bool isTellingOfMemory_ = false;
 };
