@@ -96,6 +96,6 @@ UINT CDlgFuelEntry::ComputeMissing() {
         return controls::Volume;
     }
     // With all three filled in the total gives way.
-    TotalCost = UnitPrice * Volume + 0.0F; // no minus zero: the field would refuse it
+    TotalCost = UnitPrice * Volume;
     return controls::Money;
 }

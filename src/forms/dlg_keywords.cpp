@@ -2,12 +2,13 @@
 
 #include "forms/dialog_helpers.h"
 #include "forms/dlg_keywords_add.h"
+#include "platform/wait_cursor.h"
 #include "records/data_layer.h"
 #include "resources/ids.h"
 #include "shell/common/load_text.h"
+#include "shell/messages/show_message.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace {
 
@@ -31,6 +32,19 @@ struct ShellRecord {
 static_assert(sizeof(ShellRecord) == 12);
 
 constexpr WPARAM InputPanelSetting = 224;
+
+bool Delete(const CKeyword& keyword) {
+    const CWaitCursor wait;
+    return theDataLayer.Delete(&keyword) != 0;
+}
+
+bool HasName(const CObjectListT<CKeyword>& keywords, const std::wstring& name) {
+    for (int index = 0; index < keywords.GetCount(); ++index) {
+        if (name == keywords.Get(index)->GetName())
+            return true;
+    }
+    return false;
+}
 
 LPARAM AsParameter(const std::wstring& text) {
     return reinterpret_cast<LPARAM>(text.c_str());
@@ -112,6 +126,7 @@ void CDlgKeywords::ShowTitle() const {
 }
 
 void CDlgKeywords::LoadList() const {
+    const CWaitCursor wait;
     SendList(LB_RESETCONTENT);
     CObjectListT<CKeyword> keywords;
     if (!theDataLayer.Load(&keywords, KeywordType))
@@ -120,22 +135,18 @@ void CDlgKeywords::LoadList() const {
         AddItem(*keywords.Get(index));
 }
 
-bool CDlgKeywords::KeywordExists(const CKeyword& keyword) const {
-    CObjectListT<CKeyword> keywords;
-    if (!theDataLayer.Load(&keywords, KeywordType))
-        return true;
-    const std::wstring_view name = keyword.GetName();
-    for (int index = 0; index < keywords.GetCount(); ++index) {
-        if (name == keywords.Get(index)->GetName())
-            return true;
-    }
-    return false;
-}
-
 bool CDlgKeywords::Store(CKeyword& keyword, const std::wstring& name) const {
     keyword.SetType(KeywordType);
     keyword.SetName(name.c_str());
-    return !KeywordExists(keyword) && theDataLayer.Save(&keyword, 0);
+    CObjectListT<CKeyword> keywords;
+    // Without a list to compare with nothing may be stored.
+    const bool isLoaded = theDataLayer.Load(&keywords, KeywordType) != 0;
+    if (isLoaded && HasName(keywords, name))
+        return false;
+    const bool isStored = isLoaded && theDataLayer.Save(&keyword, 0);
+    if (!isStored)
+        ShowStoreFailure();
+    return isStored;
 }
 
 void CDlgKeywords::AddKeyword() const {
@@ -173,8 +184,10 @@ void CDlgKeywords::DeleteKeyword() const {
         return;
     CKeyword keyword;
     keyword.SetID(IdAt(index));
-    if (!theDataLayer.Delete(&keyword))
+    if (!Delete(keyword)) {
+        ShowStoreFailure();
         return;
+    }
     SendList(LB_DELETESTRING, index);
     SelectItem(std::max(index - 1, 0));
     SetFocus(list_);

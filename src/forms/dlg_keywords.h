@@ -6,8 +6,7 @@
 #include <string>
 
 /// One keyword list: the user picks a text from it, and adds, renames and deletes keywords in place. Such a change is
-/// in the data file at once, and a failing one is passed over without a word. DoModal gives 1 when Selection was
-/// picked.
+/// in the data file at once; the user is told of one that fails. DoModal gives 1 when Selection was picked.
 class CDlgKeywords : public CDialogImpl {
 public:
     CKeyword::Type KeywordType = {}; ///< set by the caller
@@ -22,10 +21,8 @@ private:
     bool OnCommand(UINT command);
     void ShowTitle() const;
     void LoadList() const;
-    /// Whether the list has the keyword's name, compared exactly. True also when it cannot be read: without it nothing
-    /// may be stored.
-    bool KeywordExists(const CKeyword& keyword) const;
-    /// Names the keyword and saves it, new or changed, unless the name is taken.
+    /// Names the keyword and saves it, new or changed, unless the list has the name, compared exactly. False where that
+    /// is so, and where it could not be stored, which the user is told.
     bool Store(CKeyword& keyword, const std::wstring& name) const;
     void AddKeyword() const;
     void EditKeyword() const;

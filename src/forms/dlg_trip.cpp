@@ -97,7 +97,7 @@ void CDlgTrip::UpdateElapsed() {
 void CDlgTrip::CalcTotalCost() {
     if (!ExchangeFields(true))
         return;
-    TotalCost = static_cast<float>(ElapsedDistance) * theSettings.MileageRate + 0.0F; // no minus zero
+    TotalCost = static_cast<float>(ElapsedDistance) * theSettings.MileageRate;
     ExchangeFields(false);
     FocusControl(controls::Money, true);
     SendDlgItemMessageW(GetHandle(), controls::Money, EM_SCROLLCARET, 0, 0);

@@ -52,7 +52,7 @@ bool ReadFloat(HWND dialog, int id, float& field) {
     double value = 0.0;
     if (!ParseFieldFloat(text, &value))
         return false;
-    field = static_cast<float>(value) + 0.0F; // no minus zero: a field would print one and then refuse it
+    field = static_cast<float>(value);
     return true;
 }
 

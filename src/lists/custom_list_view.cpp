@@ -1,9 +1,13 @@
 #include "lists/custom_list_view.h"
 
 #include "platform/metrics.h"
+#include "platform/wait_cursor.h"
+#include "records/data_layer.h"
 #include "resources/ids.h"
 #include "shell/common/app_settings.h"
 #include "shell/common/load_text.h"
+
+#include <new>
 
 namespace {
 
@@ -149,8 +153,41 @@ void CCustomListView::RemoveHorizontalScrollBar() {
     SetWindowLongW(GetHandle(), GWL_STYLE, static_cast<LONG_PTR>(style & ~WS_HSCROLL));
 }
 
-void CCustomListView::AllowRedraw(bool allow) {
-    SendMessageW(GetHandle(), WM_SETREDRAW, allow ? TRUE : FALSE, 0);
+CCustomListView::CRedrawPause::CRedrawPause(CCustomListView& list)
+    : list_(list) {
+    SendMessageW(list_.GetHandle(), WM_SETREDRAW, FALSE, 0);
+}
+
+CCustomListView::CRedrawPause::~CRedrawPause() {
+    SendMessageW(list_.GetHandle(), WM_SETREDRAW, TRUE, 0);
+    list_.RedrawAll();
+}
+
+void CCustomListView::Empty(CObjectList& records) {
+    records.Clear();
+    SendMessageW(GetHandle(), LVM_DELETEALLITEMS, 0, 0);
+}
+
+int CCustomListView::Fill(
+    CObjectList& records, const std::function<int()>& load, const std::function<void()>& addRows) {
+    const CWaitCursor wait;
+    Empty(records);
+    const int loaded = load();
+    if (!loaded) {
+        if (theDataLayer.LastFailure() == StoreFailure::NoMemory)
+            PostOutOfMemory(GetHandle());
+        return 0;
+    }
+    try {
+        const CRedrawPause pause(*this);
+        addRows();
+    } catch (const std::bad_alloc&) {
+        Empty(records);
+        PostOutOfMemory(GetHandle());
+        return 0;
+    }
+    RemeasureRows();
+    return loaded;
 }
 
 void CCustomListView::RedrawAll() {

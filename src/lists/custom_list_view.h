@@ -3,6 +3,9 @@
 #include "platform/drawing.h"
 #include "platform/list_view.h"
 #include "platform/window_object.h"
+#include "records/object_list.h"
+
+#include <functional>
 
 /// What all lists of the program share: a list view in report view with icons in the screen's size, a text in place of
 /// an empty list, and rows that point to records. The records belong to the descendants.
@@ -61,9 +64,22 @@ protected:
     void SetExtendedStyle(DWORD style);
     void RemoveHorizontalScrollBar();
     void FitColumnToHeader();
-    /// Off during a bulk change. `RedrawAll` follows it.
-    void AllowRedraw(bool allow);
     void RedrawAll();
+    /// Empties `records` and the list, and fills both anew; `load` gives 0 for a failure. Half a list would pass for a
+    /// whole one: where memory runs out both are empty, and the user is told.
+    int Fill(CObjectList& records, const std::function<int()>& load, const std::function<void()>& addRows);
+    void Empty(CObjectList& records);
+    /// Drawing is off during a bulk change, and at its end all is drawn anew.
+    class CRedrawPause {
+    public:
+        explicit CRedrawPause(CCustomListView& list);
+        CRedrawPause(const CRedrawPause&) = delete;
+        CRedrawPause& operator=(const CRedrawPause&) = delete;
+        ~CRedrawPause();
+
+    private:
+        CCustomListView& list_;
+    };
     /// The text of an empty list stands in its middle, wherever that is now.
     void RedrawIfEmpty();
 

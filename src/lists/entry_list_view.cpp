@@ -44,18 +44,16 @@ void CEntryListView::InitColumns() {
 }
 
 void CEntryListView::Refresh(CEntryFilter* filter) {
-    const CWaitCursor wait;
-    entries_.Clear();
-    SendMessageW(GetHandle(), LVM_DELETEALLITEMS, 0, 0);
-    if (!filter || !theDataLayer.Load(&entries_, filter))
-        return;
-    AllowRedraw(false);
-    AppendRows();
-    SortRows(SortColumnNone);
-    AllowRedraw(true);
-    RedrawAll();
-    SetRowState(0, SelectedAndFocused, SelectedAndFocused);
-    RemeasureRows();
+    const CWaitCursor wait; // the former records are many as well
+    if (!filter)
+        Empty(entries_);
+    else if (Fill(
+                 entries_, [&] { return theDataLayer.Load(&entries_, filter); },
+                 [this] {
+                     AppendRows();
+                     SortRows(SortColumnNone);
+                 }))
+        SetRowState(0, SelectedAndFocused, SelectedAndFocused);
 }
 
 void CEntryListView::AppendRows() {
@@ -82,13 +80,12 @@ int CEntryListView::AddRow(CEntry* entry, int update) {
     const int former = FindRowByData(DataOf(entry));
     if (former == -1)
         return -1;
-    AllowRedraw(false);
+    const CRedrawPause pause(*this);
     DeleteRow(former);
     const int row = AppendRow(entry, DateText(entry->GetDate()));
     SetRowState(row, SelectedAndFocused, SelectedAndFocused);
     SortRows(SortColumnNone);
     SendMessageW(GetHandle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(FindRowByData(DataOf(entry))), FALSE);
-    AllowRedraw(true);
     return row;
 }
 
@@ -132,12 +129,10 @@ void CEntryListView::DeleteSelectedRows() {
         selected.push_back(row);
     if (selected.empty())
         return;
-    AllowRedraw(false);
+    const CRedrawPause pause(*this);
     // From the bottom up no deletion moves a row that is still to go.
     for (auto row = selected.rbegin(); row != selected.rend(); ++row)
         DeleteRow(*row);
-    AllowRedraw(true);
-    RedrawAll();
 }
 
 CEntry* CEntryListView::GetRowEntry(int row) const {

@@ -36,18 +36,12 @@ void CNotificationListView::InitColumns() {
 }
 
 int CNotificationListView::Reload(ULONG vehicleId) {
-    reminders_.Clear();
-    SendMessageW(GetHandle(), LVM_DELETEALLITEMS, 0, 0);
-    const int loaded = theDataLayer.Load(&reminders_, vehicleId);
-    if (!loaded)
-        return loaded;
-    AllowRedraw(false);
-    for (int index = 0; index < reminders_.GetCount(); ++index)
-        AddRow(reminders_.Get(index), 0);
-    AllowRedraw(true);
-    RedrawAll();
-    RemeasureRows();
-    return loaded;
+    return Fill(
+        reminders_, [&] { return theDataLayer.Load(&reminders_, vehicleId); },
+        [this] {
+            for (int index = 0; index < reminders_.GetCount(); ++index)
+                AddRow(reminders_.Get(index), 0);
+        });
 }
 
 int CNotificationListView::AddRow(CNotification* reminder, int update) {

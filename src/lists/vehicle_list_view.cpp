@@ -25,18 +25,12 @@ void CVehicleListView::InitColumns() {
 }
 
 int CVehicleListView::Reload() {
-    vehicles_.Clear();
-    SendMessageW(GetHandle(), LVM_DELETEALLITEMS, 0, 0);
-    const int loaded = theDataLayer.Load(&vehicles_);
-    if (!loaded)
-        return loaded;
-    AllowRedraw(false);
-    for (int index = 0; index < vehicles_.GetCount(); ++index)
-        AddRow(vehicles_.Get(index), 0);
-    AllowRedraw(true);
-    RedrawAll();
-    RemeasureRows();
-    return loaded;
+    return Fill(
+        vehicles_, [&] { return theDataLayer.Load(&vehicles_); },
+        [this] {
+            for (int index = 0; index < vehicles_.GetCount(); ++index)
+                AddRow(vehicles_.Get(index), 0);
+        });
 }
 
 int CVehicleListView::AddRow(CVehicle* vehicle, int update) {

@@ -49,6 +49,7 @@ inline constexpr UINT WM_LBUTTONUP = 514;
 inline constexpr UINT WM_LBUTTONDBLCLK = 515;
 inline constexpr UINT WM_MOUSEWHEEL = 522; ///< high word of wParam: lines, up above 0
 inline constexpr UINT WM_HOTKEY = 786; ///< lParam: modifiers below, virtual key above
+inline constexpr UINT WM_HIBERNATE = 1023; ///< memory ran out
 inline constexpr UINT WM_USER = 1024;
 inline constexpr UINT OCM_BASE = 0x2000; ///< added to a notification that a parent reflects
 inline constexpr UINT SHCMBM_OVERRIDEKEY = 1427;

@@ -38,7 +38,11 @@ private:
     WNDPROC former_ = nullptr;
 };
 
-/// A C++ object behind a modal dialog.
+/// To be called where memory ran out: posts WM_HIBERNATE to the window at the end of `window`'s parents and owners.
+void PostOutOfMemory(HWND window);
+
+/// A C++ object behind a modal dialog. A message that runs out of memory ends there, and the dialog goes on: an
+/// exception would leave the loop of the dialog, but not its window.
 class CDialogImpl {
 public:
     CDialogImpl() = default;

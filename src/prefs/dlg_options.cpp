@@ -158,6 +158,6 @@ bool CDlgOptions::ReadMileageRate() const {
     double rate = 0.0;
     if (!ParsePlainFloat(text, &rate))
         return false;
-    theSettings.MileageRate = static_cast<float>(rate) + 0.0F; // no minus zero: the trip form would refuse it
+    theSettings.MileageRate = static_cast<float>(rate);
     return true;
 }

@@ -24,8 +24,10 @@ bool PickDateRange(SYSTEMTIME* start, SYSTEMTIME* end) {
 }
 
 bool PickCustomDates(CEntryFilter* filter) {
-    SYSTEMTIME start = Refreshed(filter->GetStartDate());
-    SYSTEMTIME end = Refreshed(filter->GetEndDate());
+    // Without a range the filter's dates are those of the day on which it was last told so.
+    const bool hasRange = filter->HaveDateRange() != 0;
+    SYSTEMTIME start = Refreshed(hasRange ? filter->GetStartDate() : nullptr);
+    SYSTEMTIME end = Refreshed(hasRange ? filter->GetEndDate() : nullptr);
     if (!PickDateRange(&start, &end))
         return false;
     filter->SetStartDate(start, 1);

@@ -9,6 +9,7 @@ class CEntryFilter;
 /// After false what `start` and `end` hold is of no use: it may be a range that was refused.
 bool PickDateRange(SYSTEMTIME* start, SYSTEMTIME* end);
 
-/// Lets the user choose the custom range of a filter, beginning with the dates that it has. True when the filter has
-/// got new dates; setting its type to the custom one is the caller's. After false the filter is as it was.
+/// Lets the user choose the custom range of a filter, beginning with the range that it has, or with today. True when
+/// the filter has got new dates; setting its type to the custom one is the caller's. After false the filter is as it
+/// was.
 bool PickCustomDates(CEntryFilter* filter);

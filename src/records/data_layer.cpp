@@ -77,8 +77,10 @@ template <typename Operation> int CDataLayer::Perform(Operation operation) {
         if (operation(*file_))
             return 1;
         failure_ = file_->Failure();
-    } catch (const std::exception&) {
+    } catch (const std::bad_alloc&) {
         failure_ = StoreFailure::NoMemory;
+    } catch (const std::exception&) {
+        failure_ = StoreFailure::Other;
     }
     return 0;
 }

@@ -65,8 +65,10 @@ CEntryFilter::Bounds CEntryFilter::DateBounds() const {
     constexpr double unlimited = std::numeric_limits<double>::infinity();
     Bounds bounds{-unlimited, unlimited};
     if (HaveDateRange()) {
+        constexpr double restOfASecond = 0.999 / 86'400;
         LinearFromSystemTime(startDate_, &bounds.first);
-        LinearFromSystemTime(endDate_, &bounds.last);
+        if (LinearFromSystemTime(endDate_, &bounds.last))
+            bounds.last += restOfASecond;
     }
     return bounds;
 }

@@ -28,7 +28,8 @@ public:
     /// DateRangeCustom the dates stay.
     void SetDateRangeType(DateRangeType type);
     DateRangeType GetDateRangeType() const { return dateRangeType_; }
-    /// The first and the last moment of a custom period; both belong to it. The second argument is always 1.
+    /// The first and the last second of a custom period, whatever their milliseconds; both belong to it. The second
+    /// argument is always 1.
     void SetStartDate(SYSTEMTIME date, int) { startDate_ = date; }
     void SetEndDate(SYSTEMTIME date, int) { endDate_ = date; }
     /// The filter's own values, never null.

@@ -24,10 +24,9 @@ double OleFromLinearDate(double linear) {
 }
 
 bool LinearFromSystemTime(const SYSTEMTIME& time, double* linear) {
-    constexpr double millisecondsPerDay = 86'400'000;
     double date = 0;
     if (!SystemTimeToVariantTime(&time, &date))
         return false;
-    *linear = LinearFromOleDate(date) + time.wMilliseconds / millisecondsPerDay;
+    *linear = LinearFromOleDate(date);
     return true;
 }

@@ -11,5 +11,5 @@ double TodayDate();
 double LinearFromOleDate(double date);
 double OleFromLinearDate(double linear);
 
-/// A calendar time with its milliseconds as a linear date. False, `linear` untouched, where that is no date.
+/// A calendar time as a linear date, to the second. False, `linear` untouched, where that is no date.
 bool LinearFromSystemTime(const SYSTEMTIME& time, double* linear);

@@ -3,7 +3,6 @@
 #include "forms/dialog_helpers.h"
 #include "lists/app_fonts.h"
 #include "platform/input.h"
-#include "records/data_layer.h"
 #include "reminders/control_place.h"
 #include "reminders/edit_reminder.h"
 #include "reminders/reminder_messages.h"
@@ -129,6 +128,6 @@ void CDlgReminders::OnDelete() {
         return;
     const CNotification* reminder = listView_.GetSelectedReminder();
     // The record stays with the list until it is loaded anew; only its row goes.
-    if (reminder && theDataLayer.Delete(reminder))
+    if (reminder && DeleteReminder(*reminder))
         listView_.DeleteRow(listView_.GetNextSelected(-1));
 }

@@ -1,8 +1,10 @@
 #include "reminders/due_reminders.h"
 
 #include "platform/time.h"
+#include "platform/wait_cursor.h"
 #include "records/data_layer.h"
 #include "reminders/dlg_notification_fire.h"
+#include "reminders/edit_reminder.h"
 #include "resources/ids.h"
 #include "shell/common/app_settings.h"
 
@@ -23,6 +25,11 @@ bool IsDue(const CNotification& reminder, double now) {
     return theSettings.ActiveVehicleOdometer >= reminder.GetOdometer() || now >= reminder.GetDate();
 }
 
+bool LoadReminders(CObjectListT<CNotification>* reminders) {
+    const CWaitCursor wait;
+    return theDataLayer.Load(reminders, theSettings.LastActiveVehicle) != 0;
+}
+
 } // namespace
 
 void CheckDueReminders(CVehicle* vehicle) {
@@ -30,7 +37,7 @@ void CheckDueReminders(CVehicle* vehicle) {
         return;
     CDlgNotificationFire dialog;
     CObjectListT<CNotification> reminders;
-    if (!theDataLayer.Load(&reminders, theSettings.LastActiveVehicle))
+    if (!LoadReminders(&reminders))
         return;
     const double now = Now();
     // A deleted reminder stays in the list, so that the walk neither skips nor repeats one.
@@ -42,6 +49,6 @@ void CheckDueReminders(CVehicle* vehicle) {
         dialog.Vehicle = vehicle;
         // One that cannot be deleted comes up again at the next check.
         if (dialog.DoModal() == commands::Done)
-            theDataLayer.Delete(reminder);
+            DeleteReminder(*reminder);
     }
 }

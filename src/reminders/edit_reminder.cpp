@@ -1,10 +1,12 @@
 #include "reminders/edit_reminder.h"
 
 #include "platform/time.h"
+#include "platform/wait_cursor.h"
 #include "records/data_layer.h"
 #include "reminders/dlg_notification.h"
 #include "resources/ids.h"
 #include "shell/common/app_settings.h"
+#include "shell/messages/show_message.h"
 #include "units/date_ranges.h"
 
 #include <algorithm>
@@ -46,5 +48,21 @@ int EditReminder(CNotification* reminder) {
     reminder->SetDate(form.Date);
     reminder->SetName(form.Description.c_str());
     reminder->SetOdometer(form.Odometer);
-    return reminder->IsDirty() ? theDataLayer.Save(reminder, 0) : 0;
+    if (!reminder->IsDirty())
+        return 0;
+    const int saved = theDataLayer.Save(reminder, 0);
+    if (!saved)
+        ShowStoreFailure();
+    return saved;
+}
+
+int DeleteReminder(const CNotification& reminder) {
+    int deleted = 0;
+    {
+        const CWaitCursor wait;
+        deleted = theDataLayer.Delete(&reminder);
+    }
+    if (!deleted)
+        ShowStoreFailure();
+    return deleted;
 }

@@ -86,4 +86,5 @@ inline constexpr UINT ReplacedCause = 33005;
 inline constexpr UINT GoneCause = 33006;
 inline constexpr UINT NoMemoryCause = 33007;
 inline constexpr UINT OtherCause = 33008;
+inline constexpr UINT NotEnoughMemory = 33009;
 } // namespace strings

@@ -7,9 +7,10 @@ namespace {
 constexpr StringResource table[] = {
     {strings::AppName, L"Odoledger"},
     {strings::SupportText,
-        L"1. Read on in the manual: MANUAL.md, which comes with the program.\n"
-        L"2. Ask or report where README.md says.\n"
-        L"3. Look behind the screens: ARCHITECTURE.md."},
+        L"1. How it works: MANUAL.md\n"
+        L"2. Questions and answers: QUESTIONS.md\n"
+        L"3. What a message means: MESSAGES.md\n"
+        L"All in /usr/share/doc/odoledger/docs"},
     {strings::MyVehicles, L"My Vehicles"},
     {strings::NoActiveVehicle, L"<No Active Vehicle>"},
     {strings::ColumnName, L"Name"},
@@ -85,6 +86,7 @@ constexpr StringResource table[] = {
     {strings::GoneCause, L"Another program has deleted the record."},
     {strings::NoMemoryCause, L"There is not enough memory. Please end other programs and try again."},
     {strings::OtherCause, L"The disk reported an error. Please check it and try again."},
+    {strings::NotEnoughMemory, L"There is not enough memory for this."},
 };
 
 constexpr bool isAscending = [] {

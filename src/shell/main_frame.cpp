@@ -6,6 +6,7 @@
 #include "platform/input.h"
 #include "platform/list_view.h"
 #include "platform/resources.h"
+#include "platform/wait_cursor.h"
 #include "prefs/about_dlg.h"
 #include "prefs/dlg_options.h"
 #include "prefs/pick_date_range.h"
@@ -14,6 +15,7 @@
 #include "resources/ids.h"
 #include "shell/common/app_settings.h"
 #include "shell/common/load_text.h"
+#include "shell/messages/show_message.h"
 #include "shell/program_identity.h"
 #include "stats/quick_stats.h"
 #include "stats/screen/dlg_quick_stats.h"
@@ -21,6 +23,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 
 namespace {
 
@@ -51,6 +54,11 @@ constexpr ViewCommand DateRangeCommands[] = {
     {commands::YearToDate, CEntryFilter::DateRangeYearToDate},
     {commands::CustomDates, CEntryFilter::DateRangeCustom},
 };
+
+int CalculateStats(CQuickStats* stats, CEntryFilter* filter) {
+    const CWaitCursor wait;
+    return stats->Calculate(filter);
+}
 
 const ViewCommand* FindCommand(std::span<const ViewCommand> table, UINT command) {
     const auto row = std::find_if(
@@ -83,7 +91,7 @@ bool CMainFrame::PreTranslateMessage(MSG* message) {
     return TranslateAcceleratorW(GetHandle(), accelerators_, message) != 0;
 }
 
-LRESULT CMainFrame::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CMainFrame::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) try {
     LRESULT reflected = 0;
     if (message != WM_MEASUREITEM && message != WM_COMMAND
         && ReflectNotification(GetHandle(), message, wParam, lParam, reflected) && message != WM_NOTIFY)
@@ -119,6 +127,9 @@ LRESULT CMainFrame::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lPa
     case WM_ENABLE:
         OnEnable(wParam != 0);
         return 0;
+    case WM_HIBERNATE:
+        OnOutOfMemory();
+        return 0;
     case WM_CLOSE:
         OnClose();
         return 0;
@@ -132,6 +143,9 @@ LRESULT CMainFrame::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lPa
         }
         return DefaultMessage(message, wParam, lParam);
     }
+} catch (const std::bad_alloc&) {
+    PostOutOfMemory(GetHandle());
+    return 0;
 }
 
 LRESULT CMainFrame::OnCreate() {
@@ -162,6 +176,8 @@ LRESULT CMainFrame::OnNotify(const NMHDR* note) {
         return 0;
     if (reinterpret_cast<const NMLVKEYDOWN*>(note)->wVKey != VK_TACTION)
         return 0;
+    if (FollowsReplacedFile())
+        return 0;
     if (note->idFrom == controls::VehicleList) {
         if (CVehicle* vehicle = vehicleList_.GetSelectedVehicle())
             ActivateVehicle(vehicle);
@@ -172,6 +188,9 @@ LRESULT CMainFrame::OnNotify(const NMHDR* note) {
 }
 
 void CMainFrame::OnCommand(UINT command) {
+    // What was selected is gone then.
+    if (FollowsReplacedFile() && (command == commands::Edit || command == commands::Delete))
+        return;
     switch (command) {
     case commands::NewVehicle:
         NewVehicleCommand();
@@ -218,6 +237,14 @@ void CMainFrame::OnCommand(UINT command) {
     }
 }
 
+// Where another file has taken the name of ours, the lists show what cannot be changed any more.
+bool CMainFrame::FollowsReplacedFile() {
+    if (!theDataLayer.IsReplaced())
+        return false;
+    OnReload();
+    return true;
+}
+
 void CMainFrame::OnBackKey() {
     if (IsVehicleListVisible())
         SHNavigateBack();
@@ -245,6 +272,15 @@ void CMainFrame::OnClose() {
         closePending_ = true;
     else
         DestroyWindow(GetHandle());
+}
+
+// One message, however many allocations of a command have failed.
+void CMainFrame::OnOutOfMemory() {
+    if (isTellingOfMemory_)
+        return;
+    isTellingOfMemory_ = true;
+    ShowMessage(GetActiveWindow(), strings::NotEnoughMemory, strings::AppName, messages::FailureStyle);
+    isTellingOfMemory_ = false;
 }
 
 void CMainFrame::OnReload() {
@@ -346,8 +382,11 @@ void CMainFrame::QuickStatsCommand() {
     if (theSettings.LastActiveVehicle == 0)
         return;
     CQuickStats stats;
-    if (!stats.Calculate(&filter_))
+    if (!CalculateStats(&stats, &filter_)) {
+        if (theDataLayer.LastFailure() == StoreFailure::NoMemory)
+            OnOutOfMemory();
         return;
+    }
     CDlgQuickStats dialog;
     dialog.Stats = &stats;
     dialog.DoModal();

@@ -40,7 +40,9 @@ private:
     LRESULT OnMeasureItem(WPARAM id, LPARAM request);
     LRESULT OnNotify(const NMHDR* note);
     void OnCommand(UINT command);
+    bool FollowsReplacedFile();
     void OnBackKey();
+    void OnOutOfMemory();
     void OnReload();
     void OnClose();
     void OnEnable(bool enabled);
@@ -85,4 +87,5 @@ private:
     // Held back while a form is open: its record must not be destroyed under it, nor the frame.
     bool reloadPending_ = false;
     bool closePending_ = false;
+    bool isTellingOfMemory_ = false;
 };

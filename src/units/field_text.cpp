@@ -83,8 +83,9 @@ void SwapDecimalSeparator(wchar_t* text, std::size_t capacity, bool toPoint) {
 std::wstring PrintPlainFloat(float value, int precision) {
     char text[FieldTextSize];
     constexpr int mostDigits = 20;
-    const std::to_chars_result end = std::to_chars(text, std::end(text), static_cast<double>(value),
-        std::chars_format::general, std::clamp(precision, 0, mostDigits));
+    const double unsignedZero = value == 0 ? 0.0 : static_cast<double>(value); // a field refuses "-0"
+    const std::to_chars_result end = std::to_chars(
+        text, std::end(text), unsignedZero, std::chars_format::general, std::clamp(precision, 0, mostDigits));
     return {text, end.ptr};
 }
 

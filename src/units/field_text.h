@@ -12,7 +12,7 @@ inline constexpr std::size_t FieldTextSize = 32;
 /// `text`, whose buffer has `capacity` characters; where the result does not fit, nothing changes.
 void SwapDecimalSeparator(wchar_t* text, std::size_t capacity, bool toPoint);
 
-/// `precision` significant digits, as "%.*g" has them, with the locale's decimal separator.
+/// `precision` significant digits, as "%.*g" has them, with the locale's decimal separator. Zero has no minus.
 std::wstring PrintFieldFloat(float value, int precision);
 /// The same, always with a point.
 std::wstring PrintPlainFloat(float value, int precision);

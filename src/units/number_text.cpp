@@ -83,6 +83,8 @@ LONG WholeNumber(float value) {
 }
 
 std::wstring NumberText(float value, bool decimals, bool currency) {
+    // A sum may lie beyond a float; the locale has digits only.
+    value = std::min(value, std::numeric_limits<float>::max());
     const PlainText source(value, decimals && value > 0);
     if (currency)
         return Format(GetCurrencyFormatW, source.Get());

@@ -1,6 +1,7 @@
 #include "../lists/dialog_device.h"
 
 #include "forms/dlg_keywords.h"
+#include "shell/common/load_text.h"
 
 using namespace controls;
 
@@ -37,15 +38,19 @@ TEST_F(KeywordsTest, OnlyTheSameNameIsADuplicate) {
             = [&row, count] { EXPECT_EQ(SendMessageW(Item(List), LB_GETCOUNT, 0, 0), count) << row.first; };
         script.insert(script.end(), {Menu(1), Type(row.first), Done(), check});
     }
-    // A keyword matches itself: nothing is stored for an unchanged text, nor for one that is taken.
+    // A keyword matches itself: nothing is stored for an unchanged text, nor for one that is taken, without a word.
     std::vector<std::wstring> before;
     script.emplace_back([&] { before = stored(); });
     const Step first = [] { SendMessageW(Item(List), LB_SETCURSEL, 0, 0); };
     for (const wchar_t* name : {L"Wash", L"wash"})
         script.insert(script.end(), {first, Menu(2), Type(name), Done()});
-    // Without a list to compare with, nothing either.
+    // Without a list to compare with, nothing either, but what was typed is not lost in silence.
     script.emplace_back([&] { Layer.SetStringHelperFactory(std::make_unique<UnreadableTexts>()); });
-    script.insert(script.end(), {Menu(1), Type(L"New"), Done(), CancelByMenu()});
+    const Step told = [this] {
+        EXPECT_EQ(Message().rfind(LoadText(strings::ChangeNotStored), 0), 0U);
+        Host.Press(VK_TSOFT1);
+    };
+    script.insert(script.end(), {Menu(1), Type(L"New"), Done(), told, CancelByMenu()});
     CDlgKeywords list;
     list.KeywordType = CKeyword::KeywordExpense;
     EXPECT_EQ(Run(list, script), 2);

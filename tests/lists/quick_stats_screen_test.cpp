@@ -21,6 +21,14 @@ TEST_F(QuickStatsScreen, WritesOutEachFigureAndSaysWhereThereIsNone) {
         EXPECT_EQ(QuickStatsValueText(row, &stats), values[row]);
         EXPECT_EQ(QuickStatsValueText(row, nullptr), L"N/A");
     }
+    for (int count = 0; count < 2; ++count) { // sums beyond a float
+        const auto fill = Store(40003, CEntry::EntryTypeFuel, L"", 1650, 3e38F);
+        fill->SetCustom1(3e38F);
+        EXPECT_TRUE(Layer.Save(fill.get(), 0));
+    }
+    stats.Calculate(&Filter);
+    EXPECT_EQ(QuickStatsValueText(7, &stats), L"$340,282,346,638,528,859,811,704,183,484,516,925,440.00");
+    EXPECT_EQ(QuickStatsValueText(3, &stats), L"$0.00 per gal") << "a quotient of two such sums";
     Filter.SetDateRangeType(CEntryFilter::DateRangeLastWeek);
     Layer.Disconnect();
     EXPECT_EQ(stats.Calculate(&Filter), 0);

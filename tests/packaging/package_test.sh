@@ -64,10 +64,22 @@ texts_are_valid() {
     for size in 16 48 256; do
         [ -s "$share/icons/hicolor/${size}x$size/apps/odoledger.png" ] || fail "icon of $size"
     done
-    # Every picture and page that the manual shows is there too.
-    sed -n 's/.*](\([^):]*\)).*/\1/p' "$share/doc/odoledger/docs/MANUAL.md" | while read -r link; do
-        [ -e "$share/doc/odoledger/docs/${link%%#*}" ] || [ "${link#\#}" != "$link" ] || fail "MANUAL.md: no $link"
+    # Every picture and page that the pages show is there too.
+    grep -oh '](\([^):]*\))' "$share"/doc/odoledger/docs/*.md | sed 's/^](//; s/)$//' | while read -r link; do
+        [ -e "$share/doc/odoledger/docs/${link%%#*}" ] || [ "${link#\#}" != "$link" ] || fail "no $link"
     done
+}
+
+# The pages that the program points to lie where it says, in the package below `$1`.
+support_text_is_true() {
+    local text folder pages page
+    text=$(printf 'boot\nkey action\nkey soft2\nkey 9\nkey soft2\ncontrols\n' |
+        HANDSET_STORAGE=$place/asked "$1/usr/bin/odoledger-console" || true) # its input ends: status 3
+    text=$(grep 'Static .*"1\.' <<<"$text") || fail "no support text"
+    folder=$(grep -o '/usr/[a-z/]*' <<<"$text")
+    pages=$(grep -o '[A-Z]*\.md' <<<"$text")
+    [ "$(wc -w <<<"$pages")" -eq 3 ] || fail "support: $text"
+    for page in $pages; do [ -s "$1$folder/$page" ] || fail "support: no $folder/$page"; done
 }
 
 cmake --install "$build" --prefix "$place/installed" >/dev/null
@@ -79,6 +91,7 @@ cpack --config "$build/CPackConfig.cmake" -G DEB -B "$place" >"$place/cpack.log"
 package=$(ls "$place"/*.deb)
 dpkg-deb -x "$package" "$place/unpacked"
 console_boots "$place/unpacked/usr"
+support_text_is_true "$place/unpacked"
 menu_entry_starts "$place/unpacked/usr"
 check lintian --allow-root --fail-on error,warning "$package"
 echo "$(basename "$package"): installs, starts, is clean"

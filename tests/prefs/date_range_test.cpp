@@ -42,8 +42,9 @@ TEST_F(DateRangeTest, TheFilterTakesOnlyWhatWasAccepted) {
     const std::string today = "2026-03-15T00:00:00.000/0 - 2026-03-15T23:59:59.999/0";
     EXPECT_FALSE(Run(pick, {Type(L"1"), Press({VK_TBACK}), CancelByMenu()}));
     EXPECT_EQ(dates(), today);
+    SetClock("2026-03-17T08:15:42.250Z"); // without a range the dialog opens on the day on which it is asked for
     EXPECT_TRUE(Run(pick, {Done()}));
-    EXPECT_EQ(dates(), "2026-03-15T00:00:00.000/0 - 2026-03-15T23:59:59.000/0");
+    EXPECT_EQ(dates(), "2026-03-17T00:00:00.250/2 - 2026-03-17T23:59:42.000/2");
     EXPECT_EQ(Filter.GetDateRangeType(), CEntryFilter::DateRangeAll) << "the type is the caller's";
 }
 

@@ -12,11 +12,13 @@ TEST_F(EntryFilter, ACustomRangeHoldsBothItsDays) {
         = {{leapDay, 43889.99999, 0}, {leapDay, 43890, 1}, {leapDay, 43890 + 1439.0 / 1440, 1}, {leapDay, 43891, 0},
             {early, -2, 1}, {early, -2.75, 1}, {early, -1, 0}, {early, -3.75, 0}};
     for (const auto& [day, date, matches] : cases) {
+        SYSTEMTIME start = day;
+        start.wMilliseconds = 999; // what the clock had when a preset was chosen
         SYSTEMTIME end = day;
         end.wHour = 23;
         end.wMinute = 59;
         CEntryFilter filter;
-        filter.SetStartDate(day, 1);
+        filter.SetStartDate(start, 1);
         filter.SetEndDate(end, 1);
         filter.SetDateRangeType(CEntryFilter::DateRangeCustom);
         CEntry entry;

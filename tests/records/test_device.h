@@ -16,7 +16,7 @@ protected:
     TestDevice() {
         UseLocale("en_US");
         SetZone("UTC");
-        SetClock("2026-03-15T10:00:00Z");
+        SetClock("2026-03-15T10:00:00.250Z");
         std::filesystem::create_directories(Documents());
     }
 

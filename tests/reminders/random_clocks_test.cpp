@@ -98,7 +98,7 @@ protected:
                 std::abs(quarters) % 4 * 15);
             SetZone(zone);
         }
-        device::StopClock(utc);
+        device::StopClock(utc + milliseconds{Draw(0, 999)});
         return {utc, utc + offset};
     }
 

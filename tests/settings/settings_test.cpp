@@ -96,12 +96,12 @@ TEST_F(Settings, PassOverValuesOfAnotherKind) {
 }
 
 TEST_F(Settings, APathMayFillItsRoomAndNoMore) {
-    for (const std::size_t length : {std::size_t{259}, std::size_t{260}}) {
+    for (const std::size_t length : {std::size_t{260}, std::size_t{261}}) {
         const std::wstring path(length, L'p');
         Store(L"DBPath", REG_SZ, path.c_str(), (length + 1) * sizeof(wchar_t));
         CAppSettings settings;
         settings.LoadSettings();
-        EXPECT_EQ(std::wcslen(settings.DBPath), length == 259 ? length : 0U);
+        EXPECT_EQ(std::wcslen(settings.DBPath), length == 260 ? length : 0U);
     }
 }
 

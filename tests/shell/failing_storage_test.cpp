@@ -8,6 +8,7 @@
 #include "lists/app_fonts.h"
 #include "platform/input.h"
 #include "platform/list_view.h"
+#include "reminders/due_reminders.h"
 #include "reminders/reminder_commands.h"
 #include "resources/ids.h"
 #include "resources/module.h"
@@ -141,6 +142,12 @@ protected:
         const Step leave = [this] { LeavePickList(); };
         const Step yes = Now([this] { Answer(); });
         const Step done = Now([this] { Host.Press(VK_TSOFT1); });
+        const Step answer = [this] { Answer(); };
+        const Step due = [] {
+            theSettings.ActiveVehicleOdometer = 900000;
+            CVehicle car;
+            CheckDueReminders(&car);
+        };
         const Step odometer = [this] {
             theSettings.ActiveVehicleOdometer = 7;
             Now([this] { Frame.UpdateOdometer(); })();
@@ -154,14 +161,16 @@ protected:
             {"deleted entry", true, Send(commands::Delete), {yes}},
             {"deleted entries", true, several, {yes}},
             {"odometer", false, odometer, {}},
-            {"new reminder", false, Send(commands::NewReminder), {Put(FirstText, L"Wash"), done}},
-            {"edited reminder", false, Send(commands::ManageReminders),
-                {selectFirst, Inside(commands::Edit), Put(FirstText, L"Wash"), done, Inside(commands::Cancel)}},
-            {"deleted reminder", false, Send(commands::ManageReminders),
-                {selectFirst, Inside(commands::Delete), yes, Inside(commands::Cancel)}},
-            {"new keyword", false, pick, {Inside(commands::AddKeyword), Put(FirstText, L"Wash"), done, leave}},
-            {"renamed keyword", false, pick, {Inside(commands::EditKeyword), Put(FirstText, L"Wash"), done, leave}},
-            {"deleted keyword", false, pick, {Now(Inside(commands::DeleteKeyword)), leave}},
+            {"new reminder", true, Send(commands::NewReminder), {Put(FirstText, L"Wash"), done}},
+            {"edited reminder", true, Send(commands::ManageReminders),
+                {selectFirst, Inside(commands::Edit), Put(FirstText, L"Wash"), done, answer, Inside(commands::Cancel)}},
+            {"deleted reminder", true, Send(commands::ManageReminders),
+                {selectFirst, Inside(commands::Delete), yes, answer, Inside(commands::Cancel)}},
+            {"due reminder", true, due, {done}},
+            {"new keyword", true, pick, {Inside(commands::AddKeyword), Put(FirstText, L"Wash"), done, answer, leave}},
+            {"renamed keyword", true, pick,
+                {Inside(commands::EditKeyword), Put(FirstText, L"Wash"), done, answer, leave}},
+            {"deleted keyword", true, pick, {Now(Inside(commands::DeleteKeyword)), answer, leave}},
         };
     }
 
@@ -237,7 +246,7 @@ protected:
     int successesTold_ = 0;
 };
 
-constexpr std::size_t CommandCount = 14;
+constexpr std::size_t CommandCount = 15;
 
 TEST_P(FailingStorage, LosesNothingAndSaysWhatWasNotStored) {
     ASSERT_EQ(Commands().size(), CommandCount);

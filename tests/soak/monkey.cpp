@@ -17,7 +17,7 @@ constexpr const char* CustomRange = "5";
 constexpr const char* Screens[] = {"1x1", "176x220", "240x320", "320x480", "800x480"};
 constexpr const char* Locales[] = {"en_US", "de_DE", "fr_FR", "ar_EG", "hi_IN", "ja_JP", "bn_BD"};
 constexpr const char* Zones[] = {"UTC", "America/New_York", "Asia/Kolkata", "Pacific/Auckland", "Etc/GMT+12"};
-constexpr const char* Times[] = {"2026-03-01T10:00:00Z", "2024-02-29T23:59:59Z", "2025-12-31T23:59:50Z",
+constexpr const char* Times[] = {"2026-03-01T10:00:00Z", "2024-02-29T23:59:59.999Z", "2025-12-31T23:59:50.001Z",
     "2026-10-25T00:30:00Z", "2026-03-29T01:30:00Z", "1999-12-31T12:00:00Z", "2099-06-15T00:00:00Z"};
 constexpr const char* Walking[] = {"down", "down", "down", "up", "up", "left", "right", "action", "action", "soft1",
     "soft1", "soft2", "soft2", "back", "home", "end", "pageup", "pagedown", "backspace", "delete", "shift+down",

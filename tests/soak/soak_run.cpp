@@ -36,7 +36,7 @@ Round::Round(const std::string& program, unsigned long seed, std::string pattern
     fs::permissions(runtime, fs::perms::owner_all);
     const char* options = std::getenv("ASAN_OPTIONS");
     Surroundings = {{"HANDSET_STORAGE", Storage}, {"HANDSET_LOCALE", "en_US"}, {"XDG_RUNTIME_DIR", runtime},
-        {"TZ", "UTC"}, {"HANDSET_CLOCK", "2026-03-01T10:00:00Z"},
+        {"TZ", "UTC"}, {"HANDSET_CLOCK", "2026-03-01T10:00:00.789Z"},
         {"ASAN_OPTIONS", (options ? options : "") + std::string(SanitizerStatus)}};
 }
 

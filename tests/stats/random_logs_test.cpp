@@ -174,9 +174,13 @@ protected:
             return wanted;
         wanted.first = SecondsOfDay * (Today + Draw(-90, 90));
         wanted.last = wanted.first + SecondsOfDay * Draw(0, 120) + 86340;
-        const std::chrono::sys_days origin{std::chrono::year{1899} / 12 / 30};
-        filter->SetStartDate(device::CalendarTime(origin + std::chrono::seconds{wanted.first}), 1);
-        filter->SetEndDate(device::CalendarTime(origin + std::chrono::seconds{wanted.last}), 1);
+        const auto time = [this](std::int64_t second) {
+            constexpr std::chrono::sys_days origin{std::chrono::year{1899} / 12 / 30};
+            return device::CalendarTime(
+                origin + std::chrono::seconds{second} + std::chrono::milliseconds{Draw(0, 999)});
+        };
+        filter->SetStartDate(time(wanted.first), 1);
+        filter->SetEndDate(time(wanted.last), 1);
         filter->SetDateRangeType(CEntryFilter::DateRangeCustom);
         return wanted;
     }

@@ -60,7 +60,7 @@ TEST_F(Text, FieldsPrintSixDigits) {
     const struct {
         float value;
         const wchar_t *american, *german;
-    } cases[] = {{12.5F, L"12.5", L"12,5"}, {0, L"0", L"0"}, {-0.125F, L"-0.125", L"-0,125"},
+    } cases[] = {{12.5F, L"12.5", L"12,5"}, {-0.0F, L"0", L"0"}, {-0.125F, L"-0.125", L"-0,125"},
         {123456.7F, L"123457", L"123457"}, {1234567, L"1.23457e+06", L"1,23457e+06"},
         {0.00001234F, L"1.234e-05", L"1,234e-05"}};
     for (const auto& row : cases) {

@@ -46,7 +46,7 @@ public:
             std::exit(2);
         folder_ = pattern; // its owner's alone, as the runtime directory has to be
         surroundings_ = {{"HANDSET_STORAGE", (folder_ / "storage").string()}, {"HANDSET_LOCALE", "en_US"},
-            {"XDG_RUNTIME_DIR", folder_.string()}, {"TZ", "UTC"}, {"HANDSET_CLOCK", "2026-03-01T10:00:00Z"}};
+            {"XDG_RUNTIME_DIR", folder_.string()}, {"TZ", "UTC"}, {"HANDSET_CLOCK", "2026-03-01T10:00:00.789Z"}};
     }
 
     ~Walk() {

@@ -2,6 +2,8 @@
 
 #include "platform/resources.h"
 
+#include <new>
+
 namespace {
 
 CWindowImpl* ObjectOf(HWND window) {
@@ -76,6 +78,12 @@ LRESULT CWindowImpl::DefaultMessage(UINT message, WPARAM wParam, LPARAM lParam) 
                    : DefWindowProcW(window_, message, wParam, lParam);
 }
 
+void PostOutOfMemory(HWND window) {
+    for (HWND above = GetParent(window); above; above = GetParent(above))
+        window = above;
+    PostMessageW(window, WM_HIBERNATE, 0, 0);
+}
+
 LONG_PTR CDialogImpl::DoModal() {
     const LONG_PTR result = DialogBoxIndirectParamW(
         GetModuleHandleW(nullptr), GetTemplate(), GetActiveWindow(), Procedure, reinterpret_cast<LPARAM>(this));
@@ -93,6 +101,10 @@ LPARAM CDialogImpl::Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM l
     if (!object)
         return 0;
     LRESULT result = TRUE;
-    const bool handled = object->ProcessDialogMessage(message, wParam, lParam, result);
-    return handled ? result : 0;
+    try {
+        return object->ProcessDialogMessage(message, wParam, lParam, result) ? result : 0;
+    } catch (const std::bad_alloc&) {
+        PostOutOfMemory(dialog);
+        return result;
+    }
 }

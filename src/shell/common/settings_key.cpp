@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstring>
 #include <cwchar>
+#include <string>
 
 CSettingsKey::CSettingsKey(Access access) {
     HKEY key = nullptr;
@@ -47,21 +48,20 @@ void CSettingsKey::Read(const wchar_t* name, float* value) const {
     float found = 0.0F;
     // What is no number would spoil every sum, and no field could take it back: it counts as missing.
     if (ReadBytes(name, REG_BINARY, &found, sizeof found) && std::isfinite(found))
-        *value = found + 0.0F; // no minus zero
+        *value = found;
 }
 
 void CSettingsKey::ReadText(const wchar_t* name, wchar_t* text, DWORD capacity) const {
-    wchar_t found[MAX_PATH] = {};
+    std::wstring found(capacity + 1, L'\0');
     DWORD type = 0;
-    DWORD size = static_cast<DWORD>(sizeof(wchar_t)) * (capacity < MAX_PATH ? capacity : DWORD{MAX_PATH});
-    if (RegQueryValueExW(key_, name, nullptr, &type, reinterpret_cast<BYTE*>(found), &size) != ERROR_SUCCESS)
-        return;
-    if (type != REG_SZ && type != REG_EXPAND_SZ)
+    auto size = static_cast<DWORD>(found.size() * sizeof(wchar_t));
+    if (RegQueryValueExW(key_, name, nullptr, &type, reinterpret_cast<BYTE*>(found.data()), &size) != ERROR_SUCCESS)
         return;
     // The stored text need not end in a NUL.
-    const std::size_t length = wcsnlen(found, size / sizeof(wchar_t));
-    std::wmemcpy(text, found, length);
-    text[length] = L'\0';
+    const std::size_t length = wcsnlen(found.c_str(), size / sizeof(wchar_t));
+    if ((type != REG_SZ && type != REG_EXPAND_SZ) || length > capacity)
+        return;
+    text[found.copy(text, length)] = L'\0';
 }
 
 void CSettingsKey::Write(const wchar_t* name, int value) const {

@@ -1,0 +1,126 @@
+// Commands that run out of memory: they end, one message tells so, and the program goes on.
+
+#include "../platform/windowing/scripted_host.h"
+#include "../records/log_file.h"
+#include "../records/test_device.h"
+#include "failing_allocation.h"
+#include "lists/app_fonts.h"
+#include "platform/input.h"
+#include "platform/list_view.h"
+#include "resources/ids.h"
+#include "resources/module.h"
+#include "shell/common/app_settings.h"
+#include "shell/common/load_text.h"
+#include "shell/main_frame.h"
+
+#include <new>
+
+namespace {
+
+constexpr int Entries = 60;
+constexpr const char* Log = R"(
+INSERT INTO vehicles VALUES (1, 2001, 'Car', '', '', '', 900, 2000, '', '', '', '', 0, '', '', '');
+WITH RECURSIVE count(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM count WHERE i < 60)
+INSERT INTO entries SELECT i, 3000 + i, 2001, 46000 + i / 9, 2, 1000 - i, 0, 0, 0, printf('%50d', i), '', '' FROM count;
+)";
+
+class LittleMemory : public TestDevice {
+protected:
+    LittleMemory() {
+        device::SetModule(OdoledgerModule());
+        CreateAppFonts();
+        EXPECT_TRUE(CDataFile::Create(HostPath()));
+        LogFile(HostPath()).Run(Log);
+        std::wcscpy(theSettings.DBPath, Path);
+        EXPECT_TRUE(Frame.CreateFrame());
+        ShowWindow(Frame.GetHandle(), SW_SHOW);
+        EXPECT_TRUE(Frame.OpenDatabase());
+        Host.Press(VK_DOWN);
+        Host.Pump();
+    }
+    ~LittleMemory() override {
+        DestroyWindow(Frame.GetHandle());
+        theDataLayer.Disconnect();
+        theSettings.LastActiveVehicle = 0;
+        DeleteAppFonts();
+        device::SetModule(nullptr);
+    }
+
+    /// Answers the messages that stand open, and counts what they tell.
+    int TakeMessages() {
+        int told = 0;
+        const ScriptedHost::Step answer = [&] {
+            if (GetActiveWindow() == Frame.GetHandle())
+                return;
+            const HWND text = GetWindow(GetActiveWindow(), GW_CHILD);
+            told += text && TextOf(text) == LoadText(strings::NotEnoughMemory) ? 1 : 0;
+            Host.Press(VK_TSOFT1);
+        };
+        Host.Then(answer).Then(answer);
+        Host.Pump();
+        return told;
+    }
+    LRESULT Rows() {
+        return SendMessageW(
+            GetDlgItem(Frame.GetHandle(), static_cast<int>(controls::EntryList)), LVM_GETITEMCOUNT, 0, 0);
+    }
+    /// What the Action key on the vehicle does.
+    void OpenLog() {
+        NMLVKEYDOWN note{};
+        note.hdr.idFrom = controls::VehicleList;
+        note.hdr.code = LVN_KEYDOWN;
+        note.wVKey = VK_TACTION;
+        SendMessageW(Frame.GetHandle(), WM_NOTIFY, note.hdr.idFrom, reinterpret_cast<LPARAM>(&note));
+    }
+
+    ScriptedHost Host;
+    CMessageLoop Loop;
+    CMainFrame Frame{Loop};
+};
+
+TEST_F(LittleMemory, ALogIsOpenedWholeOrNotAtAllAndTheNextTimeItIsWhole) {
+    int notOpened = 0;
+    bool failed = true;
+    for (int allocation = 0; failed && !HasFailure(); ++allocation) {
+        SCOPED_TRACE(allocation);
+        allocationsLeft = allocation;
+        OpenLog();
+        failed = allocationsLeft < 0;
+        allocationsLeft = -1;
+        const int told = TakeMessages();
+        EXPECT_LE(told, 1);
+        EXPECT_TRUE(Rows() == 0 || Rows() == Entries) << Rows();
+        notOpened += told == 1 && Rows() == 0 ? 1 : 0;
+        OpenLog();
+        EXPECT_EQ(TakeMessages(), 0);
+        EXPECT_EQ(Rows(), Entries);
+    }
+    EXPECT_GT(notOpened, 0);
+}
+
+/// Opens, hears a command, and fails at both.
+class Dialog : public CDialogImpl {
+    static constexpr DLGTEMPLATE Template{WS_POPUP, 10, 10, L"", L"", 8, {}};
+    LPCDLGTEMPLATEW GetTemplate() const override { return &Template; }
+    bool ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/, LRESULT& /*result*/) override {
+        if (message == WM_INITDIALOG || (message == WM_COMMAND && wParam == commands::Edit))
+            throw std::bad_alloc();
+        return message == WM_COMMAND && EndDialog(GetHandle(), static_cast<LONG_PTR>(wParam));
+    }
+};
+
+TEST_F(LittleMemory, ADialogGoesOn) {
+    Dialog dialog;
+    int told = 0;
+    const auto answer = [&] {
+        told += TextOf(GetWindow(GetActiveWindow(), GW_CHILD)) == LoadText(strings::NotEnoughMemory) ? 1 : 0;
+        Host.Press(VK_TSOFT1);
+    };
+    const auto command = [&](UINT id) { return [&, id] { PostMessageW(dialog.GetHandle(), WM_COMMAND, id, 0); }; };
+    Host.Then(answer).Then(command(commands::Edit)).Then(answer).Then(command(commands::Done));
+    EXPECT_EQ(dialog.DoModal(), static_cast<LONG_PTR>(commands::Done));
+    EXPECT_EQ(told, 2);
+    EXPECT_TRUE(IsWindowEnabled(Frame.GetHandle()));
+}
+
+} // namespace
