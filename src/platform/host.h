@@ -27,6 +27,7 @@ struct InputEvent {
     WORD key = 0;
     wchar_t character = 0;
     unsigned modifiers = 0; ///< MOD_CONTROL, MOD_SHIFT
+    bool isRepeat = false; ///< of a text: its key is held. A key-down is one while its key-up has not come
     int x = 0; ///< device pixels
     int y = 0;
     int delta = 0;

@@ -14,9 +14,11 @@
 #include "platform/time.h"
 #include "platform/windowing/desktop.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 namespace device {
 
@@ -24,6 +26,7 @@ namespace {
 
 constexpr int PowerLost = 3;
 constexpr long MostPresses = 10'000'000;
+constexpr long LargestScreen = 16'384;
 
 std::string TimeText(const SYSTEMTIME& time) {
     std::array<char, 64> text{};
@@ -98,6 +101,10 @@ bool ConsoleHost::WaitForBoot() {
 }
 
 bool ConsoleHost::TakeQueued(InputEvent& event) {
+    if (resized_.kind != InputEvent::Kind::None) {
+        event = std::exchange(resized_, {});
+        return true;
+    }
     if (keys_.times > 0) {
         const bool up = keys_.isDown || !keys_.sendDown;
         event = up ? keys_.up : keys_.down;
@@ -148,7 +155,7 @@ bool ConsoleHost::Execute(const std::string& line) {
         Refuse("not booted");
         return false;
     }
-    if (verb == "key" || verb == "keydown" || verb == "keyup" || verb == "type" || verb == "post")
+    if (verb == "key" || verb == "keydown" || verb == "keyup" || verb == "type" || verb == "post" || verb == "resize")
         return ExecuteInput(verb, rest);
     ExecuteQuery(verb, rest);
     return false;
@@ -157,6 +164,8 @@ bool ConsoleHost::Execute(const std::string& line) {
 bool ConsoleHost::ExecuteInput(const std::string& verb, const std::string& rest) {
     if (verb == "post")
         return ExecutePost(rest);
+    if (verb == "resize")
+        return ExecuteResize(rest);
     if (verb != "type")
         return ExecuteKey(verb, rest);
     typed_ = FromUtf8(rest);
@@ -202,6 +211,23 @@ bool ConsoleHost::ExecutePost(const std::string& rest) {
         Refuse("the program has no window");
         return false;
     }
+    return true;
+}
+
+bool ConsoleHost::ExecuteResize(const std::string& rest) {
+    const std::size_t cross = std::min(rest.find('x'), rest.size());
+    long width = 0;
+    long height = 0;
+    const bool isSize = ParseCount(rest.substr(0, cross), width)
+        && ParseCount(rest.substr(std::min(cross + 1, rest.size())), height) && std::min(width, height) >= 1
+        && std::max(width, height) <= LargestScreen;
+    if (!isSize) {
+        Refuse("a size looks like 320x480");
+        return false;
+    }
+    resized_.kind = InputEvent::Kind::Resize;
+    resized_.x = static_cast<int>(width);
+    resized_.y = static_cast<int>(height);
     return true;
 }
 

@@ -42,6 +42,7 @@ private:
     bool ExecuteInput(const std::string& verb, const std::string& rest);
     bool ExecuteKey(const std::string& verb, const std::string& rest);
     bool ExecutePost(const std::string& rest);
+    bool ExecuteResize(const std::string& rest);
     void ExecuteQuery(const std::string& verb, const std::string& rest);
     void ExecuteRegistry(const std::string& rest);
     void Shot(const std::string& file);
@@ -53,6 +54,7 @@ private:
     LineReader reader_;
     RecordingCanvas canvas_;
     Keys keys_;
+    InputEvent resized_; ///< a new size of the screen still to be given out
     std::wstring typed_;
     std::size_t nextTyped_ = 0;
     bool booted_ = false;

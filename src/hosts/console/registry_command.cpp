@@ -25,7 +25,7 @@ std::string Hex(const std::vector<BYTE>& bytes) {
 }
 
 std::string Told(const NamedRegistryValue& named) {
-    const std::string name = ToUtf8(named.name);
+    const std::string name = OneLine(named.name);
     switch (named.value.type) {
     case REG_DWORD:
         return name + " dword " + std::to_string(named.value.Number());

@@ -1,7 +1,7 @@
 #include "hosts/console/screen_text.h"
 
+#include "hosts/console/text_form.h"
 #include "platform/controls/up_down.h"
-#include "platform/system/utf8.h"
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/open_menu.h"
 
@@ -60,7 +60,7 @@ std::string LineOf(std::vector<PaintedText> texts, LONG cell) {
     }
     std::string told = chosen ? ">" : " ";
     told += greyed ? "~" : " ";
-    told += ToUtf8(content);
+    told += OneLine(content);
     return told;
 }
 
@@ -98,14 +98,14 @@ void AddMenuLines(std::vector<std::string>& lines, const OpenMenu& menu) {
         }
         std::string line = index == menu.Focused() ? ">" : " ";
         line += item.grayed ? "~" : " ";
-        lines.push_back(line + ToUtf8(menu.PaintedText(index)));
+        lines.push_back(line + OneLine(menu.PaintedText(index)));
     }
 }
 
 std::string RoleText(const RecordingCanvas& canvas, PaintMarks::Role role) {
     for (const PaintedText& text : canvas.Texts()) {
         if (text.marks.role == role)
-            return ToUtf8(text.text);
+            return OneLine(text.text);
     }
     return {};
 }

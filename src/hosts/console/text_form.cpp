@@ -2,12 +2,28 @@
 
 #include "platform/system/utf8.h"
 
+#include <algorithm>
+
 namespace device {
+
+namespace {
+
+bool IsControl(wchar_t character) {
+    const bool isLineEnd = character == 0x2028 || character == 0x2029;
+    return character < L' ' || (character >= 0x7F && character < 0xA0) || isLineEnd;
+}
+
+} // namespace
+
+std::string OneLine(std::wstring text) {
+    std::replace_if(text.begin(), text.end(), IsControl, L' ');
+    return ToUtf8(text);
+}
 
 std::string Quoted(const std::wstring& text) {
     std::wstring quoted = L"\"";
-    for (const wchar_t character : text) {
-        switch (character) {
+    for (std::size_t index = 0; index < text.size(); ++index) {
+        switch (text[index]) {
         case L'"':
             quoted += L"\\\"";
             break;
@@ -21,12 +37,14 @@ std::string Quoted(const std::wstring& text) {
             quoted += L"\\t";
             break;
         case L'\r':
-            break; // a line end is told once
+            if (text.compare(index, 2, L"\r\n") != 0) // a line end of two is told once
+                quoted += L' ';
+            break;
         default:
-            quoted += character;
+            quoted += text[index];
         }
     }
-    return ToUtf8(quoted + L"\"");
+    return OneLine(quoted + L"\"");
 }
 
 bool Unquote(const std::string& text, std::wstring& result) {

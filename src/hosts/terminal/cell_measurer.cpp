@@ -26,6 +26,12 @@ bool IsControl(wchar_t character) {
     return character < 0x20 || (character >= 0x7F && character < 0xA0);
 }
 
+/// They would turn round what the terminal shows beside the text.
+bool IsDirection(wchar_t character) {
+    return character == 0x61C || (character >= 0x200E && character <= 0x200F)
+        || (character >= 0x202A && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069);
+}
+
 } // namespace
 
 CellMeasurer::CellMeasurer(bool unicode)
@@ -47,8 +53,10 @@ int CellMeasurer::Columns(wchar_t character) const {
 }
 
 std::wstring CellMeasurer::Shown(wchar_t character) const {
-    if (character == L'\t' || character == L'\n' || character == L'\r')
+    if (character == L'\t' || character == L'\n' || character == L'\r' || character == 0x2028 || character == 0x2029)
         return L" ";
+    if (IsDirection(character))
+        return {};
     if (IsControl(character) || g_unichar_validate(static_cast<gunichar>(character)) == FALSE)
         return unicode_ ? L"\uFFFD" : L"?";
     if (unicode_ || character < 0x80)

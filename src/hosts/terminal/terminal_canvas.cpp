@@ -329,7 +329,7 @@ void TerminalCanvas::Text(int x, int y, std::wstring_view text, const FontDescri
         const int width = measurer_.Columns(character);
         if (width == 0) {
             if (measurer_.IsUnicode() && last >= 0)
-                grid_.At(last, row).text += character;
+                grid_.At(last, row).text += measurer_.Shown(character);
             continue;
         }
         if (column + width > columns.end) {

@@ -22,6 +22,8 @@ namespace {
 
 /// The focus is where a bracket is text.
 bool IsTyping() {
+    if (Desktop::The().Menu() != nullptr)
+        return false;
     wchar_t name[16] = {};
     const HWND focus = Desktop::The().Focus();
     return GetClassNameW(focus, name, 16) > 0 && std::wstring_view(name) == L"Edit";
@@ -95,7 +97,10 @@ void TerminalHost::Terminal::Collect() {
 
 void TerminalHost::Terminal::Wait() {
     std::array<pollfd, 2> sources{{{STDIN_FILENO, POLLIN, 0}, {signals.Descriptor(), POLLIN, 0}}};
-    if (poll(sources.data(), sources.size(), -1) < 0)
+    const int ready = poll(sources.data(), sources.size(), screen.KeyPatience());
+    if (ready == 0)
+        screen.EndKey();
+    if (ready <= 0)
         return;
     // A terminal that is gone may come without a signal, to a process that is not of its session.
     constexpr short Gone = POLLHUP | POLLERR | POLLNVAL;

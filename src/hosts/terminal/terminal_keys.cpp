@@ -94,7 +94,7 @@ void TranslateCharacter(wchar_t character, bool typing, std::deque<InputEvent>& 
         events.push_back(close);
     } else if (character > 0 && character <= 26) {
         AddPress(static_cast<WORD>('A' + character - 1), MOD_CONTROL, events);
-    } else if (character >= L' ') {
+    } else if (character >= L' ' && (character < 0x80 || character >= 0xA0)) {
         AddText(character, events);
     }
 }
@@ -102,6 +102,11 @@ void TranslateCharacter(wchar_t character, bool typing, std::deque<InputEvent>& 
 } // namespace
 
 void TerminalKeys::Translate(const TerminalKey& key, bool typing, std::deque<InputEvent>& events) {
+    if (key.isPasted) {
+        if (typing)
+            AddText(key.character, events); // elsewhere it would be read as commands
+        return;
+    }
     if (!key.isCode) {
         TranslateCharacter(key.character, typing, events);
         return;

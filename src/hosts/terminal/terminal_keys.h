@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/terminal/terminal_screen.h"
+#include "hosts/terminal/terminal_input.h"
 #include "platform/host.h"
 
 #include <deque>

@@ -21,10 +21,14 @@ std::atomic<bool> isArmed{false};
 std::array<char, 256> leaving;
 std::size_t leavingLength = 0;
 
-void Collect(const char* capability) {
-    const char* text = tigetstr(capability);
-    // Null and -1: the terminal has no such thing.
-    if (text == nullptr || text == reinterpret_cast<const char*>(-1)) // NOLINT(performance-no-int-to-ptr)
+/// Null when the terminal has no such thing.
+const char* Capability(const char* name) {
+    const char* text = tigetstr(name);
+    return text == reinterpret_cast<const char*>(-1) ? nullptr : text; // NOLINT(performance-no-int-to-ptr)
+}
+
+void Collect(const char* text) {
+    if (text == nullptr)
         return;
     // Delays ("$<5>") stand at the end where there are any, and no terminal of today waits.
     const char* delay = std::strstr(text, "$<");
@@ -33,6 +37,19 @@ void Collect(const char* capability) {
         return;
     std::memcpy(leaving.data() + leavingLength, text, length);
     leavingLength += length;
+}
+
+constexpr char TellPastes[] = "\x1b[?2004h";
+constexpr char TellPastesNoMore[] = "\x1b[?2004l";
+
+/// A terminal of the usual kind passes over a wish that it does not know; of another kind it would show it.
+bool TellsPastes() {
+    const char* moveCursor = Capability("cup");
+    return moveCursor != nullptr && std::strncmp(moveCursor, "\x1b[", 2) == 0;
+}
+
+void Write(const char* text) {
+    [[maybe_unused]] const auto written = write(STDOUT_FILENO, text, std::strlen(text));
 }
 
 extern "C" void RestoreInCrash(int number) {
@@ -52,9 +69,13 @@ void TerminalRescue::Prepare() {
 
 void TerminalRescue::Arm() {
     leavingLength = 0;
+    if (TellsPastes())
+        Collect(TellPastesNoMore);
     for (const char* capability : {"sgr0", "cnorm", "rmkx", "rmcup"})
-        Collect(capability);
+        Collect(Capability(capability));
     isArmed = true;
+    if (TellsPastes())
+        Write(TellPastes);
     struct sigaction action { };
     action.sa_handler = RestoreInCrash;
     action.sa_flags = static_cast<int>(SA_RESETHAND) | SA_NODEFER;
@@ -67,6 +88,8 @@ void TerminalRescue::Arm() {
 void TerminalRescue::Restore() {
     if (!isArmed.exchange(false))
         return;
+    if (TellsPastes())
+        Write(TellPastesNoMore);
     endwin();
     if (isKnown)
         tcsetattr(STDIN_FILENO, TCSANOW, &before);

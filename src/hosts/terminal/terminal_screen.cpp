@@ -6,9 +6,11 @@
 #include "hosts/terminal/terminal_rescue.h"
 
 #include <algorithm>
+#include <array>
 #include <clocale>
 #include <curses.h>
 #include <langinfo.h>
+#include <poll.h>
 #include <string_view>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -17,8 +19,6 @@ namespace device {
 
 namespace {
 
-// Short enough that Back does not lag, long enough for a key's sequence over a slow line.
-constexpr int EscapeDelay = 50;
 constexpr short SelectedPair = 1;
 constexpr short MenuPair = 2;
 constexpr short FirstShadePair = 3;
@@ -38,6 +38,10 @@ short CubeColor(COLORREF color) {
 
 } // namespace
 
+TerminalScreen::TerminalScreen()
+    : input_([](const std::string& sequence) { return key_defined(sequence.c_str()); }) {
+}
+
 bool TerminalScreen::Open(std::string& error) {
     if (isatty(STDIN_FILENO) == 0 || isatty(STDOUT_FILENO) == 0) {
         error = "no terminal: standard input and output must both be one";
@@ -52,12 +56,11 @@ bool TerminalScreen::Open(std::string& error) {
         return false;
     }
     isOpen_ = true;
-    set_escdelay(EscapeDelay);
     raw();
     noecho();
     nonl();
     keypad(stdscr, TRUE);
-    nodelay(stdscr, TRUE);
+    typeahead(-1); // keys are not read through the library
     colors_ = has_colors() && start_color() == OK && COLOR_PAIRS > FirstShadePair;
     if (colors_) {
         use_default_colors();
@@ -166,17 +169,18 @@ void TerminalScreen::Beep() {
 }
 
 std::optional<TerminalKey> TerminalScreen::NextKey() {
-    wint_t character = 0;
-    if (isGone_)
-        return std::nullopt;
-    switch (get_wch(&character)) {
-    case OK:
-        return TerminalKey{false, static_cast<wchar_t>(character), 0};
-    case KEY_CODE_YES:
-        return TerminalKey{true, 0, static_cast<int>(character)};
-    default:
-        return std::nullopt;
+    auto key = input_.Take();
+    pollfd source{STDIN_FILENO, POLLIN, 0};
+    while (!key && !isGone_ && poll(&source, 1, 0) > 0) {
+        std::array<char, 4096> bytes;
+        const ssize_t count = read(STDIN_FILENO, bytes.data(), bytes.size());
+        if (count <= 0)
+            break;
+        for (const char byte : std::string_view(bytes.data(), static_cast<std::size_t>(count)))
+            input_.Feed(byte);
+        key = input_.Take();
     }
+    return key;
 }
 
 } // namespace device

@@ -1,18 +1,12 @@
 #pragma once
 
 #include "hosts/terminal/cell_grid.h"
+#include "hosts/terminal/terminal_input.h"
 
 #include <optional>
 #include <string>
 
 namespace device {
-
-/// A key as the terminal tells it: a character, or one of the library's codes.
-struct TerminalKey {
-    bool isCode = false;
-    wchar_t character = 0;
-    int code = 0;
-};
 
 /// The terminal that the process was started from, while the program has it. Whatever way the process ends, the
 /// terminal is given back as it was. One a process.
@@ -20,7 +14,7 @@ class TerminalScreen {
 public:
     /// False, with one line on why, when there is no terminal that can be used.
     bool Open(std::string& error);
-    TerminalScreen() = default;
+    TerminalScreen();
     ~TerminalScreen();
     TerminalScreen(const TerminalScreen&) = delete;
     TerminalScreen& operator=(const TerminalScreen&) = delete;
@@ -35,6 +29,10 @@ public:
     void Beep();
     /// The next key that came in, without waiting.
     std::optional<TerminalKey> NextKey();
+    /// How many milliseconds to wait for the rest of a key; -1: none has begun.
+    int KeyPatience() const { return input_.Patience(); }
+    /// They are over.
+    void EndKey() { input_.PauseIsOver(); }
     /// Nothing of it is written any more.
     void GiveUp() { isGone_ = true; }
 
@@ -43,6 +41,7 @@ private:
     unsigned Attributes(const Cell& cell, short& pair);
     short ShadePair(COLORREF shade);
 
+    TerminalInput input_;
     bool isOpen_ = false;
     bool isGone_ = false;
     bool unicode_ = false;

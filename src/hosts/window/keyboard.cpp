@@ -128,6 +128,7 @@ Keyboard::HostCommand Keyboard::CommandOf(const SDL_KeyboardEvent& key) {
 void Keyboard::Translate(const SDL_KeyboardEvent& key, std::deque<InputEvent>& events) {
     InputEvent event;
     event.modifiers = HandsetModifiers(key.keysym.mod);
+    isRepeat_ = key.state == SDL_PRESSED && key.repeat != 0;
     const auto held = held_.find(key.keysym.scancode);
     if (key.state == SDL_PRESSED) {
         event.kind = InputEvent::Kind::KeyDown;
@@ -143,7 +144,7 @@ void Keyboard::Translate(const SDL_KeyboardEvent& key, std::deque<InputEvent>& e
         events.push_back(event);
 }
 
-void Keyboard::TranslateText(const char* utf8, std::deque<InputEvent>& events) {
+void Keyboard::TranslateText(const char* utf8, std::deque<InputEvent>& events) const {
     const unsigned modifiers = SDL_GetModState();
     if (IsControlAlone(modifiers))
         return;
@@ -154,6 +155,7 @@ void Keyboard::TranslateText(const char* utf8, std::deque<InputEvent>& events) {
         event.kind = InputEvent::Kind::Text;
         event.character = character;
         event.modifiers = HandsetModifiers(modifiers);
+        event.isRepeat = isRepeat_;
         events.push_back(event);
     }
 }

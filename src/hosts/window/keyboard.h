@@ -20,13 +20,14 @@ public:
     /// Appends what the key gives, if anything.
     void Translate(const SDL_KeyboardEvent& key, std::deque<InputEvent>& events);
     /// Appends each character of a typed text.
-    static void TranslateText(const char* utf8, std::deque<InputEvent>& events);
+    void TranslateText(const char* utf8, std::deque<InputEvent>& events) const;
     /// MOD_CONTROL and MOD_SHIFT as they are held now.
     static unsigned Modifiers();
 
 private:
     /// What each key was sent down as: it goes up as the same, whatever modifiers changed in between.
     std::map<int, WORD> held_;
+    bool isRepeat_ = false; ///< the key that went down last did so because it is held
 };
 
 } // namespace device

@@ -175,7 +175,7 @@ void WindowHost::Window::Translate(const SDL_Event& event) {
         keyboard.Translate(event.key, events);
         break;
     case SDL_TEXTINPUT:
-        Keyboard::TranslateText(event.text.text, events);
+        keyboard.TranslateText(event.text.text, events);
         break;
     case SDL_MOUSEBUTTONDOWN:
     case SDL_MOUSEBUTTONUP:

@@ -1,6 +1,8 @@
 #include "hosts/window/display.h"
 #include "hosts/window/native_window.h"
+#include "platform/metrics.h"
 #include "platform/system/environment.h"
+#include "platform/windowing/look.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,6 +17,19 @@ std::string MemoryFile() {
     return TheEnvironment().registryFile + ".window";
 }
 
+/// On which the soft keys and one row of a list can be read.
+SIZE LeastScreen() {
+    return {Scaled(176), TitleHeight() + Scaled(60) + SoftKeyBarHeight()};
+}
+
+SIZE Larger(SIZE first, SIZE second) {
+    return {std::max(first.cx, second.cx), std::max(first.cy, second.cy)};
+}
+
+SIZE Smaller(SIZE first, SIZE second) {
+    return {std::min(first.cx, second.cx), std::min(first.cy, second.cy)};
+}
+
 } // namespace
 
 WindowHost::Window::Window()
@@ -24,6 +39,7 @@ WindowHost::Window::Window()
         chosen = *remembered;
         screen = chosen.screen;
     }
+    screen = Larger(screen, LeastScreen());
     chosen.screen = screen;
 }
 
@@ -39,12 +55,19 @@ bool WindowHost::Window::ApplyZoom() {
     isResized = true;
     if (!IsFree())
         return false;
-    const double scale = PixelsPerPoint(handle);
-    asked = {InImage(chosen.screen.cx, zoom / scale), InImage(chosen.screen.cy, zoom / scale)};
+    const auto inPoints = [scale = PixelsPerPoint(handle), this](SIZE size) {
+        return SIZE{InImage(size.cx, zoom / scale), InImage(size.cy, zoom / scale)};
+    };
+    asked = inPoints(chosen.screen);
+    SIZE least = inPoints(LeastScreen());
     SDL_Rect room;
     const int display = std::max(SDL_GetWindowDisplayIndex(handle), 0);
-    if (!isGiven && SDL_GetDisplayUsableBounds(display, &room) == 0 && room.w > 0 && room.h > 0)
-        asked = {std::min(asked.cx, room.w), std::min(asked.cy, room.h)};
+    if (SDL_GetDisplayUsableBounds(display, &room) == 0 && room.w > 0 && room.h > 0) {
+        least = Smaller(least, {room.w, room.h});
+        if (!isGiven)
+            asked = Smaller(asked, {room.w, room.h});
+    }
+    SDL_SetWindowMinimumSize(handle, least.cx, least.cy);
     askedFor = chosen.screen;
     int width = 0;
     int height = 0;

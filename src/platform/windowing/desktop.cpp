@@ -108,6 +108,7 @@ bool Desktop::SetFocus(HWND handle) {
     const unsigned change = ++focusChange_;
     const HWND old = focus_;
     focus_ = nullptr;
+    StopRepeats();
     if (Window* former = FindWindowRecord(old)) {
         InvalidateRect(old, nullptr, FALSE);
         const Window* top = TopLevelOf(former);
@@ -249,6 +250,7 @@ void Desktop::InvalidateAll() {
 
 void Desktop::SetMenu(OpenMenu* menu) {
     menu_ = menu;
+    StopRepeats();
     InvalidateAll();
 }
 

@@ -50,8 +50,12 @@ public:
     void Next(MSG& message);
     /// The next input event for a loop of the device's own (an open menu). False when a posted message wants the turn.
     bool NextInput(InputEvent& event);
-    /// An open menu took the event: the rest of its key, and a new size of the screen, are seen to here.
-    void NoteSwallowed(const InputEvent& event);
+    /// An event comes to an open menu: the rest of its key, and a new size of the screen, are seen to here. False when
+    /// it is nothing for the menu, being the repeat of a key that acts no more.
+    bool NoteForMenu(const InputEvent& event);
+    /// What the keys that are held now did has opened or closed something, or moved the focus: they act no more until
+    /// they are pressed anew.
+    void StopRepeats();
     LRESULT Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     /// The character that belongs to the key-down last given out; 0 when there is none (any more).
     wchar_t TakePendingCharacter();
@@ -83,6 +87,9 @@ private:
     Desktop() = default;
     void CollectInbox();
     bool PullInput(bool wait);
+    bool NoteKeyDown(WORD key, HWND listener);
+    bool NoteKeyUp(WORD key, HWND listener);
+    bool NoteText(const InputEvent& event);
     void RouteKey(const InputEvent& event);
     void RouteMouse(const InputEvent& event);
     void RouteSoftKey(bool left, bool down);
@@ -103,7 +110,13 @@ private:
     int depth_ = 0;
     wchar_t pendingCharacter_ = 0;
     unsigned modifiers_ = 0;
-    std::vector<std::pair<WORD, HWND>> keysDown_; ///< keys held, and the top-level window that heard them go down
+    struct HeldKey {
+        WORD key;
+        HWND listener; ///< the top-level window that heard it go down; null: a menu did
+        bool repeats; ///< while it is held it goes on acting
+    };
+    std::vector<HeldKey> keysDown_;
+    bool textRepeats_ = false; ///< the same of the key that typed last
     RECT dirty_;
     std::wstring toldTitle_;
     OpenMenu* menu_ = nullptr;

@@ -143,6 +143,7 @@ void SHSendBackToFocusWindow(UINT message, WPARAM /*wParam*/, LPARAM lParam) {
 void SHNavigateBack() {
     Desktop& desktop = Desktop::The();
     ++desktop.goBacks;
+    desktop.StopRepeats();
     if (desktop.IsOn())
         desktop.TheHost()->GoBack();
 }

@@ -187,7 +187,8 @@ void PaintScrollBar(Canvas& canvas, const RECT& place, int range, int page, int 
     const int height = Height(place);
     if (range <= page || height <= 0 || range <= 0)
         return;
-    const int thumb = std::clamp(static_cast<int>(static_cast<std::int64_t>(height) * page / range), Scaled(8), height);
+    const int least = std::min(Scaled(8), height); // a bar may be shorter than the least thumb
+    const int thumb = std::clamp(static_cast<int>(static_cast<std::int64_t>(height) * page / range), least, height);
     const int room = height - thumb;
     const int offset = static_cast<int>(static_cast<std::int64_t>(room) * position / (range - page));
     const LONG top = place.top + std::clamp(offset, 0, room);

@@ -36,7 +36,7 @@ void Desktop::Route(const InputEvent& event) {
         RouteKey(event);
         return;
     case InputEvent::Kind::Text:
-        if (FindWindowRecord(focus_))
+        if (NoteText(event) && FindWindowRecord(focus_))
             Post({focus_, WM_CHAR, static_cast<WPARAM>(event.character), 0});
         return;
     case InputEvent::Kind::Resize:
@@ -64,22 +64,54 @@ void Desktop::Route(const InputEvent& event) {
     }
 }
 
-void Desktop::NoteSwallowed(const InputEvent& event) {
+/// Whether it acts: pressed, or repeated where it was pressed.
+bool Desktop::NoteKeyDown(WORD key, HWND listener) {
+    const auto held
+        = std::find_if(keysDown_.begin(), keysDown_.end(), [&](const HeldKey& each) { return each.key == key; });
+    if (held != keysDown_.end())
+        return held->repeats && held->listener == listener;
+    keysDown_.push_back({key, listener, true});
+    return true;
+}
+
+/// Whether the listener heard it go down.
+bool Desktop::NoteKeyUp(WORD key, HWND listener) {
+    const auto held
+        = std::find_if(keysDown_.begin(), keysDown_.end(), [&](const HeldKey& each) { return each.key == key; });
+    if (held == keysDown_.end())
+        return false;
+    const bool isOwn = held->listener == listener;
+    keysDown_.erase(held);
+    return isOwn;
+}
+
+bool Desktop::NoteText(const InputEvent& event) {
+    if (!event.isRepeat)
+        textRepeats_ = true;
+    return textRepeats_;
+}
+
+void Desktop::StopRepeats() {
+    textRepeats_ = false;
+    for (HeldKey& held : keysDown_)
+        held.repeats = false;
+}
+
+bool Desktop::NoteForMenu(const InputEvent& event) {
     switch (event.kind) {
     case InputEvent::Kind::KeyDown:
-        std::erase_if(keysDown_, [&](const auto& held) { return held.first == event.key; });
-        keysDown_.emplace_back(event.key, nullptr);
-        return;
+        return NoteKeyDown(event.key, nullptr);
+    case InputEvent::Kind::Text:
+        return NoteText(event);
     case InputEvent::Kind::KeyUp:
-        std::erase_if(keysDown_, [&](const auto& held) { return held.first == event.key; });
-        return;
+        return NoteKeyUp(event.key, nullptr);
     case InputEvent::Kind::Resize:
     case InputEvent::Kind::Close:
     case InputEvent::Kind::Repaint:
         Route(event);
-        return;
+        return true;
     default:
-        return;
+        return true;
     }
 }
 
@@ -88,22 +120,7 @@ void Desktop::RouteKey(const InputEvent& event) {
     const bool down = event.kind == InputEvent::Kind::KeyDown;
     Window* top = FindWindowRecord(active_);
     // A key belongs to the window that heard it go down: one half of a press never reaches another window.
-    const auto held
-        = std::find_if(keysDown_.begin(), keysDown_.end(), [&](const auto& each) { return each.first == event.key; });
-    if (down) {
-        // So does its repetition while it is held.
-        if (held != keysDown_.end() && held->second != active_)
-            return;
-        if (held == keysDown_.end())
-            keysDown_.emplace_back(event.key, active_);
-    } else {
-        const bool own = held != keysDown_.end() && held->second == active_;
-        if (held != keysDown_.end())
-            keysDown_.erase(held);
-        if (!own)
-            return;
-    }
-    if (!top)
+    if (!(down ? NoteKeyDown(event.key, active_) : NoteKeyUp(event.key, active_)) || !top)
         return;
     if (event.key == VK_TSOFT1 || event.key == VK_TSOFT2) {
         RouteSoftKey(event.key == VK_TSOFT1, down);

@@ -45,7 +45,13 @@ void OpenMenu::Open(PopupMenu& popup) {
     SendMessageW(
         bar_.Owner(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup.Handle()), static_cast<LPARAM>(levels_.size()));
     levels_.push_back({&popup, popup.NextEnabled(0, 1)});
+    Desktop::The().StopRepeats();
     ShowFocused();
+}
+
+void OpenMenu::CloseInner() {
+    levels_.pop_back();
+    Desktop::The().StopRepeats();
 }
 
 OpenMenu::Outcome OpenMenu::Choose(int index) {
@@ -85,14 +91,14 @@ OpenMenu::Outcome OpenMenu::HandleKey(WORD key) {
         return onPopup ? Choose(level.focused) : Outcome::Open;
     case VK_LEFT:
         if (levels_.size() > 1)
-            levels_.pop_back();
+            CloseInner();
         return Outcome::Open;
     case VK_RETURN:
         return Choose(level.focused);
     case VK_ESCAPE:
         if (levels_.size() == 1)
             return Outcome::Closed;
-        levels_.pop_back();
+        CloseInner();
         return Outcome::Open;
     case VK_TSOFT1:
     case VK_TSOFT2: {
@@ -264,8 +270,8 @@ UINT RunMenu(SoftKeyBar& bar, bool left) {
         auto outcome = OpenMenu::Outcome::Open;
         InputEvent event;
         while (outcome == OpenMenu::Outcome::Open && desktop.NextInput(event)) {
-            desktop.NoteSwallowed(event);
-            outcome = menu.Handle(event);
+            if (desktop.NoteForMenu(event))
+                outcome = menu.Handle(event);
         }
         desktop.SetMenu(nullptr);
         open = outcome == OpenMenu::Outcome::Switched && IsWindow(barWindow);

@@ -41,6 +41,7 @@ private:
     };
 
     void Open(PopupMenu& popup);
+    void CloseInner();
     Outcome Choose(int index);
     Outcome HandleKey(WORD key);
     Outcome HandleMouse(const InputEvent& event);

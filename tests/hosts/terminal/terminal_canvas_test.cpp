@@ -60,6 +60,12 @@ TEST_F(TerminalCanvasTest, FieldsStandBelowTheirLabels) {
     }
 }
 
+TEST_F(TerminalCanvasTest, NothingThatSteersTheTerminalReachesIt) {
+    Draw(0, 0, L"a\u202Eb\u2066\u061C\u200Fc\u009B\u2028e\u0301");
+    EXPECT_EQ(Line(1), L"abc\uFFFD e\u0301");
+    EXPECT_EQ(canvas.Measurer().Width(ListFont, L"\u202E\u2066\u061C\u200F"), 0);
+}
+
 TEST_F(TerminalCanvasTest, CutsAtTheClipWithAnEllipsis) {
     const int cell = canvas.Measurer().Width(ListFont, L"x");
     canvas.PushClip({0, 0, 4 * cell, 2000});

@@ -69,6 +69,26 @@ write 10
 see "^10( |$)"
 on F1 "1,200"
 
+# What is no key does nothing: the Menu key, a key told by its character, focus, a late answer. A paste is text in a
+# field and nothing elsewhere.
+send_bytes() { tm send-keys -t main -H "$@"; }
+send_bytes 1b 5b 32 39 7e 1b 5b 39 37 3b 35 75 1b 5b 49
+send_bytes 1b 5d 31 31 3b 72 67 62 3a
+sleep 0.1
+send_bytes 30 2f 31 2f 5d 1b 5c
+tm set-buffer "[2]"
+tm paste-buffer -p -t main
+on F1 "2 Fuel Entry"
+on 2 "Fuel Entry +123"
+for ((i = 0; i < 5; i++)); do press Down; done
+tm set-buffer "$(printf 'North [A]\n1]')"
+tm paste-buffer -p -t main
+see "North \[A\] 1\]"
+on F2 "3 Cancel"
+on 3 "1,200"
+on Escape "My Vehicles"
+on Enter "1,200"
+
 # Small terminals: what does not fit is cut with an ellipsis.
 resize 30 10
 see "1/1|1,200"

@@ -30,6 +30,15 @@ xprop -root -remove RESOURCE_MANAGER
 kill "$pid"
 wait "$pid"
 
+# No smaller than what the soft keys and a row need, whatever was asked for.
+HANDSET_SCREEN=20x20 HANDSET_ZOOM=2 "$program" &
+pid=$!
+until_true "no window" find_window
+until_true "smaller than can be read" is_sized 352x216
+xprop -id "$window" WM_NORMAL_HINTS | grep -q "minimum size: 352 by 216" || fail "may be made too small"
+kill "$pid"
+wait "$pid"
+
 for signal in TERM HUP INT; do
   rm -rf "$place/device"
   mkdir "$place/device"

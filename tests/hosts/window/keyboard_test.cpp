@@ -61,12 +61,29 @@ TEST(Keyboard, KeyGoesUpAsItWentDown) {
 }
 
 TEST(Keyboard, TextComesByCharacters) {
+    Keyboard keyboard;
     std::deque<InputEvent> events;
-    Keyboard::TranslateText("a\u00e9\U0001F697\t\x7f", events);
+    keyboard.TranslateText("a\u00e9\U0001F697\t\x7f", events);
     std::wstring typed;
     for (const InputEvent& event : events)
         typed += event.character;
     EXPECT_EQ(typed, L"a\u00e9\U0001F697");
+}
+
+TEST(Keyboard, TextOfAHeldKeyIsARepeat) {
+    Keyboard keyboard;
+    std::deque<InputEvent> events;
+    for (const Uint8 repeat : {0, 1, 1, 0}) {
+        keyboard.Translate(Key(true, SDLK_1, 0, SDL_SCANCODE_1, repeat), events);
+        keyboard.TranslateText("1", events);
+    }
+    keyboard.Translate(Key(true, SDLK_1, 0, SDL_SCANCODE_1, 1), events);
+    keyboard.Translate(Key(false, SDLK_1, 0, SDL_SCANCODE_1), events);
+    keyboard.TranslateText("\u6c7d", events); // from a list of candidates
+    std::vector<bool> repeats;
+    for (const InputEvent& event : events)
+        repeats.push_back(event.isRepeat);
+    EXPECT_EQ(repeats, (std::vector<bool>{false, true, true, false, false}));
 }
 
 TEST(Keyboard, CommandsOfTheWindowItself) {

@@ -109,6 +109,39 @@ TEST_F(DialogTest, AKeyThatClosesAMessageBoxReachesNobodyElse) {
     EXPECT_EQ(answers, (std::vector{IDOK, IDOK, IDCANCEL, IDNO}));
 }
 
+TEST_F(DialogTest, AHeldKeyActsInTheControlThatHeardItFirst) {
+    const auto hold = [this](WORD key) {
+        for (int times = 0; times < 3; ++times)
+            host.events.push_back({ScriptedHost::Event::Kind::KeyDown, key});
+    };
+    const auto hold1 = [this] {
+        for (const bool isRepeat : {false, true, true}) {
+            host.Type(L"1");
+            host.events.back().isRepeat = isRepeat;
+        }
+    };
+    Run(Fields(3),
+        {Keys({VK_END}), [&] { hold(VK_BACK); }, [&] { EXPECT_EQ(TextOf(100), L"t"); }, [&] { hold(VK_DOWN); },
+            [&] {
+                EXPECT_EQ(Focused(), 101);
+                host.events.push_back({ScriptedHost::Event::Kind::KeyUp, VK_DOWN});
+                hold(VK_DOWN);
+            },
+            [&] {
+                EXPECT_EQ(Focused(), 102);
+                SetFocus(Item(101));
+                hold(VK_BACK); // gone meanwhile and back: no more
+                hold1();
+            },
+            [&] {
+                EXPECT_EQ(TextOf(101), L"111");
+                SetFocus(Item(100));
+                host.Type(L"1");
+                host.events.back().isRepeat = true;
+            },
+            [&] { EXPECT_EQ(TextOf(100), L"t"); }});
+}
+
 TEST_F(DialogTest, WholeNumbersReadStrictly) {
     const std::tuple<const wchar_t*, BOOL, LONG> cases[]
         = {{L"-5", 1, -5}, {L" 7 ", 1, 7}, {L"", 0, 0}, {L"12a", 0, 0}, {L"-", 0, 0}, {L"2147483647", 1, 2147483647},

@@ -1,6 +1,7 @@
 #include "../system/device_fixture.h"
 #include "platform/metrics.h"
 #include "platform/system/ipc.h"
+#include "platform/windowing/open_menu.h"
 #include "platform/windowing/soft_key_bar.h"
 #include "scripted_host.h"
 
@@ -62,6 +63,42 @@ TEST_F(WindowTest, MenusByArrowsDigitsAndBack) {
         EXPECT_EQ(device::Desktop::The().Menu(), nullptr);
         EXPECT_EQ(HeardBesidesPainting(), each.command == 0 ? Heard{} : (Heard{{WM_COMMAND, each.command}}))
             << "no half of a menu's key reaches the window";
+    }
+}
+
+TEST_F(WindowTest, AHeldKeyThatOpenedOrClosedAMenuActsNoMore) {
+    const auto hold = [this](WORD key) {
+        const wchar_t character = key >= '0' && key <= '9' ? wchar_t{key} : L'\0';
+        for (int times = 0; times < 2; ++times)
+            host.events.push_back({ScriptedHost::Event::Kind::KeyDown, key, character});
+    };
+    const struct {
+        std::vector<WORD> pressed; ///< before the one that is held
+        WORD held;
+        int focused; ///< item of the innermost popup; -1: no menu is open
+        UINT command; ///< that came
+    } cases[] = {{{}, VK_TSOFT2, 2, 0}, {{VK_TSOFT2}, '3', 0, 0},
+        {{VK_TSOFT2}, VK_DOWN, 4, 0}, // in the popup that heard the first
+        {{VK_TSOFT2, VK_DOWN}, VK_TACTION, 0, 0}, {{VK_TSOFT2, '3'}, VK_TBACK, 3, 0}, {{VK_TSOFT2}, VK_TBACK, -1, 0},
+        {{VK_TSOFT2}, VK_TACTION, -1, 22}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.held);
+        heard.clear();
+        host.Then([&, this] {
+            for (const WORD key : each.pressed)
+                host.Press(key, 0, key >= '0' && key <= '9' ? wchar_t{key} : L'\0');
+            hold(each.held);
+        });
+        host.Then([&, this] {
+            const device::OpenMenu* menu = device::Desktop::The().Menu();
+            EXPECT_EQ(menu ? menu->Focused() : -1, each.focused);
+            host.events.push_back({ScriptedHost::Event::Kind::KeyUp, each.held});
+            PostMessageW(frame, WM_NULL, 0, 0); // closes it
+        });
+        host.Pump();
+        Heard commands = HeardBesidesPainting();
+        std::erase_if(commands, [](const auto& message) { return message.first != WM_COMMAND; });
+        EXPECT_EQ(commands, each.command == 0 ? Heard{} : (Heard{{WM_COMMAND, each.command}}));
     }
 }
 
