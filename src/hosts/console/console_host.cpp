@@ -15,6 +15,7 @@
 #include "platform/windowing/desktop.h"
 
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 
@@ -71,7 +72,9 @@ void ConsoleHost::Refuse(const std::string& reason) {
 
 void ConsoleHost::Finish() {
     Answer(".");
-    std::fflush(stdout);
+    // Whoever hears no answers any more gives no commands either.
+    if (std::fflush(stdout) != 0 && errno == EPIPE)
+        LosePower();
     open_ = false;
 }
 
