@@ -51,7 +51,9 @@ HANDSET_STORAGE='' HOME=$place/home XDG_CONFIG_HOME=$place/home run 1 boot 'key 
 [ $(($(milliseconds) - begin)) -lt 9000 ] || fail "something was waited for"
 
 # A file at its limit is a failed write: the program lives on and tells of it.
+touch "$place/device/.odoledger-999999999-0" # of a process that was killed
 run 1 boot 'key soft1' 'key ctrl+q'
+[ -e "$place/device/.odoledger-999999999-0" ] && fail "what a killed process left stays"
 rm "$place/device/registry"
 printf '%s\n' boot 'key soft1' 'key soft1' 'key 1' 'type Van' 'key soft1' 'key soft1' 'key ctrl+q' \
   | (ulimit -f 0; timeout 10 "$program" 2>&1; echo "status $?") | cat >"$place/out.txt"

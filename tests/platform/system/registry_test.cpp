@@ -123,13 +123,15 @@ TEST_F(RegistryTest, ADamagedFileGivesWhatItCanAndIsKeptAside) {
 }
 
 TEST_F(RegistryTest, AWriteThatFailsIsToldAndChangesNothing) {
+    // Something in the way of the file that the new one is written to is no failure.
+    std::filesystem::create_directories(Storage() / (".odoledger-" + std::to_string(getpid()) + "-0"));
     ASSERT_EQ(device::SetRegistryValue(Key, L"Kept", RegistryValue::OfNumber(1)), ERROR_SUCCESS);
     const HKEY key = Create();
     ASSERT_EQ(Put(key, L"Lost", RegistryValue::OfNumber(2)), ERROR_SUCCESS);
     const LONG error = WithoutRoom(16, [key] { return RegCloseKey(key); });
     EXPECT_NE(error, ERROR_SUCCESS);
     EXPECT_EQ(All(), "Kept 4 1\n");
-    EXPECT_EQ(CountFiles(Storage()), 1U);
+    EXPECT_EQ(CountFiles(Storage()), 2U);
     device::ReplaceEnvironment(variables_);
     testing::internal::CaptureStderr();
     std::filesystem::remove(File());
