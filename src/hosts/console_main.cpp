@@ -1,6 +1,9 @@
 #include "hosts/console/console_host.h"
 
 #include "platform/system/environment.h"
+#include "platform/system/fresh_file.h"
+#include "platform/system/process_start.h"
+#include "platform/system/troubles.h"
 #include "platform/window.h"
 #include "platform/windowing/desktop.h"
 #include "resources/module.h"
@@ -10,10 +13,11 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 namespace {
 
-constexpr int BadEnvironment = 2;
+constexpr int CannotStart = 2;
 constexpr int PowerLost = 3;
 
 // The program's settings are stored when its static objects die. Who is told of the end may read them at once, so the
@@ -24,6 +28,7 @@ bool hasEnded = false;
 void TellExit() {
     if (!hasEnded)
         return;
+    device::TellTroubles();
     std::printf("exit %d\n.\n", exitResult);
     std::fflush(stdout);
 }
@@ -32,13 +37,19 @@ void TellExit() {
     std::atexit(TellExit);
 }
 
+[[noreturn]] void Refuse(const std::string& reason) {
+    std::fprintf(stderr, "%s\n", reason.c_str());
+    std::_Exit(CannotStart);
+}
+
 } // namespace
 
 int main() {
-    if (const auto& error = device::EnvironmentError()) {
-        std::fprintf(stderr, "%s\n", error->c_str());
-        std::_Exit(BadEnvironment);
-    }
+    if (const auto error = device::PrepareProcess())
+        Refuse(*error);
+    if (const auto& error = device::EnvironmentError())
+        Refuse(*error);
+    device::ClearLeftovers();
     device::SetModule(OdoledgerModule());
     device::ConsoleHost host(
         {identity::WindowClass, CAppSettings::RegistryKey, identity::ReloadMessage, identity::CloseMessage});

@@ -3,6 +3,8 @@
 #include "hosts/window/window_host.h"
 
 #include "platform/system/environment.h"
+#include "platform/system/fresh_file.h"
+#include "platform/system/process_start.h"
 #include "platform/window.h"
 #include "platform/windowing/desktop.h"
 #include "resources/module.h"
@@ -54,6 +56,8 @@ std::unique_ptr<device::Host> OpenHost(std::string& error) {
 } // namespace
 
 int main(int count, char** arguments) {
+    if (const auto error = device::PrepareProcess())
+        Refuse(*error);
     if (count > 1 && (std::string_view(arguments[1]) == "--help" || std::string_view(arguments[1]) == "-h")) {
         std::fputs(device::HelpText(), stdout);
         std::fflush(stdout);
@@ -61,6 +65,7 @@ int main(int count, char** arguments) {
     }
     if (const auto& error = device::EnvironmentError())
         Refuse(*error);
+    device::ClearLeftovers();
     // The program's module is known first: a window takes its icon from there.
     device::SetModule(OdoledgerModule());
     std::string error;

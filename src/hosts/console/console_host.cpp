@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <utility>
@@ -74,7 +75,9 @@ void ConsoleHost::Refuse(const std::string& reason) {
 
 void ConsoleHost::Finish() {
     Answer(".");
-    std::fflush(stdout);
+    // Whoever hears no answers any more gives no commands either.
+    if (std::fflush(stdout) != 0 && errno == EPIPE)
+        LosePower();
     open_ = false;
 }
 

@@ -9,6 +9,7 @@
 namespace device {
 
 LineReader::LineReader() {
+    // Where there is none to be had, what other processes ask waits for the next line.
     std::array<int, 2> ends{-1, -1};
     if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) == 0) {
         wakeRead_ = ends[0];

@@ -37,8 +37,6 @@ Signals::Signals() {
     sigemptyset(&action.sa_mask);
     for (std::size_t index = 0; index < Known.size(); ++index)
         sigaction(Known[index].first, &action, &former[index]);
-    // A terminal that is gone is noticed where it is written to.
-    std::signal(SIGPIPE, SIG_IGN);
 }
 
 Signals::~Signals() {

@@ -116,6 +116,10 @@ TerminalHost::~TerminalHost() = default;
 
 std::unique_ptr<TerminalHost> TerminalHost::Open(std::string& error) {
     auto terminal = std::make_unique<Terminal>();
+    if (terminal->signals.Descriptor() < 0) {
+        error = "no pipe is to be had";
+        return nullptr;
+    }
     if (!terminal->screen.Open(error))
         return nullptr;
     terminal->canvas.emplace(terminal->screen.Columns(), terminal->screen.Rows(), terminal->screen.IsUnicode());

@@ -1,5 +1,6 @@
 #include "hosts/window/end_signals.h"
 
+#include <system_error>
 #include <utility>
 
 namespace device {
@@ -21,8 +22,13 @@ EndSignals::~EndSignals() {
     pthread_sigmask(SIG_SETMASK, &former_, nullptr);
 }
 
-void EndSignals::Listen() {
-    listener_ = std::jthread([this](const std::stop_token& stop) { Hear(stop); });
+bool EndSignals::Listen() {
+    try {
+        listener_ = std::jthread([this](const std::stop_token& stop) { Hear(stop); });
+        return true;
+    } catch (const std::system_error&) {
+        return false;
+    }
 }
 
 void EndSignals::Hear(const std::stop_token& stop) {

@@ -17,8 +17,8 @@ public:
     EndSignals(const EndSignals&) = delete;
     EndSignals& operator=(const EndSignals&) = delete;
 
-    /// Those that came meanwhile are heard now.
-    void Listen();
+    /// Those that came meanwhile are heard now. False when there is no thread to be had.
+    bool Listen();
 
 private:
     void Hear(const std::stop_token& stop);

@@ -28,10 +28,10 @@ bool KeepKeySequences() {
         return false;
     if (TheEnvironment().runtimeFolder.empty() || geteuid() == 0)
         return false;
-    const auto running = RuntimeFolder();
-    if (!running)
+    const auto folders = RuntimeFolders();
+    if (folders.empty() || FolderOf(folders.front()) != TheEnvironment().runtimeFolder)
         return false;
-    const std::string folder = *running + "/key-sequences";
+    const std::string folder = folders.front() + "/key-sequences";
     if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
         return false;
     setenv("XCOMPOSECACHE", folder.c_str(), 1); // NOLINT(concurrency-mt-unsafe): one thread

@@ -1,15 +1,12 @@
 #include "hosts/window/remembered_size.h"
 
 #include "platform/registry.h"
-#include "platform/system/host_file.h"
+#include "platform/system/fresh_file.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace device {
 
@@ -67,20 +64,9 @@ std::optional<RememberedSize> RememberedSize::Load(const std::string& file) {
 bool RememberedSize::Store(const std::string& file) const {
     if (MakeFolders(FolderOf(file)) != ERROR_SUCCESS)
         return false;
-    const std::string fresh = file + ".new";
-    {
-        const FileDescriptor descriptor{open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600)};
-        if (!descriptor.IsOpen())
-            return false;
-        if (WriteAll(descriptor, ToText()) != ERROR_SUCCESS) {
-            unlink(fresh.c_str());
-            return false;
-        }
-    }
-    if (std::rename(fresh.c_str(), file.c_str()) == 0)
-        return true;
-    unlink(fresh.c_str());
-    return false;
+    FreshFile fresh(file, FreshFile::Kind::Replacement);
+    return fresh.Error() == ERROR_SUCCESS && WriteAll(fresh.File(), ToText()) == ERROR_SUCCESS
+        && fresh.TakeName() == ERROR_SUCCESS;
 }
 
 double LargerZoom(double zoom) {

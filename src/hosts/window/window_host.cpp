@@ -209,7 +209,10 @@ std::unique_ptr<WindowHost> WindowHost::Open(std::string& error) {
     auto window = std::make_unique<Window>();
     // Before there is another thread, which would slow this down.
     window->hasVideo = InitVideo(error);
-    window->signals.Listen();
+    if (!window->signals.Listen()) {
+        error = "no thread is to be had";
+        return nullptr;
+    }
     if (!window->hasVideo)
         return nullptr;
     if (!window->Create()) {

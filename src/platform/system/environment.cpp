@@ -1,5 +1,7 @@
 #include "platform/system/environment.h"
 
+#include "platform/registry.h"
+#include "platform/system/host_file.h"
 #include "platform/system/locale_name.h"
 #include "platform/system/time_zone.h"
 
@@ -7,8 +9,8 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <pwd.h>
+#include <sstream>
 #include <unistd.h>
 
 namespace device {
@@ -19,6 +21,7 @@ constexpr int LeastDpi = 24;
 constexpr int MostDpi = 960;
 constexpr double LeastZoom = 0.25;
 constexpr double MostZoom = 16.0;
+constexpr std::size_t LargestList = 65536;
 /// Its holder is what keeps the device in step with a desktop.
 constexpr const wchar_t* SyncMutex = L"{7E734BFE-168E-46bb-81BF-C6D0F0C0FAF6}";
 
@@ -134,7 +137,12 @@ std::string Parser::DesktopDocuments(const std::string& configuration) const {
     static const std::string Begin = "XDG_DOCUMENTS_DIR=\"";
     static const std::string HomeVariable = "$HOME";
     std::string folder = Home() + "/Documents";
-    std::ifstream list{configuration + "/user-dirs.dirs"};
+    FileDescriptor file;
+    std::string text;
+    if (OpenToRead(configuration + "/user-dirs.dirs", file) == ERROR_SUCCESS) {
+        ReadWhole(file, LargestList, text);
+    }
+    std::istringstream list{text};
     for (std::string line; std::getline(list, line);) {
         const std::size_t end = line.rfind('"');
         if (line.rfind(Begin, 0) != 0 || end < Begin.size()) {

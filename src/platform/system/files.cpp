@@ -3,23 +3,19 @@
 #include "platform/registry.h"
 #include "platform/system/device_paths.h"
 #include "platform/system/environment.h"
-#include "platform/system/host_file.h"
+#include "platform/system/fresh_file.h"
 #include "platform/system/utf8.h"
 
 #include <cerrno>
-#include <cstdio>
 #include <cwchar>
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
 using device::FileDescriptor;
+using device::FreshFile;
 
 thread_local DWORD lastError = 0;
-
-constexpr mode_t NewFileMode = 0644;
 
 /// Notes how an operation went, as its callers ask for it.
 BOOL Done(LONG error) {
@@ -36,91 +32,31 @@ LONG RequireFolder(const std::string& path) {
                                                                               : ERROR_SUCCESS;
 }
 
-/// A new file that nobody knows yet, beside `path`; it goes away again unless it was given a name.
-class NewFile {
-public:
-    explicit NewFile(const std::string& path)
-        : target_(path) {
-        for (int attempt = 0; attempt < MostAttempts && !file_.IsOpen(); ++attempt) {
-            name_ = device::FolderOf(path) + "/.odoledger-" + std::to_string(getpid()) + '-' + std::to_string(attempt);
-            const int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
-            file_ = FileDescriptor{open(name_.c_str(), flags, NewFileMode)};
-            if (!file_.IsOpen() && errno != EEXIST) {
-                break;
-            }
-        }
-        error_ = file_.IsOpen() ? ERROR_SUCCESS : device::ErrorOf(errno);
-    }
-    NewFile(const NewFile&) = delete;
-    NewFile& operator=(const NewFile&) = delete;
-    ~NewFile() {
-        if (file_.IsOpen() && !named_) {
-            unlink(name_.c_str());
-        }
-    }
-
-    LONG Error() const { return error_; }
-    const FileDescriptor& File() const { return file_; }
-
-    /// Gives the file the name that it was made for.
-    LONG Name(bool mustBeNew) {
-        if (mustBeNew) {
-            error_ = device::RenameToNew(name_, target_);
-        } else {
-            error_ = std::rename(name_.c_str(), target_.c_str()) == 0 ? ERROR_SUCCESS : device::ErrorOf(errno);
-        }
-        named_ = error_ == ERROR_SUCCESS;
-        return error_;
-    }
-
-private:
-    static constexpr int MostAttempts = 100;
-
-    std::string target_;
-    std::string name_;
-    FileDescriptor file_;
-    LONG error_;
-    bool named_ = false;
-};
-
-LONG CopyHostFile(const std::string& source, const std::string& target, bool mustBeNew) {
+LONG CopyHostFile(const std::string& source, const std::string& target, FreshFile::Kind kind) {
     FileDescriptor original;
-    if (const LONG error = device::OpenToRead(source, original)) {
-        return error;
-    }
-    struct stat found { };
-    if (lstat(target.c_str(), &found) == 0) {
-        if (mustBeNew) {
-            return ERROR_FILE_EXISTS;
-        }
-        if (!S_ISREG(found.st_mode) || device::IsReadOnlyMode(found.st_mode)) {
-            return ERROR_ACCESS_DENIED;
-        }
-    }
-    if (const LONG error = RequireFolder(target)) {
-        return error;
-    }
-    NewFile copy{target};
-    LONG error = copy.Error();
-    error = error == ERROR_SUCCESS ? device::CopyContents(original, copy.File()) : error;
-    error = error == ERROR_SUCCESS ? device::Sync(copy.File()) : error;
-    error = error == ERROR_SUCCESS ? copy.Name(mustBeNew) : error;
+    LONG error = device::OpenToRead(source, original);
+    error = error == ERROR_SUCCESS ? RequireFolder(target) : error;
     if (error != ERROR_SUCCESS) {
-        return error == ERROR_ALREADY_EXISTS ? ERROR_FILE_EXISTS : error;
+        return error;
     }
-    error = device::SyncFolder(device::FolderOf(target));
-    if (error != ERROR_SUCCESS && mustBeNew) {
-        unlink(target.c_str());
-    }
-    return error;
+    FreshFile copy{target, kind};
+    error = copy.Error();
+    error = error == ERROR_SUCCESS ? device::CopyContents(original, copy.File()) : error;
+    error = error == ERROR_SUCCESS ? copy.TakeName() : error;
+    return error == ERROR_ALREADY_EXISTS ? ERROR_FILE_EXISTS : error;
 }
 
 LONG MoveHostFile(const std::string& source, const std::string& target) {
     LONG error = RequireFolder(target);
     error = error == ERROR_SUCCESS ? device::RenameToNew(source, target) : error;
-    error = error == ERROR_SUCCESS ? device::SyncFolder(device::FolderOf(target)) : error;
-    const bool sameFolder = device::FolderOf(source) == device::FolderOf(target);
-    return error == ERROR_SUCCESS && !sameFolder ? device::SyncFolder(device::FolderOf(source)) : error;
+    if (error != ERROR_SUCCESS) {
+        return error;
+    }
+    device::SyncNamesIn(device::FolderOf(target));
+    if (device::FolderOf(source) != device::FolderOf(target)) {
+        device::SyncNamesIn(device::FolderOf(source));
+    }
+    return ERROR_SUCCESS;
 }
 
 } // namespace
@@ -128,7 +64,8 @@ LONG MoveHostFile(const std::string& source, const std::string& target) {
 BOOL CopyFileW(const wchar_t* source, const wchar_t* target, BOOL failIfExists) {
     const auto from = HostPath(source);
     const auto to = HostPath(target);
-    return Done(from && to ? CopyHostFile(*from, *to, failIfExists != FALSE) : ERROR_PATH_NOT_FOUND);
+    const auto kind = failIfExists != FALSE ? FreshFile::Kind::New : FreshFile::Kind::Replacement;
+    return Done(from && to ? CopyHostFile(*from, *to, kind) : ERROR_PATH_NOT_FOUND);
 }
 
 BOOL MoveFileW(const wchar_t* source, const wchar_t* target) {
@@ -158,15 +95,18 @@ DWORD GetFileAttributesW(const wchar_t* path) {
     return attributes == 0 ? FILE_ATTRIBUTE_NORMAL : attributes;
 }
 
+bool IsNameTaken(const wchar_t* path) {
+    const auto file = HostPath(path);
+    struct stat found { };
+    return file && lstat(file->c_str(), &found) == 0;
+}
+
 BOOL SHGetSpecialFolderPath(HWND /*owner*/, wchar_t* path, int folder, BOOL create) {
     if (path == nullptr || folder != CSIDL_PERSONAL) {
         return Done(ERROR_INVALID_PARAMETER);
     }
-    const LONG error = create != FALSE ? device::MakeDocumentsFolder() : ERROR_SUCCESS;
-    if (error == ERROR_SUCCESS) {
-        std::wcscpy(path, device::DocumentsPath);
-    }
-    return Done(error);
+    std::wcscpy(path, device::DocumentsPath);
+    return Done(create != FALSE ? device::MakeDocumentsFolder() : ERROR_SUCCESS);
 }
 
 DWORD GetModuleFileNameW(HINSTANCE /*module*/, wchar_t* buffer, DWORD size) {

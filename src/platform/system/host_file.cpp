@@ -1,12 +1,15 @@
 #include "platform/system/host_file.h"
 
 #include "platform/registry.h"
+#include "platform/system/troubles.h"
 
 #include <array>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace device {
@@ -46,6 +49,22 @@ LONG ErrorOf(int hostError) {
     }
 }
 
+const char* ReasonOf(LONG error) {
+    switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+        return "there is no such place";
+    case ERROR_ACCESS_DENIED:
+        return "that is not allowed";
+    case ERROR_LOCK_VIOLATION:
+        return "another program has locked it";
+    case ERROR_DISK_FULL:
+        return "there is no space left";
+    default:
+        return "the disk fails";
+    }
+}
+
 std::string FolderOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
     if (slash == std::string::npos) {
@@ -55,21 +74,22 @@ std::string FolderOf(const std::string& path) {
 }
 
 LONG MakeFolders(const std::string& folder) {
-    if (mkdir(folder.c_str(), S_IRWXU) == 0) {
-        return ERROR_SUCCESS;
+    struct stat found { };
+    if (stat(folder.c_str(), &found) == 0) {
+        return S_ISDIR(found.st_mode) ? ERROR_SUCCESS : ERROR_PATH_NOT_FOUND;
     }
     if (errno == ENOENT && folder.find('/', 1) != std::string::npos) {
-        const LONG above = MakeFolders(FolderOf(folder));
-        if (above != ERROR_SUCCESS || mkdir(folder.c_str(), S_IRWXU) == 0) {
+        if (const LONG above = MakeFolders(FolderOf(folder))) {
             return above;
         }
     }
-    struct stat found { };
-    const int error = errno;
-    if (error == EEXIST && stat(folder.c_str(), &found) == 0) {
-        return S_ISDIR(found.st_mode) ? ERROR_SUCCESS : ERROR_PATH_NOT_FOUND;
+    if (mkdir(folder.c_str(), S_IRWXU) == 0) {
+        SyncNamesIn(FolderOf(folder));
+        return ERROR_SUCCESS;
     }
-    return ErrorOf(error);
+    const int error = errno;
+    const bool isThereNow = error == EEXIST && stat(folder.c_str(), &found) == 0 && S_ISDIR(found.st_mode);
+    return isThereNow ? ERROR_SUCCESS : ErrorOf(error);
 }
 
 LONG OpenToRead(const std::string& path, FileDescriptor& file) {
@@ -135,13 +155,31 @@ LONG Sync(const FileDescriptor& file) {
     return fsync(file.Get()) == 0 || errno == EINVAL ? ERROR_SUCCESS : ErrorOf(errno);
 }
 
-LONG SyncFolder(const std::string& folder) {
+void SyncNamesIn(const std::string& folder) {
     const FileDescriptor opened{open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
-    // A folder that may be written but not read cannot be opened for its sync; the rename in it stands all the same.
-    if (!opened.IsOpen()) {
-        return errno == EACCES ? ERROR_SUCCESS : ErrorOf(errno);
+    // A folder that may be written but not read cannot be opened for its sync.
+    const LONG error = opened.IsOpen() ? Sync(opened) : errno == EACCES ? ERROR_SUCCESS : ErrorOf(errno);
+    if (error != ERROR_SUCCESS) {
+        NoteTrouble(Trouble::Disk, "what was stored in " + folder + " may not outlast a power cut: " + ReasonOf(error));
     }
-    return Sync(opened);
+}
+
+LONG HoldFolder(const std::string& folder, std::chrono::milliseconds patience, FileDescriptor& held) {
+    constexpr std::chrono::milliseconds interval{5};
+    held = FileDescriptor{open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
+    if (!held.IsOpen()) {
+        return ErrorOf(errno);
+    }
+    for (auto waited = std::chrono::milliseconds{0}; flock(held.Get(), LOCK_EX | LOCK_NB) != 0; waited += interval) {
+        if (errno != EWOULDBLOCK && errno != EINTR) {
+            return ErrorOf(errno);
+        }
+        if (waited >= patience) {
+            return ERROR_LOCK_VIOLATION;
+        }
+        std::this_thread::sleep_for(interval);
+    }
+    return ERROR_SUCCESS;
 }
 
 LONG RenameToNew(const std::string& source, const std::string& target) {

@@ -1,5 +1,6 @@
 #include "platform/system/ipc.h"
 
+#include "platform/registry.h"
 #include "platform/system/local_socket.h"
 #include "platform/system/runtime_folder.h"
 #include "platform/system/utf8.h"
@@ -25,6 +26,8 @@ namespace {
 using SteadyTime = std::chrono::steady_clock::time_point;
 
 constexpr std::chrono::milliseconds Patience{900};
+/// Who wants a window in front asks again and again.
+constexpr std::chrono::milliseconds FrontPatience{70};
 /// How long a client may take to say what it wants.
 constexpr std::chrono::milliseconds ClientTime{500};
 constexpr std::size_t MostClients = 16;
@@ -34,9 +37,13 @@ constexpr std::string_view FrontRequest = "front";
 constexpr std::string_view PostRequest = "post ";
 constexpr std::string_view Taken = "taken";
 
-std::optional<std::string> SocketPath(const std::wstring& windowClass) {
-    const auto folder = RuntimeFolder();
-    return folder ? std::optional{*folder + "/window-" + ShortNameOf(ToUtf8(windowClass))} : std::nullopt;
+/// Where the class may be published: here first.
+std::vector<std::string> SocketPaths(const std::wstring& windowClass) {
+    std::vector<std::string> paths = RuntimeFolders();
+    for (std::string& path : paths) {
+        path += "/window-" + ShortNameOf(ToUtf8(windowClass));
+    }
+    return paths;
 }
 
 std::optional<WindowRequest> RequestIn(const std::string& packet) {
@@ -51,13 +58,12 @@ std::optional<WindowRequest> RequestIn(const std::string& packet) {
     return WindowRequest{WindowRequest::Kind::PostRegistered, FromUtf8(name)};
 }
 
-bool Ask(const std::wstring& windowClass, const std::string& request) {
-    const auto path = SocketPath(windowClass);
-    if (!path) {
-        return false;
-    }
-    const FileDescriptor socket = ConnectTo(*path, Patience);
-    return socket.IsOpen() && SendPacket(socket, request) && ReceivePacket(socket) == Taken;
+bool Ask(const std::wstring& windowClass, const std::string& request, std::chrono::milliseconds patience) {
+    const auto paths = SocketPaths(windowClass);
+    return std::any_of(paths.begin(), paths.end(), [&](const std::string& path) {
+        const FileDescriptor socket = ConnectTo(path, patience);
+        return socket.IsOpen() && SendPacket(socket, request) && ReceivePacket(socket) == Taken;
+    });
 }
 
 /// The thread that holds it starts all others with signals blocked: they belong to the program's thread.
@@ -81,11 +87,11 @@ private:
 /// The thread behind a published window, and the place where it puts the requests.
 class PublishedWindow::Listener {
 public:
-    Listener(FileDescriptor socket, std::string path, std::function<void()> wake)
+    Listener(FileDescriptor socket, FileDescriptor stop, std::string path, std::function<void()> wake)
         : socket_(std::move(socket))
+        , stop_(std::move(stop))
         , path_(std::move(path))
-        , wake_(std::move(wake))
-        , stop_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+        , wake_(std::move(wake)) {
         struct stat found { };
         inode_ = stat(path_.c_str(), &found) == 0 ? found.st_ino : 0;
         const BlockedSignals blocked;
@@ -97,8 +103,9 @@ public:
     ~Listener() {
         // Only what this process put there goes: a folder that was cleared may hold a successor's socket.
         struct stat found { };
-        const auto held = HoldRuntimeFolder(FolderOf(path_));
-        if (held && stat(path_.c_str(), &found) == 0 && found.st_ino == inode_) {
+        FileDescriptor held;
+        if (HoldRuntimeFolder(FolderOf(path_), held) == ERROR_SUCCESS && stat(path_.c_str(), &found) == 0
+            && found.st_ino == inode_) {
             unlink(path_.c_str());
         }
         const std::uint64_t one = 1;
@@ -124,12 +131,14 @@ private:
 
     void Listen() {
         while (true) {
-            std::vector<pollfd> watched{{stop_.Get(), POLLIN, 0}, {socket_.Get(), POLLIN, 0}};
+            std::vector<pollfd> watched{{stop_.Get(), POLLIN, 0}, {isAccepting_ ? socket_.Get() : -1, POLLIN, 0}};
             for (const Client& client : clients_) {
                 watched.push_back({client.socket.Get(), POLLIN, 0});
             }
             // A silent client is looked at again when its time has run out, and nobody else waits for it.
-            poll(watched.data(), watched.size(), clients_.empty() ? -1 : static_cast<int>(ClientTime.count() / 4));
+            const bool isIdle = clients_.empty() && isAccepting_;
+            poll(watched.data(), watched.size(), isIdle ? -1 : static_cast<int>(ClientTime.count() / 4));
+            isAccepting_ = true;
             if (watched[0].revents != 0) {
                 return;
             }
@@ -149,6 +158,8 @@ private:
 
     void Welcome() {
         FileDescriptor socket = AcceptClient(socket_);
+        // One that cannot be let in, as where there are no descriptors left, goes on knocking.
+        isAccepting_ = socket.IsOpen();
         if (socket.IsOpen() && clients_.size() == MostClients) {
             clients_.erase(clients_.begin());
         }
@@ -160,15 +171,15 @@ private:
     void Serve(const FileDescriptor& client) {
         const auto packet = ReceivePacket(client);
         auto request = packet ? RequestIn(*packet) : std::nullopt;
-        if (request && Keep(std::move(*request))) {
-            SendPacket(client, Taken);
+        if (request && Keep(client, std::move(*request))) {
             wake_();
         }
     }
 
-    bool Keep(WindowRequest request) {
+    /// Who has hung up meanwhile will ask again: what nobody is told of is not kept.
+    bool Keep(const FileDescriptor& client, WindowRequest request) {
         const std::lock_guard lock{mutex_};
-        if (requests_.size() >= MostRequests) {
+        if (requests_.size() >= MostRequests || !SendPacket(client, Taken)) {
             return false;
         }
         requests_.push_back(std::move(request));
@@ -176,11 +187,12 @@ private:
     }
 
     FileDescriptor socket_;
+    FileDescriptor stop_;
     std::string path_;
     std::function<void()> wake_;
-    FileDescriptor stop_;
     ino_t inode_ = 0;
-    std::vector<Client> clients_; // the thread's own
+    std::vector<Client> clients_; // the thread's own, as the next
+    bool isAccepting_ = true;
     std::mutex mutex_; // over requests_
     std::deque<WindowRequest> requests_;
     std::thread thread_;
@@ -193,19 +205,24 @@ PublishedWindow::PublishedWindow(std::unique_ptr<Listener> listener)
 PublishedWindow::~PublishedWindow() = default;
 
 std::unique_ptr<PublishedWindow> PublishedWindow::Publish(const std::wstring& windowClass, std::function<void()> wake) {
-    const auto path = SocketPath(windowClass);
+    const auto paths = SocketPaths(windowClass);
+    FileDescriptor stop{eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)};
+    FileDescriptor held;
     // Two processes that both find a dead one's socket must not take each other's away.
-    const auto held = path ? HoldRuntimeFolder(FolderOf(*path)) : std::nullopt;
-    FileDescriptor socket = held ? ListenAt(*path) : FileDescriptor{};
+    if (paths.empty() || !stop.IsOpen() || HoldRuntimeFolder(FolderOf(paths.front()), held) != ERROR_SUCCESS) {
+        return nullptr;
+    }
+    const std::string& path = paths.front();
+    FileDescriptor socket = ListenAt(path);
     if (!socket.IsOpen()) {
         return nullptr;
     }
     try {
-        auto listener = std::make_unique<Listener>(std::move(socket), *path, std::move(wake));
+        auto listener = std::make_unique<Listener>(std::move(socket), std::move(stop), path, std::move(wake));
         return std::unique_ptr<PublishedWindow>{new PublishedWindow{std::move(listener)}};
     } catch (const std::system_error&) {
         // No thread to be had.
-        unlink(path->c_str());
+        unlink(path.c_str());
         return nullptr;
     }
 }
@@ -215,16 +232,16 @@ std::optional<WindowRequest> PublishedWindow::Take() {
 }
 
 bool WindowExists(const std::wstring& windowClass) {
-    const auto path = SocketPath(windowClass);
-    return path && ConnectTo(*path, Patience).IsOpen();
+    const auto paths = SocketPaths(windowClass);
+    return std::any_of(paths.begin(), paths.end(), IsListenedAt);
 }
 
 bool BringToFront(const std::wstring& windowClass) {
-    return Ask(windowClass, std::string{FrontRequest});
+    return Ask(windowClass, std::string{FrontRequest}, FrontPatience);
 }
 
 bool PostRegistered(const std::wstring& windowClass, const std::wstring& messageName) {
-    return Ask(windowClass, std::string{PostRequest} + ToUtf8(messageName));
+    return Ask(windowClass, std::string{PostRequest} + ToUtf8(messageName), Patience);
 }
 
 } // namespace device

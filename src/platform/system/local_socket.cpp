@@ -95,6 +95,12 @@ FileDescriptor AcceptClient(const FileDescriptor& listener) {
     return client.IsOpen() && IsOwnUser(client) ? std::move(client) : FileDescriptor{};
 }
 
+bool IsListenedAt(const std::string& path) {
+    const FileDescriptor trial = NewSocket();
+    // EAGAIN: more wait there already than it takes in.
+    return trial.IsOpen() && (connect(trial.Get(), Address{path}.Get(), Address::Size()) == 0 || errno == EAGAIN);
+}
+
 FileDescriptor ConnectTo(const std::string& path, std::chrono::milliseconds patience) {
     FileDescriptor socket = NewSocket();
     // The time limit holds for connecting too, where the other side's queue is full.

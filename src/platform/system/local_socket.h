@@ -17,6 +17,8 @@ inline constexpr std::size_t LargestPacket = 512;
 FileDescriptor ListenAt(const std::string& path);
 /// The next waiting client that is a process of the same user; not open when there is none.
 FileDescriptor AcceptClient(const FileDescriptor& listener);
+/// Whether somebody listens at `path`, be it a process that has no time for it. Never waits.
+bool IsListenedAt(const std::string& path);
 /// Not open when nobody listens at `path`.
 FileDescriptor ConnectTo(const std::string& path, std::chrono::milliseconds patience);
 

@@ -3,6 +3,7 @@
 #include "platform/system/console_registry.h"
 #include "platform/system/environment.h"
 #include "platform/system/host_file.h"
+#include "platform/system/troubles.h"
 
 #include <algorithm>
 #include <cstring>
@@ -23,7 +24,8 @@ struct OpenKey {
     DWORD access = 0;
 };
 
-/// The keys that are open, what was last read, and the changes that wait for their key to be closed.
+/// The keys that are open, what was last read, and the changes that wait for their key to be closed or for
+/// a file that takes them; one a value.
 struct Registry {
     std::map<std::uintptr_t, OpenKey> keys;
     std::uintptr_t lastHandle = 0;
@@ -64,23 +66,30 @@ HKEY Open(const std::wstring& path, DWORD access) {
     return reinterpret_cast<HKEY>(handle); // NOLINT(performance-no-int-to-ptr): a number that looks like a handle
 }
 
-/// A waiting change of this value, the youngest; null if there is none.
-const device::RegistryChange* WaitingChange(const std::wstring& key, const std::wstring& name) {
-    const auto& changes = TheRegistry().changes;
-    const auto found = std::find_if(changes.rbegin(), changes.rend(),
-        [&](const device::RegistryChange& change) { return change.key == key && change.name == name; });
-    return found == changes.rend() ? nullptr : &*found;
-}
-
 std::optional<RegistryValue> ValueOf(const std::wstring& key, const std::wstring& name) {
-    if (const auto* change = WaitingChange(key, name)) {
-        return change->value;
-    }
-    return TheRegistry().file.Get(key, name);
+    const auto& changes = TheRegistry().changes;
+    const auto waiting = std::find_if(changes.begin(), changes.end(),
+        [&](const device::RegistryChange& change) { return change.key == key && change.name == name; });
+    return waiting == changes.end() ? TheRegistry().file.Get(key, name) : waiting->value;
 }
 
 void ReadAnew() {
     TheRegistry().file = RegistryFile{device::TheEnvironment().registryFile};
+}
+
+bool HasKey(const std::wstring& key) {
+    const auto& changes = TheRegistry().changes;
+    return TheRegistry().file.HasKey(key) || std::any_of(changes.begin(), changes.end(), [&](const auto& change) {
+        return change.key == key && change.value;
+    });
+}
+
+/// Notes for the end of the process whether what was to be stored could be.
+LONG Settled(LONG error) {
+    const std::string& file = device::TheEnvironment().registryFile;
+    NoteTrouble(device::Trouble::Settings,
+        error == ERROR_SUCCESS ? "" : "the settings could not be written to " + file + ": " + device::ReasonOf(error));
+    return error;
 }
 
 } // namespace
@@ -92,13 +101,13 @@ LONG RegCreateKeyExW(HKEY parent, const wchar_t* name, DWORD /*reserved*/, const
         return path ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE;
     }
     if (const LONG error = device::MakeFolders(device::FolderOf(device::TheEnvironment().registryFile))) {
-        return error;
+        return Settled(error);
     }
     static constexpr DWORD CreatedNew = 1;
     static constexpr DWORD OpenedExisting = 2;
     ReadAnew();
     if (disposition != nullptr) {
-        *disposition = TheRegistry().file.HasKey(*path) ? OpenedExisting : CreatedNew;
+        *disposition = HasKey(*path) ? OpenedExisting : CreatedNew;
     }
     *key = Open(*path, access);
     return ERROR_SUCCESS;
@@ -110,7 +119,7 @@ LONG RegOpenKeyExW(HKEY parent, const wchar_t* name, DWORD /*options*/, DWORD ac
         return path ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE;
     }
     ReadAnew();
-    if (!TheRegistry().file.HasKey(*path)) {
+    if (!HasKey(*path)) {
         return ERROR_FILE_NOT_FOUND;
     }
     *key = Open(*path, access);
@@ -131,9 +140,11 @@ LONG RegCloseKey(HKEY key) {
     if (!writes || registry.changes.empty()) {
         return ERROR_SUCCESS;
     }
-    const auto changes = std::move(registry.changes);
-    registry.changes.clear();
-    const LONG error = RegistryFile::Change(device::TheEnvironment().registryFile, changes);
+    const LONG error = Settled(RegistryFile::Change(device::TheEnvironment().registryFile, registry.changes));
+    // What could not be written is known to this process, and goes with the next that can.
+    if (error == ERROR_SUCCESS) {
+        registry.changes.clear();
+    }
     ReadAnew();
     return error;
 }
@@ -189,7 +200,10 @@ LONG RegSetValueExW(HKEY key, const wchar_t* name, DWORD /*reserved*/, DWORD typ
         // What is stored ends at the NUL, and has one.
         value = RegistryValue::OfText(value.Text(), type);
     }
-    TheRegistry().changes.push_back({open->path, name == nullptr ? L"" : name, std::move(value)});
+    device::RegistryChange change{open->path, name == nullptr ? L"" : name, std::move(value)};
+    auto& changes = TheRegistry().changes;
+    std::erase_if(changes, [&](const auto& older) { return older.key == change.key && older.name == change.name; });
+    changes.push_back(std::move(change));
     return ERROR_SUCCESS;
 }
 

@@ -1,24 +1,22 @@
 #include "platform/system/registry_file.h"
 
 #include "platform/registry.h"
-#include "platform/system/host_file.h"
+#include "platform/system/fresh_file.h"
 #include "platform/system/registry_text.h"
 #include "platform/system/utf8.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
-#include <fcntl.h>
 #include <filesystem>
 #include <glib.h>
-#include <sys/file.h>
 #include <unistd.h>
 
 namespace device {
 namespace {
 
 constexpr std::size_t LargestFile = 16U << 20U;
-constexpr mode_t PrivateMode = 0600;
+/// Somebody waits for the command that stores something.
+constexpr std::chrono::seconds LockPatience{1};
 constexpr const char* AllowedInGroups = "\\ ";
 constexpr const char* AllowedInNames = "";
 constexpr auto ReadFlags = static_cast<GKeyFileFlags>(G_KEY_FILE_KEEP_COMMENTS | G_KEY_FILE_KEEP_TRANSLATIONS);
@@ -95,16 +93,6 @@ LONG KeepAside(const std::string& path) {
         }
     }
     return ERROR_WRITE_FAULT;
-}
-
-LONG WriteNew(const std::string& path, std::string_view text) {
-    unlink(path.c_str());
-    const FileDescriptor file{open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, PrivateMode)};
-    if (!file.IsOpen()) {
-        return ErrorOf(errno);
-    }
-    const LONG error = WriteAll(file, text);
-    return error == ERROR_SUCCESS ? Sync(file) : error;
 }
 
 } // namespace
@@ -219,40 +207,35 @@ void RegistryFile::Apply(const RegistryChange& change) {
 LONG RegistryFile::Write() const {
     gsize size = 0;
     const OwnedText text{g_key_file_to_data(contents_->file.get(), &size, nullptr)};
-    const std::string fresh = path_ + ".new";
-    LONG error = WriteNew(fresh, {text.get(), size});
-    if (error == ERROR_SUCCESS && damaged_) {
-        error = KeepAside(path_);
-    }
-    if (error == ERROR_SUCCESS && std::rename(fresh.c_str(), path_.c_str()) != 0) {
-        error = ErrorOf(errno);
-    }
-    if (error != ERROR_SUCCESS) {
-        unlink(fresh.c_str());
-        return error;
-    }
-    return SyncFolder(FolderOf(path_));
+    FreshFile fresh{path_, FreshFile::Kind::Replacement};
+    LONG error = fresh.Error();
+    error = error == ERROR_SUCCESS ? WriteAll(fresh.File(), {text.get(), size}) : error;
+    error = error == ERROR_SUCCESS && damaged_ ? KeepAside(path_) : error;
+    return error == ERROR_SUCCESS ? fresh.TakeName() : error;
 }
 
 LONG RegistryFile::Change(const std::string& path, const std::vector<RegistryChange>& changes) {
+    const auto isNews = [&changes](const RegistryFile& registry) {
+        return std::any_of(changes.begin(), changes.end(), [&registry](const RegistryChange& change) {
+            return registry.Get(change.key, change.name) != change.value;
+        });
+    };
+    // A program that starts stores what it has just read: that needs no disk, and waits for nobody.
+    if (RegistryFile registry{path}; registry.error_ != ERROR_SUCCESS || !isNews(registry)) {
+        return registry.error_;
+    }
     if (const LONG error = MakeFolders(FolderOf(path))) {
         return error;
     }
     // Held while this function runs: what two processes change at the same time is kept of both. Where a folder cannot
     // be locked, the later one wins.
-    const FileDescriptor folder{open(FolderOf(Resolved(path)).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
-    if (folder.IsOpen()) {
-        flock(folder.Get(), LOCK_EX);
+    FileDescriptor held;
+    if (HoldFolder(FolderOf(Resolved(path)), LockPatience, held) == ERROR_LOCK_VIOLATION) {
+        return ERROR_LOCK_VIOLATION;
     }
     RegistryFile registry{path};
     if (registry.error_ != ERROR_SUCCESS) {
         return registry.error_;
-    }
-    // A program that starts stores what it has just read: that needs no disk.
-    const bool isNews = std::any_of(changes.begin(), changes.end(),
-        [&registry](const RegistryChange& change) { return registry.Get(change.key, change.name) != change.value; });
-    if (!isNews) {
-        return ERROR_SUCCESS;
     }
     for (const RegistryChange& change : changes) {
         registry.Apply(change);

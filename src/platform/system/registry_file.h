@@ -54,7 +54,7 @@ public:
 
     /// Reads the file at `path` anew, changes it and puts it back whole; everything else in it stays. When this
     /// returns 0 the changes are on the disk; otherwise the file is as it was. A damaged file is kept under another
-    /// name.
+    /// name, and one that nobody may write to stays. Another process that holds the folder is waited for a second.
     static LONG Change(const std::string& path, const std::vector<RegistryChange>& changes);
 
 private:

@@ -1,35 +1,48 @@
 #include "platform/system/runtime_folder.h"
 
-#include "platform/registry.h"
 #include "platform/system/environment.h"
+#include "platform/system/troubles.h"
 
 #include <cerrno>
-#include <chrono>
 #include <fcntl.h>
 #include <filesystem>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <thread>
+#include <system_error>
 #include <unistd.h>
 
 namespace device {
 namespace {
 
 constexpr mode_t PrivateFolderMode = 0700;
-constexpr auto HoldInterval = std::chrono::milliseconds{5};
-constexpr int HoldAttempts = 100;
+constexpr std::chrono::milliseconds HoldPatience{500};
 
-/// Makes the folder, or takes one that is there if it is the user's own and no link to another place.
-bool MakePrivate(const std::string& folder) {
-    if (mkdir(folder.c_str(), PrivateFolderMode) != 0 && errno != EEXIST) {
-        return false;
-    }
+/// A folder that only the user may change, and those above it that must be so as well.
+using Place = std::vector<std::string>;
+
+/// Why the folder is not the user's own alone; empty if it is. A link to another place is none.
+std::string FaultOf(const std::string& folder) {
     const FileDescriptor opened{open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)};
     struct stat found { };
-    if (!opened.IsOpen() || fstat(opened.Get(), &found) != 0 || found.st_uid != geteuid()) {
-        return false;
+    if (!opened.IsOpen() || fstat(opened.Get(), &found) != 0) {
+        return std::generic_category().message(errno);
     }
-    return (found.st_mode & 0777U) == PrivateFolderMode || fchmod(opened.Get(), PrivateFolderMode) == 0;
+    if (found.st_uid != geteuid()) {
+        return "belongs to somebody else";
+    }
+    const bool isPrivate = (found.st_mode & 0777U) == PrivateFolderMode || fchmod(opened.Get(), PrivateFolderMode) == 0;
+    return isPrivate && access(folder.c_str(), W_OK) == 0 ? "" : std::generic_category().message(errno);
+}
+
+/// What keeps the place from being used, with the folder's name; empty where nothing does.
+std::string FaultOf(const Place& place, bool make) {
+    for (const std::string& folder : place) {
+        const bool isMissing = make && mkdir(folder.c_str(), PrivateFolderMode) != 0 && errno != EEXIST;
+        const std::string fault = isMissing ? std::generic_category().message(errno) : FaultOf(folder);
+        if (!fault.empty()) {
+            return std::string{folder}.append(": ").append(fault);
+        }
+    }
+    return {};
 }
 
 /// One spelling of the storage place for all processes, whatever links and working folders they came by.
@@ -40,19 +53,42 @@ std::string PlaceName() {
     return ShortNameOf(error ? place : canonical.string());
 }
 
-} // namespace
-
-std::optional<std::string> RuntimeFolder() {
+/// All that processes of this user and storage place may use, in the order of preference. The last one is the same for
+/// all of them.
+std::vector<Place> Places() {
     const Environment& environment = TheEnvironment();
+    std::vector<Place> places;
+    const std::string name = PlaceName();
     if (!environment.runtimeFolder.empty()) {
-        std::string folder = environment.runtimeFolder + "/odoledger-" + PlaceName();
-        if (MakePrivate(folder)) {
-            return folder;
-        }
+        places.push_back({environment.runtimeFolder + "/odoledger-" + name});
     }
     const std::string users = environment.temporaryFolder + "/odoledger-" + std::to_string(geteuid());
-    std::string folder = users + '/' + PlaceName();
-    return MakePrivate(users) && MakePrivate(folder) ? std::optional{std::move(folder)} : std::nullopt;
+    places.push_back({users, users + '/' + name});
+    places.push_back({environment.storagePlace + "/locks"});
+    return places;
+}
+
+} // namespace
+
+std::vector<std::string> RuntimeFolders() {
+    std::vector<std::string> folders;
+    std::string faults;
+    for (const Place& place : Places()) {
+        const bool isFirst = folders.empty();
+        if (isFirst && FolderOf(place.back()) == TheEnvironment().storagePlace) {
+            MakeFolders(TheEnvironment().storagePlace);
+        }
+        const std::string fault = FaultOf(place, isFirst);
+        if (fault.empty()) {
+            folders.push_back(place.back());
+        } else {
+            faults += (faults.empty() ? "" : "; ") + fault;
+        }
+    }
+    if (folders.empty()) {
+        NoteTrouble(Trouble::Locks, "there is no place for locks: " + faults);
+    }
+    return folders;
 }
 
 std::string ShortNameOf(std::string_view text) {
@@ -68,15 +104,8 @@ std::string ShortNameOf(std::string_view text) {
     return name;
 }
 
-std::optional<FileDescriptor> HoldRuntimeFolder(const std::string& folder) {
-    FileDescriptor opened{open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
-    for (int attempt = 0; opened.IsOpen() && attempt < HoldAttempts; ++attempt) {
-        if (flock(opened.Get(), LOCK_EX | LOCK_NB) == 0) {
-            return opened;
-        }
-        std::this_thread::sleep_for(HoldInterval);
-    }
-    return std::nullopt;
+LONG HoldRuntimeFolder(const std::string& folder, FileDescriptor& held) {
+    return HoldFolder(folder, HoldPatience, held);
 }
 
 } // namespace device

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/system/environment.h"
+#include "platform/system/troubles.h"
 
 #include <csignal>
 #include <cstdlib>
@@ -22,6 +23,7 @@ protected:
         device::ReplaceEnvironment(variables_);
     }
     ~DeviceTest() override {
+        device::TellTroubles(); // no other test's
         device::ReplaceEnvironment({});
         std::filesystem::remove_all(folder_);
     }

@@ -30,9 +30,11 @@ TEST(EnvironmentText, IsReadWithItsBoundsAndDefaults) {
 
     const auto full = ParseEnvironment({{"HANDSET_SCREEN", "1x16384"}, {"HANDSET_DPI", "960"}, {"HANDSET_ZOOM", "0.25"},
         {"HANDSET_SYNC", "1"}, {"HANDSET_STORAGE", "/tmp/a/../b/"}, {"TZ", ":Europe/Berlin"},
-        {"HANDSET_CLOCK", "2026-03-01T10:00:00Z"}, {"LC_ALL", ""}, {"LC_TIME", "sv_SE"}, {"LANG", "de_DE.UTF-8@euro"}});
+        {"HANDSET_CLOCK", "2026-03-01T10:00:00.617Z"}, {"LC_ALL", ""}, {"LC_TIME", "sv_SE"},
+        {"LANG", "de_DE.UTF-8@euro"}});
     EXPECT_EQ(full.error, std::nullopt);
     EXPECT_EQ(full.environment.documentsFolder, "/tmp/b/My Documents");
+    EXPECT_EQ(device::CalendarTime(full.environment.clock.value()).wMilliseconds, 617);
     EXPECT_EQ(full.environment.numberLocale, "de_DE");
     EXPECT_EQ(full.environment.dateLocale, "sv_SE");
 }

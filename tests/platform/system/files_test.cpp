@@ -3,8 +3,12 @@
 #include "platform/process.h"
 #include "platform/registry.h"
 #include "platform/system/device_paths.h"
+#include "platform/system/fresh_file.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -30,14 +34,17 @@ TEST_F(FilesTest, ACopyIsWholeAndReplacesNothing) {
     EXPECT_EQ(Read(Documents() / "My Vehicles.dat"), contents);
     EXPECT_EQ(GetFileAttributesW(Target), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(GetFileAttributesW(Source), FILE_ATTRIBUTE_READONLY);
+    EXPECT_EQ(std::filesystem::status(Documents() / "My Vehicles.dat").permissions(), std::filesystem::perms{0600});
 
     Write(Documents() / "My Vehicles.dat", "precious");
+    std::filesystem::permissions(Documents() / "My Vehicles.dat", std::filesystem::perms{0644}); // the user's own wish
     EXPECT_FALSE(CopyFileW(Source, Target, TRUE));
     EXPECT_EQ(Read(Documents() / "My Vehicles.dat"), "precious");
     EXPECT_FALSE(MoveFileW(Source, Target));
     EXPECT_FALSE(CopyFileW(Target, Source, FALSE));
     EXPECT_TRUE(CopyFileW(Source, Target, FALSE));
     EXPECT_EQ(Read(Documents() / "My Vehicles.dat"), contents);
+    EXPECT_EQ(std::filesystem::status(Documents() / "My Vehicles.dat").permissions(), std::filesystem::perms{0644});
     EXPECT_EQ(CountFiles(Documents()), 2U);
 
     EXPECT_FALSE(CopyFileW(L"\\My Documents\\none", L"\\My Documents\\new", TRUE));
@@ -56,6 +63,7 @@ TEST_F(FilesTest, LinksAreFollowedToWhatIsThereAndNotFurther) {
     EXPECT_EQ(GetFileAttributesW(L"\\My Documents\\link\\real.dat"), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(GetFileAttributesW(L"\\My Documents\\link\\..\\storage"), INVALID_FILE_ATTRIBUTES);
     std::filesystem::create_symlink("nowhere", Documents() / "loose");
+    EXPECT_TRUE(IsNameTaken(L"\\My Documents\\loose") && !IsNameTaken(L"\\My Documents\\none"));
     Write(Documents() / "Default.ENU", "fresh");
     EXPECT_FALSE(CopyFileW(Source, L"\\My Documents\\loose", TRUE));
     EXPECT_FALSE(CopyFileW(Source, Target, TRUE));
@@ -71,6 +79,33 @@ TEST_F(FilesTest, ACopyThatRunsOutOfSpaceLeavesNothing) {
     const BOOL copied = WithoutRoom(70000, [] { return CopyFileW(Source, Target, TRUE); });
     EXPECT_FALSE(copied);
     EXPECT_EQ(CountFiles(Documents()), 1U);
+}
+
+TEST_F(FilesTest, WhatAKilledProcessLeftGoesAndNothingElseDoes) {
+    const std::string dead = "999999999"; // beyond the highest that there can be
+    Write(Documents() / (".odoledger-" + dead + "-0"), "half a fi");
+    Write(Storage() / (".odoledger-" + dead + "-3"), "");
+    Write(Documents() / (".odoledger-" + std::to_string(getppid()) + "-0"), "at work");
+    for (const std::string& name : {"odoledger-" + dead + "-0", ".odoledger-" + dead, ".odoledger-" + dead + "-",
+             ".odoledger-" + dead + "-0.dat", std::string{".odoledger--0"}, "." + dead + "-0"})
+        Write(Documents() / name, "the user's");
+    std::filesystem::create_directory(Documents() / (".odoledger-" + dead + "-1"));
+    std::filesystem::create_symlink("My Vehicles.dat", Documents() / (".odoledger-" + dead + "-2"));
+    Write(Documents() / (".odoledger-" + dead + "-4"), "of another container");
+    const device::FileDescriptor used{open((Documents() / (".odoledger-" + dead + "-4")).c_str(), O_RDONLY)};
+    ASSERT_EQ(flock(used.Get(), LOCK_EX), 0);
+    ASSERT_EQ(CountFiles(Documents()), 11U);
+    device::ClearLeftovers();
+    EXPECT_EQ(CountFiles(Documents()), 10U);
+    EXPECT_FALSE(std::filesystem::exists(Documents() / (".odoledger-" + dead + "-0")));
+    EXPECT_EQ(CountFiles(Storage()), 1U);
+}
+
+TEST_F(FilesTest, ADocumentsFolderThatCannotBeMadeHasItsNameNevertheless) {
+    Write(Documents(), "a file");
+    wchar_t path[MAX_PATH] = L"";
+    EXPECT_FALSE(SHGetSpecialFolderPath(nullptr, path, CSIDL_PERSONAL, TRUE));
+    EXPECT_STREQ(path, L"\\My Documents");
 }
 
 TEST_F(FilesTest, TheDocumentsFolderIsMadeOnDemandAndListed) {

@@ -5,7 +5,9 @@
 #include "platform/system/ipc.h"
 #include "platform/system/local_socket.h"
 #include "platform/system/runtime_folder.h"
+#include "platform/system/troubles.h"
 
+#include <algorithm>
 #include <csignal>
 #include <semaphore>
 #include <sys/stat.h>
@@ -51,10 +53,13 @@ protected:
     static auto Publish() {
         return device::PublishedWindow::Publish(L"Odoledger", [] {});
     }
+    static std::filesystem::path Folder() {
+        const auto folders = device::RuntimeFolders();
+        return folders.empty() ? "" : folders.front();
+    }
     static std::filesystem::path OnlyFile() {
-        return std::filesystem::directory_iterator {
-            *device::RuntimeFolder()
-            } -> path();
+        const std::filesystem::directory_iterator files{Folder()};
+        return files->path();
     }
     static unsigned ModeOf(const std::filesystem::path& path) {
         return static_cast<unsigned>(std::filesystem::status(path).permissions() & std::filesystem::perms::all);
@@ -113,7 +118,7 @@ TEST_F(ProcessesTest, RequestsComeInOrderAndOnlyThoseTwo) {
 }
 
 TEST_F(ProcessesTest, WhatIsSharedIsPrivateWhateverTheMask) {
-    const std::filesystem::path folder = device::RuntimeFolder().value();
+    const std::filesystem::path folder = Folder();
     EXPECT_EQ(folder.parent_path(), folder_ / "run");
     chmod(folder.c_str(), 0777);
     const mode_t former = umask(0);
@@ -132,7 +137,7 @@ TEST_F(ProcessesTest, WhatIsSharedIsPrivateWhateverTheMask) {
 TEST_F(ProcessesTest, AFolderOrALockOfAnotherSortIsNotUsed) {
     Set("XDG_RUNTIME_DIR", folder_ / "missing"); // then below the temporary folder
     Set("TMPDIR", folder_ / "run");
-    const std::filesystem::path place = device::RuntimeFolder().value();
+    const std::filesystem::path place = Folder();
     const std::filesystem::path users = folder_ / "run" / ("odoledger-" + std::to_string(geteuid()));
     EXPECT_EQ(place.parent_path(), users);
     EXPECT_TRUE(IsFree(L"Odoledger"));
@@ -143,22 +148,51 @@ TEST_F(ProcessesTest, AFolderOrALockOfAnotherSortIsNotUsed) {
     EXPECT_NE(Create(L"Odoledger", handle), 0U);
     EXPECT_EQ(handle, nullptr);
     EXPECT_FALSE(std::filesystem::exists(folder_ / "precious"));
-    // A file where the folder should be.
+    // What cannot be used there gives way to the storage place: a file where the folder should be, a folder that is
+    // somebody else's, a link that was planted.
+    const std::filesystem::path last = Storage() / "locks";
     std::filesystem::remove_all(place);
     Write(place, "x");
-    EXPECT_EQ(device::RuntimeFolder(), std::nullopt);
+    EXPECT_EQ(Folder(), last);
     std::filesystem::remove(place);
-    EXPECT_NE(device::RuntimeFolder(), std::nullopt);
+    EXPECT_EQ(Folder(), place);
     if (geteuid() == 0) { // only root can give a folder away
-        ASSERT_EQ(chown(place.c_str(), 4711, 4711), 0);
-        EXPECT_EQ(device::RuntimeFolder(), std::nullopt);
+        ASSERT_EQ(chown(users.c_str(), 4711, 4711), 0);
+        EXPECT_EQ(Folder(), last);
     }
-    // A link planted where the user's own folder should be is not followed.
     std::filesystem::remove_all(users);
-    std::filesystem::create_directory_symlink(folder_ / "storage", users);
-    std::filesystem::create_directory(Storage());
+    std::filesystem::create_directory(folder_ / "elsewhere");
+    std::filesystem::create_directory_symlink(folder_ / "elsewhere", users);
+    EXPECT_EQ(Folder(), last);
+    EXPECT_EQ(CountFiles(folder_ / "elsewhere"), 0U);
+    // Nowhere.
+    std::filesystem::remove_all(last);
+    Write(last, "x");
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(Folder(), "");
     EXPECT_EQ(Publish(), nullptr);
-    EXPECT_EQ(CountFiles(Storage()), 0U);
+    EXPECT_NE(Create(L"Odoledger", handle), 0U);
+    device::TellTroubles();
+    const std::string told = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+    for (const auto& each : {folder_ / "missing", users, last})
+        EXPECT_NE(told.find(each.string()), std::string::npos) << told;
+}
+
+// One that was started without a session, and one within.
+TEST_F(ProcessesTest, AProcessThatCouldNotUseTheFirstPlaceIsFoundAllTheSame) {
+    Set("TMPDIR", folder_ / "nowhere");
+    Set("XDG_RUNTIME_DIR", folder_ / "missing");
+    StartOther([] {
+        CreateMutexW(nullptr, FALSE, L"Odoledger");
+        Publish().release();
+    });
+    Set("XDG_RUNTIME_DIR", folder_ / "run");
+    EXPECT_FALSE(IsFree(L"Odoledger"));
+    EXPECT_TRUE(device::WindowExists(L"Odoledger") && device::BringToFront(L"Odoledger"));
+    EndOther();
+    EXPECT_TRUE(IsFree(L"Odoledger"));
+    EXPECT_FALSE(device::WindowExists(L"Odoledger"));
 }
 
 TEST_F(ProcessesTest, ADeadProcessWindowGivesWayAndALivingOnesDoesNot) {
@@ -167,9 +201,9 @@ TEST_F(ProcessesTest, ADeadProcessWindowGivesWayAndALivingOnesDoesNot) {
     EXPECT_EQ(Publish(), nullptr);
     EndOther();
     EXPECT_FALSE(device::WindowExists(L"Odoledger"));
-    EXPECT_EQ(CountFiles(*device::RuntimeFolder()), 1U);
+    EXPECT_EQ(CountFiles(Folder()), 1U);
     EXPECT_NE(Publish(), nullptr);
-    EXPECT_EQ(CountFiles(*device::RuntimeFolder()), 0U);
+    EXPECT_EQ(CountFiles(Folder()), 0U);
 }
 
 TEST_F(ProcessesTest, LongRuntimePathsAndStoppedProcessesAreNoHindrance) {
@@ -180,8 +214,32 @@ TEST_F(ProcessesTest, LongRuntimePathsAndStoppedProcessesAreNoHindrance) {
     EXPECT_TRUE(device::BringToFront(L"Odoledger"));
     kill(other_, SIGSTOP);
     waitpid(other_, nullptr, WUNTRACED); // stopped in all its threads
-    EXPECT_TRUE(device::WindowExists(L"Odoledger"));
-    EXPECT_FALSE(device::BringToFront(L"Odoledger"));
+    // Also when more have asked than it lets wait.
+    const auto begin = std::chrono::steady_clock::now();
+    for (int pass = 0; pass < 25; ++pass)
+        EXPECT_TRUE(device::WindowExists(L"Odoledger") && !device::BringToFront(L"Odoledger"));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds{2500});
+}
+
+TEST_F(ProcessesTest, WithoutDescriptorsThereIsNoWindowAndNoThreadWithoutAnEnd) {
+    Set("TMPDIR", folder_);
+    rlimit before{};
+    getrlimit(RLIMIT_NOFILE, &before);
+    std::vector<device::FileDescriptor> taken;
+    do
+        taken.emplace_back(dup(STDERR_FILENO));
+    while (taken.back().IsOpen() && taken.back().Get() < 200);
+    const rlim_t highest = static_cast<rlim_t>(taken.back().Get()) + 1;
+    // At each number of descriptors that are left, one more of those that a window needs is missing.
+    int published = 0;
+    for (rlim_t left = 0; left < 12; ++left) {
+        const rlimit limit{highest + left, before.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &limit);
+        published += Publish() == nullptr ? 0 : 1;
+    }
+    setrlimit(RLIMIT_NOFILE, &before);
+    EXPECT_TRUE(published > 0 && published < 12) << published;
+    EXPECT_NE(Publish(), nullptr);
 }
 
 } // namespace

@@ -1,9 +1,15 @@
 #include "device_fixture.h"
 #include "platform/registry.h"
 #include "platform/system/console_registry.h"
+#include "platform/system/troubles.h"
 #include "platform/system/utf8.h"
 
+#include <algorithm>
+#include <chrono>
 #include <cstring>
+#include <fcntl.h>
+#include <functional>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -117,16 +123,64 @@ TEST_F(RegistryTest, ADamagedFileGivesWhatItCanAndIsKeptAside) {
 }
 
 TEST_F(RegistryTest, AWriteThatFailsIsToldAndChangesNothing) {
+    // Something in the way of the file that the new one is written to is no failure.
+    std::filesystem::create_directories(Storage() / (".odoledger-" + std::to_string(getpid()) + "-0"));
     ASSERT_EQ(device::SetRegistryValue(Key, L"Kept", RegistryValue::OfNumber(1)), ERROR_SUCCESS);
     const HKEY key = Create();
     ASSERT_EQ(Put(key, L"Lost", RegistryValue::OfNumber(2)), ERROR_SUCCESS);
     const LONG error = WithoutRoom(16, [key] { return RegCloseKey(key); });
     EXPECT_NE(error, ERROR_SUCCESS);
     EXPECT_EQ(All(), "Kept 4 1\n");
-    EXPECT_EQ(CountFiles(Storage()), 1U);
+    EXPECT_EQ(CountFiles(Storage()), 2U);
+    device::ReplaceEnvironment(variables_);
+    testing::internal::CaptureStderr();
     std::filesystem::remove(File());
     std::filesystem::create_directory(File());
-    EXPECT_NE(device::SetRegistryValue(Key, L"a", RegistryValue::OfNumber(1)), ERROR_SUCCESS);
+    const HKEY again = Create();
+    ASSERT_EQ(Put(again, L"Lost", RegistryValue::OfNumber(2)), ERROR_SUCCESS);
+    EXPECT_NE(RegCloseKey(again), ERROR_SUCCESS);
+    device::TellTroubles();
+    const std::string told = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(told.find("odoledger: the settings could not be written to " + File().string() + ": "), 0U) << told;
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+}
+
+// Whatever it is that keeps the file from being written, the program goes on with the values, and they are written with
+// the next ones that can be.
+TEST_F(RegistryTest, WhatCannotBeWrittenWaitsForTheNextWriteThatCan) {
+    ASSERT_EQ(device::SetRegistryValue(Key, L"Kept", RegistryValue::OfNumber(1)), ERROR_SUCCESS);
+    std::filesystem::permissions(File(), std::filesystem::perms{0640});
+    const int folder = open(Storage().c_str(), O_RDONLY | O_DIRECTORY);
+    const auto locked = [folder](bool begin) { return flock(folder, begin ? LOCK_EX : LOCK_UN) == 0; };
+    const auto readOnly = [this](bool begin) {
+        std::filesystem::permissions(File(), std::filesystem::perms{begin ? 0440U : 0640U});
+        return true;
+    };
+    const std::function<bool(bool)> obstacles[] = {locked, readOnly};
+    DWORD count = 0;
+    for (const auto& obstacle : obstacles) {
+        ASSERT_TRUE(obstacle(true));
+        const auto begin = std::chrono::steady_clock::now();
+        HKEY key = Create();
+        ASSERT_EQ(Put(key, L"Kept", RegistryValue::OfNumber(1)), ERROR_SUCCESS);
+        EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS); // no news
+        key = Create();
+        ASSERT_EQ(Put(key, L"Waits", RegistryValue::OfNumber(++count)), ERROR_SUCCESS);
+        EXPECT_NE(RegCloseKey(key), ERROR_SUCCESS);
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds{1900});
+        key = Create();
+        DWORD number = 0;
+        DWORD size = sizeof number;
+        RegQueryValueExW(key, L"Waits", nullptr, nullptr, reinterpret_cast<BYTE*>(&number), &size);
+        EXPECT_EQ(number, count);
+        ASSERT_TRUE(obstacle(false));
+        ASSERT_EQ(Put(key, L"Next", RegistryValue::OfNumber(count)), ERROR_SUCCESS);
+        EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
+        const std::string told = std::to_string(count);
+        EXPECT_EQ(All(), "Kept 4 1\nNext 4 " + told + "\nWaits 4 " + told + "\n");
+    }
+    close(folder);
+    EXPECT_EQ(std::filesystem::status(File()).permissions(), std::filesystem::perms{0640}); // as the user set it
 }
 
 TEST_F(RegistryTest, TwoProcessesLoseNothingOfEachOther) {
