@@ -1,20 +1,12 @@
 // Every command that stores something, with the disk failing at each of its steps.
 
-#include "../platform/windowing/scripted_host.h"
 #include "../records/faulty_disk.h"
-#include "../records/log_file.h"
-#include "../records/test_device.h"
 #include "forms/dlg_keywords.h"
-#include "lists/app_fonts.h"
+#include "frame_device.h"
 #include "platform/input.h"
 #include "platform/list_view.h"
 #include "reminders/due_reminders.h"
 #include "reminders/reminder_commands.h"
-#include "resources/ids.h"
-#include "resources/module.h"
-#include "shell/common/app_settings.h"
-#include "shell/common/load_text.h"
-#include "shell/main_frame.h"
 #include "shell/program_identity.h"
 
 #include <algorithm>
@@ -50,27 +42,12 @@ struct Stored {
     std::string odometer;
 };
 
-class FailingStorage : public TestDevice, public testing::WithParamInterface<std::size_t> {
+class FailingStorage : public FrameDevice, public testing::WithParamInterface<std::size_t> {
 protected:
-    FailingStorage() {
-        device::SetModule(OdoledgerModule());
-        CreateAppFonts();
-        RegisterFrameMessages();
-        EXPECT_TRUE(CDataFile::Create(HostPath()));
-        Query(Log);
-        pristine_ = Read(HostPath());
-        std::wcscpy(theSettings.DBPath, Path);
-        EXPECT_TRUE(Frame.CreateFrame());
-        ShowWindow(Frame.GetHandle(), SW_SHOW);
-        EXPECT_TRUE(Frame.OpenDatabase());
-    }
-    ~FailingStorage() override {
-        DestroyWindow(Frame.GetHandle());
-        theDataLayer.Disconnect();
-        theSettings.LastActiveVehicle = 0;
-        DeleteAppFonts();
-        device::SetModule(nullptr);
-    }
+    FailingStorage()
+        : FrameDevice(Log)
+        , pristine_(Read(HostPath())) { }
+    ~FailingStorage() override { theDataLayer.Disconnect(); } // while the disk is there
 
     // The user
 
@@ -236,11 +213,7 @@ protected:
     }
 
     FaultyDisk Disk;
-    ScriptedHost Host;
-    CMessageLoop Loop;
-    CMainFrame Frame{Loop};
-
-    std::string pristine_;
+    const std::string pristine_;
     Step fail_;
     int failuresTold_ = 0;
     int successesTold_ = 0;

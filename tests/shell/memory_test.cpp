@@ -1,17 +1,9 @@
 // Commands that run out of memory: they end, one message tells so, and the program goes on.
 
-#include "../platform/windowing/scripted_host.h"
-#include "../records/log_file.h"
-#include "../records/test_device.h"
 #include "failing_allocation.h"
-#include "lists/app_fonts.h"
+#include "frame_device.h"
 #include "platform/input.h"
 #include "platform/list_view.h"
-#include "resources/ids.h"
-#include "resources/module.h"
-#include "shell/common/app_settings.h"
-#include "shell/common/load_text.h"
-#include "shell/main_frame.h"
 
 #include <new>
 
@@ -24,26 +16,12 @@ WITH RECURSIVE count(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM count WHERE i <
 INSERT INTO entries SELECT i, 3000 + i, 2001, 46000 + i / 9, 2, 1000 - i, 0, 0, 0, printf('%50d', i), '', '' FROM count;
 )";
 
-class LittleMemory : public TestDevice {
+class LittleMemory : public FrameDevice {
 protected:
-    LittleMemory() {
-        device::SetModule(OdoledgerModule());
-        CreateAppFonts();
-        EXPECT_TRUE(CDataFile::Create(HostPath()));
-        LogFile(HostPath()).Run(Log);
-        std::wcscpy(theSettings.DBPath, Path);
-        EXPECT_TRUE(Frame.CreateFrame());
-        ShowWindow(Frame.GetHandle(), SW_SHOW);
-        EXPECT_TRUE(Frame.OpenDatabase());
+    LittleMemory()
+        : FrameDevice(Log) {
         Host.Press(VK_DOWN);
         Host.Pump();
-    }
-    ~LittleMemory() override {
-        DestroyWindow(Frame.GetHandle());
-        theDataLayer.Disconnect();
-        theSettings.LastActiveVehicle = 0;
-        DeleteAppFonts();
-        device::SetModule(nullptr);
     }
 
     /// Answers the messages that stand open, and counts what they tell.
@@ -72,10 +50,6 @@ protected:
         note.wVKey = VK_TACTION;
         SendMessageW(Frame.GetHandle(), WM_NOTIFY, note.hdr.idFrom, reinterpret_cast<LPARAM>(&note));
     }
-
-    ScriptedHost Host;
-    CMessageLoop Loop;
-    CMainFrame Frame{Loop};
 };
 
 TEST_F(LittleMemory, ALogIsOpenedWholeOrNotAtAllAndTheNextTimeItIsWhole) {
