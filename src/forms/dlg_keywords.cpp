@@ -129,8 +129,11 @@ void CDlgKeywords::LoadList() const {
     const CWaitCursor wait;
     SendList(LB_RESETCONTENT);
     CObjectListT<CKeyword> keywords;
-    if (!theDataLayer.Load(&keywords, KeywordType))
+    if (!theDataLayer.Load(&keywords, KeywordType)) {
+        if (theDataLayer.LastFailure() == StoreFailure::NoMemory)
+            PostOutOfMemory(GetHandle());
         return;
+    }
     for (int index = 0; index < keywords.GetCount(); ++index)
         AddItem(*keywords.Get(index));
 }

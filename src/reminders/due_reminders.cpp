@@ -2,6 +2,7 @@
 
 #include "platform/time.h"
 #include "platform/wait_cursor.h"
+#include "platform/window_object.h"
 #include "records/data_layer.h"
 #include "reminders/dlg_notification_fire.h"
 #include "reminders/edit_reminder.h"
@@ -27,7 +28,11 @@ bool IsDue(const CNotification& reminder, double now) {
 
 bool LoadReminders(CObjectListT<CNotification>* reminders) {
     const CWaitCursor wait;
-    return theDataLayer.Load(reminders, theSettings.LastActiveVehicle) != 0;
+    if (theDataLayer.Load(reminders, theSettings.LastActiveVehicle))
+        return true;
+    if (theDataLayer.LastFailure() == StoreFailure::NoMemory)
+        PostOutOfMemory(GetActiveWindow());
+    return false;
 }
 
 } // namespace

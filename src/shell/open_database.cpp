@@ -17,8 +17,8 @@ namespace {
 
 /// After so many copies in a row that failed there is no way to go on.
 constexpr int CopiesInVain = 3;
-/// What SQLite would take for a part of the file whose name it continues.
-constexpr const wchar_t* PartSuffixes[] = {L"-journal", L"-wal", L"-shm", L""};
+/// What SQLite would take for parts of the file whose name they continue.
+constexpr const wchar_t* JournalSuffixes[] = {L"-journal", L"-wal", L"-shm"};
 
 std::wstring TextWithPath(UINT id, const std::wstring& path) {
     std::wstring text = LoadText(id);
@@ -34,26 +34,30 @@ bool Exists(const std::wstring& path) {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-/// The first name of `path`.bad, `path`.bad2, ... that neither a file nor a part of one has.
+bool HasJournals(const std::wstring& path) {
+    return std::any_of(std::begin(JournalSuffixes), std::end(JournalSuffixes),
+        [&](const wchar_t* suffix) { return IsNameTaken((path + suffix).c_str()); });
+}
+
+/// The first name of `path`.bad, `path`.bad2, ... that neither a file nor a journal has.
 std::wstring FreeNameBeside(const std::wstring& path) {
-    const auto isTaken = [](const std::wstring& name) {
-        return std::any_of(std::begin(PartSuffixes), std::end(PartSuffixes),
-            [&](const wchar_t* suffix) { return Exists(name + suffix); });
-    };
     std::wstring name = path + L".bad";
-    for (int number = 2; isTaken(name); ++number)
+    for (int number = 2; IsNameTaken(name.c_str()) || HasJournals(name); ++number)
         name = path + L".bad" + std::to_wstring(number);
     return name;
 }
 
 /// A file that is no data file gives way under another name, so that nothing of the user's is lost. Its journals go
-/// first: beside a fresh file they would be mixed into that.
+/// first: beside a fresh file they would be mixed into that. A link that leads nowhere stays: the disk with the log may
+/// be somewhere else.
 void MoveAside(const std::wstring& path) {
     const std::wstring aside = FreeNameBeside(path);
-    for (const wchar_t* suffix : PartSuffixes) {
-        if (Exists(path + suffix) && !MoveFileW((path + suffix).c_str(), (aside + suffix).c_str()))
+    for (const wchar_t* suffix : JournalSuffixes) {
+        if (IsNameTaken((path + suffix).c_str()) && !MoveFileW((path + suffix).c_str(), (aside + suffix).c_str()))
             return;
     }
+    if (Exists(path))
+        MoveFileW(path.c_str(), aside.c_str());
 }
 
 std::wstring TemplatePath() {
