@@ -14,6 +14,8 @@ on_failure() { cat "$place"/*.txt; }
 
 export HANDSET_LOCALE=en_US HANDSET_CLOCK=2026-03-01T10:00:00.617Z XDG_RUNTIME_DIR=$place/run
 export HANDSET_STORAGE=$place/device TMPDIR=$place/run
+# Where the sanitizers watch, their own report is none of the lines that are looked for.
+export LSAN_OPTIONS=${LSAN_OPTIONS:-print_suppressions=0}
 mkdir "$place/run" "$place/device" "$place/home"
 
 # run STATUS COMMAND...: runs the console with the commands, ten seconds at most, two where nothing holds it up.

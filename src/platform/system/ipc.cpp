@@ -27,7 +27,7 @@ using SteadyTime = std::chrono::steady_clock::time_point;
 
 constexpr std::chrono::milliseconds Patience{900};
 /// Who wants a window in front asks again and again.
-constexpr std::chrono::milliseconds FrontPatience{70};
+constexpr std::chrono::milliseconds FrontPatience{60};
 /// How long a client may take to say what it wants.
 constexpr std::chrono::milliseconds ClientTime{500};
 constexpr std::size_t MostClients = 16;

@@ -40,7 +40,7 @@ private:
 
 /// A process that is stopped has its windows all the same. Never waits.
 bool WindowExists(const std::wstring& windowClass);
-/// True when the other process has taken the request over, within a fourteenth of a second.
+/// True when the other process has taken the request over, within 60 milliseconds.
 bool BringToFront(const std::wstring& windowClass);
 /// Posts the registered message of this name, with parameters of 0. True as above.
 bool PostRegistered(const std::wstring& windowClass, const std::wstring& messageName);
