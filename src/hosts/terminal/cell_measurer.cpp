@@ -88,6 +88,13 @@ int CellMeasurer::Width(const FontDescription& /*font*/, std::wstring_view text)
     return columns * static_cast<int>(cell_.cx);
 }
 
+std::vector<double> CellMeasurer::PrefixWidths(const FontDescription& /*font*/, std::wstring_view text) {
+    std::vector<double> widths{0};
+    for (const wchar_t character : text)
+        widths.push_back(widths.back() + Columns(character) * static_cast<int>(cell_.cx));
+    return widths;
+}
+
 int CellMeasurer::CaretX(const FontDescription& font, std::wstring_view text, std::size_t index) {
     return Width(font, text.substr(0, std::min(index, text.size())));
 }

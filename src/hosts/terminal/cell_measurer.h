@@ -20,6 +20,7 @@ public:
 
     FontMetrics Metrics(const FontDescription& font) override;
     int Width(const FontDescription& font, std::wstring_view text) override;
+    std::vector<double> PrefixWidths(const FontDescription& font, std::wstring_view text) override;
     int CaretX(const FontDescription& font, std::wstring_view text, std::size_t index) override;
 
 private:

@@ -78,12 +78,9 @@ void Edit::Notify(UINT code) const {
         reinterpret_cast<LPARAM>(self));
 }
 
-// Where a single line scrolls to is settled once before it is painted, however much was typed until then: measuring it
-// anew for each character would make typing a long one quadratic.
+// Lines, and where they scroll to, are settled before they are asked for or painted, however much was typed until then.
 void Edit::Moved() {
     caretMoved_ = true;
-    if (IsMultiline())
-        Settle();
     InvalidateRect(Handle(), nullptr, TRUE);
 }
 
@@ -103,7 +100,6 @@ void Edit::Changed() {
 LRESULT Edit::SetText(const wchar_t* text) {
     text_.Set(text, Rules());
     goalX_ = -1;
-    Layout();
     layout_.ScrollToStart();
     caretMoved_ = false;
     InvalidateRect(Handle(), nullptr, TRUE);

@@ -41,7 +41,6 @@ private:
     EditText::Rules Rules() const;
     void Notify(UINT code) const;
     void Layout();
-    bool NeedsScrollBar(int wholeWidth) const;
     /// The caret moved or the text changed: brings the caret into view.
     void Moved();
     void Changed();

@@ -11,41 +11,95 @@ namespace {
 /// A bare caret behind the last character still shows.
 constexpr int CaretWidth = 2;
 
-bool IsSame(const EditLayout::Frame& first, const EditLayout::Frame& second) {
+/// Lines above a change that it may still move: the word that did not fit a line may go on over two more.
+constexpr std::size_t LinesAbove = 3;
+
+bool BreaksAlike(const EditLayout::Frame& first, const EditLayout::Frame& second) {
     return first.measurer == second.measurer && first.font == second.font && first.client.cx == second.client.cx
-        && first.client.cy == second.client.cy && first.padding == second.padding && first.lines == second.lines;
+        && first.padding == second.padding && first.lines == second.lines;
+}
+
+int TextWidth(const EditLayout::Frame& frame) {
+    return std::max(1, static_cast<int>(frame.client.cx) - 2 * frame.padding - CaretWidth);
+}
+
+int LineHeightOf(const EditLayout::Frame& frame) {
+    return std::max(1, frame.measurer->Metrics(frame.font).Height());
+}
+
+int LinesShownIn(const EditLayout::Frame& frame) {
+    return std::max(1, (static_cast<int>(frame.client.cy) - 2 * frame.padding) / LineHeightOf(frame));
 }
 
 } // namespace
 
-bool EditLayout::Update(const Frame& frame, const std::wstring& text) {
-    if (!lines_.empty() && IsSame(frame, frame_) && text == text_)
-        return false;
+void EditLayout::Update(const Frame& frame, const std::wstring& text) {
+    const bool keepsLines = !lines_.empty() && BreaksAlike(frame, frame_);
+    const bool isSame = keepsLines && frame.client.cy == frame_.client.cy && text == text_;
+    if (isSame)
+        return;
     frame_ = frame;
-    text_ = text;
-    if (frame_.lines)
-        lines_ = BreakLines(*frame_.measurer, frame_.font, text_, TextWidth());
+    if (!frame_.lines)
+        lines_.assign(1, TextLine{0, text.size(), text.size()});
+    else if (keepsLines)
+        Rebreak(text);
     else
-        lines_.assign(1, TextLine{0, text_.size(), text_.size()});
+        lines_ = BreakLines(*frame_.measurer, frame_.font, text, TextWidth(frame_));
+    text_ = text;
     ScrollBy(0);
-    return true;
 }
 
-int EditLayout::TextWidth() const {
-    return std::max(1, static_cast<int>(frame_.client.cx) - 2 * frame_.padding - CaretWidth);
+// What stands before the change is kept, and what stands behind it from where a new line starts at the same place of
+// the text as an old one.
+void EditLayout::Rebreak(const std::wstring& text) {
+    const std::size_t common = std::min(text.size(), text_.size());
+    const auto same
+        = std::mismatch(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(common), text_.begin()).first;
+    const auto before = static_cast<std::size_t>(same - text.begin());
+    const auto most = static_cast<std::ptrdiff_t>(common - before);
+    const auto after = static_cast<std::size_t>(
+        std::mismatch(text.rbegin(), text.rbegin() + most, text_.rbegin()).first - text.rbegin());
+    const std::size_t moved = text.size() - text_.size(); // wraps around where the text became shorter
+
+    const std::size_t changed = LineOf(before);
+    const auto first = lines_.begin() + static_cast<std::ptrdiff_t>(changed - std::min(changed, LinesAbove));
+    const std::size_t start = first->start;
+    auto kept = std::lower_bound(lines_.begin(), lines_.end(), text_.size() - after,
+        [](const TextLine& line, std::size_t index) { return line.start < index; });
+    for (auto line = kept; line != lines_.end(); ++line)
+        *line = {line->start + moved, line->end + moved, line->next + moved};
+    LineBreaker breaker(*frame_.measurer, frame_.font, text, TextWidth(frame_));
+    std::vector<TextLine> fresh{breaker.Next(start)};
+    for (;;) {
+        const std::size_t next = fresh.back().next;
+        if (breaker.IsLast(fresh.back()))
+            kept = lines_.end();
+        while (kept != lines_.end() && kept->start < next)
+            ++kept;
+        if (kept == lines_.end() ? breaker.IsLast(fresh.back()) : kept->start == next)
+            break;
+        fresh.push_back(breaker.Next(next));
+    }
+    lines_.insert(lines_.erase(first, kept), fresh.begin(), fresh.end());
 }
 
-int EditLayout::CountLines(int width) const {
-    const int room = std::max(1, width - 2 * frame_.padding - CaretWidth);
-    return static_cast<int>(BreakLines(*frame_.measurer, frame_.font, text_, room).size());
+bool EditLayout::FitsIn(const Frame& frame, std::wstring_view text) {
+    LineBreaker breaker(*frame.measurer, frame.font, text, TextWidth(frame));
+    TextLine line;
+    for (int rest = LinesShownIn(frame); rest > 0; --rest) {
+        line = breaker.Next(line.next);
+        if (breaker.IsLast(line))
+            return true;
+    }
+    return false;
 }
 
 int EditLayout::LineHeight() const {
-    return std::max(1, frame_.measurer->Metrics(frame_.font).Height());
+    return LineHeightOf(frame_);
 }
 
 int EditLayout::LinesShown() const {
-    return std::max(1, (static_cast<int>(frame_.client.cy) - 2 * frame_.padding) / LineHeight());
+    return LinesShownIn(frame_);
 }
 
 std::size_t EditLayout::LineOf(std::size_t index) const {
@@ -127,7 +181,7 @@ void EditLayout::ShowCaret(std::size_t caret) {
         return;
     }
     const int x = CaretX(0, caret) + scrollX_ - frame_.padding;
-    const int width = TextWidth();
+    const int width = TextWidth(frame_);
     scrollX_ = std::clamp(scrollX_, x - width, x);
     // A text that became shorter leaves no room unused on the right.
     const int most = std::max(0, frame_.measurer->Width(frame_.font, text_) - width);

@@ -20,15 +20,15 @@ public:
         bool lines = false; ///< broken into lines; otherwise one line that scrolls sideways
     };
 
-    /// Makes the lines anew if anything has changed; false if nothing has.
-    bool Update(const Frame& frame, const std::wstring& text);
+    /// Makes the lines anew as far as something has changed.
+    void Update(const Frame& frame, const std::wstring& text);
     const std::vector<TextLine>& Lines() const { return lines_; }
     int LineHeight() const;
     /// Whole lines that show at a time, at least one.
     int LinesShown() const;
     int FirstLine() const { return firstLine_; }
-    /// How many lines the text has at this width.
-    int CountLines(int width) const;
+    /// Whether all lines of a text would show at a time.
+    static bool FitsIn(const Frame& frame, std::wstring_view text);
 
     std::size_t LineOf(std::size_t index) const;
     /// Upper left corner of a line, client coordinates.
@@ -51,7 +51,8 @@ public:
     void ScrollBy(int lines);
 
 private:
-    int TextWidth() const;
+    /// The lines of a text that differs from the former one.
+    void Rebreak(const std::wstring& text);
 
     Frame frame_;
     std::wstring text_;

@@ -9,35 +9,23 @@
 
 namespace device {
 
-bool Edit::NeedsScrollBar(int wholeWidth) const {
-    const int lines = static_cast<int>(layout_.Lines().size());
-    const int shown = layout_.LinesShown();
-    const Window* window = FindWindowRecord(Handle());
-    // The width without a bar decides, so that it does not come and go by its own doing; counting the lines at that
-    // width is only worth it where a bar shows and the answer is near.
-    const bool near = window && window->insets.right > 0 && lines > shown && lines <= 2 * shown;
-    return near ? layout_.CountLines(wholeWidth) > shown : lines > shown;
-}
-
 void Edit::Layout() {
     Window* window = FindWindowRecord(Handle());
     if (!window || !Desktop::The().IsOn())
         return;
-    const auto update = [&] {
-        const RECT client = ScreenClient(*window);
-        return layout_.Update(
-            {&Desktop::The().Screen().Measurer(), FontOf(window->font),
-                {client.right - client.left, client.bottom - client.top}, FieldPadding(), IsMultiline()},
-            text_.Text());
-    };
-    if (!update() || !IsMultiline() || !HasStyle(WS_VSCROLL))
-        return;
-    const bool bar = NeedsScrollBar(static_cast<int>(window->place.right - window->place.left));
-    const LONG inset = bar ? GetSystemMetrics(SM_CXVSCROLL) : 0;
-    if (inset == window->insets.right)
-        return;
-    SetInsets(*window, {0, 0, inset, 0});
-    update();
+    EditLayout::Frame frame{&Desktop::The().Screen().Measurer(), FontOf(window->font),
+        {window->place.right - window->place.left, window->place.bottom - window->place.top}, FieldPadding(),
+        IsMultiline()};
+    if (IsMultiline() && HasStyle(WS_VSCROLL)) {
+        // The width without a bar decides, so that it does not come and go by its own doing.
+        const LONG bar = EditLayout::FitsIn(frame, text_.Text()) ? 0 : GetSystemMetrics(SM_CXVSCROLL);
+        const bool caretMoved = caretMoved_;
+        SetInsets(*window, {0, 0, bar, 0});
+        caretMoved_ = caretMoved; // by nobody, though the window hears of a new size
+    }
+    const RECT client = ScreenClient(*window);
+    frame.client = {client.right - client.left, client.bottom - client.top};
+    layout_.Update(frame, text_.Text());
 }
 
 void Edit::PaintLine(HDC context, std::size_t line, bool focused) const {

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace device {
 
@@ -52,6 +53,8 @@ public:
     virtual FontMetrics Metrics(const FontDescription& font) = 0;
     /// Advance width of a run on one line, in device pixels.
     virtual int Width(const FontDescription& font, std::wstring_view text) = 0;
+    /// How wide the beginnings of a run are as they are laid out within it, from none of its characters to all of them.
+    virtual std::vector<double> PrefixWidths(const FontDescription& font, std::wstring_view text) = 0;
     /// Where a caret before character `index` stands, from the left edge of the run (right-to-left text counted right).
     virtual int CaretX(const FontDescription& font, std::wstring_view text, std::size_t index) = 0;
 };

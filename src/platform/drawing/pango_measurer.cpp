@@ -243,6 +243,25 @@ int PangoTextMeasurer::Width(const FontDescription& font, std::wstring_view text
     return text.empty() ? 0 : FindRun(font, text).width;
 }
 
+std::vector<double> PangoTextMeasurer::PrefixWidths(const FontDescription& font, std::wstring_view text) {
+    std::vector<double> widths(text.size() + 1);
+    if (text.empty())
+        return widths;
+    PangoLayout* layout = FindRun(font, text).layout;
+    const char* utf8 = pango_layout_get_text(layout);
+    std::vector<int> advances(text.size());
+    // In the order in which they stand on the line, which is not that of the text where directions mix.
+    for (const GSList* each = pango_layout_get_line_readonly(layout, 0)->runs; each != nullptr; each = each->next) {
+        const auto* run = static_cast<const PangoLayoutRun*>(each->data);
+        const auto first = static_cast<std::size_t>(g_utf8_pointer_to_offset(utf8, utf8 + run->item->offset));
+        pango_glyph_string_get_logical_widths(run->glyphs, utf8 + run->item->offset, run->item->length,
+            run->item->analysis.level, advances.data() + first);
+    }
+    for (std::size_t index = 0; index < advances.size(); ++index)
+        widths[index + 1] = widths[index] + static_cast<double>(advances[index]) / PANGO_SCALE;
+    return widths;
+}
+
 int PangoTextMeasurer::CaretX(const FontDescription& font, std::wstring_view text, std::size_t index) {
     if (text.empty())
         return 0;

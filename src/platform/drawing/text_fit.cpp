@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 #include <string>
-#include <utility>
 
 namespace device {
 
@@ -47,74 +46,6 @@ bool IsBlank(wchar_t character) {
     return character == L' ' || character == L'\t';
 }
 
-/// How much of a text fits a width.
-class TextPrefixes {
-public:
-    TextPrefixes(TextMeasurer& measurer, const FontDescription& font, std::wstring_view text, int width)
-        : measurer_(measurer)
-        , font_(font)
-        , text_(text)
-        , width_(width) { }
-
-    bool Fits(std::size_t length) const { return measurer_.Width(font_, text_.substr(0, length)) <= width_; }
-    /// A length that fits, the whole one if it does, and one that does not. What is measured stays within a few times
-    /// what fits, however long the text is.
-    std::pair<std::size_t, std::size_t> Widen() const {
-        std::size_t good = 0;
-        std::size_t bad = UsualLine;
-        while (bad < text_.size() && Fits(bad)) {
-            good = bad;
-            bad *= 2;
-        }
-        if (bad >= text_.size()) {
-            if (Fits(text_.size()))
-                return {text_.size(), text_.size()};
-            bad = text_.size();
-        }
-        return {good, bad};
-    }
-    /// Which length from `good` on fits by the carets of the first `bad` characters.
-    std::size_t Guess(std::size_t good, std::size_t bad) const {
-        const std::wstring_view laidOut = text_.substr(0, bad);
-        while (bad - good > 1) {
-            const std::size_t middle = good + (bad - good) / 2;
-            (measurer_.CaretX(font_, laidOut, middle) <= width_ ? good : bad) = middle;
-        }
-        return good;
-    }
-
-private:
-    static constexpr std::size_t UsualLine = 64;
-
-    TextMeasurer& measurer_;
-    const FontDescription& font_;
-    std::wstring_view text_;
-    int width_;
-};
-
-/// The line of `text` from `start`, which ends at `stop` at the latest.
-TextLine WrapLine(TextMeasurer& measurer, const FontDescription& font, std::wstring_view text, std::size_t start,
-    std::size_t stop, int width) {
-    const std::wstring_view rest = text.substr(start, stop - start);
-    const std::size_t fits = FittingLength(measurer, font, rest, width);
-    if (fits == rest.size())
-        return {start, stop, stop};
-    std::size_t cut = fits;
-    while (cut > 0 && !IsBlank(rest[cut]))
-        --cut;
-    const std::size_t firstWord = std::min(rest.find_first_not_of(L" \t"), rest.size());
-    if (cut <= firstWord) {
-        const std::size_t end = start + std::max(fits, NextTextBoundary(rest, 0));
-        return {start, end, end};
-    }
-    std::size_t next = cut;
-    while (next < rest.size() && IsBlank(rest[next]))
-        ++next;
-    while (cut > 0 && IsBlank(rest[cut - 1]))
-        --cut;
-    return {start, start + cut, start + next};
-}
-
 } // namespace
 
 bool IsTextBoundary(std::wstring_view text, std::size_t index) {
@@ -148,30 +79,102 @@ std::size_t PreviousTextBoundary(std::wstring_view text, std::size_t index) {
     return index;
 }
 
-std::size_t FittingLength(TextMeasurer& measurer, const FontDescription& font, std::wstring_view text, int width) {
-    const TextPrefixes prefixes(measurer, font, text, width);
-    auto [good, bad] = prefixes.Widen();
-    if (good == text.size())
-        return good;
-    // Its carets are known once a text is laid out; only the shaping at the cut itself may differ a little.
-    const std::size_t guess = prefixes.Guess(good, bad);
-    for (std::size_t length = guess; length < bad && length <= guess + 1; ++length) {
-        if (length > good)
-            (prefixes.Fits(length) ? good : bad) = length;
+LineBreaker::LineBreaker(TextMeasurer& measurer, const FontDescription& font, std::wstring_view text, int width)
+    : measurer_(measurer)
+    , font_(font)
+    , text_(text)
+    , width_(width) {
+}
+
+TextLine LineBreaker::Next(std::size_t start) {
+    if (start < paragraph_ || start > stop_) {
+        paragraph_ = start;
+        stop_ = std::min(text_.find_first_of(L"\r\n", start), text_.size());
     }
-    while (bad - good > 1) {
-        const std::size_t middle = good + (bad - good) / 2;
-        (prefixes.Fits(middle) ? good : bad) = middle;
+    TextLine line = width_ > 0 ? Wrap(start) : TextLine{start, stop_, stop_};
+    if (line.next == stop_ && stop_ < text_.size()) {
+        const bool isPair = text_.compare(stop_, 2, L"\r\n") == 0;
+        line.next += isPair ? 2 : 1;
     }
-    return IsTextBoundary(text, good) ? good : PreviousTextBoundary(text, good);
+    return line;
+}
+
+bool LineBreaker::IsLast(const TextLine& line) const {
+    return line.next == text_.size() && stop_ == text_.size();
+}
+
+/// What stands before `start` does not change the shapes behind it.
+bool LineBreaker::IsParted(std::size_t start) const {
+    return start == 0
+        || (IsTextBoundary(text_, start)
+            && std::wstring_view(L" \t\r\n").find(text_[start - 1]) != std::wstring_view::npos);
+}
+
+std::size_t LineBreaker::Fit(std::size_t start) {
+    const bool isParted = IsParted(start);
+    for (std::size_t length = isParted ? UsualPiece : UsualLine;; length *= 2) {
+        const std::size_t end = std::min(pieceStart_ + widths_.size() - 1, stop_);
+        if (start == pieceStart_ || (isParted && start > pieceStart_ && start <= end)) {
+            const auto first = widths_.begin() + static_cast<std::ptrdiff_t>(start - pieceStart_);
+            const auto last = widths_.begin() + static_cast<std::ptrdiff_t>(end - pieceStart_) + 1;
+            const auto beyond = std::upper_bound(first, last, *first + width_);
+            if (beyond != last || end == stop_)
+                return static_cast<std::size_t>(beyond - first) - 1;
+        }
+        // Not by paragraphs: there may be as many as characters.
+        pieceStart_ = start;
+        widths_ = measurer_.PrefixWidths(font_, text_.substr(start, length));
+    }
+}
+
+TextLine LineBreaker::Wrap(std::size_t start) {
+    const std::wstring_view rest = text_.substr(start, stop_ - start);
+    std::size_t fits = Fit(start);
+    if (fits == rest.size())
+        return {start, stop_, stop_};
+    std::size_t cut = fits;
+    while (cut > 0 && !IsBlank(rest[cut]))
+        --cut;
+    const bool hasWord = rest.substr(0, cut).find_first_not_of(L" \t") != std::wstring_view::npos;
+    if (!hasWord) {
+        fits = IsTextBoundary(rest, fits) ? fits : PreviousTextBoundary(rest, fits);
+        // Letters that join take other shapes where they are parted.
+        while (fits > 0 && measurer_.Width(font_, rest.substr(0, fits)) > width_)
+            fits = PreviousTextBoundary(rest, fits);
+        const std::size_t end = start + std::max(fits, NextTextBoundary(rest, 0));
+        return {start, end, end};
+    }
+    std::size_t next = cut;
+    while (next < rest.size() && IsBlank(rest[next]))
+        ++next;
+    while (cut > 0 && IsBlank(rest[cut - 1]))
+        --cut;
+    return {start, start + cut, start + next};
+}
+
+std::vector<TextLine> BreakLines(
+    TextMeasurer& measurer, const FontDescription& font, std::wstring_view text, int width) {
+    LineBreaker breaker(measurer, font, text, width);
+    std::vector<TextLine> lines{breaker.Next(0)};
+    while (!breaker.IsLast(lines.back()))
+        lines.push_back(breaker.Next(lines.back().next));
+    return lines;
 }
 
 std::wstring EllipsisText(TextMeasurer& measurer, const FontDescription& font, std::wstring_view text, int width) {
-    const auto [good, bad] = TextPrefixes(measurer, font, text, width).Widen();
-    if (good == text.size())
-        return std::wstring(text);
+    if (text.empty())
+        return {};
+    // Of a text that is far longer than a line no more is laid out than may show.
+    std::size_t shown = std::min(text.size(), LineBreaker::UsualPiece);
+    while (measurer.Width(font, text.substr(0, shown)) <= width) {
+        if (shown == text.size())
+            return std::wstring(text);
+        shown = std::min(2 * shown, text.size());
+    }
+    const std::vector<double> widths = measurer.PrefixWidths(font, text.substr(0, shown));
     const int room = width - measurer.Width(font, std::wstring_view(&Ellipsis, 1));
-    std::size_t length = FittingLength(measurer, font, text.substr(0, bad), room);
+    const auto beyond = std::upper_bound(widths.begin() + 1, widths.end(), room);
+    auto length = static_cast<std::size_t>(beyond - widths.begin()) - 1;
     if (!IsTextBoundary(text, length))
         length = PreviousTextBoundary(text, length);
     std::wstring result;
@@ -182,25 +185,6 @@ std::wstring EllipsisText(TextMeasurer& measurer, const FontDescription& font, s
         if (length == 0 || measurer.Width(font, result) <= width)
             return result;
         length = PreviousTextBoundary(text, length);
-    }
-}
-
-std::vector<TextLine> BreakLines(
-    TextMeasurer& measurer, const FontDescription& font, std::wstring_view text, int width) {
-    std::vector<TextLine> lines;
-    std::size_t start = 0;
-    for (;;) {
-        const std::size_t stop = std::min(text.find_first_of(L"\r\n", start), text.size());
-        do {
-            lines.push_back(
-                width > 0 ? WrapLine(measurer, font, text, start, stop, width) : TextLine{start, stop, stop});
-            start = lines.back().next;
-        } while (start < stop);
-        if (stop == text.size())
-            return lines;
-        const bool pair = text[stop] == L'\r' && stop + 1 < text.size() && text[stop + 1] == L'\n';
-        start = stop + (pair ? 2 : 1);
-        lines.back().next = start;
     }
 }
 

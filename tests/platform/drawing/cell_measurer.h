@@ -15,6 +15,13 @@ public:
         LongestMeasured = std::max(LongestMeasured, text.size());
         return cells * 10;
     }
+    std::vector<double> PrefixWidths(const device::FontDescription& font, std::wstring_view text) override {
+        std::vector<double> widths{0};
+        for (std::size_t i = 0; i < text.size(); ++i)
+            widths.push_back(widths.back() + (device::IsTextBoundary(text, i) ? 10 : 0));
+        Width(font, text);
+        return widths;
+    }
     int CaretX(const device::FontDescription& font, std::wstring_view text, std::size_t index) override {
         return Width(font, text.substr(0, index));
     }
