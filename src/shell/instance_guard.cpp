@@ -12,7 +12,7 @@ namespace {
 constexpr auto Failure = static_cast<HRESULT>(0x80004005);
 constexpr auto InvalidArgument = static_cast<HRESULT>(0x80070057);
 constexpr int Passes = 25;
-constexpr DWORD PauseMilliseconds = 60; ///< nobody waits longer than two seconds for a first screen
+constexpr DWORD PauseMilliseconds = 100;
 constexpr const wchar_t* SyncMutex = L"{7E734BFE-168E-46bb-81BF-C6D0F0C0FAF6}";
 
 HWND WithTopmostPopup(HWND window) {
