@@ -69,16 +69,15 @@ void EditLayout::Rebreak(const std::wstring& text) {
     for (auto line = kept; line != lines_.end(); ++line)
         *line = {line->start + moved, line->end + moved, line->next + moved};
     LineBreaker breaker(*frame_.measurer, frame_.font, text, TextWidth(frame_));
-    std::vector<TextLine> fresh{breaker.Next(start)};
-    for (;;) {
-        const std::size_t next = fresh.back().next;
+    std::vector<TextLine> fresh;
+    for (std::size_t next = start;; next = fresh.back().next) {
+        fresh.push_back(breaker.Next(next));
         if (breaker.IsLast(fresh.back()))
             kept = lines_.end();
-        while (kept != lines_.end() && kept->start < next)
+        while (kept != lines_.end() && kept->start < fresh.back().next)
             ++kept;
-        if (kept == lines_.end() ? breaker.IsLast(fresh.back()) : kept->start == next)
+        if (breaker.IsLast(fresh.back()) || (kept != lines_.end() && kept->start == fresh.back().next))
             break;
-        fresh.push_back(breaker.Next(next));
     }
     lines_.insert(lines_.erase(first, kept), fresh.begin(), fresh.end());
 }

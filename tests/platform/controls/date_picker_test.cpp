@@ -83,7 +83,7 @@ protected:
 
 TEST_F(DatePickerTest, TakesTheLocalesOrderAndTodayAtFirst) {
     Set("HANDSET_LOCALE", "de_DE");
-    Set("HANDSET_CLOCK", "2026-03-01T23:30:00Z");
+    Set("HANDSET_CLOCK", "2026-03-01T23:30:00.417Z");
     setenv("TZ", "Europe/Berlin", 1);
     Run({Picker(10)},
         {[&] { EXPECT_EQ(Painted(Item(10)), L"02|.|03|.|2026"); }, Typing(L"1"),
