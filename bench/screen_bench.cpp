@@ -6,15 +6,15 @@
 #include "lists/entry_order.h"
 #include "lists/parent_reflection.h"
 #include "platform/drawing/cairo_canvas.h"
-#include "platform/host.h"
 #include "platform/locale.h"
 #include "platform/metrics.h"
 #include "platform/window.h"
 #include "platform/windowing/desktop.h"
+#include "platform/windowing/host.h"
 #include "records/data_layer.h"
 #include "records/entry_filter.h"
 #include "resources/ids.h"
-#include "shell/common/app_settings.h"
+#include "settings/app_settings.h"
 #include "units/record_text.h"
 
 #include <algorithm>

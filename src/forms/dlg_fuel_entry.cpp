@@ -3,8 +3,8 @@
 #include "forms/form_templates.h"
 #include "forms/last_price.h"
 #include "resources/ids.h"
-#include "shell/common/app_settings.h"
-#include "shell/common/load_text.h"
+#include "resources/load_text.h"
+#include "settings/app_settings.h"
 #include "units/units.h"
 
 namespace {

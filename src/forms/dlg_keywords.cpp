@@ -2,11 +2,11 @@
 
 #include "forms/dialog_helpers.h"
 #include "forms/dlg_keywords_add.h"
+#include "messages/show_message.h"
 #include "platform/wait_cursor.h"
 #include "records/data_layer.h"
 #include "resources/ids.h"
-#include "shell/common/load_text.h"
-#include "shell/messages/show_message.h"
+#include "resources/load_text.h"
 
 #include <algorithm>
 

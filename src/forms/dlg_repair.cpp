@@ -1,8 +1,8 @@
 #include "forms/dlg_repair.h"
 
 #include "forms/form_templates.h"
+#include "messages/show_message.h"
 #include "resources/ids.h"
-#include "shell/messages/show_message.h"
 
 CDlgRepair::CDlgRepair()
     : CPaidEntryForm(&templates::Repair) {

@@ -1,9 +1,9 @@
 #include "forms/dlg_trip.h"
 
 #include "forms/form_templates.h"
+#include "messages/show_message.h"
 #include "resources/ids.h"
-#include "shell/common/app_settings.h"
-#include "shell/messages/show_message.h"
+#include "settings/app_settings.h"
 
 #include <algorithm>
 #include <limits>

@@ -2,10 +2,10 @@
 
 #include "forms/dialog_helpers.h"
 #include "forms/pick_keyword.h"
+#include "messages/show_message.h"
 #include "platform/input.h"
 #include "platform/time.h"
 #include "resources/ids.h"
-#include "shell/messages/show_message.h"
 
 CFormFrame::CFormFrame(const FormDescription& description)
     : description_(description) {

@@ -1,6 +1,6 @@
 #include "forms/last_price.h"
 
-#include "shell/common/settings_key.h"
+#include "settings/settings_key.h"
 
 #include <cmath>
 

@@ -7,7 +7,7 @@
 #include "platform/window.h"
 #include "platform/windowing/desktop.h"
 #include "resources/module.h"
-#include "shell/common/app_settings.h"
+#include "settings/app_settings.h"
 #include "shell/entry_point.h"
 #include "shell/program_identity.h"
 

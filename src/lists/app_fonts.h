@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/types.h"
-#include "shell/common/app_settings.h"
+#include "settings/app_settings.h"
 
 // The fonts that lists and forms share; null until CreateAppFonts. Who shows one keeps no copy of the handle for longer
 // than a call, since a change of the text size replaces all three.

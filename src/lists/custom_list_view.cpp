@@ -4,8 +4,8 @@
 #include "platform/wait_cursor.h"
 #include "records/data_layer.h"
 #include "resources/ids.h"
-#include "shell/common/app_settings.h"
-#include "shell/common/load_text.h"
+#include "resources/load_text.h"
+#include "settings/app_settings.h"
 
 #include <new>
 

@@ -7,7 +7,7 @@
 #include "platform/wait_cursor.h"
 #include "records/data_layer.h"
 #include "resources/ids.h"
-#include "shell/common/load_text.h"
+#include "resources/load_text.h"
 #include "units/date_text.h"
 
 #include <algorithm>

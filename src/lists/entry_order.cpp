@@ -2,7 +2,7 @@
 
 #include "platform/locale.h"
 #include "records/entry.h"
-#include "shell/common/app_settings.h"
+#include "settings/app_settings.h"
 #include "units/record_text.h"
 #include "units/units.h"
 

@@ -3,7 +3,7 @@
 #include "lists/client_context.h"
 #include "platform/metrics.h"
 #include "records/entry.h"
-#include "shell/common/app_settings.h"
+#include "settings/app_settings.h"
 #include "units/number_text.h"
 #include "units/record_text.h"
 

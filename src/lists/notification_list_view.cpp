@@ -3,7 +3,7 @@
 #include "lists/app_fonts.h"
 #include "records/data_layer.h"
 #include "resources/ids.h"
-#include "shell/common/load_text.h"
+#include "resources/load_text.h"
 #include "units/date_text.h"
 #include "units/number_text.h"
 

@@ -2,7 +2,7 @@
 
 #include "records/data_layer.h"
 #include "resources/ids.h"
-#include "shell/common/load_text.h"
+#include "resources/load_text.h"
 #include "units/record_text.h"
 
 namespace {

@@ -1,14 +1,14 @@
 #include "prefs/about_dlg.h"
 
 #include "forms/dialog_helpers.h"
+#include "messages/show_message.h"
 #include "platform/drawing.h"
 #include "platform/files.h"
 #include "platform/input.h"
 #include "platform/process.h"
 #include "prefs/prefs_templates.h"
 #include "resources/ids.h"
-#include "shell/common/load_text.h"
-#include "shell/messages/show_message.h"
+#include "resources/load_text.h"
 
 #include <string>
 #include <vector>

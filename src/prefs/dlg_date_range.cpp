@@ -1,10 +1,10 @@
 #include "prefs/dlg_date_range.h"
 
 #include "forms/dialog_helpers.h"
+#include "messages/show_message.h"
 #include "platform/time.h"
 #include "prefs/prefs_templates.h"
 #include "resources/ids.h"
-#include "shell/messages/show_message.h"
 #include "units/date_ranges.h"
 
 #include <algorithm>

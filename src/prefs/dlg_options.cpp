@@ -4,8 +4,8 @@
 #include "platform/input.h"
 #include "prefs/prefs_templates.h"
 #include "resources/ids.h"
-#include "shell/common/app_settings.h"
-#include "shell/common/load_text.h"
+#include "resources/load_text.h"
+#include "settings/app_settings.h"
 #include "units/field_text.h"
 #include "units/number_text.h"
 

@@ -1,11 +1,11 @@
 #include "reminders/dlg_notification.h"
 
 #include "forms/dialog_helpers.h"
+#include "messages/show_message.h"
 #include "platform/input.h"
 #include "platform/time.h"
 #include "reminders/reminder_templates.h"
 #include "resources/ids.h"
-#include "shell/messages/show_message.h"
 
 namespace {
 

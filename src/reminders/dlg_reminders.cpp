@@ -5,10 +5,9 @@
 #include "platform/input.h"
 #include "reminders/control_place.h"
 #include "reminders/edit_reminder.h"
-#include "reminders/reminder_messages.h"
 #include "reminders/reminder_templates.h"
 #include "resources/ids.h"
-#include "shell/common/app_settings.h"
+#include "settings/app_settings.h"
 
 #include <algorithm>
 

@@ -7,7 +7,7 @@
 #include "reminders/dlg_notification_fire.h"
 #include "reminders/edit_reminder.h"
 #include "resources/ids.h"
-#include "shell/common/app_settings.h"
+#include "settings/app_settings.h"
 
 #include <limits>
 

@@ -1,12 +1,12 @@
 #include "reminders/edit_reminder.h"
 
+#include "messages/show_message.h"
 #include "platform/time.h"
 #include "platform/wait_cursor.h"
 #include "records/data_layer.h"
 #include "reminders/dlg_notification.h"
 #include "resources/ids.h"
-#include "shell/common/app_settings.h"
-#include "shell/messages/show_message.h"
+#include "settings/app_settings.h"
 #include "units/date_ranges.h"
 
 #include <algorithm>
@@ -65,4 +65,8 @@ int DeleteReminder(const CNotification& reminder) {
     if (!deleted)
         ShowStoreFailure();
     return deleted;
+}
+
+void ShowReminderCreated() {
+    ShowMessage(GetActiveWindow(), strings::ReminderCreated, strings::AppName, messages::NoticeStyle);
 }

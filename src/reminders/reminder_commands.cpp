@@ -4,7 +4,6 @@
 #include "reminders/dlg_reminders.h"
 #include "reminders/due_reminders.h"
 #include "reminders/edit_reminder.h"
-#include "reminders/reminder_messages.h"
 #include "units/record_text.h"
 
 void NewReminder(CVehicle* selectedVehicle) {

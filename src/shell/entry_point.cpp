@@ -1,18 +1,18 @@
 #include "shell/entry_point.h"
 
 #include "lists/app_fonts.h"
+#include "messages/show_message.h"
 #include "platform/dialog.h"
 #include "platform/process.h"
 #include "platform/registry.h"
 #include "platform/resources.h"
 #include "platform/system_libraries.h"
 #include "resources/ids.h"
-#include "shell/common/app_settings.h"
-#include "shell/common/load_text.h"
+#include "resources/load_text.h"
+#include "settings/app_settings.h"
 #include "shell/instance_guard.h"
 #include "shell/main_frame.h"
 #include "shell/message_loop.h"
-#include "shell/messages/show_message.h"
 
 namespace {
 

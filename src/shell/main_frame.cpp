@@ -3,6 +3,7 @@
 #include "forms/dialog_helpers.h"
 #include "lists/app_fonts.h"
 #include "lists/parent_reflection.h"
+#include "messages/show_message.h"
 #include "platform/input.h"
 #include "platform/list_view.h"
 #include "platform/resources.h"
@@ -13,12 +14,11 @@
 #include "reminders/due_reminders.h"
 #include "reminders/reminder_commands.h"
 #include "resources/ids.h"
-#include "shell/common/app_settings.h"
-#include "shell/common/load_text.h"
-#include "shell/messages/show_message.h"
+#include "resources/load_text.h"
+#include "settings/app_settings.h"
 #include "shell/program_identity.h"
 #include "stats/quick_stats.h"
-#include "stats/screen/dlg_quick_stats.h"
+#include "stats_screen/dlg_quick_stats.h"
 #include "units/record_text.h"
 
 #include <algorithm>

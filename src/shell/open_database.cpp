@@ -1,12 +1,12 @@
 // From the path of the data file to the first screen.
 
+#include "messages/show_message.h"
 #include "platform/dialog.h"
 #include "platform/files.h"
 #include "resources/ids.h"
-#include "shell/common/app_settings.h"
-#include "shell/common/load_text.h"
+#include "resources/load_text.h"
+#include "settings/app_settings.h"
 #include "shell/main_frame.h"
-#include "shell/messages/show_message.h"
 
 #include <algorithm>
 #include <cwchar>

@@ -3,7 +3,7 @@
 #include "platform/list_view.h"
 #include "platform/wait_cursor.h"
 #include "resources/ids.h"
-#include "shell/common/app_settings.h"
+#include "settings/app_settings.h"
 #include "shell/main_frame.h"
 #include "shell/record_editing.h"
 

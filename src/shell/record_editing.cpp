@@ -5,11 +5,11 @@
 #include "forms/dlg_repair.h"
 #include "forms/dlg_trip.h"
 #include "forms/dlg_vehicle.h"
+#include "messages/show_message.h"
 #include "platform/dialog.h"
 #include "platform/wait_cursor.h"
 #include "records/data_layer.h"
 #include "resources/ids.h"
-#include "shell/messages/show_message.h"
 #include "units/number_text.h"
 
 namespace {

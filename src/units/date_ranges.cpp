@@ -2,8 +2,8 @@
 
 #include "platform/time.h"
 #include "records/entry_filter.h"
+#include "resources/load_text.h"
 #include "resources/string_ids.h"
-#include "shell/common/load_text.h"
 #include "units/date_text.h"
 
 namespace {

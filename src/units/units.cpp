@@ -1,9 +1,9 @@
 #include "units/units.h"
 
 #include "platform/locale.h"
+#include "resources/load_text.h"
 #include "resources/string_ids.h"
-#include "shell/common/app_settings.h"
-#include "shell/common/load_text.h"
+#include "settings/app_settings.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "../lists/dialog_device.h"
 
 #include "forms/dlg_keywords.h"
-#include "shell/common/load_text.h"
+#include "resources/load_text.h"
 
 using namespace controls;
 

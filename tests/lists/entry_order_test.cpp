@@ -1,7 +1,7 @@
 #include "lists/entry_order.h"
 #include "platform/locale.h"
 #include "records/entry.h"
-#include "shell/common/app_settings.h"
+#include "settings/app_settings.h"
 #include "units/record_text.h"
 
 #include <algorithm>

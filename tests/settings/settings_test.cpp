@@ -3,8 +3,8 @@
 #include "platform/registry.h"
 #include "platform/resources.h"
 #include "platform/system/console_registry.h"
-#include "shell/common/app_settings.h"
-#include "shell/common/load_text.h"
+#include "resources/load_text.h"
+#include "settings/app_settings.h"
 
 #include <algorithm>
 #include <cmath>

@@ -5,9 +5,9 @@
 #include "../records/test_device.h"
 #include "lists/app_fonts.h"
 #include "resources/ids.h"
+#include "resources/load_text.h"
 #include "resources/module.h"
-#include "shell/common/app_settings.h"
-#include "shell/common/load_text.h"
+#include "settings/app_settings.h"
 #include "shell/main_frame.h"
 
 /// The whole program, open on a log that statements make.

@@ -2,7 +2,7 @@
 
 #include "../records/test_device.h"
 #include "resources/string_table.h"
-#include "shell/common/app_settings.h"
+#include "settings/app_settings.h"
 
 /// With the program's texts, and with units that are put back after each test.
 class UnitsDevice : public TestDevice {

@@ -3,7 +3,7 @@
 #include "hosts/console/line_reader.h"
 #include "hosts/console/program_facts.h"
 #include "platform/drawing/recording_canvas.h"
-#include "platform/host.h"
+#include "platform/windowing/host.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/host.h"
+#include "platform/windowing/host.h"
 
 #include <deque>
 

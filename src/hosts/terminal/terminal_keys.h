@@ -1,7 +1,7 @@
 #pragma once
 
 #include "hosts/terminal/terminal_input.h"
-#include "platform/host.h"
+#include "platform/windowing/host.h"
 
 #include <deque>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/drawing/canvas.h"
-#include "platform/host.h"
+#include "platform/windowing/host.h"
 #include "platform/windowing/menu.h"
 
 #include <vector>

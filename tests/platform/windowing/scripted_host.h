@@ -3,10 +3,10 @@
 #include "platform/dialog.h"
 #include "platform/drawing/cairo_canvas.h"
 #include "platform/drawing/recording_canvas.h"
-#include "platform/host.h"
 #include "platform/input.h"
 #include "platform/window.h"
 #include "platform/windowing/desktop.h"
+#include "platform/windowing/host.h"
 
 #include <deque>
 #include <functional>

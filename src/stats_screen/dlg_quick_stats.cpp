@@ -1,4 +1,4 @@
-#include "stats/screen/dlg_quick_stats.h"
+#include "stats_screen/dlg_quick_stats.h"
 
 #include "forms/dialog_helpers.h"
 #include "lists/parent_reflection.h"

@@ -1,10 +1,10 @@
-#include "shell/messages/show_message.h"
+#include "messages/show_message.h"
 
 #include "platform/dialog.h"
 #include "platform/resources.h"
 #include "records/data_layer.h"
 #include "resources/ids.h"
-#include "shell/common/load_text.h"
+#include "resources/load_text.h"
 
 #include <new>
 #include <string>

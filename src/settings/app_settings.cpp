@@ -1,8 +1,8 @@
-#include "shell/common/app_settings.h"
+#include "settings/app_settings.h"
 
 #include "platform/metrics.h"
 #include "records/entry_filter.h"
-#include "shell/common/settings_key.h"
+#include "settings/settings_key.h"
 
 CAppSettings::CAppSettings()
     : RowColorEven(GetSysColor(COLOR_WINDOW)) {

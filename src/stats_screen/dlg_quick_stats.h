@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/window_object.h"
-#include "stats/screen/quick_stats_list_view.h"
+#include "stats_screen/quick_stats_list_view.h"
 
 class CQuickStats;
 

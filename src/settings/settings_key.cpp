@@ -1,6 +1,6 @@
-#include "shell/common/settings_key.h"
+#include "settings/settings_key.h"
 
-#include "shell/common/app_settings.h"
+#include "settings/app_settings.h"
 
 #include <cmath>
 #include <cstring>

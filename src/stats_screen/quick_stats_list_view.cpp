@@ -1,10 +1,10 @@
-#include "stats/screen/quick_stats_list_view.h"
+#include "stats_screen/quick_stats_list_view.h"
 
 #include "lists/app_fonts.h"
 #include "lists/client_context.h"
 #include "platform/metrics.h"
-#include "shell/common/load_text.h"
-#include "stats/screen/quick_stats_rows.h"
+#include "resources/load_text.h"
+#include "stats_screen/quick_stats_rows.h"
 
 namespace {
 

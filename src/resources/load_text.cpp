@@ -1,4 +1,4 @@
-#include "shell/common/load_text.h"
+#include "resources/load_text.h"
 
 #include "platform/resources.h"
 

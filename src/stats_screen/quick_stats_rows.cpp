@@ -1,7 +1,7 @@
-#include "stats/screen/quick_stats_rows.h"
+#include "stats_screen/quick_stats_rows.h"
 
 #include "resources/ids.h"
-#include "shell/common/load_text.h"
+#include "resources/load_text.h"
 #include "stats/quick_stats.h"
 #include "units/number_text.h"
 #include "units/units.h"

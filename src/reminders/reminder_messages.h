@@ -1,4 +1,0 @@
-#pragma once
-
-/// Tells the user that a new reminder is stored.
-void ShowReminderCreated();
