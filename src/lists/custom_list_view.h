@@ -30,6 +30,8 @@ public:
     /// Returns the index that the row got, or -1. In a sorted list that is not `row`. `data` is the row's record.
     int InsertRow(int row, const wchar_t* text, int image, LPARAM data = 0);
     bool DeleteRow(int row);
+    /// The row of a record goes; the record stays.
+    void RemoveRow(const CBaseObject* record);
     /// The index of the row with this record, or -1.
     int FindRowByData(LPARAM data) const;
     int GetRowCount() const;

@@ -62,6 +62,10 @@ bool CCustomListView::DeleteRow(int row) {
     return SendMessageW(GetHandle(), LVM_DELETEITEM, static_cast<WPARAM>(row), 0) != 0;
 }
 
+void CCustomListView::RemoveRow(const CBaseObject* record) {
+    DeleteRow(FindRowByData(reinterpret_cast<LPARAM>(record)));
+}
+
 int CCustomListView::FindRowByData(LPARAM data) const {
     LVFINDINFOW wanted;
     wanted.flags = LVFI_PARAM;

@@ -33,37 +33,9 @@ UINT CloseMessage = 0;
 constexpr DWORD VehicleListStyle = 0x5000C01D;
 constexpr DWORD EntryListStyle = 0x50004401;
 
-struct ViewCommand {
-    UINT command;
-    int value;
-};
-
-constexpr ViewCommand EntryTypeCommands[] = {
-    {commands::AllEntries, CEntry::EntryTypeAll},
-    {commands::FuelEntries, CEntry::EntryTypeFuel},
-    {commands::RepairEntries, CEntry::EntryTypeRepair},
-    {commands::TripEntries, CEntry::EntryTypeTrip},
-    {commands::ExpenseEntries, CEntry::EntryTypeExpense},
-};
-
-constexpr ViewCommand DateRangeCommands[] = {
-    {commands::AllDates, CEntryFilter::DateRangeAll},
-    {commands::LastOneWeek, CEntryFilter::DateRangeLastWeek},
-    {commands::LastTwoWeeks, CEntryFilter::DateRangeLastTwoWeeks},
-    {commands::MonthToDate, CEntryFilter::DateRangeMonthToDate},
-    {commands::YearToDate, CEntryFilter::DateRangeYearToDate},
-    {commands::CustomDates, CEntryFilter::DateRangeCustom},
-};
-
 int CalculateStats(CQuickStats* stats, CEntryFilter* filter) {
     const CWaitCursor wait;
     return stats->Calculate(filter);
-}
-
-const ViewCommand* FindCommand(std::span<const ViewCommand> table, UINT command) {
-    const auto row = std::find_if(
-        table.begin(), table.end(), [command](const ViewCommand& each) { return each.command == command; });
-    return row == table.end() ? nullptr : &*row;
 }
 
 } // namespace
@@ -96,10 +68,6 @@ LRESULT CMainFrame::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lPa
     if (message != WM_MEASUREITEM && message != WM_COMMAND
         && ReflectNotification(GetHandle(), message, wParam, lParam, reflected) && message != WM_NOTIFY)
         return reflected;
-    if (message == ReloadMessage) {
-        OnReload();
-        return 0;
-    }
     switch (message) {
     case WM_CREATE:
         return OnCreate();
@@ -111,15 +79,13 @@ LRESULT CMainFrame::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lPa
         OnCommand(LOWORD(wParam));
         return 0;
     case WM_HOTKEY:
-        if (HIWORD(static_cast<std::uintptr_t>(lParam)) == VK_TBACK && LOWORD(static_cast<std::uintptr_t>(lParam)) == 0)
-            OnBackKey();
+        OnHotKey(static_cast<std::uintptr_t>(lParam));
         return 0;
     case WM_INITMENUPOPUP:
         updateTable_.ApplyTo(reinterpret_cast<HMENU>(wParam)); // NOLINT(performance-no-int-to-ptr)
         return 0;
     case WM_SIZE:
-        if (wParam != SIZE_MINIMIZED)
-            LayOut();
+        OnSize(wParam);
         return 0;
     case WM_SETFOCUS:
         SetFocus(visibleView_);
@@ -137,11 +103,7 @@ LRESULT CMainFrame::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lPa
         PostQuitMessage(1);
         return 0;
     default:
-        if (message == CloseMessage && message != 0) {
-            PostMessageW(GetHandle(), WM_CLOSE, 0, 0);
-            return 0;
-        }
-        return DefaultMessage(message, wParam, lParam);
+        return OnRegisteredMessage(message) ? 0 : DefaultMessage(message, wParam, lParam);
     }
 } catch (const std::bad_alloc&) {
     PostOutOfMemory(GetHandle());
@@ -155,13 +117,17 @@ LRESULT CMainFrame::OnCreate() {
         || !entryList_.CreateControl(L"SysListView32", EntryListStyle, GetHandle(), controls::EntryList))
         return -1;
     visibleView_ = vehicleList_.GetHandle();
-    for (const HWND list : {vehicleList_.GetHandle(), entryList_.GetHandle()})
-        SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(static_cast<HFONT>(BoldTextFont)), TRUE);
+    SetListFonts();
     ShowWindow(vehicleList_.GetHandle(), SW_SHOW);
     ShowWindow(entryList_.GetHandle(), SW_HIDE);
     MarkEntryType();
     MarkDateRange();
     return 0;
+}
+
+void CMainFrame::SetListFonts() const {
+    for (const HWND list : {vehicleList_.GetHandle(), entryList_.GetHandle()})
+        SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(static_cast<HFONT>(BoldTextFont)), TRUE);
 }
 
 LRESULT CMainFrame::OnMeasureItem(WPARAM id, LPARAM request) {
@@ -229,10 +195,7 @@ void CMainFrame::OnCommand(UINT command) {
         PostMessageW(GetHandle(), WM_CLOSE, 0, 0);
         break;
     default:
-        if (FindCommand(EntryTypeCommands, command))
-            EntryTypeCommand(command);
-        else if (FindCommand(DateRangeCommands, command))
-            EntryDateRangeCommand(command);
+        ViewCommand(command);
         break;
     }
 }
@@ -245,7 +208,22 @@ bool CMainFrame::FollowsReplacedFile() {
     return true;
 }
 
-void CMainFrame::OnBackKey() {
+bool CMainFrame::OnRegisteredMessage(UINT message) {
+    if (message == 0)
+        return false;
+    if (message == ReloadMessage)
+        OnReload();
+    else if (message == CloseMessage)
+        PostMessageW(GetHandle(), WM_CLOSE, 0, 0);
+    else
+        return false;
+    return true;
+}
+
+// The Back key, on its way down.
+void CMainFrame::OnHotKey(std::uintptr_t key) {
+    if (HIWORD(key) != VK_TBACK || LOWORD(key) != 0)
+        return;
     if (IsVehicleListVisible())
         SHNavigateBack();
     else
@@ -293,6 +271,11 @@ void CMainFrame::OnReload() {
     if (!vehicle)
         ShowView(controls::VehicleList);
     ActivateVehicle(vehicle);
+}
+
+void CMainFrame::OnSize(WPARAM kind) {
+    if (kind != SIZE_MINIMIZED)
+        LayOut();
 }
 
 void CMainFrame::LayOut() {
@@ -357,26 +340,7 @@ void CMainFrame::UpdateOdometer() {
     CheckDueReminders(vehicle);
 }
 
-// View commands
-
-void CMainFrame::EntryTypeCommand(UINT command) {
-    const int type = FindCommand(EntryTypeCommands, command)->value;
-    theSettings.ViewEntryType = type;
-    filter_.SetEntryType(static_cast<CEntry::Type>(type));
-    entryList_.Refresh(&filter_);
-    SetFocus(entryList_.GetHandle());
-    MarkEntryType();
-}
-
-void CMainFrame::MarkEntryType() {
-    for (const ViewCommand& each : EntryTypeCommands)
-        updateTable_.SetCheck(each.command, each.value == filter_.GetEntryType());
-}
-
-void CMainFrame::MarkDateRange() {
-    for (const ViewCommand& each : DateRangeCommands)
-        updateTable_.SetCheck(each.command, each.value == filter_.GetDateRangeType());
-}
+// Commands of the frame itself
 
 void CMainFrame::QuickStatsCommand() {
     if (theSettings.LastActiveVehicle == 0)
@@ -399,8 +363,7 @@ void CMainFrame::OptionsCommand() {
     theSettings.SaveSettings();
     if (theSettings.TextSize != formerTextSize) {
         CreateAppFonts();
-        for (const HWND list : {vehicleList_.GetHandle(), entryList_.GetHandle()})
-            SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(static_cast<HFONT>(BoldTextFont)), TRUE);
+        SetListFonts();
         entryList_.RemeasureRows();
     }
     if (!IsVehicleListVisible())
@@ -421,15 +384,4 @@ void CMainFrame::ManageRemindersCommand() {
 void CMainFrame::SelectVehicleCommand() {
     if (!IsVehicleListVisible())
         ShowView(controls::VehicleList);
-}
-
-void CMainFrame::EntryDateRangeCommand(UINT command) {
-    const int type = FindCommand(DateRangeCommands, command)->value;
-    if (type == CEntryFilter::DateRangeCustom && !PickCustomDates(&filter_))
-        return;
-    theSettings.ViewDateRangeType = type;
-    filter_.SetDateRangeType(static_cast<CEntryFilter::DateRangeType>(type));
-    entryList_.Refresh(&filter_);
-    SetFocus(entryList_.GetHandle());
-    MarkDateRange();
 }

@@ -41,7 +41,9 @@ private:
     LRESULT OnNotify(const NMHDR* note);
     void OnCommand(UINT command);
     bool FollowsReplacedFile();
-    void OnBackKey();
+    bool OnRegisteredMessage(UINT message);
+    void OnHotKey(std::uintptr_t key);
+    void OnSize(WPARAM kind);
     void OnOutOfMemory();
     void OnReload();
     void OnClose();
@@ -49,16 +51,21 @@ private:
     bool IsFormOpen() const;
     void LayOut();
 
-    // Commands of the frame itself
+    void SetListFonts() const;
+
+    // Commands on the view (view_commands.cpp)
+    void ViewCommand(UINT command);
     void EntryTypeCommand(UINT command);
     void EntryDateRangeCommand(UINT command);
+    void MarkEntryType();
+    void MarkDateRange();
+
+    // Commands of the frame itself
     void QuickStatsCommand();
     void OptionsCommand();
     void NewReminderCommand();
     void ManageRemindersCommand();
     void SelectVehicleCommand();
-    void MarkEntryType();
-    void MarkDateRange();
 
     // Commands on records (record_commands.cpp)
     void NewVehicleCommand();
@@ -71,7 +78,6 @@ private:
     void DeleteSelectedEntries();
 
     // Start-up (open_database.cpp)
-    bool ConnectOrCreate();
     void ShowFirstScreen();
 
     bool IsVehicleListVisible() const { return visibleView_ == vehicleList_.GetHandle(); }

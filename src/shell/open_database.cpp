@@ -1,4 +1,4 @@
-// From the path of the data file to the first screen.
+// The frame's start, from the path of the data file to the first screen.
 
 #include "messages/show_message.h"
 #include "platform/dialog.h"
@@ -7,109 +7,44 @@
 #include "resources/load_text.h"
 #include "settings/app_settings.h"
 #include "shell/main_frame.h"
+#include "shell/open_data_file.h"
 
-#include <algorithm>
-#include <cwchar>
-#include <iterator>
 #include <string>
 
 namespace {
 
-/// After so many copies in a row that failed there is no way to go on.
-constexpr int CopiesInVain = 3;
-/// What SQLite would take for parts of the file whose name they continue.
-constexpr const wchar_t* JournalSuffixes[] = {L"-journal", L"-wal", L"-shm"};
-
-std::wstring TextWithPath(UINT id, const std::wstring& path) {
+void ShowFailure(UINT id, const std::wstring& path) {
     std::wstring text = LoadText(id);
     const std::size_t place = text.find(L"%s");
-    return place == std::wstring::npos ? text : text.replace(place, 2, path);
+    if (place != std::wstring::npos)
+        text.replace(place, 2, path);
+    MessageBoxW(GetActiveWindow(), text.c_str(), nullptr, messages::FailureStyle);
 }
 
-void ShowFailure(UINT id, const std::wstring& path) {
-    MessageBoxW(GetActiveWindow(), TextWithPath(id, path).c_str(), nullptr, messages::FailureStyle);
+void SetPath(const std::wstring& path) {
+    theSettings.DBPath[path.copy(theSettings.DBPath, CAppSettings::PathSize - 1)] = 0;
 }
 
-bool Exists(const std::wstring& path) {
-    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
-bool HasJournals(const std::wstring& path) {
-    return std::any_of(std::begin(JournalSuffixes), std::end(JournalSuffixes),
-        [&](const wchar_t* suffix) { return IsNameTaken((path + suffix).c_str()); });
-}
-
-/// The first name of `path`.bad, `path`.bad2, ... that neither a file nor a journal has.
-std::wstring FreeNameBeside(const std::wstring& path) {
-    std::wstring name = path + L".bad";
-    for (int number = 2; IsNameTaken(name.c_str()) || HasJournals(name); ++number)
-        name = path + L".bad" + std::to_wstring(number);
-    return name;
-}
-
-/// A file that is no data file gives way under another name, so that nothing of the user's is lost. Its journals go
-/// first: beside a fresh file they would be mixed into that. A link that leads nowhere stays: the disk with the log may
-/// be somewhere else.
-void MoveAside(const std::wstring& path) {
-    const std::wstring aside = FreeNameBeside(path);
-    for (const wchar_t* suffix : JournalSuffixes) {
-        if (IsNameTaken((path + suffix).c_str()) && !MoveFileW((path + suffix).c_str(), (aside + suffix).c_str()))
-            return;
-    }
-    if (Exists(path))
-        MoveFileW(path.c_str(), aside.c_str());
-}
-
-std::wstring TemplatePath() {
-    wchar_t program[MAX_PATH + 1] = {};
-    GetModuleFileNameW(nullptr, program, MAX_PATH);
-    const std::wstring path = program;
-    return path.substr(0, path.rfind(L'\\') + 1) + LoadText(strings::TemplateFileName);
-}
-
-void FillDefaultPath() {
-    if (theSettings.DBPath[0] != 0)
-        return;
+std::wstring DefaultPath() {
     wchar_t folder[MAX_PATH + 1] = {};
     SHGetSpecialFolderPath(nullptr, folder, CSIDL_PERSONAL, TRUE);
-    const std::wstring path = std::wstring(folder) + L"\\" + LoadText(strings::DataFileName);
-    const std::size_t length = path.copy(theSettings.DBPath, CAppSettings::PathSize - 1);
-    theSettings.DBPath[length] = 0;
+    return std::wstring(folder) + L"\\" + LoadText(strings::DataFileName);
 }
 
 } // namespace
 
-bool CMainFrame::ConnectOrCreate() {
+bool CMainFrame::OpenDatabase() {
     const std::wstring loadedPath = theSettings.DBPath;
-    FillDefaultPath();
+    if (loadedPath.empty())
+        SetPath(DefaultPath());
     const std::wstring path = theSettings.DBPath;
-    bool isCopy = false;
-    for (int failures = 0; failures < CopiesInVain;) {
-        const CDataLayer::ConnectStatus status = theDataLayer.Connect(path.c_str());
-        if (status == CDataLayer::ConnectOK)
-            return true;
-        // The template is no data file itself. Left there, its copy would be put aside at every start, and before the
-        // user has seen a message the file cannot be anybody else's.
-        const bool isSpoilt = isCopy && status == CDataLayer::ConnectInvalid;
-        if (isSpoilt)
-            DeleteFileW(path.c_str());
-        if (status == CDataLayer::ConnectReadOnly)
-            ShowFailure(strings::ReadOnlyDataFile, path);
-        else if (status == CDataLayer::ConnectInvalid)
-            ShowFailure(strings::InvalidDataFile, path);
-        const std::wstring templatePath = TemplatePath();
-        // Only where a fresh file can take its place: without a template the user's file stays as it is.
-        const bool givesWay = status == CDataLayer::ConnectInvalid || status == CDataLayer::ConnectNotFound;
-        if (givesWay && !isSpoilt && Exists(templatePath))
-            MoveAside(path);
-        isCopy = !isSpoilt && CopyFileW(templatePath.c_str(), path.c_str(), TRUE);
-        if (!isCopy) {
-            ++failures;
-            ShowFailure(strings::CannotCreateDataFile, path);
-        }
+    if (!OpenDataFile(path, [&](UINT text) { ShowFailure(text, path); })) {
+        SetPath(loadedPath);
+        return false;
     }
-    std::wcsncpy(theSettings.DBPath, loadedPath.c_str(), CAppSettings::PathSize - 1);
-    return false;
+    theSettings.SaveDBPath();
+    ShowFirstScreen();
+    return true;
 }
 
 void CMainFrame::ShowFirstScreen() {
@@ -121,12 +56,4 @@ void CMainFrame::ShowFirstScreen() {
     }
     ShowView(controls::VehicleList);
     InvalidateRect(vehicleList_.GetHandle(), nullptr, TRUE);
-}
-
-bool CMainFrame::OpenDatabase() {
-    if (!ConnectOrCreate())
-        return false;
-    theSettings.SaveDBPath();
-    ShowFirstScreen();
-    return true;
 }

@@ -1,6 +1,5 @@
 // The frame's commands on records: what they leave on the screen once a record was stored or deleted.
 
-#include "platform/list_view.h"
 #include "platform/wait_cursor.h"
 #include "resources/ids.h"
 #include "settings/app_settings.h"
@@ -86,12 +85,10 @@ void CMainFrame::EditSelectedEntry() {
     CEntry* entry = selected.Get(0);
     if (!EditEntry(entry))
         return;
-    if (filter_.EntryMatchesFilter(entry)) {
+    if (filter_.EntryMatchesFilter(entry))
         entryList_.AddRow(entry, 1);
-    } else {
-        const int row = entryList_.FindRowByData(reinterpret_cast<LPARAM>(entry));
-        SendMessageW(entryList_.GetHandle(), LVM_DELETEITEM, static_cast<WPARAM>(row), 0);
-    }
+    else
+        entryList_.RemoveRow(entry);
     UpdateOdometer();
 }
 
@@ -107,8 +104,7 @@ void CMainFrame::DeleteSelectedVehicle() {
     if (!vehicle || !DeleteVehicle(vehicle))
         return;
     const CWaitCursor wait;
-    const int row = vehicleList_.FindRowByData(reinterpret_cast<LPARAM>(vehicle));
-    SendMessageW(vehicleList_.GetHandle(), LVM_DELETEITEM, static_cast<WPARAM>(row), 0);
+    vehicleList_.RemoveRow(vehicle);
     ActivateVehicle(nullptr);
 }
 
