@@ -88,11 +88,14 @@ void TerminalHost::Terminal::CollectSignal(Signals::Kind kind) {
 void TerminalHost::Terminal::Collect() {
     for (auto kind = signals.Next(); kind != Signals::Kind::None; kind = signals.Next())
         CollectSignal(kind);
-    // One at a time: what a key means depends on where the one before it led.
-    if (!events.empty())
-        return;
-    if (const auto key = screen.NextKey())
+    // One at a time: what a key means depends on where the one before it led. One that means nothing is passed over,
+    // since those behind it may have been read already.
+    while (events.empty()) {
+        const auto key = screen.NextKey();
+        if (!key)
+            return;
         TerminalKeys::Translate(*key, IsTyping(), events);
+    }
 }
 
 void TerminalHost::Terminal::Wait() {

@@ -136,18 +136,27 @@ RECT EditLayout::SelectionPlace(std::size_t line, std::size_t start, std::size_t
 
 std::size_t EditLayout::IndexInLine(std::size_t line, int x) const {
     const std::wstring_view text = LineText(line);
-    const int left = static_cast<int>(LinePlace(line).x);
+    const std::vector<double> widths = frame_.measurer->PrefixWidths(frame_.font, text);
+    const int place = std::clamp(x - static_cast<int>(LinePlace(line).x), 0, static_cast<int>(widths.back()));
     std::size_t best = 0;
     int distance = std::numeric_limits<int>::max();
-    for (std::size_t index = 0;; index = NextTextBoundary(text, index)) {
-        const int off = std::abs(left + frame_.measurer->CaretX(frame_.font, text, index) - x);
-        if (off < distance) {
-            distance = off;
+    const auto consider = [&](std::size_t index) {
+        const int caret = frame_.measurer->CaretX(frame_.font, text, index);
+        if (std::abs(caret - place) < distance) {
+            distance = std::abs(caret - place);
             best = index;
         }
-        if (index >= text.size())
-            break;
-    }
+        return std::abs(caret - widths[index]) <= 1;
+    };
+    // Where text runs from left to right the carets stand as the widths say, and not all of them have to be asked for.
+    const auto beyond = std::upper_bound(widths.begin() + 1, widths.end(), place);
+    const std::size_t after = NextTextBoundary(text, static_cast<std::size_t>(beyond - widths.begin()) - 1);
+    const std::size_t before = PreviousTextBoundary(text, after);
+    const bool isForward = consider(before) && consider(after);
+    for (std::size_t index = 0; !isForward && index < text.size(); index = NextTextBoundary(text, index))
+        consider(index);
+    if (!isForward)
+        consider(text.size());
     return std::min(lines_[line].start + best, LineEnd(line));
 }
 

@@ -77,8 +77,8 @@ send_bytes 1b 5d 31 31 3b 72 67 62 3a
 sleep 0.1
 send_bytes 30 2f 31 2f 5d 1b 5c
 tm set-buffer "[2]"
-tm paste-buffer -p -t main
-on F1 "2 Fuel Entry"
+tm paste-buffer -p -t main \; send-keys -t main F1 # at once: the key must not wait behind the paste
+see "2 Fuel Entry"
 on 2 "Fuel Entry +123"
 for ((i = 0; i < 5; i++)); do press Down; done
 tm set-buffer "$(printf 'North [A]\n1]')"

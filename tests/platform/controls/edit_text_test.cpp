@@ -91,6 +91,15 @@ TEST_F(EditLayoutTest, OneLineScrollsAsFarAsTheCaretNeeds) {
     EXPECT_EQ(layout.CaretX(0, 0), 4) << "a short text stands at the left again";
     Update(L"\u05e9\u05dc", {100, 24}, false);
     EXPECT_FALSE(IsRectEmpty(layout.SelectionPlace(0, 0, 1))) << "from right to left";
+    for (const wchar_t* text : {L"\u05e9\u05dc", L"ab \u05e9\u05dc\u05d5\u05dd cd", L"one e\u0301 two", L""}) {
+        Update(text, {300, 24}, false);
+        for (std::size_t index = 0; index <= std::wcslen(text); index = device::NextTextBoundary(text, index)) {
+            const int x = layout.CaretX(0, index);
+            EXPECT_EQ(layout.CaretX(0, layout.IndexAt({x, 12})), x) << index << testing::PrintToString(text);
+            if (index == std::wcslen(text))
+                break;
+        }
+    }
 }
 
 /// Whatever is changed, the lines are those that the whole text has when it is laid out at once.
@@ -130,6 +139,11 @@ TEST_F(EditLayoutTest, AKeyInALongTextMeasuresLittle) {
         layout.Update(frame, text);
         EXPECT_LE(cells.Calls, 3) << "at " << at;
     }
+    layout.Update({&cells, {}, {200, 24}, 4, false}, text);
+    layout.ShowCaret(50'000);
+    cells.Calls = 0;
+    EXPECT_EQ(layout.IndexAt({layout.CaretX(0, 49'995) + 1, 12}), 49'995U) << "a click";
+    EXPECT_LE(cells.Calls, 6);
 }
 
 TEST_F(EditLayoutTest, LinesBreakAndEveryPlaceBelongsToOne) {
