@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <glib.h>
+#include <unicode/uchar.h>
 
 namespace device {
 
@@ -32,6 +32,30 @@ bool IsDirection(wchar_t character) {
         || (character >= 0x202A && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069);
 }
 
+bool IsCharacter(wchar_t character) {
+    return character >= 0 && character <= UCHAR_MAX_VALUE && !U_IS_SURROGATE(character);
+}
+
+/// Marks on the character before, and what shows nothing at all.
+bool HasNoWidth(wchar_t character) {
+    constexpr wchar_t softHyphen = 0xAD;
+    const bool isInnerJamo = character >= 0x1160 && character <= 0x11FF;
+    switch (u_charType(character)) {
+    case U_NON_SPACING_MARK:
+    case U_ENCLOSING_MARK:
+        return true;
+    case U_FORMAT_CHAR:
+        return character != softHyphen;
+    default:
+        return isInnerJamo;
+    }
+}
+
+bool IsWide(wchar_t character) {
+    const int width = u_getIntPropertyValue(character, UCHAR_EAST_ASIAN_WIDTH);
+    return width == U_EA_WIDE || width == U_EA_FULLWIDTH;
+}
+
 } // namespace
 
 CellMeasurer::CellMeasurer(bool unicode)
@@ -42,14 +66,13 @@ CellMeasurer::CellMeasurer(bool unicode)
 }
 
 int CellMeasurer::Columns(wchar_t character) const {
-    const auto point = static_cast<gunichar>(static_cast<char32_t>(character));
-    if (g_unichar_validate(point) == FALSE)
+    if (!IsCharacter(character))
         return 1;
-    if (point != 0 && !IsControl(character) && g_unichar_iszerowidth(point) != FALSE)
+    if (!IsControl(character) && HasNoWidth(character))
         return 0;
     if (!unicode_)
         return static_cast<int>(Shown(character).size());
-    return g_unichar_iswide(point) != FALSE ? 2 : 1;
+    return IsWide(character) ? 2 : 1;
 }
 
 std::wstring CellMeasurer::Shown(wchar_t character) const {
@@ -57,7 +80,7 @@ std::wstring CellMeasurer::Shown(wchar_t character) const {
         return L" ";
     if (IsDirection(character))
         return {};
-    if (IsControl(character) || g_unichar_validate(static_cast<gunichar>(character)) == FALSE)
+    if (IsControl(character) || !IsCharacter(character))
         return unicode_ ? L"\uFFFD" : L"?";
     if (unicode_ || character < 0x80)
         return std::wstring(1, character);

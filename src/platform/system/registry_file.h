@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/system/key_file.h"
 #include "platform/types.h"
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -41,9 +41,6 @@ class RegistryFile {
 public:
     /// A file that is not there is an empty registry; of a damaged one all lines that can be read.
     explicit RegistryFile(const std::string& path);
-    RegistryFile(RegistryFile&&) noexcept;
-    RegistryFile& operator=(RegistryFile&&) noexcept;
-    ~RegistryFile();
 
     /// Whether there is a value in `key` or below it.
     bool HasKey(const std::wstring& key) const;
@@ -52,21 +49,17 @@ public:
     /// All values of a key that can be read, by name.
     std::vector<NamedRegistryValue> List(const std::wstring& key) const;
 
-    /// Reads the file at `path` anew, changes it and puts it back whole; everything else in it stays. When this
-    /// returns 0 the changes are on the disk; otherwise the file is as it was. A damaged file is kept under another
-    /// name, and one that nobody may write to stays. Another process that holds the folder is waited for a second.
+    /// Reads the file at `path` anew, changes it and puts it back whole; everything else in it stays, be it rubbish.
+    /// When this returns 0 the changes are on the disk; otherwise the file is as it was. One that nobody may write to
+    /// stays. Another process that holds the folder is waited for a second.
     static LONG Change(const std::string& path, const std::vector<RegistryChange>& changes);
 
 private:
-    struct Contents;
-
-    void Salvage(const std::string& text);
     void Apply(const RegistryChange& change);
     LONG Write() const;
 
     std::string path_;
-    std::unique_ptr<Contents> contents_;
-    LONG error_ = 0; ///< why the file could not be read at all
-    bool damaged_ = false;
+    KeyFile contents_;
+    LONG error_ = 0; ///< why the file could not be read
 };
 } // namespace device

@@ -105,7 +105,7 @@ std::optional<RegistryValue> NumberFrom(std::string_view text) {
 std::optional<RegistryValue> TextFrom(std::string_view text, DWORD type) {
     const auto plain = UnescapedText(text);
     // Text of another encoding was put there by something else than the device.
-    if (!plain || ToUtf8(FromUtf8(*plain)) != *plain) {
+    if (!plain || plain->find('\0') != std::string::npos || ToUtf8(FromUtf8(*plain)) != *plain) {
         return std::nullopt;
     }
     return RegistryValue::OfText(FromUtf8(*plain), type);
@@ -166,7 +166,7 @@ std::string EscapedName(const std::wstring& name, const char* alsoAllowed) {
             AppendHex(escaped, byte);
         }
     }
-    if (SameEscapedName(escaped, std::string{ReservedName})) {
+    if (SameKeyName(escaped, std::string{ReservedName})) {
         const char first = escaped.front();
         escaped.erase(0, 1);
         std::string head = "%";
@@ -224,14 +224,6 @@ std::optional<RegistryValue> ValueFromText(const std::string& text) {
         return TextFrom(rest, REG_EXPAND_SZ);
     }
     return TakePrefix(rest, BytesPrefix) ? BytesFrom(rest) : std::nullopt;
-}
-
-bool SameEscapedName(const std::string& first, const std::string& second) {
-    const auto lower = [](char character) {
-        return character >= 'A' && character <= 'Z' ? static_cast<char>(character | 0x20) : character;
-    };
-    return std::equal(first.begin(), first.end(), second.begin(), second.end(),
-        [&](char left, char right) { return lower(left) == lower(right); });
 }
 
 } // namespace device

@@ -17,7 +17,4 @@ std::wstring NameFromEscaped(const std::string& escaped);
 std::optional<std::string> ValueText(const RegistryValue& value);
 /// Nothing for a text that no value is written as.
 std::optional<RegistryValue> ValueFromText(const std::string& text);
-
-/// Without regard to the case of the basic letters.
-bool SameEscapedName(const std::string& first, const std::string& second);
 } // namespace device

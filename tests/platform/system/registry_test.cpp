@@ -106,15 +106,18 @@ TEST_F(RegistryTest, AValueThatCannotBeReadIsMissing) {
     EXPECT_EQ(All(), "a 4 4294967295\nb 3 0 bytes\nc 3 1 bytes\nd 1 \n");
 }
 
-TEST_F(RegistryTest, ADamagedFileGivesWhatItCanAndIsKeptAside) {
+TEST_F(RegistryTest, ADamagedFileGivesWhatItCanAndKeepsTheRest) {
     const std::string rubbish = std::string("\x00\x01\xFE\xFF garbage\n", 13)
-        + Section("Good=dword:1\n??\nx\xFF=sz:a\n") + "[broken\nLost=dword:2\n" + Section("More=sz:b\n");
+        + Section("Good=dword:1\n??\nx\xFF=sz:a\n") + std::string("Nul=sz:a\0b\n", 11) + "[broken\nLost=dword:2\n"
+        + Section(" good = dword:2\nMore=sz:b\r\n\n# the end");
     Write(File(), rubbish);
-    EXPECT_EQ(All(), "Good 4 1\nMore 1 b\n");
+    EXPECT_EQ(All(), "Good 4 2\nMore 1 b\n");
     EXPECT_EQ(Read(File()), rubbish);
     EXPECT_EQ(device::SetRegistryValue(Key, L"New", RegistryValue::OfNumber(3)), ERROR_SUCCESS);
-    EXPECT_EQ(All(), "Good 4 1\nMore 1 b\nNew 4 3\n");
-    EXPECT_EQ(Read(Storage() / "registry.bad"), rubbish);
+    EXPECT_EQ(All(), "Good 4 2\nMore 1 b\nNew 4 3\n");
+    EXPECT_EQ(Read(File()), rubbish + "\nNew=dword:3\n");
+    EXPECT_EQ(device::DeleteRegistryValue(Key, L"good"), ERROR_SUCCESS);
+    EXPECT_EQ(All(), "More 1 b\nNew 4 3\n") << "both of them";
     // A linked file stays linked.
     std::filesystem::rename(File(), folder_ / "mine");
     std::filesystem::create_symlink(folder_ / "mine", File());
