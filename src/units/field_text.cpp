@@ -3,10 +3,9 @@
 #include "platform/locale.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cwchar>
-#include <iterator>
+#include <iomanip>
 #include <locale>
 #include <sstream>
 
@@ -81,12 +80,12 @@ void SwapDecimalSeparator(wchar_t* text, std::size_t capacity, bool toPoint) {
 }
 
 std::wstring PrintPlainFloat(float value, int precision) {
-    char text[FieldTextSize];
     constexpr int mostDigits = 20;
-    const double unsignedZero = value == 0 ? 0.0 : static_cast<double>(value); // a field refuses "-0"
-    const std::to_chars_result end = std::to_chars(
-        text, std::end(text), unsignedZero, std::chars_format::general, std::clamp(precision, 0, mostDigits));
-    return {text, end.ptr};
+    std::wostringstream text;
+    text.imbue(std::locale::classic());
+    text << std::setprecision(std::clamp(precision, 0, mostDigits))
+         << (value == 0 ? 0.0F : value); // a field refuses "-0"
+    return text.str();
 }
 
 std::wstring PrintFieldFloat(float value, int precision) {

@@ -2,7 +2,7 @@
 
 #include "hosts/window/display.h"
 #include "platform/system/environment.h"
-#include "platform/system/runtime_folder.h"
+#include "platform/system/posix/runtime_folder.h"
 
 #include <cerrno>
 #include <cstdlib>

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <locale>
 #include <pwd.h>
 #include <sstream>
 #include <unistd.h>
@@ -29,14 +30,23 @@ constexpr const char* VariableNames[] = {"HANDSET_STORAGE", "HANDSET_SCREEN", "H
     "HANDSET_LOCALE", "HANDSET_CLOCK", "HANDSET_SYNC", "TZ", "LC_ALL", "LC_MONETARY", "LC_TIME", "LANG", "HOME",
     "TMPDIR", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"};
 
-template <typename Number> std::optional<Number> ReadNumber(std::string_view text, Number least, Number most) {
-    Number number{};
+std::optional<int> ReadNumber(std::string_view text, int least, int most) {
+    int number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    // Written so that what is not a number fails.
-    if (error != std::errc{} || end != text.data() + text.size() || !(number >= least && number <= most)) {
+    if (error != std::errc{} || end != text.data() + text.size() || number < least || number > most) {
         return std::nullopt;
     }
     return number;
+}
+
+std::optional<double> ReadZoom(const std::string& text) {
+    std::istringstream stream{text};
+    stream.imbue(std::locale::classic());
+    double zoom = 0;
+    stream >> std::noskipws >> zoom;
+    // Written so that what is not a number fails.
+    const bool isWhole = !stream.fail() && stream.peek() == std::istringstream::traits_type::eof();
+    return isWhole && zoom >= LeastZoom && zoom <= MostZoom ? std::optional{zoom} : std::nullopt;
 }
 
 std::optional<SIZE> ReadSize(const std::string& text) {
@@ -44,8 +54,8 @@ std::optional<SIZE> ReadSize(const std::string& text) {
     if (cross == std::string::npos) {
         return std::nullopt;
     }
-    const auto width = ReadNumber<int>(std::string_view{text}.substr(0, cross), 1, LargestScreen);
-    const auto height = ReadNumber<int>(std::string_view{text}.substr(cross + 1), 1, LargestScreen);
+    const auto width = ReadNumber(std::string_view{text}.substr(0, cross), 1, LargestScreen);
+    const auto height = ReadNumber(std::string_view{text}.substr(cross + 1), 1, LargestScreen);
     if (!width || !height) {
         return std::nullopt;
     }
@@ -169,14 +179,14 @@ void Parser::ParseScreen() {
         }
     }
     if (const std::string text = Value("HANDSET_DPI"); !text.empty()) {
-        if (const auto dpi = ReadNumber<int>(text, LeastDpi, MostDpi)) {
+        if (const auto dpi = ReadNumber(text, LeastDpi, MostDpi)) {
             environment.dpi = *dpi;
         } else {
             Refuse("HANDSET_DPI", "a whole number from " + std::to_string(LeastDpi) + " to " + std::to_string(MostDpi));
         }
     }
     if (const std::string text = Value("HANDSET_ZOOM"); !text.empty()) {
-        environment.zoom = ReadNumber<double>(text, LeastZoom, MostZoom);
+        environment.zoom = ReadZoom(text);
         if (!environment.zoom) {
             Refuse("HANDSET_ZOOM", "a number from 0.25 to 16");
         }

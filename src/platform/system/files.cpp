@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cwchar>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 

@@ -183,13 +183,15 @@ LONG HoldFolder(const std::string& folder, std::chrono::milliseconds patience, F
 }
 
 LONG RenameToNew(const std::string& source, const std::string& target) {
+#ifdef RENAME_NOREPLACE // which a browser's system does not have
     if (renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0) {
         return ERROR_SUCCESS;
     }
     if (errno != EINVAL && errno != ENOSYS) {
         return ErrorOf(errno);
     }
-    // A file system without that kind of rename: a second name is made instead, which never replaces one either.
+#endif
+    // Without that kind of rename a second name is made instead, which never replaces one either.
     if (link(source.c_str(), target.c_str()) != 0) {
         return ErrorOf(errno);
     }

@@ -3,8 +3,8 @@
 #include "platform/process.h"
 #include "platform/registry.h"
 #include "platform/system/ipc.h"
-#include "platform/system/local_socket.h"
-#include "platform/system/runtime_folder.h"
+#include "platform/system/posix/local_socket.h"
+#include "platform/system/posix/runtime_folder.h"
 #include "platform/system/troubles.h"
 
 #include <algorithm>

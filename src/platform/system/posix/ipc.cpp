@@ -1,8 +1,8 @@
 #include "platform/system/ipc.h"
 
 #include "platform/registry.h"
-#include "platform/system/local_socket.h"
-#include "platform/system/runtime_folder.h"
+#include "platform/system/posix/local_socket.h"
+#include "platform/system/posix/runtime_folder.h"
 #include "platform/system/utf8.h"
 
 #include <algorithm>

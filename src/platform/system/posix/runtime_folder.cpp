@@ -1,4 +1,4 @@
-#include "platform/system/runtime_folder.h"
+#include "platform/system/posix/runtime_folder.h"
 
 #include "platform/system/environment.h"
 #include "platform/system/troubles.h"

@@ -2,7 +2,7 @@
 
 #include "platform/registry.h"
 #include "platform/system/environment.h"
-#include "platform/system/runtime_folder.h"
+#include "platform/system/posix/runtime_folder.h"
 #include "platform/system/troubles.h"
 #include "platform/system/utf8.h"
 

@@ -1,4 +1,4 @@
-#include "platform/system/local_socket.h"
+#include "platform/system/posix/local_socket.h"
 
 #include <array>
 #include <cerrno>
