@@ -34,6 +34,8 @@ int TitleHeight();
 int SoftKeyBarHeight();
 /// Pixels per logical inch (LOGPIXELSY).
 int Dpi();
+/// A length given at 96 pixels per inch, in device pixels; at least 1.
+int Scaled(int pixels);
 /// The screen's size in device pixels; starts as HANDSET_SCREEN says and follows the host's window.
 SIZE ScreenSize();
 void SetScreenSize(SIZE size);

@@ -4,6 +4,7 @@
 #include "platform/drawing/rectangles.h"
 #include "platform/metrics.h"
 #include "platform/window.h"
+#include "platform/windowing/control.h"
 #include "platform/windowing/look.h"
 
 #include <algorithm>
@@ -23,10 +24,6 @@ int Floor(int value, int by) {
 
 bool IsLight(COLORREF color) {
     return std::min({color & 0xFFU, (color >> 8U) & 0xFFU, (color >> 16U) & 0xFFU}) > 0x60U;
-}
-
-int HeightOf(const RECT& rectangle) {
-    return static_cast<int>(rectangle.bottom - rectangle.top);
 }
 
 bool IsOfClass(HWND control, std::wstring_view name) {
@@ -129,7 +126,7 @@ RECT TerminalCanvas::Clipped(const RECT& rectangle) const {
 }
 
 bool TerminalCanvas::IsEdit() const {
-    return IsOfClass(marks_.control, L"Edit");
+    return TakesText(marks_.control);
 }
 
 // A frame

@@ -24,9 +24,7 @@ namespace {
 bool IsTyping() {
     if (Desktop::The().Menu() != nullptr)
         return false;
-    wchar_t name[16] = {};
-    const HWND focus = Desktop::The().Focus();
-    return GetClassNameW(focus, name, 16) > 0 && std::wstring_view(name) == L"Edit";
+    return TakesText(Desktop::The().Focus());
 }
 
 InputEvent EventOf(InputEvent::Kind kind) {

@@ -33,6 +33,7 @@ public:
 
     LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
+    bool TakesText() const override { return true; }
     const wchar_t* InputMark() const override;
 
 private:

@@ -3,7 +3,7 @@
 #include "platform/controls/edit_frame.h"
 #include "platform/drawing/device_context.h"
 #include "platform/windowing/desktop.h"
-#include "platform/windowing/dialog_manager.h"
+#include "platform/windowing/scroll_bar.h"
 
 #include <algorithm>
 

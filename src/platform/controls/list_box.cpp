@@ -7,8 +7,8 @@
 #include "platform/locale.h"
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
-#include "platform/windowing/dialog_manager.h"
 #include "platform/windowing/look.h"
+#include "platform/windowing/scroll_bar.h"
 
 #include <algorithm>
 

@@ -4,8 +4,8 @@
 #include "platform/drawing/device_context.h"
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
-#include "platform/windowing/dialog_manager.h"
 #include "platform/windowing/look.h"
+#include "platform/windowing/scroll_bar.h"
 
 #include <algorithm>
 

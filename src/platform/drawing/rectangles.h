@@ -26,6 +26,14 @@ inline bool SameRectangle(const RECT& a, const RECT& b) {
     return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
 
+inline int WidthOf(const RECT& rectangle) {
+    return static_cast<int>(rectangle.right - rectangle.left);
+}
+
+inline int HeightOf(const RECT& rectangle) {
+    return static_cast<int>(rectangle.bottom - rectangle.top);
+}
+
 inline RECT Moved(const RECT& rectangle, POINT by) {
     return {rectangle.left + by.x, rectangle.top + by.y, rectangle.right + by.x, rectangle.bottom + by.y};
 }

@@ -19,11 +19,6 @@ Screen& TheScreen() {
     return device::MadeForEnvironment<Screen>();
 }
 
-/// From pixels at the reference resolution to the device's, at least one.
-int Scaled(int pixels) {
-    return std::max(1, (pixels * device::Dpi() + ReferenceDpi / 2) / ReferenceDpi);
-}
-
 RECT WorkArea() {
     const SIZE screen = device::ScreenSize();
     const int top = std::min<int>(device::TitleHeight(), screen.cy);
@@ -60,10 +55,10 @@ int GetSystemMetrics(int index) {
     case SM_CYSCREEN:
         return device::ScreenSize().cy;
     case SM_CXVSCROLL:
-        return Scaled(ScrollBarWidth);
+        return device::Scaled(ScrollBarWidth);
     case SM_CXEDGE:
     case SM_CYEDGE:
-        return Scaled(EdgeWidth);
+        return device::Scaled(EdgeWidth);
     default:
         return 0;
     }
@@ -87,6 +82,10 @@ int device::SoftKeyBarHeight() {
 
 int device::Dpi() {
     return TheEnvironment().dpi;
+}
+
+int device::Scaled(int pixels) {
+    return std::max(1, (pixels * Dpi() + ReferenceDpi / 2) / ReferenceDpi);
 }
 
 SIZE device::ScreenSize() {

@@ -23,6 +23,8 @@ public:
     virtual void PaintFrame(Canvas& /*canvas*/, const RECT& /*place*/) { }
     /// False for a control that the focus passes by.
     virtual bool TakesFocus() const { return true; }
+    /// Whether typed characters go into a text of its own.
+    virtual bool TakesText() const { return false; }
     /// What typing means while the control has the focus, told beside the title; empty: nothing is typed.
     virtual const wchar_t* InputMark() const { return L""; }
 
@@ -38,5 +40,7 @@ void RegisterControlClass(const wchar_t* className, ControlFactory factory);
 void RegisterControls();
 /// The inside of a window, null if it has none.
 Control* ControlOf(HWND window);
+/// Whether the window is a control that takes text.
+bool TakesText(HWND window);
 
 } // namespace device

@@ -156,9 +156,7 @@ void Desktop::RouteBack(Window& top, bool down) {
         Post({target, WM_KEYUP, VK_TBACK, 0});
         return;
     }
-    wchar_t className[16] = {};
-    GetClassNameW(focus_, className, 16);
-    if (std::wstring_view(className) == L"Edit")
+    if (TakesText(focus_))
         Post({focus_, WM_CHAR, VK_BACK, 0});
     else if (top.modal)
         Post({top.handle, WM_COMMAND, IDCANCEL, 0});

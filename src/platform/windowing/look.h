@@ -12,12 +12,6 @@ inline FontDescription DeviceFont(int points, bool bold) {
     return {-(points * Dpi()) / 72, bold ? 700 : 400, false, {}};
 }
 
-/// A length given at 96 pixels per inch, in device pixels; at least 1.
-inline int Scaled(int pixels) {
-    const int scaled = pixels * Dpi() / 96;
-    return scaled > 0 ? scaled : 1;
-}
-
 inline constexpr COLORREF BarColor = RGB(0x26, 0x32, 0x38);
 inline constexpr COLORREF BarTextColor = RGB(0xFF, 0xFF, 0xFF);
 inline constexpr COLORREF BarQuietColor = RGB(0xB0, 0xBE, 0xC5);

@@ -5,7 +5,6 @@
 #include "platform/input.h"
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
-#include "platform/windowing/dialog_manager.h"
 
 #include <algorithm>
 #include <map>

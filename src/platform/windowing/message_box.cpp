@@ -6,8 +6,9 @@
 #include "platform/input.h"
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
-#include "platform/windowing/dialog_manager.h"
+#include "platform/windowing/dialog_loop.h"
 #include "platform/windowing/look.h"
+#include "platform/windowing/scroll_bar.h"
 #include "platform/windowing/soft_key_bar.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #include "platform/input.h"
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
-#include "platform/windowing/dialog_manager.h"
+#include "platform/windowing/dialog_scroll.h"
 #include "platform/windowing/look.h"
 #include "platform/windowing/open_menu.h"
 #include "platform/windowing/soft_key_bar.h"

@@ -4,7 +4,7 @@
 #include "platform/metrics.h"
 #include "platform/process.h"
 #include "platform/windowing/desktop.h"
-#include "platform/windowing/dialog_manager.h"
+#include "platform/windowing/dialog_loop.h"
 #include "platform/windowing/process_windows.h"
 
 #include <algorithm>

@@ -114,6 +114,11 @@ Control* ControlOf(HWND window) {
     return record ? record->control.get() : nullptr;
 }
 
+bool TakesText(HWND window) {
+    const Control* control = ControlOf(window);
+    return control && control->TakesText();
+}
+
 const WindowClass* FindWindowClass(const wchar_t* name) {
     if (!name)
         return nullptr;

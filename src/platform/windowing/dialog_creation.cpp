@@ -1,0 +1,143 @@
+#include "platform/dialog.h"
+#include "platform/drawing.h"
+#include "platform/metrics.h"
+#include "platform/windowing/desktop.h"
+#include "platform/windowing/dialog_loop.h"
+#include "platform/windowing/dialog_scroll.h"
+#include "platform/windowing/look.h"
+
+#include <algorithm>
+
+namespace device {
+
+namespace {
+
+/// Size of a dialog unit times 4 and 8, in pixels, of a font.
+SIZE DialogBase(HWND window, HFONT font) {
+    const HDC context = GetDC(window);
+    const HGDIOBJ former = SelectObject(context, font);
+    TEXTMETRICW metrics;
+    GetTextMetricsW(context, &metrics);
+    SelectObject(context, former);
+    ReleaseDC(window, context);
+    return {std::max<LONG>(metrics.tmAveCharWidth, 1), std::max<LONG>(metrics.tmHeight, 1)};
+}
+
+HFONT TemplateFont(const DLGTEMPLATE& dialogTemplate) {
+    LOGFONTW description;
+    description.lfHeight = -(dialogTemplate.fontPoints * Dpi()) / 72;
+    std::wstring_view(dialogTemplate.fontFace ? dialogTemplate.fontFace : L"")
+        .copy(description.lfFaceName, LF_FACESIZE - 1);
+    return CreateFontIndirectW(&description);
+}
+
+bool CreateItems(HWND dialog, HINSTANCE module, const DLGTEMPLATE& dialogTemplate, HFONT font) {
+    const SIZE base = DialogBase(dialog, font);
+    for (const DialogItemTemplate& item : dialogTemplate.items) {
+        const HWND control = CreateWindowExW(0, item.windowClass, item.text, item.style | WS_CHILD,
+            static_cast<int>(item.x * base.cx / 4), static_cast<int>(item.y * base.cy / 8),
+            static_cast<int>(item.width * base.cx / 4), static_cast<int>(item.height * base.cy / 8), dialog,
+            reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(item.id)), module, nullptr); // NOLINT
+        Window* window = FindWindowRecord(control);
+        if (!window)
+            return false;
+        window->hasId = item.id != NoDialogItemId;
+        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), 0);
+    }
+    return true;
+}
+
+LRESULT DefaultDialogMessage(Window& dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_CLOSE:
+        SendMessageW(dialog.handle, WM_COMMAND, IDCANCEL, 0);
+        return 0;
+    case WM_SETFOCUS: {
+        // The dialog itself has no use for the focus: its first control takes it.
+        const std::vector<HWND> order = FocusOrder(dialog);
+        if (!order.empty())
+            FocusDlgItem(dialog.handle, order.front());
+        return 0;
+    }
+    case WM_MOUSEWHEEL:
+        ScrollDialog(dialog, dialog.modal->scroll - (static_cast<std::int16_t>(HIWORD(wParam)) * Scaled(24)));
+        return 0;
+    default:
+        return DefWindowProcW(dialog.handle, message, wParam, lParam);
+    }
+}
+
+LRESULT DialogWindowProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    Window* dialog = FindWindowRecord(handle);
+    if (!dialog || !dialog->dialogProcedure || !dialog->modal)
+        return DefWindowProcW(handle, message, wParam, lParam);
+    if (message == WM_SIZE)
+        UpdateDialogScroll(*dialog);
+    const LRESULT answer = dialog->dialogProcedure(handle, message, wParam, lParam);
+    dialog = FindWindowRecord(handle);
+    if (answer != 0 || !dialog)
+        return answer;
+    return DefaultDialogMessage(*dialog, message, wParam, lParam);
+}
+
+constexpr const wchar_t* DialogClass = L"Dialog";
+
+} // namespace
+
+} // namespace device
+
+using device::Desktop;
+using device::FindWindowRecord;
+using device::Window;
+
+LONG_PTR DialogBoxIndirectParamW(
+    HINSTANCE module, LPCDLGTEMPLATEW dialogTemplate, HWND owner, DLGPROC procedure, LPARAM parameter) {
+    if (!dialogTemplate || !procedure || !Desktop::The().IsOn())
+        return -1;
+    device::AddWindowClass(device::DialogClass, device::DialogWindowProcedure, nullptr, true);
+    const HWND handle = CreateWindowExW(0, device::DialogClass, dialogTemplate->title,
+        (dialogTemplate->style | WS_POPUP) & ~WS_VISIBLE, 0, 0, 0, 0, owner, nullptr, module, nullptr);
+    Window* dialog = FindWindowRecord(handle);
+    if (!dialog)
+        return -1;
+    const HFONT font = device::TemplateFont(*dialogTemplate);
+    dialog->font = font;
+    dialog->modal = std::make_unique<device::ModalState>();
+    if (!device::CreateItems(handle, module, *dialogTemplate, font)) {
+        DestroyWindow(handle);
+        DeleteObject(font);
+        return -1;
+    }
+    EnableWindow(owner, FALSE);
+    dialog->dialogProcedure = procedure;
+    dialog->style |= WS_VISIBLE;
+    Desktop::The().InvalidateAll();
+    const auto order = device::FocusOrder(*dialog);
+    const LRESULT wantsFocus = procedure(
+        handle, WM_INITDIALOG, reinterpret_cast<WPARAM>(order.empty() ? nullptr : order.front()), parameter);
+    dialog = FindWindowRecord(handle);
+    if (dialog && !dialog->modal->ended) {
+        Desktop::The().Activate(handle);
+        if (wantsFocus != 0 && GetFocus() == handle && !order.empty())
+            FocusDlgItem(handle, order.front());
+    }
+    const LONG_PTR result = device::RunModal(handle, owner, -1);
+    DeleteObject(font);
+    return result;
+}
+
+BOOL EndDialog(HWND handle, LONG_PTR result) {
+    Window* dialog = FindWindowRecord(handle);
+    if (!dialog || !dialog->modal || dialog->modal->ended)
+        return FALSE;
+    dialog->modal->ended = true;
+    dialog->modal->result = result;
+    return TRUE;
+}
+
+void FocusDlgItem(HWND dialog, HWND control) {
+    Window* window = FindWindowRecord(control);
+    if (!window || window->parent != FindWindowRecord(dialog))
+        return;
+    SetFocus(control);
+}

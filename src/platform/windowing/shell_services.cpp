@@ -1,0 +1,74 @@
+// What the handset's shell offers: the soft-key bar, full-screen dialogs, the Back key, the user's font size.
+
+#include "platform/dialog.h"
+#include "platform/input.h"
+#include "platform/metrics.h"
+#include "platform/windowing/desktop.h"
+#include "platform/windowing/dialog_scroll.h"
+#include "platform/windowing/soft_key_bar.h"
+
+using device::Desktop;
+using device::FindWindowRecord;
+using device::Window;
+
+BOOL SHCreateMenuBar(SHMENUBARINFO* info) {
+    if (!info || !info->hInstRes)
+        return FALSE;
+    info->hwndMB = nullptr;
+    for (const MenuResource& menu : info->hInstRes->menus) {
+        if (menu.id != info->nToolBarId)
+            continue;
+        const device::SoftKeyBar* bar = device::SoftKeyBar::Make(info->hwndParent, menu.keys);
+        info->hwndMB = bar ? bar->Handle() : nullptr;
+        return bar ? TRUE : FALSE;
+    }
+    return FALSE;
+}
+
+HWND SHFindMenuBar(HWND window) {
+    const device::SoftKeyBar* bar = device::SoftKeyBar::Of(window);
+    return bar ? bar->Handle() : nullptr;
+}
+
+BOOL SHInitDialog(HWND dialog, DWORD /*flags*/) {
+    Window* window = FindWindowRecord(dialog);
+    if (!window || !window->IsTopLevel())
+        return FALSE;
+    const RECT area = Desktop::The().WorkArea();
+    window->place = area;
+    device::UpdateDialogScroll(*window);
+    RECT client;
+    GetClientRect(dialog, &client);
+    SendMessageW(dialog, WM_SIZE, SIZE_RESTORED,
+        MAKELPARAM(static_cast<unsigned>(client.right), static_cast<unsigned>(client.bottom)));
+    return TRUE;
+}
+
+void SHSendBackToFocusWindow(UINT message, WPARAM /*wParam*/, LPARAM lParam) {
+    const bool down = (LOWORD(static_cast<std::uintptr_t>(lParam)) & MOD_KEYUP) == 0;
+    if (message == WM_HOTKEY && HIWORD(static_cast<std::uintptr_t>(lParam)) == VK_TBACK && down)
+        SendMessageW(GetFocus(), WM_CHAR, VK_BACK, 0);
+}
+
+void SHNavigateBack() {
+    Desktop& desktop = Desktop::The();
+    ++desktop.goBacks;
+    desktop.StopRepeats();
+    if (desktop.IsOn())
+        desktop.TheHost()->GoBack();
+}
+
+BOOL SHGetUIMetrics(UINT metric, void* value, DWORD size, DWORD* required) {
+    constexpr UINT FontSizePixels = 2;
+    if (required)
+        *required = sizeof(DWORD);
+    if (metric != FontSizePixels || !value || size < sizeof(DWORD))
+        return FALSE;
+    constexpr DWORD UserFontPoints = 10;
+    *static_cast<DWORD*>(value) = UserFontPoints * static_cast<DWORD>(device::Dpi()) / 72;
+    return TRUE;
+}
+
+BOOL SHHandleWMSettingChange(HWND dialog, WPARAM /*wParam*/, LPARAM /*lParam*/, void* /*record*/) {
+    return IsWindow(dialog);
+}
