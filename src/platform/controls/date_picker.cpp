@@ -102,19 +102,36 @@ LRESULT DatePicker::CopyText(wchar_t* buffer, std::size_t size) const {
     return static_cast<LRESULT>(length);
 }
 
+LRESULT DatePicker::SetDate(LRESULT validity, const SYSTEMTIME* date) {
+    if (validity != GDT_VALID || !date || !parts_.Set(*date))
+        return FALSE;
+    Changed();
+    return TRUE;
+}
+
+LRESULT DatePicker::GetDate(SYSTEMTIME* date) const {
+    if (date)
+        *date = parts_.Get();
+    return GDT_VALID;
+}
+
+// Without a former owner the focus comes back from another top-level window: the picker was not left.
+void DatePicker::Enter(bool hasFormerOwner) {
+    if (hasFormerOwner)
+        parts_.Choose(1);
+}
+
+void DatePicker::Leave() {
+    parts_.Settle();
+    Changed();
+}
+
 LRESULT DatePicker::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case DTM_SETSYSTEMTIME: {
-        const auto* date = Pointer<const SYSTEMTIME>(lParam);
-        if (static_cast<LRESULT>(wParam) != GDT_VALID || !date || !parts_.Set(*date))
-            return FALSE;
-        Changed();
-        return TRUE;
-    }
+    case DTM_SETSYSTEMTIME:
+        return SetDate(static_cast<LRESULT>(wParam), Pointer<const SYSTEMTIME>(lParam));
     case DTM_GETSYSTEMTIME:
-        if (auto* date = Pointer<SYSTEMTIME>(lParam))
-            *date = parts_.Get();
-        return GDT_VALID;
+        return GetDate(Pointer<SYSTEMTIME>(lParam));
     case WM_SETTEXT:
         return FALSE; // the text is the date's
     case WM_GETTEXT:
@@ -124,13 +141,10 @@ LRESULT DatePicker::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_GETDLGCODE:
         return DLGC_WANTCHARS;
     case WM_SETFOCUS:
-        // Without a former owner the focus comes back from another top-level window: the picker was not left.
-        if (wParam != 0)
-            parts_.Choose(1);
+        Enter(wParam != 0);
         return 0;
     case WM_KILLFOCUS:
-        parts_.Settle();
-        Changed();
+        Leave();
         return 0;
     case WM_KEYDOWN:
         Key(static_cast<WORD>(wParam));

@@ -23,6 +23,10 @@ public:
     const wchar_t* InputMark() const override { return L"123"; }
 
 private:
+    LRESULT SetDate(LRESULT validity, const SYSTEMTIME* date);
+    LRESULT GetDate(SYSTEMTIME* date) const;
+    void Enter(bool hasFormerOwner);
+    void Leave();
     void Changed();
     void Key(WORD key);
     void Character(wchar_t character);

@@ -160,21 +160,48 @@ void ListBox::Click(LPARAM point) {
         Step(selected_ < 0 ? index + 1 : index - selected_, false);
 }
 
+LRESULT ListBox::Add(const wchar_t* text) {
+    const bool sorted = (static_cast<DWORD>(GetWindowLongW(Handle(), GWL_STYLE)) & LBS_SORT) != 0;
+    return Insert(sorted ? SortedPlace(text) : -1, text);
+}
+
+void ListBox::Clear() {
+    rows_.clear();
+    selected_ = -1;
+    first_ = 0;
+    Changed();
+}
+
+LRESULT ListBox::CopyText(std::size_t row, wchar_t* buffer) const {
+    if (!IsRow(row) || !buffer)
+        return LB_ERR;
+    const std::wstring& text = rows_[row].text;
+    buffer[text.copy(buffer, text.size())] = 0;
+    return static_cast<LRESULT>(text.size());
+}
+
+LRESULT ListBox::SetData(std::size_t row, LPARAM data) {
+    if (!IsRow(row))
+        return LB_ERR;
+    rows_[row].data = data;
+    return 0;
+}
+
+LRESULT ListBox::WantedKeys(const MSG* pending) const {
+    const bool vertical = pending && (pending->wParam == VK_UP || pending->wParam == VK_DOWN);
+    return DLGC_WANTCHARS | (IsSpinner() && vertical ? 0 : DLGC_WANTARROWS);
+}
+
 LRESULT ListBox::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case LB_ADDSTRING: {
-        const bool sorted = (static_cast<DWORD>(GetWindowLongW(Handle(), GWL_STYLE)) & LBS_SORT) != 0;
-        return Insert(sorted ? SortedPlace(TextAt(lParam)) : -1, TextAt(lParam));
-    }
+    case LB_ADDSTRING:
+        return Add(TextAt(lParam));
     case LB_INSERTSTRING:
         return Insert(static_cast<int>(wParam), TextAt(lParam));
     case LB_DELETESTRING:
         return Remove(wParam);
     case LB_RESETCONTENT:
-        rows_.clear();
-        selected_ = -1;
-        first_ = 0;
-        Changed();
+        Clear();
         return 0;
     case LB_SETCURSEL:
         return Select(static_cast<int>(wParam));
@@ -184,27 +211,14 @@ LRESULT ListBox::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         return Count();
     case LB_GETTEXTLEN:
         return IsRow(wParam) ? static_cast<LRESULT>(rows_[wParam].text.size()) : LB_ERR;
-    case LB_GETTEXT: {
-        auto* buffer = reinterpret_cast<wchar_t*>(lParam); // NOLINT(performance-no-int-to-ptr)
-        if (!IsRow(wParam) || !buffer)
-            return LB_ERR;
-        const std::wstring& text = rows_[wParam].text;
-        text.copy(buffer, text.size());
-        buffer[text.size()] = 0;
-        return static_cast<LRESULT>(text.size());
-    }
+    case LB_GETTEXT:
+        return CopyText(wParam, reinterpret_cast<wchar_t*>(lParam)); // NOLINT(performance-no-int-to-ptr)
     case LB_SETITEMDATA:
-        if (!IsRow(wParam))
-            return LB_ERR;
-        rows_[wParam].data = lParam;
-        return 0;
+        return SetData(wParam, lParam);
     case LB_GETITEMDATA:
         return IsRow(wParam) ? rows_[wParam].data : LB_ERR;
-    case WM_GETDLGCODE: {
-        const auto* pending = reinterpret_cast<const MSG*>(lParam); // NOLINT(performance-no-int-to-ptr)
-        const bool vertical = pending && (pending->wParam == VK_UP || pending->wParam == VK_DOWN);
-        return DLGC_WANTCHARS | (IsSpinner() && vertical ? 0 : DLGC_WANTARROWS);
-    }
+    case WM_GETDLGCODE:
+        return WantedKeys(reinterpret_cast<const MSG*>(lParam)); // NOLINT(performance-no-int-to-ptr)
     case WM_KEYDOWN:
         Key(static_cast<WORD>(wParam));
         return 0;

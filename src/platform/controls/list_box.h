@@ -30,9 +30,14 @@ private:
     bool IsSpinner() const;
     int Count() const { return static_cast<int>(rows_.size()); }
     bool IsRow(WPARAM index) const { return static_cast<int>(index) >= 0 && static_cast<int>(index) < Count(); }
+    LRESULT Add(const wchar_t* text);
     int Insert(int index, const wchar_t* text);
     int SortedPlace(const std::wstring& text) const;
     LRESULT Remove(WPARAM index);
+    void Clear();
+    LRESULT CopyText(std::size_t row, wchar_t* buffer) const;
+    LRESULT SetData(std::size_t row, LPARAM data);
+    LRESULT WantedKeys(const MSG* pending) const;
     LRESULT Select(int index);
     void Step(int step, bool wrap);
     bool Key(WORD key);
