@@ -198,6 +198,9 @@ TEST_F(Connect, NothingOfAStrangersRuns) {
         {"'CREATE TABLE more (name TEXT CHECK (" + slow + "))' WHERE name = 'more'", CDataLayer::ConnectOK},
         {"'CREATE TABLE more (name TEXT, other AS (" + slow + ") NOT NULL)' WHERE name = 'more'",
             CDataLayer::ConnectInvalid},
+        {"sql; CREATE TABLE other (name UNIQUE); UPDATE sqlite_schema SET type ="
+         " 'index if exists i; DELETE FROM keywords; --' WHERE name = 'sqlite_autoindex_other_1'",
+            CDataLayer::ConnectInvalid},
     };
     for (const auto& [sql, status] : files) {
         SCOPED_TRACE(sql);
