@@ -273,6 +273,14 @@ TEST_F(Connect, AFileThatTookTheNameIsOpenedWithTheVehicles) {
     EXPECT_TRUE(Layer.Save(&vehicle, 0));
 }
 
+TEST_F(Connect, AQuotaIsALackOfSpace) {
+    Make();
+    ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
+    CVehicle vehicle;
+    EXPECT_FALSE(WithoutRoom(4096, [&] { return Layer.Save(&vehicle, 0); }));
+    EXPECT_EQ(Layer.LastFailure(), StoreFailure::NoSpace);
+}
+
 TEST_F(Connect, AFileThatIsRuinedOrMovedLaterFailsQuietly) {
     for (const char* ruin : {"", "rubbish", "moved"}) {
         const bool isMoved = std::string(ruin) == "moved";
