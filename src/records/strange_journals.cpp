@@ -155,8 +155,11 @@ private:
             off_t place = segment.begin;
             // The largest number is no count: the copies go on to the end.
             for (std::uint32_t i = 0; i < segment.count && place + recordSize <= size_; ++i) {
-                std::array<unsigned char, pageNumberSize> number{};
-                if (Read(place, number.data(), number.size()) && BigEndian(number.data()) == 1)
+                std::array<unsigned char, pageNumberSize> bytes{};
+                const std::uint32_t number = Read(place, bytes.data(), bytes.size()) ? BigEndian(bytes.data()) : 0;
+                if (number == 0) // no copy of anything: SQLite goes no further either
+                    return 0;
+                if (number == 1)
                     return place + pageNumberSize;
                 place += recordSize;
             }

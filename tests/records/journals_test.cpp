@@ -113,6 +113,13 @@ TEST_F(Journals, WhatIsNoneOfOursIsPutAside) {
         nameAnother,
         [&] { Write(name, "a letter"); },
         [&] { Write(name, std::string(4096, '\0')); },
+        [&] { // hardly anything on the disk, and a tebibyte to go through
+            const std::string file = Read(HostPath());
+            Crash(spilling, "-journal");
+            Write(HostPath(), file);
+            Write(name, Read(name).replace(8, 12, 12, '\xFF').substr(0, 512));
+            fs::resize_file(name, std::uintmax_t{1} << 40U);
+        },
         [&] { ASSERT_EQ(mkfifo(name.c_str(), 0600), 0); },
         [&] { fs::create_directory(name); },
         [&] { fs::create_symlink("nowhere", name); },
