@@ -90,7 +90,7 @@ public:
             return true;
         const std::optional<Segment> first = SegmentAt(0);
         // One that names another journal has SQLite delete whatever bears that name.
-        if (!first || first->pageSize != file.PageSize() || EndsInMagic())
+        if (!first || EndsInMagic())
             return false;
         // Its transaction ended before the journal was on the disk, and so before it wrote to the file.
         if (!first->isComplete)
@@ -98,9 +98,11 @@ public:
         const off_t copy = FirstPage(*first);
         // Another program's, which wrote pages early: without its first page a file neither grows nor shrinks.
         if (copy == 0)
-            return off_t{first->pageCount} * first->pageSize == fileSize;
+            return first->pageSize == file.PageSize() && off_t{first->pageCount} * first->pageSize == fileSize;
+        // The file may have pages of another size by now: vacuuming can change it.
         CFileHeader before;
-        return before.Read(file_.Get(), copy) == CFileHeader::Reading::Done && file.MayFollow(before);
+        return before.Read(file_.Get(), copy) == CFileHeader::Reading::Done && before.PageSize() == first->pageSize
+            && file.MayFollow(before);
     }
 
 private:

@@ -68,6 +68,17 @@ TEST_F(Journals, OneOfThisFileTakesItBack) {
     }
 }
 
+TEST_F(Journals, OneOfThisFileTakesItBackToPagesOfTheFormerSize) {
+    Make("");
+    Crash(spilling, "-journal");
+    std::string file = Read(HostPath());
+    file[16] *= 2; // the size of its pages
+    ++file[27]; // the change counter
+    Write(HostPath(), file);
+    ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
+    EXPECT_EQ(FirstKeyword(), "whole");
+}
+
 TEST_F(Journals, OneOfThisFileBringsItForward) {
     Make("PRAGMA journal_mode = WAL");
     Crash("PRAGMA wal_autocheckpoint = 0", "-wal");
