@@ -83,6 +83,9 @@ bool IsOwnIndex(const SchemaEntry& index, const OwnSchema& own) {
 }
 
 int TakeOut(sqlite3* connection, const SchemaEntry& entry) {
+    // What SQLite does not make anew from its statement it takes under any type, which may be a statement itself.
+    if (entry.type != "index" && entry.type != "trigger" && entry.type != "view")
+        return SQLITE_CORRUPT;
     char* sql = sqlite3_mprintf("DROP %s IF EXISTS \"%w\"", entry.type.c_str(), entry.name.c_str());
     const int result = sql ? sqlite3_exec(connection, sql, nullptr, nullptr, nullptr) : SQLITE_NOMEM;
     sqlite3_free(sql);

@@ -19,13 +19,11 @@ template <typename Number> Number Nearest(LONGLONG value) {
 
 /// What the library says of its last call, and behind an error of the disk what the system said.
 StoreFailure FailureOf(sqlite3* connection) {
-    switch (sqlite3_extended_errcode(connection)) {
-    case SQLITE_READONLY_DBMOVED:
+    // Connections tell extended codes; their lowest byte is the plain one.
+    const int code = sqlite3_extended_errcode(connection);
+    if (code == SQLITE_READONLY_DBMOVED)
         return StoreFailure::Replaced;
-    default:
-        break;
-    }
-    switch (sqlite3_errcode(connection)) {
+    switch (code & 0xFF) {
     case SQLITE_NOMEM:
         return StoreFailure::NoMemory;
     case SQLITE_FULL:

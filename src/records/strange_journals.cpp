@@ -85,19 +85,24 @@ public:
         , size_(lseek(file_.Get(), 0, SEEK_END)) { }
 
     /// Whether SQLite may have it: it can only take this file back to where its transaction began, or nowhere.
-    bool BelongsTo(const CFileHeader& file) const {
+    bool BelongsTo(const CFileHeader& file, off_t fileSize) const {
         if (size_ == 0)
             return true;
         const std::optional<Segment> first = SegmentAt(0);
         // One that names another journal has SQLite delete whatever bears that name.
-        if (!first || first->pageSize != file.PageSize() || EndsInMagic())
+        if (!first || EndsInMagic())
             return false;
         // Its transaction ended before the journal was on the disk, and so before it wrote to the file.
         if (!first->isComplete)
             return true;
         const off_t copy = FirstPage(*first);
+        // Another program's, which wrote pages early: without its first page a file neither grows nor shrinks.
+        if (copy == 0)
+            return first->pageSize == file.PageSize() && off_t{first->pageCount} * first->pageSize == fileSize;
+        // The file may have pages of another size by now: vacuuming can change it.
         CFileHeader before;
-        return copy != 0 && before.Read(file_.Get(), copy) == CFileHeader::Reading::Done && file.MayFollow(before);
+        return before.Read(file_.Get(), copy) == CFileHeader::Reading::Done && before.PageSize() == first->pageSize
+            && file.MayFollow(before);
     }
 
 private:
@@ -109,6 +114,7 @@ private:
     struct Segment {
         bool isComplete; ///< until then zeros stand for the magic number and the count
         std::uint32_t count;
+        std::uint32_t pageCount; ///< of the file when the transaction began
         std::uint32_t sectorSize;
         std::uint32_t pageSize;
         off_t begin; ///< of its first copy
@@ -134,7 +140,7 @@ private:
             return std::nullopt;
         const std::uint32_t sectorSize = BigEndian(&header[20]);
         const Segment segment{std::equal(std::begin(magic), std::end(magic), header.begin()), BigEndian(&header[8]),
-            sectorSize, BigEndian(&header[24]), offset + static_cast<off_t>(sectorSize)};
+            BigEndian(&header[16]), sectorSize, BigEndian(&header[24]), offset + static_cast<off_t>(sectorSize)};
         const bool isBegun
             = std::all_of(header.begin(), header.begin() + 12, [](unsigned char byte) { return byte == 0; });
         if (!segment.isComplete && !isBegun)
@@ -151,8 +157,11 @@ private:
             off_t place = segment.begin;
             // The largest number is no count: the copies go on to the end.
             for (std::uint32_t i = 0; i < segment.count && place + recordSize <= size_; ++i) {
-                std::array<unsigned char, pageNumberSize> number{};
-                if (Read(place, number.data(), number.size()) && BigEndian(number.data()) == 1)
+                std::array<unsigned char, pageNumberSize> bytes{};
+                const std::uint32_t number = Read(place, bytes.data(), bytes.size()) ? BigEndian(bytes.data()) : 0;
+                if (number == 0) // no copy of anything: SQLite goes no further either
+                    return 0;
+                if (number == 1)
                     return place + pageNumberSize;
                 place += recordSize;
             }
@@ -168,8 +177,8 @@ private:
     off_t size_;
 };
 
-bool MayUseJournal(const std::string& journal, const CFileHeader& header) {
-    return IsRegular(journal) && Journal(journal).BelongsTo(header);
+bool MayUseJournal(const std::string& journal, const CFileHeader& header, off_t fileSize) {
+    return IsRegular(journal) && Journal(journal).BelongsTo(header, fileSize);
 }
 
 } // namespace
@@ -188,7 +197,7 @@ StoreFailure PutStrangeJournalsAside(const std::string& path) {
         return StoreFailure::Other;
     StoreFailure failure = StoreFailure::None;
     // By now the transaction that it was of may have ended.
-    if (IsTaken(journal) && !MayUseJournal(journal, header))
+    if (IsTaken(journal) && !MayUseJournal(journal, header, lseek(file.Get(), 0, SEEK_END)))
         failure = PutAside(journal);
     for (const char* suffix : writeAheadSuffixes) {
         const std::string log = path + suffix;

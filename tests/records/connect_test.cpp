@@ -198,6 +198,9 @@ TEST_F(Connect, NothingOfAStrangersRuns) {
         {"'CREATE TABLE more (name TEXT CHECK (" + slow + "))' WHERE name = 'more'", CDataLayer::ConnectOK},
         {"'CREATE TABLE more (name TEXT, other AS (" + slow + ") NOT NULL)' WHERE name = 'more'",
             CDataLayer::ConnectInvalid},
+        {"sql; CREATE TABLE other (name UNIQUE); UPDATE sqlite_schema SET type ="
+         " 'index if exists i; DELETE FROM keywords; --' WHERE name = 'sqlite_autoindex_other_1'",
+            CDataLayer::ConnectInvalid},
     };
     for (const auto& [sql, status] : files) {
         SCOPED_TRACE(sql);
@@ -268,6 +271,14 @@ TEST_F(Connect, AFileThatTookTheNameIsOpenedWithTheVehicles) {
     CObjectListT<CKeyword> keywords;
     EXPECT_TRUE(Layer.Load(&keywords, CKeyword::KeywordRepair) && keywords.GetCount() == 1);
     EXPECT_TRUE(Layer.Save(&vehicle, 0));
+}
+
+TEST_F(Connect, AQuotaIsALackOfSpace) {
+    Make();
+    ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
+    CVehicle vehicle;
+    EXPECT_FALSE(WithoutRoom(4096, [&] { return Layer.Save(&vehicle, 0); }));
+    EXPECT_EQ(Layer.LastFailure(), StoreFailure::NoSpace);
 }
 
 TEST_F(Connect, AFileThatIsRuinedOrMovedLaterFailsQuietly) {

@@ -23,13 +23,13 @@ protected:
         LogFile(HostPath()).Run(sql + ";" + rows);
     }
     /// File and journal as they lie there while a transaction is under way that has begun to write.
-    static void Crash(const std::string& settings, const std::string& suffix) {
+    static void Crash(const std::string& settings, const std::string& suffix, const char* first = writeFirstPage) {
         std::string file;
         std::string journal;
         {
             LogFile other(HostPath());
             other.Run(settings);
-            other.Run("BEGIN; PRAGMA user_version = 1; UPDATE keywords SET name = 'half'"
+            other.Run(std::string("BEGIN; ") + first + "UPDATE keywords SET name = 'half'"
                 + std::string(suffix == "-wal" ? "; COMMIT" : ""));
             file = Read(HostPath());
             journal = Read(Beside(suffix));
@@ -50,17 +50,33 @@ protected:
         = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 500)"
           " INSERT INTO keywords SELECT i, 1000 + i, 2, 'whole', printf('%99s', '') FROM n";
     static constexpr const char* spilling = "PRAGMA cache_size = 1";
+    static constexpr const char* writeFirstPage = "PRAGMA user_version = 1; ";
 
     CDataLayer Layer;
 };
 
 TEST_F(Journals, OneOfThisFileTakesItBack) {
+    for (const char* first : {writeFirstPage, ""}) {
+        SCOPED_TRACE(first);
+        Make("");
+        Crash(spilling, "-journal", first);
+        ASSERT_NE(Read(HostPath()).find("half"), std::string::npos);
+        ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
+        EXPECT_EQ(FirstKeyword(), "whole");
+        EXPECT_EQ(CountFiles(Documents()), 1U);
+        Layer.Disconnect();
+    }
+}
+
+TEST_F(Journals, OneOfThisFileTakesItBackToPagesOfTheFormerSize) {
     Make("");
     Crash(spilling, "-journal");
-    ASSERT_NE(Read(HostPath()).find("half"), std::string::npos);
+    std::string file = Read(HostPath());
+    file[16] *= 2; // the size of its pages
+    ++file[27]; // the change counter
+    Write(HostPath(), file);
     ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
     EXPECT_EQ(FirstKeyword(), "whole");
-    EXPECT_EQ(CountFiles(Documents()), 1U);
 }
 
 TEST_F(Journals, OneOfThisFileBringsItForward) {
@@ -108,6 +124,13 @@ TEST_F(Journals, WhatIsNoneOfOursIsPutAside) {
         nameAnother,
         [&] { Write(name, "a letter"); },
         [&] { Write(name, std::string(4096, '\0')); },
+        [&] { // hardly anything on the disk, and a tebibyte to go through
+            const std::string file = Read(HostPath());
+            Crash(spilling, "-journal");
+            Write(HostPath(), file);
+            Write(name, Read(name).replace(8, 12, 12, '\xFF').substr(0, 512));
+            fs::resize_file(name, std::uintmax_t{1} << 40U);
+        },
         [&] { ASSERT_EQ(mkfifo(name.c_str(), 0600), 0); },
         [&] { fs::create_directory(name); },
         [&] { fs::create_symlink("nowhere", name); },
