@@ -105,7 +105,7 @@ int OpenConnection(const std::string& path, ConnectionHandle* connection) {
 int Prepare(sqlite3* connection) {
     // EXTRA: after a commit the folder is synced too, or a power cut would bring the journal back, and it the state
     // before. Without spilling nothing reaches the file before its journal holds the first page, by which the journal
-    // is known best to belong to the file. A cell that lies about its size is met as damage.
+    // is known to belong to the file. A cell that lies about its size is met as damage.
     return sqlite3_exec(connection,
         "PRAGMA synchronous = EXTRA; PRAGMA cache_spill = OFF; PRAGMA cell_size_check = ON;"
         "PRAGMA ignore_check_constraints = ON",

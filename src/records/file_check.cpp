@@ -169,6 +169,10 @@ public:
     }
 
     int MendIds() {
+        // From the lowest one above the limit up, so that none takes the place of another; those below 1 come last.
+        std::sort(keys_.begin(), keys_.end(), [](const Keys& left, const Keys& right) {
+            return static_cast<std::uint64_t>(left.id - 1) < static_cast<std::uint64_t>(right.id - 1);
+        });
         LONGLONG nextId = Highest(&Keys::id) + 1;
         int result = SQLITE_OK;
         for (const Keys& keys : keys_) {

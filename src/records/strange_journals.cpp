@@ -85,7 +85,7 @@ public:
         , size_(lseek(file_.Get(), 0, SEEK_END)) { }
 
     /// Whether SQLite may have it: it can only take this file back to where its transaction began, or nowhere.
-    bool BelongsTo(const CFileHeader& file, off_t fileSize) const {
+    bool BelongsTo(const CFileHeader& file) const {
         if (size_ == 0)
             return true;
         const std::optional<Segment> first = SegmentAt(0);
@@ -96,13 +96,11 @@ public:
         if (!first->isComplete)
             return true;
         const off_t copy = FirstPage(*first);
-        // Another program's, which wrote pages early: without its first page a file neither grows nor shrinks.
-        if (copy == 0)
-            return first->pageSize == file.PageSize() && off_t{first->pageCount} * first->pageSize == fileSize;
-        // The file may have pages of another size by now: vacuuming can change it.
+        // The file may have pages of another size by now: vacuuming can change it. Without the first page, as another
+        // program's journal may be, nothing tells a file from its backup of the same size.
         CFileHeader before;
-        return before.Read(file_.Get(), copy) == CFileHeader::Reading::Done && before.PageSize() == first->pageSize
-            && file.MayFollow(before);
+        return copy != 0 && before.Read(file_.Get(), copy) == CFileHeader::Reading::Done
+            && before.PageSize() == first->pageSize && file.MayFollow(before);
     }
 
 private:
@@ -114,7 +112,6 @@ private:
     struct Segment {
         bool isComplete; ///< until then zeros stand for the magic number and the count
         std::uint32_t count;
-        std::uint32_t pageCount; ///< of the file when the transaction began
         std::uint32_t sectorSize;
         std::uint32_t pageSize;
         off_t begin; ///< of its first copy
@@ -140,7 +137,7 @@ private:
             return std::nullopt;
         const std::uint32_t sectorSize = BigEndian(&header[20]);
         const Segment segment{std::equal(std::begin(magic), std::end(magic), header.begin()), BigEndian(&header[8]),
-            BigEndian(&header[16]), sectorSize, BigEndian(&header[24]), offset + static_cast<off_t>(sectorSize)};
+            sectorSize, BigEndian(&header[24]), offset + static_cast<off_t>(sectorSize)};
         const bool isBegun
             = std::all_of(header.begin(), header.begin() + 12, [](unsigned char byte) { return byte == 0; });
         if (!segment.isComplete && !isBegun)
@@ -177,8 +174,8 @@ private:
     off_t size_;
 };
 
-bool MayUseJournal(const std::string& journal, const CFileHeader& header, off_t fileSize) {
-    return IsRegular(journal) && Journal(journal).BelongsTo(header, fileSize);
+bool MayUseJournal(const std::string& journal, const CFileHeader& header) {
+    return IsRegular(journal) && Journal(journal).BelongsTo(header);
 }
 
 } // namespace
@@ -197,7 +194,7 @@ StoreFailure PutStrangeJournalsAside(const std::string& path) {
         return StoreFailure::Other;
     StoreFailure failure = StoreFailure::None;
     // By now the transaction that it was of may have ended.
-    if (IsTaken(journal) && !MayUseJournal(journal, header, lseek(file.Get(), 0, SEEK_END)))
+    if (IsTaken(journal) && !MayUseJournal(journal, header))
         failure = PutAside(journal);
     for (const char* suffix : writeAheadSuffixes) {
         const std::string log = path + suffix;

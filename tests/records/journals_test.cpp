@@ -56,16 +56,12 @@ protected:
 };
 
 TEST_F(Journals, OneOfThisFileTakesItBack) {
-    for (const char* first : {writeFirstPage, ""}) {
-        SCOPED_TRACE(first);
-        Make("");
-        Crash(spilling, "-journal", first);
-        ASSERT_NE(Read(HostPath()).find("half"), std::string::npos);
-        ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
-        EXPECT_EQ(FirstKeyword(), "whole");
-        EXPECT_EQ(CountFiles(Documents()), 1U);
-        Layer.Disconnect();
-    }
+    Make("");
+    Crash(spilling, "-journal");
+    ASSERT_NE(Read(HostPath()).find("half"), std::string::npos);
+    ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
+    EXPECT_EQ(FirstKeyword(), "whole");
+    EXPECT_EQ(CountFiles(Documents()), 1U);
 }
 
 TEST_F(Journals, OneOfThisFileTakesItBackToPagesOfTheFormerSize) {
@@ -88,17 +84,22 @@ TEST_F(Journals, OneOfThisFileBringsItForward) {
 }
 
 TEST_F(Journals, OneOfAnotherStateIsPutAside) {
-    Make("");
-    const std::string backup = Read(HostPath());
-    LogFile(HostPath()).Run("UPDATE keywords SET name = 'later'; UPDATE keywords SET name = 'latest'");
-    Crash(spilling, "-journal");
-    const std::string journal = Read(Beside("-journal"));
-    Write(HostPath(), backup);
-    Write(Beside("-journal.bad"), "mine");
-    ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
-    EXPECT_EQ(FirstKeyword(), "whole");
-    EXPECT_EQ(Read(Beside("-journal.bad")), "mine");
-    EXPECT_EQ(Read(Beside("-journal.bad2")), journal);
+    // Without the first page in it nothing tells whose it is.
+    for (const char* first : {writeFirstPage, ""}) {
+        SCOPED_TRACE(first);
+        Make("");
+        const std::string backup = Read(HostPath());
+        LogFile(HostPath()).Run("UPDATE keywords SET name = 'later'; UPDATE keywords SET name = 'latest'");
+        Crash(spilling, "-journal", first);
+        const std::string journal = Read(Beside("-journal"));
+        Write(HostPath(), backup);
+        Write(Beside("-journal.bad"), "mine");
+        ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
+        EXPECT_EQ(FirstKeyword(), "whole");
+        EXPECT_EQ(Read(Beside("-journal.bad")), "mine");
+        EXPECT_EQ(Read(Beside("-journal.bad2")), journal);
+        Layer.Disconnect();
+    }
 }
 
 // To SQLite all of these say what is to be done, or keep it waiting.
