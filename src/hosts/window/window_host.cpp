@@ -207,12 +207,11 @@ WindowHost::~WindowHost() = default;
 
 std::unique_ptr<WindowHost> WindowHost::Open(std::string& error) {
     auto window = std::make_unique<Window>();
-    // Before there is another thread, which would slow this down.
-    window->hasVideo = InitVideo(error);
     if (!window->signals.Listen()) {
         error = "no thread is to be had";
         return nullptr;
     }
+    window->hasVideo = InitVideo(error);
     if (!window->hasVideo)
         return nullptr;
     if (!window->Create()) {

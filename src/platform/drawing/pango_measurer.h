@@ -47,18 +47,14 @@ private:
         std::size_t operator()(const RunKey& key) const;
     };
 
-    void FindAllFaces();
-    Extent ExtentOf(FontDescription face, PangoFontDescription* description);
-    int AlphabetWidth(const PangoFontDescription* description) const;
+    Extent ExtentOf(PangoFontDescription* description) const;
     Font& FindFont(const FontDescription& font);
     Run& FindRun(const FontDescription& font, std::wstring_view text);
     Run& MakeRun(const Font& font, std::wstring_view text);
     void Trim();
 
     PangoContext* context_;
-    bool hasAllFaces_ = true;
     std::unordered_map<FontDescription, std::unique_ptr<Font>, FontHash> fonts_;
-    std::unordered_map<FontDescription, Extent, FontHash> extents_; ///< by face, whatever the height
     /// The most recently used first; the keys of `found_` look into the texts here.
     std::list<Run> runs_;
     std::unordered_map<RunKey, std::list<Run>::iterator, RunHash> found_;
