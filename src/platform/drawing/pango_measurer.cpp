@@ -8,7 +8,6 @@
 #include <cmath>
 #include <functional>
 #include <string>
-#include <utility>
 
 namespace device {
 
@@ -59,28 +58,9 @@ struct PangoTextMeasurer::Font {
     FontMetrics metrics;
 };
 
-struct PangoTextMeasurer::Run {
-    Run(PangoLayout* made, const Font* itsFont, std::wstring_view itsText)
-        : layout(made)
-        , font(itsFont)
-        , text(itsText) { }
-    ~Run() { g_object_unref(layout); }
-    Run(const Run&) = delete;
-    Run& operator=(const Run&) = delete;
-
-    PangoLayout* layout;
-    const Font* font;
-    std::wstring text;
-    int width = 0;
-};
-
 std::size_t PangoTextMeasurer::FontHash::operator()(const FontDescription& font) const {
     const std::size_t traits = (static_cast<std::size_t>(font.height) * 2 + (font.italic ? 1 : 0)) * 1009U;
     return std::hash<std::wstring>{}(font.face) ^ (traits + static_cast<std::size_t>(font.weight));
-}
-
-std::size_t PangoTextMeasurer::RunHash::operator()(const RunKey& key) const {
-    return std::hash<std::wstring_view>{}(key.text) ^ (std::hash<const void*>{}(key.font) * 31U);
 }
 
 PangoTextMeasurer::PangoTextMeasurer() {
@@ -156,36 +136,26 @@ PangoTextMeasurer::Font& PangoTextMeasurer::FindFont(const FontDescription& font
 
 PangoTextMeasurer::Run& PangoTextMeasurer::FindRun(const FontDescription& font, std::wstring_view text) {
     const Font& found = FindFont(font);
-    const auto known = found_.find({&found, text});
-    if (known == found_.end())
-        return MakeRun(found, text);
-    runs_.splice(runs_.begin(), runs_, known->second);
-    return runs_.front();
+    const auto known = runs_.find({&found, std::wstring(text)});
+    return known == runs_.end() ? MakeRun(found, text) : known->second;
 }
 
 PangoTextMeasurer::Run& PangoTextMeasurer::MakeRun(const Font& font, std::wstring_view text) {
+    if (runs_.size() >= MaximumRuns || characters_ >= MaximumCharacters) {
+        runs_.clear();
+        characters_ = 0;
+    }
     PangoLayout* layout = pango_layout_new(context_);
     const std::string utf8 = DrawableUtf8(text);
     pango_layout_set_single_paragraph_mode(layout, TRUE);
     pango_layout_set_font_description(layout, font.description);
     pango_layout_set_text(layout, utf8.data(), static_cast<int>(utf8.size()));
-    Run& run = runs_.emplace_front(layout, &font, text);
-    found_.emplace(RunKey{&font, run.text}, runs_.begin());
-    characters_ += run.text.size();
+    Run& run = runs_.try_emplace({&font, std::wstring(text)}, layout).first->second;
+    characters_ += text.size();
     PangoRectangle logical;
     pango_layout_get_extents(layout, nullptr, &logical);
     run.width = (logical.width + PANGO_SCALE - 1) / PANGO_SCALE;
-    Trim();
-    return runs_.front();
-}
-
-void PangoTextMeasurer::Trim() {
-    while (runs_.size() > 1 && (runs_.size() > MaximumRuns || characters_ > MaximumCharacters)) {
-        const Run& last = runs_.back();
-        characters_ -= last.text.size();
-        found_.erase({last.font, last.text});
-        runs_.pop_back();
-    }
+    return run;
 }
 
 FontMetrics PangoTextMeasurer::Metrics(const FontDescription& font) {
