@@ -39,6 +39,13 @@ namespace {
 /// the same date; three in four have notes, one in four is a fill without a name.
 void FillLog(const std::string& file, int count) {
     CDataFile::Create(file);
+    if (theDataLayer.Connect(LogPath) != CDataLayer::ConnectOK)
+        Fail("The log cannot be opened.");
+    CVehicle vehicle; // the first record of a file: its RefID is LogVehicle
+    vehicle.SetName(L"Bus");
+    if (!theDataLayer.Save(&vehicle, 0) || vehicle.GetRefID() != LogVehicle)
+        Fail("The vehicle cannot be stored.");
+    theDataLayer.Disconnect();
     sqlite3* connection = nullptr;
     sqlite3_open(file.c_str(), &connection);
     const std::string script = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
@@ -47,17 +54,10 @@ void FillLog(const std::string& file, int count) {
           " SELECT 1001 + i, 1001, 30000.0 + i / 10, 1 + i % 4, 1000 + i * 7, 20 + i * (31 * i + 7) % 5987 / 100.0,"
           " 5 + i * (17 * i + 3) % 1999 / 100.0, 2.5 + i * 31 % 200 / 100.0,"
           " CASE i % 4 WHEN 0 THEN '' ELSE 'Oil change ' || i END, CASE i % 5 WHEN 0 THEN 'said ' || i ELSE '' END,"
-          " 'Vendor ' || (i % 50) FROM n";
+          " 'Vendor ' || (i % 50) FROM n; UPDATE sequence SET next_ref = (SELECT max(ref) + 1 FROM entries)";
     if (sqlite3_exec(connection, script.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
         Fail(sqlite3_errmsg(connection));
     sqlite3_close(connection);
-    if (theDataLayer.Connect(LogPath) != CDataLayer::ConnectOK)
-        Fail("The log cannot be opened.");
-    CVehicle vehicle; // the first record of a file: its RefID is LogVehicle
-    vehicle.SetName(L"Bus");
-    if (!theDataLayer.Save(&vehicle, 0) || vehicle.GetRefID() != LogVehicle)
-        Fail("The vehicle cannot be stored.");
-    theDataLayer.Disconnect();
 }
 
 } // namespace

@@ -9,7 +9,6 @@
 #include "stats/quick_stats.h"
 
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 #include <sqlite3.h>
 #include <vector>
 
@@ -76,16 +75,6 @@ void Load(benchmark::State& state) {
         theDataLayer.Load(&entries, &filter);
         benchmark::DoNotOptimize(entries.GetCount());
     }
-    const std::size_t before = mallinfo2().uordblks;
-    CObjectListT<CEntry> entries;
-    theDataLayer.Load(&entries, &filter);
-    std::size_t texts = 0;
-    for (int i = 0; i < entries.GetCount(); ++i) {
-        for (const wchar_t* text : {entries.Get(i)->GetName(), entries.Get(i)->GetNotes(), entries.Get(i)->GetVendor()})
-            texts += std::wcslen(text) * sizeof(wchar_t);
-    }
-    state.counters["bytes_an_entry_beside_texts"]
-        = static_cast<double>(mallinfo2().uordblks - before - texts) / entries.GetCount();
 }
 
 void Statistics(benchmark::State& state) {
@@ -102,7 +91,7 @@ void BareSave(benchmark::State& state) {
     theDataLayer.Disconnect();
     sqlite3* connection = nullptr;
     sqlite3_open(HostPath().c_str(), &connection);
-    sqlite3_exec(connection, "PRAGMA journal_mode = DELETE; PRAGMA synchronous = FULL", nullptr, nullptr, nullptr);
+    sqlite3_exec(connection, "PRAGMA journal_mode = DELETE; PRAGMA synchronous = EXTRA", nullptr, nullptr, nullptr);
     sqlite3_stmt* statement = nullptr;
     sqlite3_prepare_v2(connection,
         "INSERT INTO entries (ref, vehicle, date, type, odometer, amount, custom1, custom2, name, notes, vendor)"

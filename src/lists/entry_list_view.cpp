@@ -10,7 +10,6 @@
 #include "resources/load_text.h"
 #include "units/date_text.h"
 
-#include <algorithm>
 #include <limits>
 #include <vector>
 
@@ -27,10 +26,6 @@ constexpr UINT TypeIcons[] = {icons::Fuel, icons::Repair, icons::Trip, icons::Ex
 
 LPARAM DataOf(CEntry* entry) {
     return reinterpret_cast<LPARAM>(entry);
-}
-
-CEntry* EntryOf(LPARAM data) {
-    return reinterpret_cast<CEntry*>(data); // NOLINT(performance-no-int-to-ptr): what the list keeps
 }
 
 } // namespace
@@ -50,39 +45,26 @@ void CEntryListView::Refresh(CEntryFilter* filter) {
     else if (Fill(
                  entries_, [&] { return theDataLayer.Load(&entries_, filter); },
                  [this] {
-                     AppendRows();
+                     for (int index = 0; index < entries_.GetCount(); ++index)
+                         AddRow(entries_.Get(index), 0);
                      SortRows(SortColumnNone);
                  }))
         SetRowState(0, SelectedAndFocused, SelectedAndFocused);
 }
 
-void CEntryListView::AppendRows() {
-    // A log has several entries of one day, one behind the other.
-    double date = 0;
-    std::wstring text = DateText(date);
-    for (int index = 0; index < entries_.GetCount(); ++index) {
-        CEntry* entry = entries_.Get(index);
-        if (entry->GetDate() != date) {
-            date = entry->GetDate();
-            text = DateText(date);
-        }
-        AppendRow(entry, text);
-    }
-}
-
-int CEntryListView::AppendRow(CEntry* entry, const std::wstring& date) {
-    return InsertRow(AtTheEnd, date.c_str(), entry->GetType() - 1, DataOf(entry));
+int CEntryListView::AppendRow(CEntry* entry) {
+    return InsertRow(AtTheEnd, DateText(entry->GetDate()).c_str(), entry->GetType() - 1, DataOf(entry));
 }
 
 int CEntryListView::AddRow(CEntry* entry, int update) {
     if (!update)
-        return AppendRow(entry, DateText(entry->GetDate()));
+        return AppendRow(entry);
     const int former = FindRowByData(DataOf(entry));
     if (former == -1)
         return -1;
     const CRedrawPause pause(*this);
     DeleteRow(former);
-    const int row = AppendRow(entry, DateText(entry->GetDate()));
+    const int row = AppendRow(entry);
     SetRowState(row, SelectedAndFocused, SelectedAndFocused);
     SortRows(SortColumnNone);
     SendMessageW(GetHandle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(FindRowByData(DataOf(entry))), FALSE);
@@ -103,11 +85,10 @@ void CEntryListView::SortRows(int column) {
         column = theSettings.LastColSorted;
     if (column == SortColumnNone)
         return;
-    LVROWS rows;
-    SendMessageW(GetHandle(), LVM_GETROWS, 0, reinterpret_cast<LPARAM>(&rows));
-    std::vector<const CEntry*> entries(rows.data.size());
-    std::transform(rows.data.begin(), rows.data.end(), entries.begin(), EntryOf);
-    const std::vector<std::uint32_t> order = OrderEntries(column, entries, rows.places);
+    std::vector<const CEntry*> entries(static_cast<std::size_t>(GetRowCount()));
+    for (int row = 0; row < static_cast<int>(entries.size()); ++row)
+        entries[static_cast<std::size_t>(row)] = GetRowEntry(row);
+    const std::vector<int> order = OrderEntries(column, entries);
     SendMessageW(GetHandle(), LVM_ORDERITEMS, order.size(), reinterpret_cast<LPARAM>(order.data()));
     theSettings.LastColSorted = column;
 }
@@ -136,7 +117,7 @@ void CEntryListView::DeleteSelectedRows() {
 }
 
 CEntry* CEntryListView::GetRowEntry(int row) const {
-    return EntryOf(GetRowData(row));
+    return reinterpret_cast<CEntry*>(GetRowData(row)); // NOLINT(performance-no-int-to-ptr): what the list keeps
 }
 
 void CEntryListView::MeasureItem(MEASUREITEMSTRUCT* request) {

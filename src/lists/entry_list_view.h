@@ -36,9 +36,7 @@ protected:
     LRESULT ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
-    /// A row for each entry.
-    void AppendRows();
-    int AppendRow(CEntry* entry, const std::wstring& date);
+    int AppendRow(CEntry* entry);
     CEntry* GetRowEntry(int row) const;
     void DrawIcon(const DRAWITEMSTRUCT& request, int image) const;
 

@@ -2,9 +2,6 @@
 
 #include "platform/window.h"
 
-#include <cstdint>
-#include <span>
-
 // The list view's messages and records (class "SysListView32", report view).
 
 inline constexpr UINT LVM_SETIMAGELIST = 4099;
@@ -94,19 +91,10 @@ struct NMLVKEYDOWN {
     WORD wVKey = 0;
 };
 
-// Messages of the device's own, for a program that orders all rows itself. A row keeps its place, in the order of
-// insertion, wherever the order of the list puts it; the place of a deleted row is given to a later one.
-
-struct LVROWS {
-    std::span<const std::uint32_t> places; ///< of the rows from the top down
-    std::span<const LPARAM> data; ///< by place; 0 where there is no row
-};
-
-/// Fills the LVROWS at lParam, which stands until the next change of the list.
-inline constexpr UINT LVM_GETROWS = 4352;
-/// Puts the rows into another order: wParam places from the new top down, at lParam. Focus and selection stay with
-/// their rows. FALSE, and nothing happens, for anything but an order of all rows.
-inline constexpr UINT LVM_ORDERITEMS = 4353;
+/// A message of the device's own, for a program that orders the rows itself: at lParam stand the wParam indexes (int)
+/// that the rows have now, from the new top down. Focus and selection stay with their rows. FALSE, and nothing happens,
+/// for anything but an order of all rows.
+inline constexpr UINT LVM_ORDERITEMS = 4352;
 
 inline constexpr UINT ODT_LISTVIEW = 102;
 inline constexpr UINT ODS_SELECTED = 1;

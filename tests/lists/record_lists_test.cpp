@@ -19,15 +19,19 @@ template <typename Record> std::wstring NamesIn(const CCustomListView& list) {
 }
 
 TEST_F(RecordLists, EntriesAreSortedByTheSettings) {
-    Store(40002, Repair, L"b", 30, 1);
+    Store(40002, Repair, L"b", 30, 2);
     Store(40001, Expense, L"D", 10, 5);
     Store(40001, Repair, L"a", 20, 9);
     Store(40003, Repair, L"c", 10, 2);
+    Store(40004, Repair, L"\u00C92", 40, 4);
+    Store(40004, Repair, L"\u00E91", 50, 3);
     CEntryListView list;
     ShowEntries(list);
-    const std::tuple<int, int, const wchar_t*> cases[]
-        = {{SortColumnDate, 1, L"a;D;b;c;"}, {SortColumnDate, 0, L"c;b;D;a;"}, {SortColumnDescription, 1, L"a;b;c;D;"},
-            {SortColumnOdometer, 1, L"c;D;a;b;"}, {SortColumnAmount, 0, L"a;D;c;b;"}, {7, 1, L"D;a;b;c;"}}; // as loaded
+    const std::tuple<int, int, const wchar_t*> cases[] = {{SortColumnDate, 1, L"a;D;b;c;\u00E91;\u00C92;"},
+        {SortColumnDate, 0, L"\u00C92;\u00E91;c;b;D;a;"}, {SortColumnDescription, 1, L"a;b;c;D;\u00E91;\u00C92;"},
+        {SortColumnOdometer, 1, L"c;D;a;b;\u00C92;\u00E91;"},
+        {SortColumnAmount, 0, L"a;D;\u00C92;\u00E91;b;c;"}, // the last two, which are equal, as loaded
+        {7, 1, L"D;a;b;c;\u00C92;\u00E91;"}}; // as loaded
     for (const auto& [column, ascending, names] : cases) {
         theSettings.LastColSorted = column;
         theSettings.SortAscending = ascending;

@@ -1,7 +1,5 @@
 #include "hosts/window/display.h"
 
-#include "hosts/window/key_sequences.h"
-#include "hosts/window/preparation.h"
 #include "hosts/window/x11_scale.h"
 #include "platform/drawing/picture.h"
 #include "platform/drawing/pixel_image.h"
@@ -42,11 +40,6 @@ bool InitVideo(std::string& error) {
     }
     if (!IsSet("WAYLAND_DISPLAY") && !IsSet("SDL_VIDEODRIVER"))
         SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
-    // The X library reads half a megabyte of key sequences a character at a time, each with a lock where there is more
-    // than one thread.
-    std::optional<Preparation> preparation;
-    if (KeepKeySequences())
-        preparation.emplace();
     SDL_SetMainReady();
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");

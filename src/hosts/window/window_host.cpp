@@ -207,14 +207,14 @@ WindowHost::~WindowHost() = default;
 
 std::unique_ptr<WindowHost> WindowHost::Open(std::string& error) {
     auto window = std::make_unique<Window>();
-    // Before there is another thread, which would slow this down.
+    // Before there is another thread: beside one the X library locks for each character of its tables.
     window->hasVideo = InitVideo(error);
+    if (!window->hasVideo)
+        return nullptr;
     if (!window->signals.Listen()) {
         error = "no thread is to be had";
         return nullptr;
     }
-    if (!window->hasVideo)
-        return nullptr;
     if (!window->Create()) {
         error = std::string("No window: ") + SDL_GetError();
         return nullptr;

@@ -109,11 +109,13 @@ void ListView::Changed() {
 LRESULT ListView::InsertItem(const LVITEMW& item) {
     ListViewRows::Row row;
     if ((item.mask & LVIF_TEXT) != 0 && item.pszText)
-        row.SetText(item.pszText);
+        row.cells.emplace_back(item.pszText);
     if ((item.mask & LVIF_IMAGE) != 0)
         row.image = item.iImage;
+    if ((item.mask & LVIF_PARAM) != 0)
+        row.data = item.lParam;
     const int place = HasStyle(LVS_SORTASCENDING) ? rows_.SortedPlace(row.Text()) : item.iItem;
-    const int index = rows_.Insert(place, std::move(row), (item.mask & LVIF_PARAM) != 0 ? item.lParam : 0);
+    const int index = rows_.Insert(place, std::move(row));
     Changed();
     return index;
 }
@@ -126,7 +128,7 @@ LRESULT ListView::SetItem(const LVITEMW& item) {
     if ((item.mask & LVIF_IMAGE) != 0)
         rows_.At(item.iItem).image = item.iImage;
     if ((item.mask & LVIF_PARAM) != 0)
-        rows_.DataAt(item.iItem) = item.lParam;
+        rows_.At(item.iItem).data = item.lParam;
     if ((item.mask & LVIF_STATE) != 0)
         rows_.SetState(item.iItem, item.state, item.stateMask);
     Changed();
@@ -150,7 +152,7 @@ LRESULT ListView::GetItem(LVITEMW& item) const {
     if ((item.mask & LVIF_IMAGE) != 0)
         item.iImage = rows_.At(item.iItem).image;
     if ((item.mask & LVIF_PARAM) != 0)
-        item.lParam = rows_.DataAt(item.iItem);
+        item.lParam = rows_.At(item.iItem).data;
     if ((item.mask & LVIF_STATE) != 0)
         item.state
             = (rows_.IsSelected(item.iItem) ? LVIS_SELECTED : 0) | (rows_.Focused() == item.iItem ? LVIS_FOCUSED : 0);
@@ -185,8 +187,8 @@ LRESULT ListView::SetColumnWidth(int column, int width) {
     return TRUE;
 }
 
-bool ListView::SetOrder(std::span<const std::uint32_t> places) {
-    if (!rows_.SetOrder(places))
+bool ListView::SetOrder(std::span<const int> order) {
+    if (!rows_.SetOrder(order))
         return false;
     InvalidateRect(Handle(), nullptr, TRUE);
     return true;
@@ -232,12 +234,8 @@ LRESULT ListView::ListMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         rows_.EnsureVisible(row, RowsShown());
         InvalidateRect(Handle(), nullptr, TRUE);
         return rows_.Has(row) ? TRUE : FALSE;
-    case LVM_GETROWS:
-        if (auto* rows = Pointer<LVROWS>(lParam))
-            *rows = rows_.All();
-        return lParam ? TRUE : FALSE;
     case LVM_ORDERITEMS:
-        return SetOrder({Pointer<const std::uint32_t>(lParam), lParam ? wParam : 0}) ? TRUE : FALSE;
+        return SetOrder({Pointer<const int>(lParam), lParam ? wParam : 0}) ? TRUE : FALSE;
     case LVM_INSERTCOLUMNW: {
         const auto* column = Pointer<const LVCOLUMNW>(lParam);
         if (!column)

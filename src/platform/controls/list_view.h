@@ -45,7 +45,7 @@ private:
     LRESULT GetText(int row, LVITEMW& item) const;
     LRESULT SetState(int row, const LVITEMW& item);
     LRESULT SetColumnWidth(int column, int width);
-    bool SetOrder(std::span<const std::uint32_t> places);
+    bool SetOrder(std::span<const int> order);
 
     void KeyDown(WORD key);
     void MoveKey(WORD key);

@@ -1,36 +1,15 @@
 #include "platform/controls/list_view_rows.h"
 
 #include "platform/locale.h"
-#include "platform/system/utf8.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace device {
 
-namespace {
-
-constexpr std::size_t MostBytes = 4; ///< of a character
-
-} // namespace
-
-std::wstring ListViewRows::Row::Text() const {
-    return FromUtf8(utf8);
-}
-
-void ListViewRows::Row::SetText(std::wstring_view text) {
-    utf8.resize(text.size());
-    wchar_t all = 0;
-    for (std::size_t place = 0; place < text.size(); ++place) {
-        all |= text[place];
-        utf8[place] = static_cast<char>(text[place]);
-    }
-    if (static_cast<std::uint32_t>(all) >= 0x80)
-        utf8 = ToUtf8(text);
-}
-
 int ListViewRows::FindData(LPARAM data, int after) const {
     for (int row = std::max(after, -1) + 1; row < Count(); ++row) {
-        if (DataAt(row) == data)
+        if (At(row).data == data)
             return row;
     }
     return -1;
@@ -48,29 +27,15 @@ int ListViewRows::Next(int after, UINT flags) const {
     return -1;
 }
 
-std::wstring ListViewRows::Cell(int row, int column) const {
-    if (!Has(row) || column < 0)
-        return {};
-    if (column == 0)
-        return At(row).Text();
-    const auto& more = At(row).more;
-    const auto index = static_cast<std::size_t>(column) - 1;
-    return more && index < more->size() ? (*more)[index] : std::wstring();
+const std::wstring& ListViewRows::Cell(int row, int column) const {
+    static const std::wstring& none = *new std::wstring;
+    const auto index = static_cast<std::size_t>(column);
+    return Has(row) && index < At(row).cells.size() ? At(row).cells[index] : none;
 }
 
-int ListViewRows::Insert(int row, Row added, LPARAM data) {
+int ListViewRows::Insert(int row, Row added) {
     row = std::clamp(row, 0, Count());
-    auto place = static_cast<std::uint32_t>(rows_.size());
-    if (free_.empty()) {
-        rows_.push_back(std::move(added));
-        data_.push_back(data);
-    } else {
-        place = free_.back();
-        free_.pop_back();
-        rows_[place] = std::move(added);
-        data_[place] = data;
-    }
-    order_.insert(order_.begin() + row, place);
+    rows_.insert(rows_.begin() + row, std::move(added));
     if (focused_ >= row)
         ++focused_;
     if (anchor_ >= row)
@@ -79,24 +44,19 @@ int ListViewRows::Insert(int row, Row added, LPARAM data) {
 }
 
 int ListViewRows::SortedPlace(const std::wstring& text) const {
-    const auto place
-        = std::upper_bound(order_.begin(), order_.end(), text, [this](const std::wstring& added, std::uint32_t other) {
-              const int order = CompareStringW(
-                  LOCALE_USER_DEFAULT, NORM_IGNORECASE, added.c_str(), -1, rows_[other].Text().c_str(), -1);
-              return order != 0 && order < CSTR_EQUAL;
-          });
-    return static_cast<int>(place - order_.begin());
+    const auto place = std::upper_bound(
+        rows_.begin(), rows_.end(), text, [](const std::wstring& added, const Row& other) {
+            const int order = CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, added.c_str(), -1, other.Text(), -1);
+            return order != 0 && order < CSTR_EQUAL;
+        });
+    return static_cast<int>(place - rows_.begin());
 }
 
 bool ListViewRows::Remove(int row) {
     if (!Has(row))
         return false;
     SetSelected(row, false);
-    const auto position = order_.begin() + row;
-    rows_[*position] = {};
-    data_[*position] = 0;
-    free_.push_back(*position);
-    order_.erase(position);
+    rows_.erase(rows_.begin() + row);
     // The focus stays in its place: the row that took the place of a deleted one has it then.
     if (focused_ > row)
         --focused_;
@@ -109,9 +69,6 @@ bool ListViewRows::Remove(int row) {
 
 void ListViewRows::Clear() {
     rows_.clear();
-    data_.clear();
-    order_.clear();
-    free_.clear();
     selectedCount_ = 0;
     focused_ = anchor_ = -1;
     first_ = 0;
@@ -120,35 +77,29 @@ void ListViewRows::Clear() {
 void ListViewRows::SetCell(int row, int column, const std::wstring& text) {
     if (!Has(row) || column < 0)
         return;
-    if (column == 0) {
-        At(row).SetText(text);
-        return;
-    }
-    auto& more = At(row).more;
-    if (!more)
-        more = std::make_unique<std::vector<std::wstring>>();
-    if (more->size() < static_cast<std::size_t>(column))
-        more->resize(static_cast<std::size_t>(column));
-    (*more)[static_cast<std::size_t>(column) - 1] = text;
+    auto& cells = At(row).cells;
+    const auto index = static_cast<std::size_t>(column);
+    if (cells.size() <= index)
+        cells.resize(index + 1);
+    cells[index] = text;
 }
 
-bool ListViewRows::SetOrder(std::span<const std::uint32_t> places) {
-    if (places.size() != order_.size())
-        return false;
-    std::vector<char> isMissing(rows_.size());
-    for (const std::uint32_t place : order_)
-        isMissing[place] = 1;
-    for (const std::uint32_t place : places) {
-        if (place >= isMissing.size() || !isMissing[place])
+bool ListViewRows::SetOrder(std::span<const int> order) {
+    std::vector<char> isMissing(rows_.size(), 1);
+    for (const int row : order) {
+        if (!Has(row) || !std::exchange(isMissing[static_cast<std::size_t>(row)], 0))
             return false;
-        isMissing[place] = 0;
     }
-    if (Has(focused_)) {
-        const std::uint32_t place = order_[static_cast<std::size_t>(focused_)];
-        focused_ = static_cast<int>(std::find(places.begin(), places.end(), place) - places.begin());
-    }
+    if (order.size() != rows_.size())
+        return false;
+    if (Has(focused_))
+        focused_ = static_cast<int>(std::find(order.begin(), order.end(), focused_) - order.begin());
     anchor_ = focused_;
-    order_.assign(places.begin(), places.end());
+    std::vector<Row> ordered;
+    ordered.reserve(rows_.size());
+    for (const int row : order)
+        ordered.push_back(std::move(rows_[static_cast<std::size_t>(row)]));
+    rows_ = std::move(ordered);
     return true;
 }
 
@@ -245,7 +196,7 @@ int ListViewRows::TypeAhead(wchar_t character) const {
     CharLowerW(wanted);
     for (int tried = 1; tried <= Count(); ++tried) {
         const int row = (std::max(focused_, -1) + tried) % Count();
-        wchar_t first[2] = {FromUtf8(std::string_view(At(row).utf8).substr(0, MostBytes)).c_str()[0], 0};
+        wchar_t first[2] = {At(row).Text()[0], 0};
         CharLowerW(first);
         if (first[0] != 0 && first[0] == wanted[0])
             return row;

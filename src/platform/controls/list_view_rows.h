@@ -2,11 +2,8 @@
 
 #include "platform/list_view.h"
 
-#include <cstdint>
-#include <memory>
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace device {
@@ -15,13 +12,12 @@ namespace device {
 class ListViewRows {
 public:
     struct Row {
-        std::wstring Text() const;
-        void SetText(std::wstring_view text);
+        const wchar_t* Text() const { return cells.empty() ? L"" : cells.front().c_str(); }
 
-        std::string utf8; ///< in which a date takes no memory beside the row
-        std::unique_ptr<std::vector<std::wstring>> more; ///< cells of the columns behind the first
+        LPARAM data = 0; ///< what the program keeps with the row
         int image = -1;
         bool selected = false;
+        std::vector<std::wstring> cells; ///< by column, as far as there are texts
     };
 
     /// How a key moves.
@@ -30,15 +26,10 @@ public:
     explicit ListViewRows(bool singleSelection)
         : single_(singleSelection) { }
 
-    int Count() const { return static_cast<int>(order_.size()); }
+    int Count() const { return static_cast<int>(rows_.size()); }
     bool Has(int row) const { return row >= 0 && row < Count(); }
-    Row& At(int row) { return rows_[order_[static_cast<std::size_t>(row)]]; }
-    const Row& At(int row) const { return rows_[order_[static_cast<std::size_t>(row)]]; }
-    /// What the program keeps with the row.
-    LPARAM& DataAt(int row) { return data_[order_[static_cast<std::size_t>(row)]]; }
-    LPARAM DataAt(int row) const { return data_[order_[static_cast<std::size_t>(row)]]; }
-    /// Valid until the next change.
-    LVROWS All() const { return {order_, data_}; }
+    Row& At(int row) { return rows_[static_cast<std::size_t>(row)]; }
+    const Row& At(int row) const { return rows_[static_cast<std::size_t>(row)]; }
     int SelectedCount() const { return selectedCount_; }
     /// -1: no row has the focus.
     int Focused() const { return focused_; }
@@ -46,18 +37,19 @@ public:
     int FindData(LPARAM data, int after) const;
     /// The first row behind `after` with all of the LVNI_ flags; -1 when there is none.
     int Next(int after, UINT flags) const;
-    std::wstring Cell(int row, int column) const;
+    /// Valid until the next change.
+    const std::wstring& Cell(int row, int column) const;
 
     /// The row's index: `row` or, beyond the end, the end.
-    int Insert(int row, Row added, LPARAM data);
+    int Insert(int row, Row added);
     /// Where `text` belongs in rows kept in ascending order of their text (the locale's collation).
     int SortedPlace(const std::wstring& text) const;
     bool Remove(int row);
     void Clear();
     void SetCell(int row, int column, const std::wstring& text);
-    /// `places` holds those of All() from the new top down. Focus and selection stay with their rows. False, and
+    /// `order` holds the rows' indexes from the new top down. Focus and selection stay with their rows. False, and
     /// nothing happens, where a row is missing or twice there.
-    bool SetOrder(std::span<const std::uint32_t> places);
+    bool SetOrder(std::span<const int> order);
 
     void SetState(int row, UINT state, UINT mask);
     void SelectAll();
@@ -81,11 +73,7 @@ private:
     void SelectOnly(int from, int to);
 
     bool single_;
-    // Insertions, deletions and sorts move numbers; a row stays where it was stored.
-    std::vector<Row> rows_;
-    std::vector<LPARAM> data_; ///< beside rows_, since a program that goes through all rows asks for nothing else
-    std::vector<std::uint32_t> order_; ///< places in rows_ from the top down
-    std::vector<std::uint32_t> free_; ///< places of rows that were removed
+    std::vector<Row> rows_; ///< from the top down
     int selectedCount_ = 0;
     int focused_ = -1;
     int anchor_ = -1;

@@ -8,8 +8,6 @@ namespace device {
 
 /// The device's text measurer (Pango), the same one for every canvas; never destroyed.
 TextMeasurer& PangoMeasurer();
-/// Has the libraries below the measurer read the process's own language now, once and for all.
-void NoteProcessLanguage();
 
 /// Draws into an image of its own, `zoom` image pixels a device pixel, 32 bits a pixel (0x00RRGGBB, host byte order).
 class CairoCanvas final : public Canvas {

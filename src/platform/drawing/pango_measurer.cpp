@@ -1,25 +1,23 @@
 #include "platform/drawing/pango_measurer.h"
 
 #include "platform/drawing/cairo_canvas.h"
-#include "platform/drawing/device_face.h"
 #include "platform/system/environment.h"
 #include "platform/system/utf8.h"
 
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <pango/pangofc-fontmap.h>
 #include <string>
-#include <utility>
 
 namespace device {
 
 namespace {
 
+constexpr char DeviceFace[] = "DejaVu Sans";
 constexpr std::size_t MaximumRuns = 600;
 constexpr std::size_t MaximumCharacters = 60000;
 constexpr int MaximumFontHeight = 1000;
-constexpr char Alphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+constexpr std::wstring_view Alphabet = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 
 bool IsDrawnBlank(char32_t character) {
     return (character >= 0x9 && character <= 0xD) || character == 0x85 || character == 0x2028 || character == 0x2029;
@@ -60,33 +58,12 @@ struct PangoTextMeasurer::Font {
     FontMetrics metrics;
 };
 
-struct PangoTextMeasurer::Run {
-    Run(PangoLayout* made, const Font* itsFont, std::wstring_view itsText)
-        : layout(made)
-        , font(itsFont)
-        , text(itsText) { }
-    ~Run() { g_object_unref(layout); }
-    Run(const Run&) = delete;
-    Run& operator=(const Run&) = delete;
-
-    PangoLayout* layout;
-    const Font* font;
-    std::wstring text;
-    int width = 0;
-};
-
 std::size_t PangoTextMeasurer::FontHash::operator()(const FontDescription& font) const {
     const std::size_t traits = (static_cast<std::size_t>(font.height) * 2 + (font.italic ? 1 : 0)) * 1009U;
     return std::hash<std::wstring>{}(font.face) ^ (traits + static_cast<std::size_t>(font.weight));
 }
 
-std::size_t PangoTextMeasurer::RunHash::operator()(const RunKey& key) const {
-    return std::hash<std::wstring_view>{}(key.text) ^ (std::hash<const void*>{}(key.font) * 31U);
-}
-
 PangoTextMeasurer::PangoTextMeasurer() {
-    // Before there is a map, which otherwise has the whole list read in a thread of its own.
-    hasAllFaces_ = !UseDeviceFaceAlone();
     // A map of its own: the shared one may be tuned by others to the display.
     PangoFontMap* map = pango_cairo_font_map_new();
     pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(map), 96.0);
@@ -117,53 +94,30 @@ TextMeasurer& PangoMeasurer() {
     return PangoTextMeasurer::Instance();
 }
 
-void NoteProcessLanguage() {
-    // Declared as one whose call matters only for its result.
-    [[maybe_unused]] const PangoLanguage* const volatile noted = pango_language_get_default();
-}
-
-/// What is laid out already stays right: the device's face comes first in the longer list as well.
-void PangoTextMeasurer::FindAllFaces() {
-    hasAllFaces_ = true;
-    UseAllFaces();
-    pango_fc_font_map_config_changed(PANGO_FC_FONT_MAP(pango_context_get_font_map(context_)));
-}
-
-/// Of the face itself, whatever other faces stand in for characters that it lacks. The face's own table is asked, since
-/// the library's metrics lay out sample texts first.
-PangoTextMeasurer::Extent PangoTextMeasurer::ExtentOf(FontDescription face, PangoFontDescription* description) {
-    const int size = face.height < 0 ? -std::max(face.height, -MaximumFontHeight) : MaximumFontHeight;
-    face.height = 0;
-    const auto known = extents_.find(face);
-    if (known != extents_.end())
-        return known->second;
-    pango_font_description_set_absolute_size(description, size * double{PANGO_SCALE});
-    Extent extent{0.8, 0.2};
-    if (PangoFont* font = pango_context_load_font(context_, description)) {
-        hb_face_t* table = hb_font_get_face(pango_font_get_hb_font(font));
-        hb_font_t* unscaled = hb_font_create(table);
-        const double unit = hb_face_get_upem(table);
-        hb_font_extents_t extents;
-        if (hb_font_get_h_extents(unscaled, &extents))
-            extent = {extents.ascender / unit, -extents.descender / unit};
-        hb_font_destroy(unscaled);
-        g_object_unref(font);
-    }
-    return extents_.emplace(std::move(face), extent).first->second;
+/// Of the face itself, whatever other faces stand in for characters that it lacks.
+PangoTextMeasurer::Extent PangoTextMeasurer::ExtentOf(PangoFontDescription* description) const {
+    constexpr double Size = double{MaximumFontHeight} * PANGO_SCALE;
+    pango_font_description_set_absolute_size(description, Size);
+    PangoFont* font = pango_context_load_font(context_, description);
+    if (font == nullptr)
+        return {0.8, 0.2};
+    PangoFontMetrics* metrics = pango_font_get_metrics(font, nullptr);
+    const Extent extent{pango_font_metrics_get_ascent(metrics) / Size, pango_font_metrics_get_descent(metrics) / Size};
+    pango_font_metrics_unref(metrics);
+    g_object_unref(font);
+    return extent;
 }
 
 PangoTextMeasurer::Font& PangoTextMeasurer::FindFont(const FontDescription& font) {
     std::unique_ptr<Font>& place = fonts_[font];
     if (place)
         return *place;
-    if (!hasAllFaces_ && Utf8Face(font.face) != DeviceFace)
-        FindAllFaces();
     place = std::make_unique<Font>(font.face);
     PangoFontDescription* description = place->description;
     pango_font_description_set_weight(description, static_cast<PangoWeight>(std::clamp(font.weight, 100, 1000)));
     pango_font_description_set_style(description, font.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
 
-    const Extent extent = ExtentOf(font, description);
+    const Extent extent = ExtentOf(description);
     const double cell = std::max(extent.ascent + extent.descent, 0.1);
     const int height = std::clamp(font.height, -MaximumFontHeight, MaximumFontHeight);
     const double size = height > 0 ? height / cell : std::max(-height, 1);
@@ -175,64 +129,33 @@ PangoTextMeasurer::Font& PangoTextMeasurer::FindFont(const FontDescription& font
     // Upwards: accents on capitals reach past the ascent that faces claim.
     metrics.ascent = static_cast<int>(height > 0 ? std::lround(ascent) : std::ceil(ascent));
     metrics.descent = height > 0 ? height - metrics.ascent : static_cast<int>(std::lround(descent));
-    const auto letters = static_cast<int>(std::string_view(Alphabet).size());
-    metrics.averageWidth = (AlphabetWidth(description) + letters / 2) / letters;
+    const auto letters = static_cast<int>(Alphabet.size());
+    metrics.averageWidth = (MakeRun(*place, Alphabet).width + letters / 2) / letters;
     return *place;
-}
-
-/// As laid out, but without the shapes of the letters, which take longer to read than all else.
-int PangoTextMeasurer::AlphabetWidth(const PangoFontDescription* description) const {
-    PangoFont* font = pango_context_load_font(context_, description);
-    if (font == nullptr)
-        return 0;
-    hb_buffer_t* letters = hb_buffer_create();
-    hb_buffer_add_utf8(letters, Alphabet, -1, 0, -1);
-    hb_buffer_guess_segment_properties(letters);
-    hb_shape(pango_font_get_hb_font(font), letters, nullptr, 0);
-    unsigned count = 0;
-    const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(letters, &count);
-    int width = 0;
-    for (unsigned index = 0; index < count; ++index)
-        width += positions[index].x_advance;
-    hb_buffer_destroy(letters);
-    g_object_unref(font);
-    return (width + PANGO_SCALE - 1) / PANGO_SCALE;
 }
 
 PangoTextMeasurer::Run& PangoTextMeasurer::FindRun(const FontDescription& font, std::wstring_view text) {
     const Font& found = FindFont(font);
-    const auto known = found_.find({&found, text});
-    if (known == found_.end())
-        return MakeRun(found, text);
-    runs_.splice(runs_.begin(), runs_, known->second);
-    return runs_.front();
+    const auto known = runs_.find({&found, std::wstring(text)});
+    return known == runs_.end() ? MakeRun(found, text) : known->second;
 }
 
 PangoTextMeasurer::Run& PangoTextMeasurer::MakeRun(const Font& font, std::wstring_view text) {
-    if (!hasAllFaces_ && !IsInDeviceFace(text))
-        FindAllFaces();
+    if (runs_.size() >= MaximumRuns || characters_ >= MaximumCharacters) {
+        runs_.clear();
+        characters_ = 0;
+    }
     PangoLayout* layout = pango_layout_new(context_);
     const std::string utf8 = DrawableUtf8(text);
     pango_layout_set_single_paragraph_mode(layout, TRUE);
     pango_layout_set_font_description(layout, font.description);
     pango_layout_set_text(layout, utf8.data(), static_cast<int>(utf8.size()));
-    Run& run = runs_.emplace_front(layout, &font, text);
-    found_.emplace(RunKey{&font, run.text}, runs_.begin());
-    characters_ += run.text.size();
+    Run& run = runs_.try_emplace({&font, std::wstring(text)}, layout).first->second;
+    characters_ += text.size();
     PangoRectangle logical;
     pango_layout_get_extents(layout, nullptr, &logical);
     run.width = (logical.width + PANGO_SCALE - 1) / PANGO_SCALE;
-    Trim();
-    return runs_.front();
-}
-
-void PangoTextMeasurer::Trim() {
-    while (runs_.size() > 1 && (runs_.size() > MaximumRuns || characters_ > MaximumCharacters)) {
-        const Run& last = runs_.back();
-        characters_ -= last.text.size();
-        found_.erase({last.font, last.text});
-        runs_.pop_back();
-    }
+    return run;
 }
 
 FontMetrics PangoTextMeasurer::Metrics(const FontDescription& font) {

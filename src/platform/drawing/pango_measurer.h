@@ -2,10 +2,12 @@
 
 #include "platform/drawing/canvas.h"
 
-#include <list>
+#include <map>
 #include <memory>
 #include <pango/pangocairo.h>
+#include <string>
 #include <unordered_map>
+#include <utility>
 
 namespace device {
 
@@ -30,11 +32,15 @@ public:
 
 private:
     struct Font;
-    struct Run;
-    struct RunKey {
-        const Font* font;
-        std::wstring_view text;
-        bool operator==(const RunKey&) const = default;
+    struct Run {
+        explicit Run(PangoLayout* made)
+            : layout(made) { }
+        ~Run() { g_object_unref(layout); }
+        Run(const Run&) = delete;
+        Run& operator=(const Run&) = delete;
+
+        PangoLayout* layout;
+        int width = 0;
     };
     struct Extent { ///< parts of the size
         double ascent;
@@ -43,26 +49,17 @@ private:
     struct FontHash {
         std::size_t operator()(const FontDescription& font) const;
     };
-    struct RunHash {
-        std::size_t operator()(const RunKey& key) const;
-    };
 
-    void FindAllFaces();
-    Extent ExtentOf(FontDescription face, PangoFontDescription* description);
-    int AlphabetWidth(const PangoFontDescription* description) const;
+    Extent ExtentOf(PangoFontDescription* description) const;
     Font& FindFont(const FontDescription& font);
     Run& FindRun(const FontDescription& font, std::wstring_view text);
     Run& MakeRun(const Font& font, std::wstring_view text);
-    void Trim();
 
     PangoContext* context_;
-    bool hasAllFaces_ = true;
     std::unordered_map<FontDescription, std::unique_ptr<Font>, FontHash> fonts_;
-    std::unordered_map<FontDescription, Extent, FontHash> extents_; ///< by face, whatever the height
-    /// The most recently used first; the keys of `found_` look into the texts here.
-    std::list<Run> runs_;
-    std::unordered_map<RunKey, std::list<Run>::iterator, RunHash> found_;
-    std::size_t characters_ = 0;
+    /// Laid out already; all are given up when they become many.
+    std::map<std::pair<const Font*, std::wstring>, Run> runs_;
+    std::size_t characters_ = 0; ///< of their texts
 };
 
 } // namespace device

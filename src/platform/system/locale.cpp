@@ -55,41 +55,17 @@ std::optional<std::string> PlainNumber(const std::wstring& text) {
     return std::string{text.begin() + (zero ? begin : 0), text.end()};
 }
 
-/// The last text that was formatted. Callers ask for each twice, first for its length.
-struct Remembered {
-    std::wstring source;
-    OptionalText result;
-};
+using Formatter = OptionalText (device::LocaleData::*)(std::string_view number) const;
 
-template <typename Kind>
-int DeliverNumber(LCID locale, DWORD flags, const wchar_t* value, const void* format, wchar_t* buffer, int size) {
+int DeliverNumber(Formatter formatter, LCID locale, DWORD flags, const wchar_t* value, const void* format,
+    wchar_t* buffer, int size) {
     if (locale != LOCALE_USER_DEFAULT || flags != 0 || value == nullptr || format != nullptr) {
         return Fail(ERROR_INVALID_PARAMETER);
     }
-    auto& last = device::MadeForEnvironment<Kind>();
-    if (!last.result || last.source != value) {
-        last.source = value;
-        const auto number = PlainNumber(last.source);
-        last.result = number ? Kind::Format(*number) : std::nullopt;
-    }
-    return last.result ? Deliver(*last.result, buffer, size) : Fail(ERROR_INVALID_PARAMETER);
+    const auto number = PlainNumber(value);
+    const OptionalText text = number ? (device::TheLocale().*formatter)(*number) : std::nullopt;
+    return text ? Deliver(*text, buffer, size) : Fail(ERROR_INVALID_PARAMETER);
 }
-
-struct LastNumber : Remembered {
-    static OptionalText Format(const std::string& number) { return device::TheLocale().NumberText(number); }
-};
-
-struct LastCurrency : Remembered {
-    static OptionalText Format(const std::string& number) { return device::TheLocale().CurrencyText(number); }
-};
-
-/// The same for dates: a log has several entries of one day, one behind the other.
-struct LastDate {
-    WORD year = 0;
-    WORD month = 0;
-    WORD day = 0;
-    std::wstring text;
-};
 
 std::wstring_view View(const wchar_t* text, int length) {
     return length < 0 ? std::wstring_view{text} : std::wstring_view{text, static_cast<std::size_t>(length)};
@@ -98,11 +74,11 @@ std::wstring_view View(const wchar_t* text, int length) {
 } // namespace
 
 int GetNumberFormatW(LCID locale, DWORD flags, const wchar_t* value, const void* format, wchar_t* buffer, int size) {
-    return DeliverNumber<LastNumber>(locale, flags, value, format, buffer, size);
+    return DeliverNumber(&device::LocaleData::NumberText, locale, flags, value, format, buffer, size);
 }
 
 int GetCurrencyFormatW(LCID locale, DWORD flags, const wchar_t* value, const void* format, wchar_t* buffer, int size) {
-    return DeliverNumber<LastCurrency>(locale, flags, value, format, buffer, size);
+    return DeliverNumber(&device::LocaleData::CurrencyText, locale, flags, value, format, buffer, size);
 }
 
 int GetDateFormatW(
@@ -117,18 +93,15 @@ int GetDateFormatW(
     if (locale != LOCALE_USER_DEFAULT || (flags & ~DATE_SHORTDATE) != 0 || picture != nullptr) {
         return Fail(ERROR_INVALID_PARAMETER);
     }
-    auto& last = device::MadeForEnvironment<LastDate>();
-    if (last.text.empty() || last.year != shown.wYear || last.month != shown.wMonth || last.day != shown.wDay) {
-        double valid = 0.0;
-        if (SystemTimeToVariantTime(&shown, &valid) == FALSE) {
-            return Fail(ERROR_INVALID_PARAMETER);
-        }
-        last = {shown.wYear, shown.wMonth, shown.wDay, {}};
-        for (const device::ShortDatePart& part : device::ShortDateOrder()) {
-            device::AppendShortDatePart(part, shown, &last.text);
-        }
+    double valid = 0.0;
+    if (SystemTimeToVariantTime(&shown, &valid) == FALSE) {
+        return Fail(ERROR_INVALID_PARAMETER);
     }
-    return Deliver(last.text, buffer, size);
+    std::wstring text;
+    for (const device::ShortDatePart& part : device::ShortDateOrder()) {
+        device::AppendShortDatePart(part, shown, &text);
+    }
+    return Deliver(text, buffer, size);
 }
 
 int GetLocaleInfoW(LCID locale, DWORD type, wchar_t* buffer, int size) {
@@ -152,14 +125,7 @@ int CompareStringW(
 }
 
 wchar_t* CharLowerW(wchar_t* text) {
-    for (wchar_t* character = text; *character != L'\0'; ++character) {
-        const auto beyondA = static_cast<unsigned>(*character) - L'A';
-        if (beyondA <= L'Z' - L'A') {
-            *character += L'a' - L'A';
-        } else if (*character >= 0x80) {
-            *character = device::LowerCase(*character);
-        }
-    }
+    std::transform(text, text + std::wcslen(text), text, device::LowerCase);
     return text;
 }
 

@@ -35,8 +35,6 @@ private:
 };
 
 const LocaleData& TheLocale();
-/// Has the library below read the process's own locale now, once and for all.
-void NoteProcessLocale();
 /// Simple case mapping of one character.
 wchar_t LowerCase(wchar_t character);
 wchar_t UpperCase(wchar_t character);

@@ -1,5 +1,4 @@
 #include "platform/drawing/cairo_canvas.h"
-#include "platform/drawing/device_face.h"
 #include "platform/drawing/picture.h"
 
 #include <climits>
@@ -33,19 +32,6 @@ int InkWidth(const CairoCanvas& canvas) {
         }
     }
     return first > last ? 0 : last - first + 1;
-}
-
-TEST(DeviceFace, OtherFacesComeWithTheFirstTextThatNeedsThemAndChangeNoOther) {
-    const std::wstring own = L"Ölwechsel 1\u202F234,50 €";
-    EXPECT_TRUE(IsInDeviceFace(own));
-    for (const wchar_t* other : {L"日本", L"a😀", L"עברית", L"e\u0301"})
-        EXPECT_FALSE(IsInDeviceFace(other));
-    CairoCanvas canvas({20, 20}, 1.0);
-    FontDescription font;
-    font.height = -20;
-    const int end = canvas.Measurer().CaretX(font, own, own.size());
-    EXPECT_GT(canvas.Measurer().Width(font, L"日本"), 20);
-    EXPECT_EQ(canvas.Measurer().CaretX(font, own, own.size()), end);
 }
 
 TEST(CairoCanvas, ALineFillsExactlyItsPixelsAtEveryZoom) {

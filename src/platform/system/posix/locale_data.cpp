@@ -2,7 +2,6 @@
 
 #include "platform/system/date_pattern.h"
 #include "platform/system/environment.h"
-#include "platform/system/number_pattern.h"
 
 #include <algorithm>
 #include <unicode/coll.h>
@@ -14,7 +13,6 @@
 #include <unicode/uchar.h>
 #include <unicode/ucurr.h>
 #include <unicode/uloc.h>
-#include <utility>
 
 namespace device {
 namespace {
@@ -138,27 +136,6 @@ struct LocaleData::Library {
     std::vector<ShortDatePart> dateOrder = DateOrderOf(dates);
     std::wstring decimalSeparator = L".";
     std::wstring dateDigits = L"0123456789";
-    std::wstring numberDigits = L"0123456789";
-    std::optional<NumberPattern> plainPattern; ///< made with the first number, as the library's own tables are
-    std::optional<NumberPattern> currencyPattern;
-    bool patternsMade = false;
-
-    void MakePatterns() {
-        const auto writer = [](const LocalizedNumberFormatter& formatter) {
-            return [&formatter](std::string_view number) { return Formatted(formatter, number); };
-        };
-        if (!std::exchange(patternsMade, true)) {
-            plainPattern = NumberPattern::Learn(writer(plain), numberDigits);
-            currencyPattern = NumberPattern::Learn(writer(currency), numberDigits);
-        }
-    }
-
-    std::optional<std::wstring> Text(const std::optional<NumberPattern>& pattern,
-        const LocalizedNumberFormatter& formatter, std::string_view number) {
-        MakePatterns();
-        auto text = pattern ? pattern->Write(number) : std::nullopt;
-        return text ? text : Formatted(formatter, number);
-    }
 };
 
 LocaleData::LocaleData()
@@ -172,18 +149,17 @@ LocaleData::LocaleData()
     library_->decimalSeparator = Wide(ofNumbers.getConstSymbol(DecimalFormatSymbols::kDecimalSeparatorSymbol));
     for (int digit = 0; digit < 10; ++digit) {
         SetDigit(ofDates, digit, &library_->dateDigits);
-        SetDigit(ofNumbers, digit, &library_->numberDigits);
     }
 }
 
 LocaleData::~LocaleData() = default;
 
 std::optional<std::wstring> LocaleData::NumberText(std::string_view number) const {
-    return library_->Text(library_->plainPattern, library_->plain, number);
+    return Formatted(library_->plain, number);
 }
 
 std::optional<std::wstring> LocaleData::CurrencyText(std::string_view number) const {
-    return library_->Text(library_->currencyPattern, library_->currency, number);
+    return Formatted(library_->currency, number);
 }
 
 std::optional<int> LocaleData::Compare(std::wstring_view first, std::wstring_view second, bool ignoreCase) const {
@@ -216,14 +192,7 @@ const LocaleData& TheLocale() {
     return MadeForEnvironment<LocaleData>();
 }
 
-void NoteProcessLocale() {
-    Locale::getDefault();
-}
-
 wchar_t LowerCase(wchar_t character) {
-    if (character < 0x80) {
-        return character >= L'A' && character <= L'Z' ? character + (L'a' - L'A') : character;
-    }
     return static_cast<wchar_t>(u_tolower(static_cast<UChar32>(character)));
 }
 
