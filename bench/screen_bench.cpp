@@ -5,7 +5,7 @@
 #include "lists/entry_list_view.h"
 #include "lists/entry_order.h"
 #include "lists/parent_reflection.h"
-#include "platform/drawing/cairo_canvas.h"
+#include "platform/drawing/cairo/cairo_canvas.h"
 #include "platform/locale.h"
 #include "platform/metrics.h"
 #include "platform/window.h"

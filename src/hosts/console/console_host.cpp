@@ -5,7 +5,7 @@
 #include "hosts/console/registry_command.h"
 #include "hosts/console/screen_text.h"
 #include "hosts/console/text_form.h"
-#include "platform/drawing/cairo_canvas.h"
+#include "platform/drawing/cairo/cairo_canvas.h"
 #include "platform/metrics.h"
 #include "platform/system/clock.h"
 #include "platform/system/device_paths.h"
@@ -61,7 +61,7 @@ bool MayComeBeforeBoot(const std::string& verb) {
 
 ConsoleHost::ConsoleHost(ProgramFacts facts)
     : facts_(std::move(facts))
-    , canvas_(PangoMeasurer()) {
+    , canvas_(DeviceMeasurer()) {
 }
 
 void ConsoleHost::Answer(const std::string& line) {

@@ -1,8 +1,8 @@
 #include "hosts/window/display.h"
 
 #include "hosts/window/x11_scale.h"
+#include "platform/drawing/cairo/pixel_image.h"
 #include "platform/drawing/picture.h"
-#include "platform/drawing/pixel_image.h"
 
 #include <SDL.h>
 #include <algorithm>

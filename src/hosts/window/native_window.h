@@ -6,7 +6,7 @@
 #include "hosts/window/remembered_size.h"
 #include "hosts/window/tone.h"
 #include "hosts/window/window_host.h"
-#include "platform/drawing/cairo_canvas.h"
+#include "platform/drawing/cairo/cairo_canvas.h"
 
 #include <SDL.h>
 #include <atomic>

@@ -59,6 +59,9 @@ public:
     virtual int CaretX(const FontDescription& font, std::wstring_view text, std::size_t index) = 0;
 };
 
+/// The device's text measurer, the same one for every canvas; never destroyed.
+TextMeasurer& DeviceMeasurer();
+
 /// What a screen can draw, in device pixels. All calls are clipped to the innermost clip rectangle.
 class Canvas {
 public:

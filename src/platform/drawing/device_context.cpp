@@ -1,6 +1,6 @@
 #include "platform/drawing/context_state.h"
 
-#include "platform/drawing/cairo_canvas.h"
+#include "platform/drawing/canvas.h"
 #include "platform/drawing/handle_table.h"
 #include "platform/drawing/rectangles.h"
 #include "platform/metrics.h"
@@ -15,7 +15,7 @@ namespace {
 /// Stands in where there is no screen: measures, and draws nothing.
 class MeasuringCanvas final : public Canvas {
 public:
-    TextMeasurer& Measurer() override { return PangoMeasurer(); }
+    TextMeasurer& Measurer() override { return DeviceMeasurer(); }
     void BeginFrame(const RECT& /*dirty*/) override { }
     void EndFrame() override { }
     void PushClip(const RECT& /*clip*/) override { }

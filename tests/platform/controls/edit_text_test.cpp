@@ -4,7 +4,7 @@
 #include "platform/controls/edit_layout.h"
 #include "platform/controls/edit_text.h"
 #include "platform/drawing.h"
-#include "platform/drawing/cairo_canvas.h"
+#include "platform/drawing/cairo/cairo_canvas.h"
 
 #include <functional>
 #include <random>
@@ -78,7 +78,7 @@ protected:
                 + L' ';
         return told;
     }
-    device::TextMeasurer& measurer = device::PangoMeasurer();
+    device::TextMeasurer& measurer = device::DeviceMeasurer();
     EditLayout layout;
 };
 

@@ -1,4 +1,4 @@
-#include "platform/drawing/cairo_canvas.h"
+#include "platform/drawing/cairo/cairo_canvas.h"
 #include "platform/drawing/picture.h"
 
 #include <climits>
@@ -65,7 +65,7 @@ TEST(CairoCanvas, AFrameChangesOnlyItsDirtyPart) {
 
 TEST(CairoCanvas, ATextTakesItsMeasuredWidthAtEveryZoom) {
     for (const wchar_t* text : {L"HHillWWWW 10.00 gal @ $3.10 (East) ======H", L"H\u6F22\u5B57\u6F22\u5B57\u6F22H"}) {
-        const int measured = PangoMeasurer().Width({}, text);
+        const int measured = DeviceMeasurer().Width({}, text);
         for (const double zoom : {1.0, 1.5, 2.0, 3.0}) {
             CairoCanvas canvas({measured + 40, 40}, zoom);
             canvas.Fill({0, 0, measured + 40, 40}, White, 255);
@@ -87,7 +87,7 @@ TEST(CairoCanvas, PicturesFillTheirPlaceAndABadOneDrawsNothing) {
 }
 
 TEST(PangoMeasurer, HeightsMeanCharactersOrTheCell) {
-    const auto heightOf = [](int height) { return PangoMeasurer().Metrics({height, 400, false, {}}).Height(); };
+    const auto heightOf = [](int height) { return DeviceMeasurer().Metrics({height, 400, false, {}}).Height(); };
     for (const int height : {1, 4, 13, 59}) {
         EXPECT_EQ(heightOf(height), height);
         EXPECT_GE(heightOf(-height), height);
@@ -97,7 +97,7 @@ TEST(PangoMeasurer, HeightsMeanCharactersOrTheCell) {
 }
 
 TEST(PangoMeasurer, AnyTextIsOneLineAndDrawsSomething) {
-    const auto width = [](std::wstring_view text) { return PangoMeasurer().Width({}, text); };
+    const auto width = [](std::wstring_view text) { return DeviceMeasurer().Width({}, text); };
     EXPECT_EQ(width(L"a\nb\tc\u2029d"), width(L"a b c d"));
     const wchar_t broken[] = {L'a', static_cast<wchar_t>(0xD800), static_cast<wchar_t>(0x110000), L'\0', L'\x1B', L'b'};
     EXPECT_EQ(width({broken, std::size(broken)}), width(L"a\uFFFD\uFFFD\uFFFD\uFFFDb"));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/dialog.h"
-#include "platform/drawing/cairo_canvas.h"
+#include "platform/drawing/cairo/cairo_canvas.h"
 #include "platform/drawing/recording_canvas.h"
 #include "platform/input.h"
 #include "platform/window.h"
@@ -79,7 +79,7 @@ public:
 
     std::deque<Step> steps;
     std::deque<Event> events;
-    device::RecordingCanvas canvas{device::PangoMeasurer()};
+    device::RecordingCanvas canvas{device::DeviceMeasurer()};
     int goBacks = 0;
 };
 

@@ -1,6 +1,6 @@
-#include "platform/drawing/pango_measurer.h"
+#include "platform/drawing/cairo/pango_measurer.h"
 
-#include "platform/drawing/cairo_canvas.h"
+#include "platform/drawing/cairo/cairo_canvas.h"
 #include "platform/system/environment.h"
 #include "platform/system/utf8.h"
 
@@ -90,7 +90,7 @@ PangoTextMeasurer& PangoTextMeasurer::Instance() {
     return *instance;
 }
 
-TextMeasurer& PangoMeasurer() {
+TextMeasurer& DeviceMeasurer() {
     return PangoTextMeasurer::Instance();
 }
 

@@ -1,7 +1,7 @@
-#include "platform/drawing/cairo_canvas.h"
+#include "platform/drawing/cairo/cairo_canvas.h"
 
-#include "platform/drawing/cairo_pictures.h"
-#include "platform/drawing/pango_measurer.h"
+#include "platform/drawing/cairo/cairo_pictures.h"
+#include "platform/drawing/cairo/pango_measurer.h"
 #include "platform/drawing/rectangles.h"
 
 #include <cmath>
@@ -130,7 +130,7 @@ bool CairoCanvas::WritePng(const std::string& hostPath) const {
 }
 
 TextMeasurer& CairoCanvas::Measurer() {
-    return PangoMeasurer();
+    return DeviceMeasurer();
 }
 
 void CairoCanvas::BeginFrame(const RECT& dirty) {

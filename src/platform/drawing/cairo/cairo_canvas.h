@@ -6,9 +6,6 @@
 
 namespace device {
 
-/// The device's text measurer (Pango), the same one for every canvas; never destroyed.
-TextMeasurer& PangoMeasurer();
-
 /// Draws into an image of its own, `zoom` image pixels a device pixel, 32 bits a pixel (0x00RRGGBB, host byte order).
 class CairoCanvas final : public Canvas {
 public:

@@ -1,6 +1,6 @@
-#include "platform/drawing/pixel_image.h"
+#include "platform/drawing/cairo/pixel_image.h"
 
-#include "platform/drawing/cairo_pictures.h"
+#include "platform/drawing/cairo/cairo_pictures.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "platform/drawing/cairo_pictures.h"
+#include "platform/drawing/cairo/cairo_pictures.h"
 
 #include <algorithm>
 #include <cstring>
