@@ -57,7 +57,7 @@ void MoveTo(HWND dialog, UINT id, const RECT& place, LONG left, LONG top) {
 } // namespace
 
 CAboutDlg::CAboutDlg()
-    : picture_(LoadIconW(GetModuleHandleW(nullptr), icons::AboutPicture)) {
+    : picture_(LoadIconW(GetModuleHandleW(nullptr), bitmaps::About)) {
 }
 
 CAboutDlg::~CAboutDlg() {
