@@ -2,9 +2,7 @@
 
 #include "forms/dialog_helpers.h"
 #include "forms/dlg_keywords_add.h"
-#include "messages/show_message.h"
-#include "platform/wait_cursor.h"
-#include "records/data_layer.h"
+#include "messages/store_record.h"
 #include "resources/ids.h"
 #include "resources/load_text.h"
 
@@ -32,11 +30,6 @@ struct ShellRecord {
 static_assert(sizeof(ShellRecord) == 12);
 
 constexpr WPARAM InputPanelSetting = 224;
-
-bool Delete(const CKeyword& keyword) {
-    const CWaitCursor wait;
-    return theDataLayer.Delete(&keyword) != 0;
-}
 
 bool HasName(const CObjectListT<CKeyword>& keywords, const std::wstring& name) {
     for (int index = 0; index < keywords.GetCount(); ++index) {
@@ -143,13 +136,11 @@ bool CDlgKeywords::Store(CKeyword& keyword, const std::wstring& name) const {
     keyword.SetName(name.c_str());
     CObjectListT<CKeyword> keywords;
     // Without a list to compare with nothing may be stored.
-    const bool isLoaded = theDataLayer.Load(&keywords, KeywordType) != 0;
-    if (isLoaded && HasName(keywords, name))
-        return false;
-    const bool isStored = isLoaded && theDataLayer.Save(&keyword, 0);
-    if (!isStored)
+    if (!theDataLayer.Load(&keywords, KeywordType)) {
         ShowStoreFailure();
-    return isStored;
+        return false;
+    }
+    return !HasName(keywords, name) && SaveIfDirty(&keyword);
 }
 
 void CDlgKeywords::AddKeyword() const {
@@ -187,10 +178,8 @@ void CDlgKeywords::DeleteKeyword() const {
         return;
     CKeyword keyword;
     keyword.SetID(IdAt(index));
-    if (!Delete(keyword)) {
-        ShowStoreFailure();
+    if (!DeleteStored(&keyword))
         return;
-    }
     SendList(LB_DELETESTRING, index);
     SelectItem(std::max(index - 1, 0));
     SetFocus(list_);

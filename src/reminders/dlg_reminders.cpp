@@ -2,6 +2,7 @@
 
 #include "forms/dialog_helpers.h"
 #include "lists/app_fonts.h"
+#include "messages/store_record.h"
 #include "platform/input.h"
 #include "reminders/control_place.h"
 #include "reminders/edit_reminder.h"
@@ -127,6 +128,6 @@ void CDlgReminders::OnDelete() {
         return;
     const CNotification* reminder = listView_.GetSelectedReminder();
     // The record stays with the list until it is loaded anew; only its row goes.
-    if (reminder && DeleteReminder(*reminder))
+    if (reminder && DeleteStored(reminder))
         listView_.DeleteRow(listView_.GetNextSelected(-1));
 }
