@@ -1,7 +1,7 @@
 #include "forms/dlg_fuel_entry.h"
 
-#include "forms/form_templates.h"
 #include "forms/last_price.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "resources/load_text.h"
 #include "settings/app_settings.h"

@@ -3,23 +3,13 @@
 #include "forms/dialog_helpers.h"
 #include "forms/dlg_keywords_add.h"
 #include "messages/store_record.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "resources/load_text.h"
 
 #include <algorithm>
 
 namespace {
-
-constexpr DWORD PlainRowHeights = 0x100; // a row may show in part, so that the list fills the screen
-constexpr DWORD ListStyle = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | PlainRowHeights | LBS_SORT | LBS_NOTIFY;
-static_assert(ListStyle == 0x50210103);
-
-constexpr DialogItemTemplate Items[] = {
-    {L"LISTBOX", ListStyle, 0, 0, 115, 154, controls::List, L""},
-};
-
-constexpr DLGTEMPLATE Template{
-    WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_SETFONT, 115, 154, L"#", L"MS Shell Dlg", 8, Items};
 
 /// What the shell keeps about a dialog while its input panel comes and goes.
 struct ShellRecord {
@@ -46,7 +36,7 @@ LPARAM AsParameter(const std::wstring& text) {
 } // namespace
 
 LPCDLGTEMPLATEW CDlgKeywords::GetTemplate() const {
-    return &Template;
+    return &templates::Keywords;
 }
 
 bool CDlgKeywords::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/, LRESULT& /*result*/) {

@@ -2,30 +2,19 @@
 
 #include "forms/dialog_helpers.h"
 #include "platform/input.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 
 namespace {
 
 constexpr WPARAM NameLimit = 30;
 
-constexpr DWORD LabelStyle = WS_CHILD | WS_VISIBLE;
-constexpr DWORD NameStyle = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL;
-static_assert(NameStyle == 0x50810080);
-
-constexpr DialogItemTemplate Items[] = {
-    {L"STATIC", LabelStyle, 3, 2, 109, 11, NoDialogItemId, L"Name:"},
-    {L"EDIT", NameStyle, 3, 13, 109, 12, controls::FirstText, L""},
-};
-
 constexpr UINT Stretched[] = {controls::FirstText};
-
-constexpr DLGTEMPLATE Template{
-    WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_SETFONT, 115, 28, L"Add Category", L"MS Shell Dlg", 8, Items};
 
 } // namespace
 
 LPCDLGTEMPLATEW CDlgKeywordsAdd::GetTemplate() const {
-    return &Template;
+    return &templates::KeywordName;
 }
 
 bool CDlgKeywordsAdd::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/, LRESULT& result) {

@@ -1,7 +1,7 @@
 #include "forms/dlg_trip.h"
 
-#include "forms/form_templates.h"
 #include "messages/show_message.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "settings/app_settings.h"
 

@@ -1,6 +1,6 @@
 #include "forms/dlg_vehicle.h"
 
-#include "forms/form_templates.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 
 namespace {

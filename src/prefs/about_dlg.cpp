@@ -6,7 +6,7 @@
 #include "platform/files.h"
 #include "platform/input.h"
 #include "platform/process.h"
-#include "prefs/prefs_templates.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "resources/load_text.h"
 

@@ -3,7 +3,7 @@
 #include "forms/dialog_helpers.h"
 #include "messages/show_message.h"
 #include "platform/time.h"
-#include "prefs/prefs_templates.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "units/date_ranges.h"
 

@@ -2,7 +2,7 @@
 
 #include "forms/dialog_helpers.h"
 #include "platform/input.h"
-#include "prefs/prefs_templates.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "resources/load_text.h"
 #include "settings/app_settings.h"

@@ -4,7 +4,7 @@
 #include "messages/show_message.h"
 #include "platform/input.h"
 #include "platform/time.h"
-#include "reminders/reminder_templates.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include "records/notification.h"
 #include "records/vehicle.h"
 #include "reminders/control_place.h"
-#include "reminders/reminder_templates.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "units/date_text.h"
 #include "units/number_text.h"

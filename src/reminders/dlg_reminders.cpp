@@ -6,7 +6,7 @@
 #include "platform/input.h"
 #include "reminders/control_place.h"
 #include "reminders/edit_reminder.h"
-#include "reminders/reminder_templates.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "settings/app_settings.h"
 

@@ -2,24 +2,11 @@
 
 #include "forms/dialog_helpers.h"
 #include "lists/parent_reflection.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 
-namespace {
-
-constexpr DWORD ListStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_NOSORTHEADER | LVS_NOCOLUMNHEADER
-    | LVS_OWNERDRAWFIXED | LVS_SINGLESEL | LVS_REPORT;
-
-constexpr DialogItemTemplate Items[] = {
-    {L"SysListView32", ListStyle, 0, 0, 115, 154, controls::List, L""},
-};
-
-constexpr DLGTEMPLATE Template{
-    WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_SETFONT, 115, 154, L"Quick Stats", L"MS Shell Dlg", 8, Items};
-
-} // namespace
-
 LPCDLGTEMPLATEW CDlgQuickStats::GetTemplate() const {
-    return &Template;
+    return &templates::QuickStats;
 }
 
 bool CDlgQuickStats::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
