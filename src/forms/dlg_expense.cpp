@@ -4,7 +4,7 @@
 #include "resources/ids.h"
 
 CDlgExpense::CDlgExpense()
-    : CPaidEntryForm(&templates::Expense) {
+    : CPaidEntryForm(templates::Expense) {
 }
 
 bool CDlgExpense::ExchangeFields(bool save) {

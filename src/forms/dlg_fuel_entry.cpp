@@ -15,7 +15,7 @@ constexpr UINT Numeric[] = {controls::Volume, controls::UnitPrice, controls::Mon
 constexpr FormDescription::Buddy Buddies[] = {{controls::NotesSpin, controls::Notes}};
 
 constexpr FormDescription Description{
-    .dialogTemplate = &templates::FuelEntry,
+    .dialogTemplate = templates::FuelEntry,
     .menu = menus::FuelEntry,
     .firstFocus = controls::Date,
     .keywordField = controls::FirstText,
@@ -62,8 +62,8 @@ void CDlgFuelEntry::OnDateShown() {
     default:
         return;
     }
-    SetDlgItemTextW(GetHandle(), controls::VolumeLabel, LoadText(volumeLabel).c_str());
-    SetDlgItemTextW(GetHandle(), controls::UnitPriceLabel, LoadText(priceLabel).c_str());
+    ShowText(controls::VolumeLabel, LoadText(volumeLabel));
+    ShowText(controls::UnitPriceLabel, LoadText(priceLabel));
 }
 
 bool CDlgFuelEntry::AcceptFields() {

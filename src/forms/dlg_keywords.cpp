@@ -11,16 +11,6 @@
 
 namespace {
 
-/// What the shell keeps about a dialog while its input panel comes and goes.
-struct ShellRecord {
-    DWORD size = 12;
-    DWORD lastFocus = 0;
-    DWORD panelState = 0;
-};
-static_assert(sizeof(ShellRecord) == 12);
-
-constexpr WPARAM InputPanelSetting = 224;
-
 bool HasName(const CObjectListT<CKeyword>& keywords, const std::wstring& name) {
     for (int index = 0; index < keywords.GetCount(); ++index) {
         if (name == keywords.Get(index)->GetName())
@@ -35,44 +25,27 @@ LPARAM AsParameter(const std::wstring& text) {
 
 } // namespace
 
-LPCDLGTEMPLATEW CDlgKeywords::GetTemplate() const {
-    return &templates::Keywords;
+CDlgKeywords::CDlgKeywords()
+    : CFullScreenDialog(templates::Keywords, menus::Keywords, BackKey::IsReported) {
 }
 
-bool CDlgKeywords::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/, LRESULT& /*result*/) {
-    switch (message) {
-    case WM_INITDIALOG:
-        OnInitDialog();
-        return true;
-    case WM_SIZE:
-        FitControlToClient(GetHandle(), controls::List, 0);
-        return true;
-    case WM_COMMAND:
-        return OnCommand(LOWORD(wParam));
-    default:
-        return false;
-    }
-}
-
-void CDlgKeywords::OnInitDialog() {
-    const HWND dialog = GetHandle();
-    CreateSoftKeyBar(dialog, menus::Keywords, true, false);
-    ApplyLabelFont(dialog);
-    InitFullScreen(dialog);
-    list_ = GetDlgItem(dialog, controls::List);
+bool CDlgKeywords::OnInitDialog() {
+    CFullScreenDialog::OnInitDialog();
+    list_ = Item(controls::List);
     ShowTitle();
     LoadList();
     SelectItem(0);
-    ShellRecord record;
-    SHHandleWMSettingChange(dialog, InputPanelSetting, 0, &record);
+    InputPanelRecord record;
+    FitToInputPanel(GetHandle(), &record);
+    return true;
 }
 
-bool CDlgKeywords::OnCommand(UINT command) {
-    switch (command) {
-    case commands::Done:
-    case commands::Cancel:
-        OnDone(command);
-        return true;
+void CDlgKeywords::OnSize() const {
+    FitControlToClient(GetHandle(), controls::List, 0);
+}
+
+bool CDlgKeywords::OnCommand(UINT id, UINT code, HWND sender) {
+    switch (id) {
     case commands::AddKeyword:
         AddKeyword();
         return true;
@@ -83,7 +56,7 @@ bool CDlgKeywords::OnCommand(UINT command) {
         DeleteKeyword();
         return true;
     default:
-        return false;
+        return CFullScreenDialog::OnCommand(id, code, sender);
     }
 }
 
@@ -175,14 +148,12 @@ void CDlgKeywords::DeleteKeyword() const {
     SetFocus(list_);
 }
 
-void CDlgKeywords::OnDone(UINT command) {
-    if (command == commands::Done) {
-        const int index = SelectedIndex();
-        if (index < 0)
-            return;
-        Selection = TextAt(index);
-    }
-    EndDialog(GetHandle(), command);
+void CDlgKeywords::OnDone() {
+    const int index = SelectedIndex();
+    if (index < 0)
+        return;
+    Selection = TextAt(index);
+    EndDialog(GetHandle(), commands::Done);
 }
 
 LRESULT CDlgKeywords::SendList(UINT message, int index, LPARAM lParam) const {

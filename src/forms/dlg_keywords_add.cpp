@@ -13,42 +13,26 @@ constexpr UINT Stretched[] = {controls::FirstText};
 
 } // namespace
 
-LPCDLGTEMPLATEW CDlgKeywordsAdd::GetTemplate() const {
-    return &templates::KeywordName;
+CDlgKeywordsAdd::CDlgKeywordsAdd()
+    : CFullScreenDialog(templates::KeywordName, menus::DoneCancel, BackKey::IsReported) {
 }
 
-bool CDlgKeywordsAdd::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/, LRESULT& result) {
-    const UINT command = LOWORD(wParam);
-    switch (message) {
-    case WM_INITDIALOG:
-        OnInitDialog();
-        result = FALSE;
-        return true;
-    case WM_SIZE:
-        StretchControls(GetHandle(), Stretched);
-        return true;
-    case WM_COMMAND:
-        if (command != commands::Done && command != commands::Cancel)
-            return false;
-        OnDone(command);
-        return true;
-    default:
-        return false;
-    }
-}
-
-void CDlgKeywordsAdd::OnInitDialog() {
-    CreateSoftKeyBar(GetHandle(), menus::DoneCancel, true, false);
-    InitFullScreen(GetHandle());
+bool CDlgKeywordsAdd::OnInitDialog() {
+    CFullScreenDialog::OnInitDialog();
     ExchangeText(controls::FirstText, Text, false);
-    const HWND name = GetDlgItem(GetHandle(), controls::FirstText);
+    const HWND name = Item(controls::FirstText);
     SetFocus(name);
     SendMessageW(name, EM_LIMITTEXT, NameLimit, 0);
     name_.Subclass(name);
+    return false;
 }
 
-void CDlgKeywordsAdd::OnDone(UINT command) {
-    const bool hasText = command == commands::Done && ExchangeText(controls::FirstText, Text, true) && !Text.empty();
+void CDlgKeywordsAdd::OnSize() const {
+    StretchControls(GetHandle(), Stretched);
+}
+
+void CDlgKeywordsAdd::OnDone() {
+    const bool hasText = ExchangeText(controls::FirstText, Text, true) && !Text.empty();
     EndDialog(GetHandle(), hasText ? commands::Done : commands::Cancel);
 }
 

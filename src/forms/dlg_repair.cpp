@@ -5,7 +5,7 @@
 #include "resources/ids.h"
 
 CDlgRepair::CDlgRepair()
-    : CPaidEntryForm(&templates::Repair) {
+    : CPaidEntryForm(templates::Repair) {
 }
 
 bool CDlgRepair::ExchangeFields(bool save) {

@@ -16,7 +16,7 @@ constexpr UINT Numeric[] = {controls::Money};
 constexpr FormDescription::Buddy Buddies[] = {{controls::NotesSpin, controls::Notes}};
 
 constexpr FormDescription Description{
-    .dialogTemplate = &templates::Trip,
+    .dialogTemplate = templates::Trip,
     .menu = menus::Trip,
     .firstFocus = controls::Date,
     .keywordField = controls::Category,

@@ -15,7 +15,7 @@ constexpr FormDescription::Buddy Buddies[] = {
 };
 
 constexpr FormDescription Description{
-    .dialogTemplate = &templates::Vehicle,
+    .dialogTemplate = templates::Vehicle,
     .menu = menus::DoneCancel,
     .firstFocus = controls::FirstText,
     .keywordField = 0,
