@@ -4,6 +4,7 @@
 #include "platform/dialog.h"
 #include "platform/input.h"
 #include "platform/metrics.h"
+#include "platform/time.h"
 #include "resources/control_ids.h"
 
 #include <algorithm>
@@ -59,6 +60,14 @@ void SetNumericInputMode(HWND dialog, std::span<const UINT> ids) {
         SendDlgItemMessageW(dialog, static_cast<int>(id), EM_SETINPUTMODE, 0, EIM_NUMBERS);
 }
 
+RECT ControlPlace(HWND dialog, HWND control) {
+    RECT place;
+    GetWindowRect(control, &place);
+    POINT corner{place.left, place.top};
+    ScreenToClient(dialog, &corner);
+    return {corner.x, corner.y, corner.x + place.right - place.left, corner.y + place.bottom - place.top};
+}
+
 void StretchControls(HWND dialog, std::span<const UINT> ids) {
     const int edge = GetSystemMetrics(SM_CXEDGE);
     RECT client;
@@ -67,13 +76,10 @@ void StretchControls(HWND dialog, std::span<const UINT> ids) {
     const int width = std::max(0, static_cast<int>(client.right - client.left) - 4 * edge);
     for (const UINT id : ids) {
         const HWND control = GetDlgItem(dialog, static_cast<int>(id));
-        RECT place;
-        if (!control || !GetWindowRect(control, &place))
+        if (!control)
             continue;
-        POINT corner{place.left, place.top};
-        ScreenToClient(dialog, &corner);
-        MoveWindow(
-            control, 2 * edge, static_cast<int>(corner.y), width, static_cast<int>(place.bottom - place.top), TRUE);
+        const RECT place = ControlPlace(dialog, control);
+        MoveWindow(control, 2 * edge, place.top, width, place.bottom - place.top, TRUE);
     }
 }
 
@@ -84,6 +90,36 @@ void FitControlToClient(HWND dialog, UINT id, int top) {
         return;
     MoveWindow(control, 0, top, static_cast<int>(client.right - client.left),
         std::max(0, static_cast<int>(client.bottom - client.top) - top), TRUE);
+}
+
+void SetBuddy(HWND dialog, UINT spin, UINT control) {
+    const HWND buddy = GetDlgItem(dialog, static_cast<int>(control));
+    SendDlgItemMessageW(dialog, static_cast<int>(spin), UDM_SETBUDDY, reinterpret_cast<WPARAM>(buddy), 0);
+}
+
+void ShowDate(HWND picker, const SYSTEMTIME& date) {
+    SendMessageW(picker, DTM_SETSYSTEMTIME, static_cast<WPARAM>(GDT_VALID), reinterpret_cast<LPARAM>(&date));
+}
+
+void ShowDate(HWND picker, double date) {
+    SYSTEMTIME time;
+    if (VariantTimeToSystemTime(date, &time))
+        ShowDate(picker, time);
+}
+
+bool ReadDate(HWND picker, SYSTEMTIME* date) {
+    return SendMessageW(picker, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(date)) == GDT_VALID;
+}
+
+void ReadDate(HWND picker, double* date) {
+    SYSTEMTIME time;
+    if (ReadDate(picker, &time))
+        SystemTimeToVariantTime(&time, date);
+}
+
+void FitToInputPanel(HWND dialog, InputPanelRecord* record) {
+    constexpr WPARAM InputPanelChanged = 224;
+    SHHandleWMSettingChange(dialog, InputPanelChanged, 0, record);
 }
 
 bool IsEditFocused() {

@@ -17,9 +17,31 @@ void ApplyLabelFont(HWND dialog);
 bool InitFullScreen(HWND dialog);
 /// The keypad types digits into these edits to begin with.
 void SetNumericInputMode(HWND dialog, std::span<const UINT> ids);
+/// A control's place in its dialog's client area.
+RECT ControlPlace(HWND dialog, HWND control);
 /// Gives these controls the width of the dialog but for a margin on both sides; they keep their tops and heights.
 void StretchControls(HWND dialog, std::span<const UINT> ids);
 /// Gives the control all of the dialog from `top` (pixels) downwards.
 void FitControlToClient(HWND dialog, UINT id, int top);
+/// Makes a control the buddy of an up-down.
+void SetBuddy(HWND dialog, UINT spin, UINT control);
+
+/// A date picker's value, as a calendar time and as an OLE date. One beyond the calendar leaves the picker at the date
+/// that it has of itself, and `date` stays where the picker has none.
+void ShowDate(HWND picker, const SYSTEMTIME& date);
+void ShowDate(HWND picker, double date);
+bool ReadDate(HWND picker, SYSTEMTIME* date);
+void ReadDate(HWND picker, double* date);
+
+/// The shell's notes on a dialog and the input panel. The shell knows it by its size.
+struct InputPanelRecord {
+    DWORD size = 12;
+    DWORD state[2] = {};
+};
+static_assert(sizeof(InputPanelRecord) == 12);
+
+/// Lets the shell fit the dialog to the input panel.
+void FitToInputPanel(HWND dialog, InputPanelRecord* record);
+
 /// True when an edit has the focus, so that the Back key is the edit's.
 bool IsEditFocused();

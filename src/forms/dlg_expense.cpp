@@ -1,10 +1,10 @@
 #include "forms/dlg_expense.h"
 
-#include "forms/form_templates.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 
 CDlgExpense::CDlgExpense()
-    : CPaidEntryForm(&templates::Expense) {
+    : CPaidEntryForm(templates::Expense) {
 }
 
 bool CDlgExpense::ExchangeFields(bool save) {

@@ -1,7 +1,7 @@
 #include "forms/dlg_fuel_entry.h"
 
-#include "forms/form_templates.h"
 #include "forms/last_price.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "resources/load_text.h"
 #include "settings/app_settings.h"
@@ -15,7 +15,7 @@ constexpr UINT Numeric[] = {controls::Volume, controls::UnitPrice, controls::Mon
 constexpr FormDescription::Buddy Buddies[] = {{controls::NotesSpin, controls::Notes}};
 
 constexpr FormDescription Description{
-    .dialogTemplate = &templates::FuelEntry,
+    .dialogTemplate = templates::FuelEntry,
     .menu = menus::FuelEntry,
     .firstFocus = controls::Date,
     .keywordField = controls::FirstText,
@@ -62,8 +62,8 @@ void CDlgFuelEntry::OnDateShown() {
     default:
         return;
     }
-    SetDlgItemTextW(GetHandle(), controls::VolumeLabel, LoadText(volumeLabel).c_str());
-    SetDlgItemTextW(GetHandle(), controls::UnitPriceLabel, LoadText(priceLabel).c_str());
+    ShowText(controls::VolumeLabel, LoadText(volumeLabel));
+    ShowText(controls::UnitPriceLabel, LoadText(priceLabel));
 }
 
 bool CDlgFuelEntry::AcceptFields() {

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "forms/field_exchange.h"
 #include "forms/form_frame.h"
 
 #include <string>
 
 /// One fill of fuel. It works out one of quantity, price and total from the other two, and offers the price of the last
 /// fill to a new one.
-class CDlgFuelEntry : public CFormFrame, public CWinDataExchangeLocale<CDlgFuelEntry> {
+class CDlgFuelEntry : public CFormFrame {
 public:
     CDlgFuelEntry();
 

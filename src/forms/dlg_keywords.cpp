@@ -2,41 +2,14 @@
 
 #include "forms/dialog_helpers.h"
 #include "forms/dlg_keywords_add.h"
-#include "messages/show_message.h"
-#include "platform/wait_cursor.h"
-#include "records/data_layer.h"
+#include "messages/store_record.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "resources/load_text.h"
 
 #include <algorithm>
 
 namespace {
-
-constexpr DWORD PlainRowHeights = 0x100; // a row may show in part, so that the list fills the screen
-constexpr DWORD ListStyle = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | PlainRowHeights | LBS_SORT | LBS_NOTIFY;
-static_assert(ListStyle == 0x50210103);
-
-constexpr DialogItemTemplate Items[] = {
-    {L"LISTBOX", ListStyle, 0, 0, 115, 154, controls::List, L""},
-};
-
-constexpr DLGTEMPLATE Template{
-    WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_SETFONT, 115, 154, L"#", L"MS Shell Dlg", 8, Items};
-
-/// What the shell keeps about a dialog while its input panel comes and goes.
-struct ShellRecord {
-    DWORD size = 12;
-    DWORD lastFocus = 0;
-    DWORD panelState = 0;
-};
-static_assert(sizeof(ShellRecord) == 12);
-
-constexpr WPARAM InputPanelSetting = 224;
-
-bool Delete(const CKeyword& keyword) {
-    const CWaitCursor wait;
-    return theDataLayer.Delete(&keyword) != 0;
-}
 
 bool HasName(const CObjectListT<CKeyword>& keywords, const std::wstring& name) {
     for (int index = 0; index < keywords.GetCount(); ++index) {
@@ -52,44 +25,27 @@ LPARAM AsParameter(const std::wstring& text) {
 
 } // namespace
 
-LPCDLGTEMPLATEW CDlgKeywords::GetTemplate() const {
-    return &Template;
+CDlgKeywords::CDlgKeywords()
+    : CFullScreenDialog(templates::Keywords, menus::Keywords, BackKey::IsReported) {
 }
 
-bool CDlgKeywords::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/, LRESULT& /*result*/) {
-    switch (message) {
-    case WM_INITDIALOG:
-        OnInitDialog();
-        return true;
-    case WM_SIZE:
-        FitControlToClient(GetHandle(), controls::List, 0);
-        return true;
-    case WM_COMMAND:
-        return OnCommand(LOWORD(wParam));
-    default:
-        return false;
-    }
-}
-
-void CDlgKeywords::OnInitDialog() {
-    const HWND dialog = GetHandle();
-    CreateSoftKeyBar(dialog, menus::Keywords, true, false);
-    ApplyLabelFont(dialog);
-    InitFullScreen(dialog);
-    list_ = GetDlgItem(dialog, controls::List);
+bool CDlgKeywords::OnInitDialog() {
+    CFullScreenDialog::OnInitDialog();
+    list_ = Item(controls::List);
     ShowTitle();
     LoadList();
     SelectItem(0);
-    ShellRecord record;
-    SHHandleWMSettingChange(dialog, InputPanelSetting, 0, &record);
+    InputPanelRecord record;
+    FitToInputPanel(GetHandle(), &record);
+    return true;
 }
 
-bool CDlgKeywords::OnCommand(UINT command) {
-    switch (command) {
-    case commands::Done:
-    case commands::Cancel:
-        OnDone(command);
-        return true;
+void CDlgKeywords::OnSize() const {
+    FitControlToClient(GetHandle(), controls::List, 0);
+}
+
+bool CDlgKeywords::OnCommand(UINT id, UINT code, HWND sender) {
+    switch (id) {
     case commands::AddKeyword:
         AddKeyword();
         return true;
@@ -100,7 +56,7 @@ bool CDlgKeywords::OnCommand(UINT command) {
         DeleteKeyword();
         return true;
     default:
-        return false;
+        return CFullScreenDialog::OnCommand(id, code, sender);
     }
 }
 
@@ -143,13 +99,11 @@ bool CDlgKeywords::Store(CKeyword& keyword, const std::wstring& name) const {
     keyword.SetName(name.c_str());
     CObjectListT<CKeyword> keywords;
     // Without a list to compare with nothing may be stored.
-    const bool isLoaded = theDataLayer.Load(&keywords, KeywordType) != 0;
-    if (isLoaded && HasName(keywords, name))
-        return false;
-    const bool isStored = isLoaded && theDataLayer.Save(&keyword, 0);
-    if (!isStored)
+    if (!theDataLayer.Load(&keywords, KeywordType)) {
         ShowStoreFailure();
-    return isStored;
+        return false;
+    }
+    return !HasName(keywords, name) && SaveIfDirty(&keyword);
 }
 
 void CDlgKeywords::AddKeyword() const {
@@ -187,23 +141,19 @@ void CDlgKeywords::DeleteKeyword() const {
         return;
     CKeyword keyword;
     keyword.SetID(IdAt(index));
-    if (!Delete(keyword)) {
-        ShowStoreFailure();
+    if (!DeleteStored(&keyword))
         return;
-    }
     SendList(LB_DELETESTRING, index);
     SelectItem(std::max(index - 1, 0));
     SetFocus(list_);
 }
 
-void CDlgKeywords::OnDone(UINT command) {
-    if (command == commands::Done) {
-        const int index = SelectedIndex();
-        if (index < 0)
-            return;
-        Selection = TextAt(index);
-    }
-    EndDialog(GetHandle(), command);
+void CDlgKeywords::OnDone() {
+    const int index = SelectedIndex();
+    if (index < 0)
+        return;
+    Selection = TextAt(index);
+    EndDialog(GetHandle(), commands::Done);
 }
 
 LRESULT CDlgKeywords::SendList(UINT message, int index, LPARAM lParam) const {

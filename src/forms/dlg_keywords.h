@@ -1,24 +1,26 @@
 #pragma once
 
-#include "platform/window_object.h"
+#include "forms/full_screen_dialog.h"
 #include "records/keyword.h"
 
 #include <string>
 
 /// One keyword list: the user picks a text from it, and adds, renames and deletes keywords in place. Such a change is
 /// in the data file at once; the user is told of one that fails. DoModal gives 1 when Selection was picked.
-class CDlgKeywords : public CDialogImpl {
+class CDlgKeywords : public CFullScreenDialog {
 public:
+    CDlgKeywords();
+
     CKeyword::Type KeywordType = {}; ///< set by the caller
     std::wstring Selection; ///< the text that was picked
 
 protected:
-    LPCDLGTEMPLATEW GetTemplate() const override;
-    bool ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    bool OnInitDialog() override;
+    void OnSize() const override;
+    bool OnCommand(UINT id, UINT code, HWND sender) override;
+    void OnDone() override;
 
 private:
-    void OnInitDialog();
-    bool OnCommand(UINT command);
     void ShowTitle() const;
     void LoadList() const;
     /// Names the keyword and saves it, new or changed, unless the list has the name, compared exactly. False where that
@@ -27,7 +29,6 @@ private:
     void AddKeyword() const;
     void EditKeyword() const;
     void DeleteKeyword() const;
-    void OnDone(UINT command);
 
     // The list's items: a keyword's name with its ID.
     LRESULT SendList(UINT message, int index = 0, LPARAM lParam = 0) const;

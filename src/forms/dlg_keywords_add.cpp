@@ -2,64 +2,37 @@
 
 #include "forms/dialog_helpers.h"
 #include "platform/input.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 
 namespace {
 
 constexpr WPARAM NameLimit = 30;
 
-constexpr DWORD LabelStyle = WS_CHILD | WS_VISIBLE;
-constexpr DWORD NameStyle = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL;
-static_assert(NameStyle == 0x50810080);
-
-constexpr DialogItemTemplate Items[] = {
-    {L"STATIC", LabelStyle, 3, 2, 109, 11, NoDialogItemId, L"Name:"},
-    {L"EDIT", NameStyle, 3, 13, 109, 12, controls::FirstText, L""},
-};
-
 constexpr UINT Stretched[] = {controls::FirstText};
-
-constexpr DLGTEMPLATE Template{
-    WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_SETFONT, 115, 28, L"Add Category", L"MS Shell Dlg", 8, Items};
 
 } // namespace
 
-LPCDLGTEMPLATEW CDlgKeywordsAdd::GetTemplate() const {
-    return &Template;
+CDlgKeywordsAdd::CDlgKeywordsAdd()
+    : CFullScreenDialog(templates::KeywordName, menus::DoneCancel, BackKey::IsReported) {
 }
 
-bool CDlgKeywordsAdd::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/, LRESULT& result) {
-    const UINT command = LOWORD(wParam);
-    switch (message) {
-    case WM_INITDIALOG:
-        OnInitDialog();
-        result = FALSE;
-        return true;
-    case WM_SIZE:
-        StretchControls(GetHandle(), Stretched);
-        return true;
-    case WM_COMMAND:
-        if (command != commands::Done && command != commands::Cancel)
-            return false;
-        OnDone(command);
-        return true;
-    default:
-        return false;
-    }
-}
-
-void CDlgKeywordsAdd::OnInitDialog() {
-    CreateSoftKeyBar(GetHandle(), menus::DoneCancel, true, false);
-    InitFullScreen(GetHandle());
+bool CDlgKeywordsAdd::OnInitDialog() {
+    CFullScreenDialog::OnInitDialog();
     ExchangeText(controls::FirstText, Text, false);
-    const HWND name = GetDlgItem(GetHandle(), controls::FirstText);
+    const HWND name = Item(controls::FirstText);
     SetFocus(name);
     SendMessageW(name, EM_LIMITTEXT, NameLimit, 0);
     name_.Subclass(name);
+    return false;
 }
 
-void CDlgKeywordsAdd::OnDone(UINT command) {
-    const bool hasText = command == commands::Done && ExchangeText(controls::FirstText, Text, true) && !Text.empty();
+void CDlgKeywordsAdd::OnSize() const {
+    StretchControls(GetHandle(), Stretched);
+}
+
+void CDlgKeywordsAdd::OnDone() {
+    const bool hasText = ExchangeText(controls::FirstText, Text, true) && !Text.empty();
     EndDialog(GetHandle(), hasText ? commands::Done : commands::Cancel);
 }
 

@@ -1,11 +1,11 @@
 #include "forms/dlg_repair.h"
 
-#include "forms/form_templates.h"
 #include "messages/show_message.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 
 CDlgRepair::CDlgRepair()
-    : CPaidEntryForm(&templates::Repair) {
+    : CPaidEntryForm(templates::Repair) {
 }
 
 bool CDlgRepair::ExchangeFields(bool save) {

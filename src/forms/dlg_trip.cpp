@@ -1,7 +1,7 @@
 #include "forms/dlg_trip.h"
 
-#include "forms/form_templates.h"
 #include "messages/show_message.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "settings/app_settings.h"
 
@@ -16,7 +16,7 @@ constexpr UINT Numeric[] = {controls::Money};
 constexpr FormDescription::Buddy Buddies[] = {{controls::NotesSpin, controls::Notes}};
 
 constexpr FormDescription Description{
-    .dialogTemplate = &templates::Trip,
+    .dialogTemplate = templates::Trip,
     .menu = menus::Trip,
     .firstFocus = controls::Date,
     .keywordField = controls::Category,
@@ -33,7 +33,7 @@ LONG Fit(std::int64_t value) {
     return static_cast<LONG>(std::clamp(value, Least, Most));
 }
 
-LONG Difference(LONG end, LONG start) {
+LONG ClampedDifference(LONG end, LONG start) {
     return Fit(std::int64_t{end} - start);
 }
 
@@ -55,7 +55,7 @@ bool CDlgTrip::ExchangeFields(bool save) {
 }
 
 void CDlgTrip::OnDateShown() {
-    ElapsedDistance = Difference(EndOdometer, StartOdometer);
+    ElapsedDistance = ClampedDifference(EndOdometer, StartOdometer);
 }
 
 bool CDlgTrip::AcceptFields() {
@@ -90,7 +90,7 @@ void CDlgTrip::UpdateEnd() {
 void CDlgTrip::UpdateElapsed() {
     if (!ExchangeFields(true))
         return;
-    ElapsedDistance = std::max<LONG>(Difference(EndOdometer, StartOdometer), 0);
+    ElapsedDistance = std::max<LONG>(ClampedDifference(EndOdometer, StartOdometer), 0);
     SetDlgItemInt(GetHandle(), controls::ElapsedDistance, static_cast<UINT>(ElapsedDistance), TRUE);
 }
 

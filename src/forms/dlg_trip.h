@@ -1,13 +1,12 @@
 #pragma once
 
-#include "forms/field_exchange.h"
 #include "forms/form_frame.h"
 
 #include <string>
 
 /// One trip. Its two readings and the distance between them follow each other as the focus leaves them; the total can
 /// be worked out from the distance and the mileage rate of the settings.
-class CDlgTrip : public CFormFrame, public CWinDataExchangeLocale<CDlgTrip> {
+class CDlgTrip : public CFormFrame {
 public:
     CDlgTrip();
 

@@ -1,6 +1,6 @@
 #include "forms/dlg_vehicle.h"
 
-#include "forms/form_templates.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 
 namespace {
@@ -15,7 +15,7 @@ constexpr FormDescription::Buddy Buddies[] = {
 };
 
 constexpr FormDescription Description{
-    .dialogTemplate = &templates::Vehicle,
+    .dialogTemplate = templates::Vehicle,
     .menu = menus::DoneCancel,
     .firstFocus = controls::FirstText,
     .keywordField = 0,

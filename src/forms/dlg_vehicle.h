@@ -1,12 +1,11 @@
 #pragma once
 
-#include "forms/field_exchange.h"
 #include "forms/form_frame.h"
 
 #include <string>
 
 /// All of a vehicle: identity, insurance and dealer.
-class CDlgVehicle : public CFormFrame, public CWinDataExchange<CDlgVehicle> {
+class CDlgVehicle : public CFormFrame {
 public:
     CDlgVehicle();
 

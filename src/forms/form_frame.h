@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/window_object.h"
+#include "forms/full_screen_dialog.h"
 #include "records/keyword.h"
 
 #include <span>
@@ -13,7 +13,7 @@ struct FormDescription {
         UINT edit;
     };
 
-    LPCDLGTEMPLATEW dialogTemplate;
+    const DLGTEMPLATE& dialogTemplate;
     UINT menu;
     UINT firstFocus; ///< the control that has the focus on opening
     UINT keywordField; ///< 0: the form has none
@@ -26,12 +26,16 @@ struct FormDescription {
 /// The frame of the record forms: how a form opens and ends, its soft keys, its layout, the Back key and the Action key
 /// in its keyword field. A form works on its own fields, which its caller fills before and reads after; they hold
 /// something new only where DoModal gave 1 (Done), not 2 (Cancel).
-class CFormFrame : public CDialogImpl {
+class CFormFrame : public CFullScreenDialog {
 protected:
     explicit CFormFrame(const FormDescription& description);
 
-    LPCDLGTEMPLATEW GetTemplate() const override { return description_.dialogTemplate; }
-    bool ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    bool OnInitDialog() override;
+    void OnSize() const override;
+    bool OnCommand(UINT id, UINT code, HWND sender) override;
+    /// Ends the form with 1 when the save pass and the rules hold.
+    void OnDone() override;
+    bool OnBackKey(WPARAM wParam, LPARAM lParam) override;
 
     /// The print pass, and with `save` the save pass: all fields in the form's own order, up to the first failure.
     virtual bool ExchangeFields(bool save) = 0;
@@ -44,13 +48,9 @@ protected:
     virtual void OnSaveFailed() { }
     /// The form's rules, and its own steps, after the save pass of Done. False keeps the form open.
     virtual bool AcceptFields() { return true; }
-    /// A command or a notification (`code` not 0) of a control. False for one that is not the form's.
-    virtual bool OnCommand(UINT id, UINT code, HWND sender);
     /// The list behind the keyword field.
     virtual CKeyword::Type KeywordType() const { return {}; }
 
-    /// Ends the form with 1 when the save pass and the rules hold.
-    void OnDone();
     /// Lets the user pick the text of the keyword field; what the other fields hold stays.
     void SelectKeyword() const;
     /// The rule that `text` is not empty: else a message (string ids) and the focus to its control, and false.
@@ -72,13 +72,6 @@ private:
         CFormFrame& form_;
     };
 
-    void OnInitDialog();
-    void OnSize() const;
-    bool OnHotKey(WPARAM wParam, LPARAM lParam) const;
-    void ShowDate();
-    void ReadDate();
-
     const FormDescription description_;
     CKeywordField keyword_{*this};
-    HWND datePicker_ = nullptr; ///< kept from the opening on
 };

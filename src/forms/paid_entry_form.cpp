@@ -9,7 +9,7 @@ constexpr UINT Stretched[]
 constexpr UINT Numeric[] = {controls::Money};
 constexpr FormDescription::Buddy Buddies[] = {{controls::NotesSpin, controls::Notes}};
 
-FormDescription Describe(LPCDLGTEMPLATEW dialogTemplate) {
+FormDescription Describe(const DLGTEMPLATE& dialogTemplate) {
     return {
         .dialogTemplate = dialogTemplate,
         .menu = menus::RepairOrExpense,
@@ -24,7 +24,7 @@ FormDescription Describe(LPCDLGTEMPLATEW dialogTemplate) {
 
 } // namespace
 
-CPaidEntryForm::CPaidEntryForm(LPCDLGTEMPLATEW dialogTemplate)
+CPaidEntryForm::CPaidEntryForm(const DLGTEMPLATE& dialogTemplate)
     : CFormFrame(Describe(dialogTemplate)) {
 }
 

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "forms/field_exchange.h"
 #include "forms/form_frame.h"
 
 #include <string>
 
 /// What the repair and the expense form share: their fields, their controls, and the one rule that a description is
 /// needed. They differ in labels, in the order of their passes, and in how they take a bad number and Cancel.
-class CPaidEntryForm : public CFormFrame, public CWinDataExchangeLocale<CPaidEntryForm> {
+class CPaidEntryForm : public CFormFrame {
 public:
     double Date = 0.0; ///< OLE date
     LONG Odometer = 0;
@@ -17,7 +16,7 @@ public:
     std::wstring Notes;
 
 protected:
-    explicit CPaidEntryForm(LPCDLGTEMPLATEW dialogTemplate);
+    explicit CPaidEntryForm(const DLGTEMPLATE& dialogTemplate);
 
     double& DateField() override { return Date; }
     bool AcceptFields() override;

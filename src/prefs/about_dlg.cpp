@@ -4,9 +4,8 @@
 #include "messages/show_message.h"
 #include "platform/drawing.h"
 #include "platform/files.h"
-#include "platform/input.h"
 #include "platform/process.h"
-#include "prefs/prefs_templates.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "resources/load_text.h"
 
@@ -40,65 +39,30 @@ std::wstring VersionLine() {
     return L"Version " + version + L" build " + std::to_wstring(build);
 }
 
-/// A control's place in its dialog's client area.
-RECT PlaceOf(HWND dialog, UINT id) {
-    RECT place;
-    GetWindowRect(GetDlgItem(dialog, static_cast<int>(id)), &place);
-    POINT corner{place.left, place.top};
-    ScreenToClient(dialog, &corner);
-    return {corner.x, corner.y, corner.x + place.right - place.left, corner.y + place.bottom - place.top};
-}
-
-void MoveTo(HWND dialog, UINT id, const RECT& place, LONG left, LONG top) {
-    MoveWindow(GetDlgItem(dialog, static_cast<int>(id)), static_cast<int>(left), static_cast<int>(top),
-        static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top), TRUE);
+/// Moves a control whose size stays that of `place`.
+void MoveTo(HWND control, const RECT& place, LONG left, LONG top) {
+    MoveWindow(control, left, top, place.right - place.left, place.bottom - place.top, TRUE);
 }
 
 } // namespace
 
 CAboutDlg::CAboutDlg()
-    : picture_(LoadIconW(GetModuleHandleW(nullptr), icons::AboutPicture)) {
+    : CFullScreenDialog(templates::About, menus::AboutKeys, BackKey::IsCancel)
+    , picture_(LoadIconW(GetModuleHandleW(nullptr), bitmaps::About)) {
 }
 
 CAboutDlg::~CAboutDlg() {
     DestroyIcon(picture_);
 }
 
-LPCDLGTEMPLATEW CAboutDlg::GetTemplate() const {
-    return &templates::About;
-}
-
-bool CAboutDlg::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& /*result*/) {
-    const auto keys = static_cast<std::uintptr_t>(lParam);
-    switch (message) {
-    case WM_INITDIALOG:
-        OnInitDialog();
-        return true;
-    case WM_SIZE:
-        OnSize();
-        return true;
-    case WM_COMMAND:
-        return OnCommand(LOWORD(wParam));
-    case WM_HOTKEY:
-        if (HIWORD(keys) != VK_TBACK)
-            return false;
-        if ((LOWORD(keys) & MOD_KEYUP) != 0)
-            EndDialog(GetHandle(), commands::Cancel);
-        return true;
-    default:
-        return false;
-    }
-}
-
-void CAboutDlg::OnInitDialog() {
-    const HWND dialog = GetHandle();
-    SetDlgItemTextW(dialog, static_cast<int>(controls::AboutName), LoadText(strings::AppName).c_str());
-    SetDlgItemTextW(dialog, static_cast<int>(controls::AboutVersion), VersionLine().c_str());
-    SendDlgItemMessageW(dialog, static_cast<int>(controls::AboutPicture), STM_SETIMAGE, IMAGE_BITMAP,
-        reinterpret_cast<LPARAM>(picture_));
+bool CAboutDlg::OnInitDialog() {
+    ShowText(controls::AboutName, LoadText(strings::AppName));
+    ShowText(controls::AboutVersion, VersionLine());
+    SendMessageW(Item(controls::AboutPicture), STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(picture_));
     ShowNameInBold();
-    SHInitDialog(dialog, WithDoneButton | SHIDIF_SIZEDLGFULLSCREEN | WithoutInputPanel);
-    CreateSoftKeyBar(dialog, menus::AboutKeys, false, false);
+    SHInitDialog(GetHandle(), WithDoneButton | SHIDIF_SIZEDLGFULLSCREEN | WithoutInputPanel);
+    CreateSoftKeys();
+    return true;
 }
 
 void CAboutDlg::ShowNameInBold() {
@@ -108,31 +72,27 @@ void CAboutDlg::ShowNameInBold() {
         return;
     description.lfWeight = FW_BOLD;
     if (boldFont_.Create(description)) {
-        SendDlgItemMessageW(GetHandle(), static_cast<int>(controls::AboutName), WM_SETFONT,
-            reinterpret_cast<WPARAM>(boldFont_.GetHandle()), TRUE);
+        SendMessageW(Item(controls::AboutName), WM_SETFONT, reinterpret_cast<WPARAM>(boldFont_.GetHandle()), TRUE);
     }
 }
 
 void CAboutDlg::OnSize() const {
-    constexpr LONG gap = 5; // pixels
+    constexpr LONG Gap = 5; // pixels
     const HWND dialog = GetHandle();
+    const HWND pictureControl = Item(controls::AboutPicture);
     RECT client;
     GetClientRect(dialog, &client);
-    const RECT picture = PlaceOf(dialog, controls::AboutPicture);
-    MoveTo(dialog, controls::AboutPicture, picture, (client.right - (picture.right - picture.left)) / 2, 0);
-    const LONG move = picture.bottom - picture.top + gap - PlaceOf(dialog, controls::AboutName).top;
+    const RECT picture = ControlPlace(dialog, pictureControl);
+    MoveTo(pictureControl, picture, (client.right - (picture.right - picture.left)) / 2, 0);
+    const LONG move = picture.bottom - picture.top + Gap - ControlPlace(dialog, Item(controls::AboutName)).top;
     for (const UINT id : Texts) {
-        const RECT place = PlaceOf(dialog, id);
-        MoveTo(dialog, id, place, place.left, place.top + move);
+        const RECT place = ControlPlace(dialog, Item(id));
+        MoveTo(Item(id), place, place.left, place.top + move);
     }
 }
 
-bool CAboutDlg::OnCommand(UINT command) const {
-    switch (command) {
-    case commands::Done:
-    case commands::Cancel:
-        EndDialog(GetHandle(), static_cast<LONG_PTR>(command));
-        return true;
+bool CAboutDlg::OnCommand(UINT id, UINT code, HWND sender) {
+    switch (id) {
     case commands::AboutDone:
         EndDialog(GetHandle(), commands::Done);
         return true;
@@ -143,6 +103,12 @@ bool CAboutDlg::OnCommand(UINT command) const {
         ShowMessage(GetHandle(), strings::SupportText, reinterpret_cast<std::uintptr_t>(L""), messages::NoticeStyle);
         return true;
     default:
-        return false;
+        return CFullScreenDialog::OnCommand(id, code, sender);
     }
+}
+
+bool CAboutDlg::OnBackKey(WPARAM /*wParam*/, LPARAM lParam) {
+    if (IsKeyUp(lParam))
+        EndDialog(GetHandle(), commands::Cancel);
+    return true;
 }

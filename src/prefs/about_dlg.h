@@ -1,22 +1,21 @@
 #pragma once
 
+#include "forms/full_screen_dialog.h"
 #include "lists/window_font.h"
-#include "platform/window_object.h"
 
 /// "About": the program's name, picture and version. What DoModal gives tells nothing.
-class CAboutDlg final : public CDialogImpl {
+class CAboutDlg final : public CFullScreenDialog {
 public:
     CAboutDlg();
     ~CAboutDlg() override;
 
 protected:
-    LPCDLGTEMPLATEW GetTemplate() const override;
-    bool ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    bool OnInitDialog() override;
+    void OnSize() const override;
+    bool OnCommand(UINT id, UINT code, HWND sender) override;
+    bool OnBackKey(WPARAM wParam, LPARAM lParam) override;
 
 private:
-    void OnInitDialog();
-    void OnSize() const;
-    bool OnCommand(UINT command) const;
     void ShowNameInBold();
 
     CWindowFont boldFont_;

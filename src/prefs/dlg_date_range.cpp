@@ -3,7 +3,7 @@
 #include "forms/dialog_helpers.h"
 #include "messages/show_message.h"
 #include "platform/time.h"
-#include "prefs/prefs_templates.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "units/date_ranges.h"
 
@@ -26,14 +26,6 @@ constexpr PresetCommand Presets[] = {
     {commands::PreviousYear, DatePreset::PreviousYear},
 };
 
-void Show(HWND picker, const SYSTEMTIME& date) {
-    SendMessageW(picker, DTM_SETSYSTEMTIME, static_cast<WPARAM>(GDT_VALID), reinterpret_cast<LPARAM>(&date));
-}
-
-void Read(HWND picker, SYSTEMTIME* date) {
-    SendMessageW(picker, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(date));
-}
-
 bool IsAfter(const SYSTEMTIME& first, const SYSTEMTIME& second) {
     FILETIME firstTicks;
     FILETIME secondTicks;
@@ -43,50 +35,28 @@ bool IsAfter(const SYSTEMTIME& first, const SYSTEMTIME& second) {
 
 } // namespace
 
-LPCDLGTEMPLATEW CDlgDateRange::GetTemplate() const {
-    return &templates::DateRange;
+CDlgDateRange::CDlgDateRange(SYSTEMTIME* start, SYSTEMTIME* end)
+    : CFullScreenDialog(templates::DateRange, menus::DateRange, BackKey::IsReported)
+    , start_(start)
+    , end_(end) {
 }
 
-bool CDlgDateRange::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/, LRESULT& /*result*/) {
-    switch (message) {
-    case WM_INITDIALOG:
-        OnInitDialog();
-        return true;
-    case WM_COMMAND:
-        return OnCommand(LOWORD(wParam));
-    default:
-        return false;
-    }
-}
-
-void CDlgDateRange::OnInitDialog() {
-    const HWND dialog = GetHandle();
-    CreateSoftKeyBar(dialog, menus::DateRange, true, false);
-    ApplyLabelFont(dialog);
-    InitFullScreen(dialog);
-    startPicker_ = GetDlgItem(dialog, static_cast<int>(controls::StartDate));
-    endPicker_ = GetDlgItem(dialog, static_cast<int>(controls::EndDate));
+bool CDlgDateRange::OnInitDialog() {
+    CFullScreenDialog::OnInitDialog();
     ShowRange(*start_, *end_);
+    return true;
 }
 
 void CDlgDateRange::ShowRange(const SYSTEMTIME& start, const SYSTEMTIME& end) const {
-    Show(startPicker_, start);
-    Show(endPicker_, end);
+    ShowDate(Item(controls::StartDate), start);
+    ShowDate(Item(controls::EndDate), end);
 }
 
-bool CDlgDateRange::OnCommand(UINT command) const {
-    if (command == commands::Done) {
-        OnDone();
-        return true;
-    }
-    if (command == commands::Cancel) {
-        EndDialog(GetHandle(), commands::Cancel);
-        return true;
-    }
-    const auto* const row = std::find_if(std::begin(Presets), std::end(Presets),
-        [command](const PresetCommand& each) { return each.command == command; });
+bool CDlgDateRange::OnCommand(UINT id, UINT code, HWND sender) {
+    const auto* const row = std::find_if(
+        std::begin(Presets), std::end(Presets), [id](const PresetCommand& each) { return each.command == id; });
     if (row == std::end(Presets))
-        return false;
+        return CFullScreenDialog::OnCommand(id, code, sender);
     SYSTEMTIME now;
     GetLocalTime(&now);
     const DatePeriod period = PresetPeriod(row->preset, now);
@@ -94,9 +64,9 @@ bool CDlgDateRange::OnCommand(UINT command) const {
     return true;
 }
 
-void CDlgDateRange::OnDone() const {
-    Read(startPicker_, start_);
-    Read(endPicker_, end_);
+void CDlgDateRange::OnDone() {
+    ReadDate(Item(controls::StartDate), start_);
+    ReadDate(Item(controls::EndDate), end_);
     // The start keeps its milliseconds and the end its seconds: what the pickers were given comes back to that extent.
     start_->wHour = start_->wMinute = start_->wSecond = 0;
     end_->wHour = 23;

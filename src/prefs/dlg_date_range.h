@@ -1,27 +1,21 @@
 #pragma once
 
-#include "platform/window_object.h"
+#include "forms/full_screen_dialog.h"
 
 /// "Select Date Range": the first and the last day of the custom view range. DoModal gives 1 for Done, 2 for Cancel.
-class CDlgDateRange final : public CDialogImpl {
+class CDlgDateRange final : public CFullScreenDialog {
 public:
     /// Both are the caller's and hold dates. Done writes them, also when it refuses what the user has chosen.
-    CDlgDateRange(SYSTEMTIME* start, SYSTEMTIME* end)
-        : start_(start)
-        , end_(end) { }
+    CDlgDateRange(SYSTEMTIME* start, SYSTEMTIME* end);
 
 protected:
-    LPCDLGTEMPLATEW GetTemplate() const override;
-    bool ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    bool OnInitDialog() override;
+    bool OnCommand(UINT id, UINT code, HWND sender) override;
+    void OnDone() override;
 
 private:
-    void OnInitDialog();
-    bool OnCommand(UINT command) const;
-    void OnDone() const;
     void ShowRange(const SYSTEMTIME& start, const SYSTEMTIME& end) const;
 
     SYSTEMTIME* start_;
     SYSTEMTIME* end_;
-    HWND startPicker_ = nullptr;
-    HWND endPicker_ = nullptr;
 };

@@ -1,25 +1,18 @@
 #pragma once
 
-#include "platform/window_object.h"
-
-#include <array>
-#include <cstddef>
+#include "forms/full_screen_dialog.h"
 
 /// "Options": the units, the sort of the entry list, the mileage rate and the text size. DoModal gives 1 for Done, when
 /// theSettings holds what was chosen (nothing is stored or redrawn yet), and 2 for Cancel, when nothing has changed.
-class CDlgOptions final : public CDialogImpl {
+class CDlgOptions final : public CFullScreenDialog {
+public:
+    CDlgOptions();
+
 protected:
-    LPCDLGTEMPLATEW GetTemplate() const override;
-    bool ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    bool OnInitDialog() override;
+    void OnSize() const override;
+    void OnDone() override;
 
 private:
-    static constexpr std::size_t ListCount = 6;
-
-    void OnInitDialog();
-    void OnSize() const;
-    void OnDone() const;
-    void FillLists();
-    bool ReadMileageRate() const;
-
-    std::array<HWND, ListCount> lists_ = {}; ///< from the top of the screen downwards
+    void FillLists() const;
 };

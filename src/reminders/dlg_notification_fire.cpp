@@ -6,8 +6,7 @@
 #include "platform/time.h"
 #include "records/notification.h"
 #include "records/vehicle.h"
-#include "reminders/control_place.h"
-#include "reminders/reminder_templates.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "units/date_text.h"
 #include "units/number_text.h"
@@ -32,39 +31,28 @@ std::wstring TodayText() {
 
 } // namespace
 
-LPCDLGTEMPLATEW CDlgNotificationFire::GetTemplate() const {
-    return &templates::DueReminder;
+CDlgNotificationFire::CDlgNotificationFire()
+    : CFullScreenDialog(templates::DueReminder, menus::DueReminder, BackKey::IsReported) {
 }
 
-bool CDlgNotificationFire::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& /*result*/) {
-    switch (message) {
-    case WM_INITDIALOG:
-        OnInitDialog();
-        return true;
-    case WM_SIZE:
-        StretchControls(GetHandle(), Stretched);
-        return true;
-    case WM_COMMAND:
-        // The Action key gives the command of "Delete" as well, but names no sender.
-        if (LOWORD(wParam) == commands::Cancel || (LOWORD(wParam) == commands::Done && lParam != 0))
-            EndDialog(GetHandle(), LOWORD(wParam));
-        return true;
-    default:
-        return false;
-    }
-}
-
-void CDlgNotificationFire::OnInitDialog() const {
-    const HWND dialog = GetHandle();
-    CreateSoftKeyBar(dialog, menus::DueReminder, true, false);
-    ApplyLabelFont(dialog);
-    InitFullScreen(dialog);
+bool CDlgNotificationFire::OnInitDialog() {
+    CFullScreenDialog::OnInitDialog();
     ShowVehicleInBold();
     ShowValues();
+    return true;
+}
+
+void CDlgNotificationFire::OnSize() const {
+    StretchControls(GetHandle(), Stretched);
+}
+
+bool CDlgNotificationFire::OnCommand(UINT id, UINT code, HWND sender) {
+    // The Action key gives the command of "Delete" as well, but names no sender.
+    return (id == commands::Done && !sender) || CFullScreenDialog::OnCommand(id, code, sender);
 }
 
 void CDlgNotificationFire::ShowVehicleInBold() const {
-    const HWND vehicle = GetDlgItem(GetHandle(), static_cast<int>(controls::DueVehicle));
+    const HWND vehicle = Item(controls::DueVehicle);
     SendMessageW(vehicle, WM_SETFONT, reinterpret_cast<WPARAM>(BoldTextFont), TRUE);
     // One line whatever the text size: the tops of a second one would look like a fault of the screen.
     const RECT place = ControlPlace(GetHandle(), vehicle);
@@ -76,14 +64,10 @@ void CDlgNotificationFire::ShowVehicleInBold() const {
 void CDlgNotificationFire::ShowValues() const {
     if (!Reminder || !Vehicle)
         return;
-    Show(controls::DueVehicle, VehicleTitleText(Vehicle).c_str());
-    Show(controls::FirstText, Reminder->GetName());
-    Show(controls::DueReminderOdometer, OdometerText(Reminder->GetOdometer()).c_str());
-    Show(controls::DueCurrentOdometer, OdometerText(Vehicle->GetCurrentOdometer()).c_str());
-    Show(controls::DueReminderDate, DateText(Reminder->GetDate()).c_str());
-    Show(controls::DueCurrentDate, TodayText().c_str());
-}
-
-void CDlgNotificationFire::Show(UINT id, const wchar_t* text) const {
-    SetDlgItemTextW(GetHandle(), static_cast<int>(id), text);
+    ShowText(controls::DueVehicle, VehicleTitleText(Vehicle));
+    ShowText(controls::FirstText, Reminder->GetName());
+    ShowText(controls::DueReminderOdometer, OdometerText(Reminder->GetOdometer()));
+    ShowText(controls::DueCurrentOdometer, OdometerText(Vehicle->GetCurrentOdometer()));
+    ShowText(controls::DueReminderDate, DateText(Reminder->GetDate()));
+    ShowText(controls::DueCurrentDate, TodayText());
 }

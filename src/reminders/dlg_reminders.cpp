@@ -2,10 +2,10 @@
 
 #include "forms/dialog_helpers.h"
 #include "lists/app_fonts.h"
+#include "messages/store_record.h"
 #include "platform/input.h"
-#include "reminders/control_place.h"
 #include "reminders/edit_reminder.h"
-#include "reminders/reminder_templates.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 #include "settings/app_settings.h"
 
@@ -14,71 +14,57 @@
 namespace {
 
 constexpr UINT Stretched[] = {controls::FirstText};
-constexpr WPARAM InputPanelChanged = 224;
 constexpr const wchar_t* DeleteQuestion = L"Are you sure you want to delete this reminder?";
 
 } // namespace
 
-LPCDLGTEMPLATEW CDlgReminders::GetTemplate() const {
-    return &templates::Reminders;
+CDlgReminders::CDlgReminders()
+    : CFullScreenDialog(templates::Reminders, menus::Reminders, BackKey::IsCancel) {
 }
 
-bool CDlgReminders::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& /*result*/) {
+bool CDlgReminders::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     switch (message) {
-    case WM_INITDIALOG:
-        OnInitDialog();
-        return true;
-    case WM_SIZE:
-        OnSize();
-        return true;
-    case WM_COMMAND:
-        return OnCommand(LOWORD(wParam));
     case WM_NOTIFY:
         OnNotify(reinterpret_cast<const NMHDR*>(lParam)); // NOLINT(performance-no-int-to-ptr)
         return true;
     case WM_ACTIVATE:
     case WM_SETTINGCHANGE:
-        SHHandleWMSettingChange(GetHandle(), wParam, lParam, &activation_);
+        SHHandleWMSettingChange(GetHandle(), wParam, lParam, &inputPanel_);
         return true;
     default:
-        return false;
+        return CFullScreenDialog::ProcessDialogMessage(message, wParam, lParam, result);
     }
 }
 
-void CDlgReminders::OnInitDialog() {
-    const HWND dialog = GetHandle();
-    const HWND heading = GetDlgItem(dialog, static_cast<int>(controls::FirstText));
-    CreateSoftKeyBar(dialog, menus::Reminders, false, false);
-    InitFullScreen(dialog);
+bool CDlgReminders::OnInitDialog() {
+    CFullScreenDialog::OnInitDialog();
+    const HWND heading = Item(controls::FirstText);
     SendMessageW(heading, WM_SETFONT, reinterpret_cast<WPARAM>(LabelFont), TRUE);
-    listView_.Subclass(GetDlgItem(dialog, static_cast<int>(controls::List)));
+    listView_.Subclass(Item(controls::List));
     listView_.InitColumns();
     listView_.Reload(theSettings.LastActiveVehicle);
     SetWindowTextW(heading, Heading.c_str());
     PostMessageW(List(), WM_SIZE, 0, 0);
-    activation_ = {};
-    activation_.size = sizeof(activation_);
-    SHHandleWMSettingChange(dialog, InputPanelChanged, 0, &activation_);
+    inputPanel_ = {};
+    FitToInputPanel(GetHandle(), &inputPanel_);
+    return true;
 }
 
 void CDlgReminders::OnSize() const {
     const HWND dialog = GetHandle();
-    const HWND list = GetDlgItem(dialog, static_cast<int>(controls::List));
+    const HWND list = Item(controls::List);
     RECT client;
     if (!list || !GetClientRect(dialog, &client))
         return;
     StretchControls(dialog, Stretched);
-    const RECT heading = ControlPlace(dialog, GetDlgItem(dialog, static_cast<int>(controls::FirstText)));
+    const RECT heading = ControlPlace(dialog, Item(controls::FirstText));
     const LONG top = ControlPlace(dialog, list).top;
     MoveWindow(list, heading.left, top, heading.right - heading.left,
         std::max<LONG>(0, client.bottom - top - heading.left), TRUE);
 }
 
-bool CDlgReminders::OnCommand(UINT command) {
-    switch (command) {
-    case commands::Cancel:
-        EndDialog(GetHandle(), commands::Cancel);
-        return true;
+bool CDlgReminders::OnCommand(UINT id, UINT code, HWND sender) {
+    switch (id) {
     case commands::NewReminderInList:
         OnNew();
         return true;
@@ -88,13 +74,14 @@ bool CDlgReminders::OnCommand(UINT command) {
     case commands::Delete:
         OnDelete();
         return true;
-    case commands::Done: // the Action key
-        if (GetFocus() == List())
-            OnEdit();
-        return true;
     default:
-        return false;
+        return CFullScreenDialog::OnCommand(id, code, sender);
     }
+}
+
+void CDlgReminders::OnDone() {
+    if (GetFocus() == List())
+        OnEdit();
 }
 
 void CDlgReminders::OnNotify(const NMHDR* note) {
@@ -127,6 +114,6 @@ void CDlgReminders::OnDelete() {
         return;
     const CNotification* reminder = listView_.GetSelectedReminder();
     // The record stays with the list until it is loaded anew; only its row goes.
-    if (reminder && DeleteReminder(*reminder))
+    if (reminder && DeleteStored(reminder))
         listView_.DeleteRow(listView_.GetNextSelected(-1));
 }

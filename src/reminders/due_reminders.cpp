@@ -1,11 +1,9 @@
 #include "reminders/due_reminders.h"
 
+#include "messages/store_record.h"
 #include "platform/time.h"
-#include "platform/wait_cursor.h"
 #include "platform/window_object.h"
-#include "records/data_layer.h"
 #include "reminders/dlg_notification_fire.h"
-#include "reminders/edit_reminder.h"
 #include "resources/ids.h"
 #include "settings/app_settings.h"
 
@@ -54,6 +52,6 @@ void CheckDueReminders(CVehicle* vehicle) {
         dialog.Vehicle = vehicle;
         // One that cannot be deleted comes up again at the next check.
         if (dialog.DoModal() == commands::Done)
-            DeleteReminder(*reminder);
+            DeleteStored(reminder);
     }
 }

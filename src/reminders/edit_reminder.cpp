@@ -1,9 +1,7 @@
 #include "reminders/edit_reminder.h"
 
-#include "messages/show_message.h"
+#include "messages/store_record.h"
 #include "platform/time.h"
-#include "platform/wait_cursor.h"
-#include "records/data_layer.h"
 #include "reminders/dlg_notification.h"
 #include "resources/ids.h"
 #include "settings/app_settings.h"
@@ -41,30 +39,14 @@ int EditReminder(CNotification* reminder) {
         SetDefaults(reminder);
     CDlgNotification form;
     form.Date = reminder->GetDate();
-    form.Description = reminder->GetName() ? reminder->GetName() : L"";
+    form.Description = reminder->GetName();
     form.Odometer = reminder->GetOdometer();
     if (form.DoModal() != commands::Done)
         return 0;
     reminder->SetDate(form.Date);
     reminder->SetName(form.Description.c_str());
     reminder->SetOdometer(form.Odometer);
-    if (!reminder->IsDirty())
-        return 0;
-    const int saved = theDataLayer.Save(reminder, 0);
-    if (!saved)
-        ShowStoreFailure();
-    return saved;
-}
-
-int DeleteReminder(const CNotification& reminder) {
-    int deleted = 0;
-    {
-        const CWaitCursor wait;
-        deleted = theDataLayer.Delete(&reminder);
-    }
-    if (!deleted)
-        ShowStoreFailure();
-    return deleted;
+    return SaveIfDirty(reminder);
 }
 
 void ShowReminderCreated() {

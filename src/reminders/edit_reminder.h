@@ -7,8 +7,5 @@ class CNotification;
 /// save failed (which the user is told).
 int EditReminder(CNotification* reminder);
 
-/// Without a question. 0 when it could not be deleted, which the user is told.
-int DeleteReminder(const CNotification& reminder);
-
 /// Tells the user that a new reminder is stored.
 void ShowReminderCreated();

@@ -22,13 +22,16 @@ inline constexpr UINT Keywords = 247;
 inline constexpr UINT MainAccelerators = 128;
 } // namespace menus
 
-/// Pictures.
+/// Pictures: icons and the one bitmap.
 namespace icons {
 inline constexpr UINT Vehicle = 128;
-inline constexpr UINT AboutPicture = 129;
 inline constexpr UINT Reminder = 204;
 inline constexpr UINT Repair = 206;
 inline constexpr UINT Trip = 211;
 inline constexpr UINT Expense = 212;
 inline constexpr UINT Fuel = 213;
 } // namespace icons
+
+namespace bitmaps {
+inline constexpr UINT About = 129;
+} // namespace bitmaps

@@ -2,52 +2,28 @@
 
 #include "forms/dialog_helpers.h"
 #include "lists/parent_reflection.h"
+#include "resources/dialog_templates.h"
 #include "resources/ids.h"
 
-namespace {
-
-constexpr DWORD ListStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_NOSORTHEADER | LVS_NOCOLUMNHEADER
-    | LVS_OWNERDRAWFIXED | LVS_SINGLESEL | LVS_REPORT;
-
-constexpr DialogItemTemplate Items[] = {
-    {L"SysListView32", ListStyle, 0, 0, 115, 154, controls::List, L""},
-};
-
-constexpr DLGTEMPLATE Template{
-    WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_SETFONT, 115, 154, L"Quick Stats", L"MS Shell Dlg", 8, Items};
-
-} // namespace
-
-LPCDLGTEMPLATEW CDlgQuickStats::GetTemplate() const {
-    return &Template;
+CDlgQuickStats::CDlgQuickStats()
+    : CFullScreenDialog(templates::QuickStats, menus::DoneCancel, BackKey::IsCancel) {
 }
 
 bool CDlgQuickStats::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    switch (message) {
-    case WM_INITDIALOG:
-        OnInitDialog();
-        return true;
-    case WM_SIZE:
-        FitControlToClient(GetHandle(), controls::List, 0);
-        return true;
-    case WM_COMMAND:
-        if (LOWORD(wParam) == commands::Done || LOWORD(wParam) == commands::Cancel) {
-            EndDialog(GetHandle(), LOWORD(wParam));
-            return true;
-        }
-        break;
-    default:
-        break;
-    }
-    return ReflectNotification(GetHandle(), message, wParam, lParam, result);
+    return CFullScreenDialog::ProcessDialogMessage(message, wParam, lParam, result)
+        || ReflectNotification(GetHandle(), message, wParam, lParam, result);
 }
 
-void CDlgQuickStats::OnInitDialog() {
-    CreateSoftKeyBar(GetHandle(), menus::DoneCancel, false, false);
-    InitFullScreen(GetHandle());
-    listView_.Subclass(GetDlgItem(GetHandle(), controls::List));
+bool CDlgQuickStats::OnInitDialog() {
+    CFullScreenDialog::OnInitDialog();
+    listView_.Subclass(Item(controls::List));
     listView_.InitColumnsAndRows();
     if (Stats)
         listView_.SetStats(Stats);
     listView_.SelectRow(0);
+    return true;
+}
+
+void CDlgQuickStats::OnSize() const {
+    FitControlToClient(GetHandle(), controls::List, 0);
 }

@@ -111,24 +111,24 @@ float ToLitres(float volume) {
 float FuelEconomy(LONG distance, float volume) {
     if (distance < 1 || volume <= 0)
         return NoFuelEconomy;
-    const auto exactDistance = static_cast<float>(distance);
+    const auto travelled = static_cast<float>(distance);
     float converted = 0;
     float fuel = 0;
     switch (theSettings.UnitFuelEconomy) {
     case EconomyMilesPerGallonUS:
-        converted = ToMiles(exactDistance);
+        converted = ToMiles(travelled);
         fuel = ToUSGallons(volume);
         break;
     case EconomyMilesPerGallonUK:
-        converted = ToMiles(exactDistance);
+        converted = ToMiles(travelled);
         fuel = ToUKGallons(volume);
         break;
     case EconomyKilometresPerLitre:
-        converted = ToKilometres(exactDistance);
+        converted = ToKilometres(travelled);
         fuel = ToLitres(volume);
         break;
     case EconomyMilesPerLitre:
-        converted = ToMiles(exactDistance);
+        converted = ToMiles(travelled);
         fuel = ToLitres(volume);
         break;
     default:

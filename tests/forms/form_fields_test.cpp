@@ -3,6 +3,8 @@
 #include "forms/dlg_expense.h"
 #include "forms/dlg_repair.h"
 #include "forms/dlg_vehicle.h"
+#include "lists/app_fonts.h"
+#include "prefs/dlg_options.h"
 #include "shell/record_editing.h"
 
 using namespace controls;
@@ -135,4 +137,21 @@ TEST_F(FormFields, CancelWithoutASenderIsIgnoredByTheRepairFormAlone) {
     expense.Description = repair.Description = L"Oil";
     EXPECT_EQ(Run(repair, {send(commands::Done), send(commands::Cancel), Done()}), 1);
     EXPECT_EQ(Run(expense, {send(commands::Done), send(commands::Cancel)}), 2);
+}
+
+TEST_F(FormFields, StandUnderLabelsInTheLabelFont) {
+    const auto check = [](std::vector<UINT> labels, UINT field) {
+        return [labels, field] {
+            const auto isLabelFont = [](UINT id) {
+                return SendMessageW(Item(id), WM_GETFONT, 0, 0) == reinterpret_cast<LRESULT>(LabelFont);
+            };
+            for (const UINT id : labels)
+                EXPECT_TRUE(isLabelFont(id)) << id;
+            EXPECT_FALSE(isLabelFont(field));
+        };
+    };
+    CDlgExpense form;
+    CDlgOptions options; // opens as all dialogs do that are no record forms
+    Run(form, {check({FirstLabel, FirstLabel + 5}, Money), CancelByMenu()});
+    Run(options, {check({FirstLabel, EconomyUnitLabel}, OptionsMileageRate), Press({VK_TSOFT2})});
 }
