@@ -2,10 +2,10 @@
 
 #include "bench_log.h"
 #include "platform/files.h"
+#include "platform/utf8.h"
 #include "records/data_layer.h"
 #include "records/entry_filter.h"
 #include "records/statements.h"
-#include "records/utf8.h"
 #include "stats/quick_stats.h"
 
 #include <benchmark/benchmark.h>
@@ -29,7 +29,7 @@ struct PlainEntry {
 
 void ReadText(sqlite3_stmt* statement, int column, std::wstring* text) {
     const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    DecodeUtf8({bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))}, text);
+    device::FromUtf8({bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))}, text);
 }
 
 void BareLoad(benchmark::State& state) {

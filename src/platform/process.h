@@ -7,6 +7,8 @@
 /// cannot be made.
 HANDLE CreateMutexW(const void* security, BOOL initiallyOwned, const wchar_t* name);
 BOOL CloseHandle(HANDLE handle);
+/// The mutex of whatever keeps the device in step with a desktop; it exists while the two are connected.
+inline constexpr const wchar_t* DesktopSyncMutex = L"{7E734BFE-168E-46bb-81BF-C6D0F0C0FAF6}";
 void Sleep(DWORD milliseconds);
 
 HRESULT CoInitializeEx(void* reserved, DWORD flags);

@@ -16,11 +16,7 @@ CDataLayer::ConnectStatus StatusOfPath(const std::string& path) {
     struct stat info { };
     if (stat(path.c_str(), &info) != 0)
         return errno == ENOENT || errno == ENOTDIR ? CDataLayer::ConnectNotFound : CDataLayer::ConnectFailed;
-    if (!S_ISREG(info.st_mode))
-        return CDataLayer::ConnectInvalid;
-    if ((info.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0)
-        return CDataLayer::ConnectReadOnly;
-    return CDataLayer::ConnectOK;
+    return S_ISREG(info.st_mode) ? CDataLayer::ConnectOK : CDataLayer::ConnectInvalid;
 }
 
 /// Runs a statement whose two last parameters are the record's keys; true when it met the record.
@@ -92,6 +88,8 @@ CDataLayer::ConnectStatus CDataLayer::Connect(const wchar_t* path) try {
     const ConnectStatus status = hostPath ? StatusOfPath(*hostPath) : ConnectNotFound;
     if (status != ConnectOK)
         return status;
+    if ((GetFileAttributesW(path_.c_str()) & FILE_ATTRIBUTE_READONLY) != 0)
+        return ConnectReadOnly;
     auto opened = CDataFile::Status::Failed;
     file_ = CDataFile::Open(*hostPath, &opened);
     if (file_)

@@ -1,6 +1,6 @@
 #include "records/default_string_helper.h"
 
-#include "records/utf8.h"
+#include "platform/utf8.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -24,8 +24,7 @@ void* CDefaultStringHelper::Keep(const void* bytes, std::size_t size) {
 const char* CDefaultStringHelper::Encode(const wchar_t* text) try {
     if (!text)
         return nullptr;
-    std::string encoded;
-    EncodeUtf8(text, &encoded);
+    const std::string encoded = device::ToUtf8(text);
     return static_cast<const char*>(Keep(encoded.c_str(), encoded.size() + 1));
 } catch (const std::exception&) {
     return nullptr;
@@ -34,8 +33,7 @@ const char* CDefaultStringHelper::Encode(const wchar_t* text) try {
 const wchar_t* CDefaultStringHelper::Decode(const char* text) try {
     if (!text)
         return nullptr;
-    std::wstring decoded;
-    DecodeUtf8(text, &decoded);
+    const std::wstring decoded = device::FromUtf8(text);
     return static_cast<const wchar_t*>(Keep(decoded.c_str(), (decoded.size() + 1) * sizeof(wchar_t)));
 } catch (const std::exception&) {
     return nullptr;

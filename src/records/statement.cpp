@@ -1,9 +1,9 @@
 #include "records/statement.h"
 
+#include "platform/utf8.h"
 #include "records/stored_text.h"
 #include "records/string_helper.h"
 #include "records/string_helper_factory.h"
-#include "records/utf8.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -60,7 +60,7 @@ void FinalizeStatement::operator()(sqlite3_stmt* statement) const {
 
 const std::string& CTextCodec::Encode(const wchar_t* text) {
     if (!factory_) {
-        EncodeUtf8(text, &encoded_);
+        encoded_ = device::ToUtf8(text);
         return encoded_;
     }
     const std::unique_ptr<CStringHelper> helper = factory_->Create();
@@ -71,7 +71,9 @@ const std::string& CTextCodec::Encode(const wchar_t* text) {
 
 void CTextCodec::Decode(const char* text, std::size_t length, CStoredText* target) {
     if (!factory_) {
-        DecodeUtf8({text, length}, &decoded_);
+        device::FromUtf8({text, length}, &decoded_);
+        // A NUL within a stored text would end it.
+        std::replace(decoded_.begin(), decoded_.end(), L'\0', L'\uFFFD');
         target->Assign(decoded_);
         return;
     }

@@ -13,7 +13,6 @@ constexpr auto Failure = static_cast<HRESULT>(0x80004005);
 constexpr auto InvalidArgument = static_cast<HRESULT>(0x80070057);
 constexpr int Passes = 25;
 constexpr DWORD PauseMilliseconds = 100;
-constexpr const wchar_t* SyncMutex = L"{7E734BFE-168E-46bb-81BF-C6D0F0C0FAF6}";
 
 HWND WithTopmostPopup(HWND window) {
     return reinterpret_cast<HWND>(reinterpret_cast<std::uintptr_t>(window) | 1U); // NOLINT(performance-no-int-to-ptr)
@@ -46,7 +45,7 @@ HRESULT ActivatePreviousInstance(HINSTANCE instance) {
 
 bool IsSyncConnected() {
     SetLastError(ERROR_SUCCESS);
-    const HANDLE mutex = CreateMutexW(nullptr, FALSE, SyncMutex);
+    const HANDLE mutex = CreateMutexW(nullptr, FALSE, DesktopSyncMutex);
     const bool exists = static_cast<LONG>(GetLastError()) == ERROR_ALREADY_EXISTS;
     if (mutex)
         CloseHandle(mutex);

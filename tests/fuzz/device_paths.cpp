@@ -2,7 +2,7 @@
 #include "fuzz_device.h"
 #include "platform/files.h"
 #include "platform/system/host_file.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 #include <cstring>
 

@@ -1,5 +1,5 @@
 #include "fuzz_device.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 #include "units/field_text.h"
 
 #include <cmath>

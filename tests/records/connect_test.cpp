@@ -247,10 +247,10 @@ TEST_F(Connect, EveryRecordHasKeysOfItsOwn) {
 TEST_F(Connect, SeesWhatAnotherProgramWrote) {
     Make();
     ASSERT_EQ(Layer.Connect(Path), CDataLayer::ConnectOK);
-    Run("INSERT INTO keywords (ref, type, name, notes) VALUES (5000000000, 2, CAST(x'4FFF6C' AS TEXT), '')");
+    Run("INSERT INTO keywords (ref, type, name, notes) VALUES (5000000000, 2, CAST(x'4FFF006C' AS TEXT), '')");
     CObjectListT<CKeyword> keywords;
     ASSERT_TRUE(Layer.Load(&keywords, CKeyword::KeywordRepair) && keywords.GetCount() == 1);
-    EXPECT_STREQ(keywords.Get(0)->GetName(), L"O\uFFFDl");
+    EXPECT_STREQ(keywords.Get(0)->GetName(), L"O\uFFFD\uFFFDl");
     EXPECT_EQ(keywords.Get(0)->GetRefID(), 0xFFFFFFFFU);
 }
 

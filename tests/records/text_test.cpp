@@ -1,12 +1,10 @@
+#include "platform/utf8.h"
 #include "records/stored_text.h"
-#include "records/utf8.h"
 
 #include <gtest/gtest.h>
 
 TEST(Utf8, ReplacesWhatIsNoCharacter) {
-    std::string encoded;
-    EncodeUtf8(std::wstring{L'a', static_cast<wchar_t>(0xD800), static_cast<wchar_t>(0x110000), L'b'}, &encoded);
-    EXPECT_EQ(encoded,
+    EXPECT_EQ(device::ToUtf8(std::wstring{L'a', static_cast<wchar_t>(0xD800), static_cast<wchar_t>(0x110000), L'b'}),
         "a\xEF\xBF\xBD\xEF\xBF\xBD"
         "b");
 
@@ -17,12 +15,9 @@ TEST(Utf8, ReplacesWhatIsNoCharacter) {
         {"\xC0\xAF", L"\uFFFD\uFFFD"}, // longer than need be
         {"\xED\xA0\x80", L"\uFFFD\uFFFD\uFFFD"}, // a surrogate
         {"\xF4\x90\x80\x80", L"\uFFFD\uFFFD\uFFFD\uFFFD"}, // beyond Unicode
-        {std::string_view("a\0b", 3), L"a\uFFFDb"}};
-    for (const auto& [bytes, text] : cases) {
-        std::wstring decoded;
-        DecodeUtf8(bytes, &decoded);
-        EXPECT_EQ(decoded, text);
-    }
+        {"\xE2\x82", L"\uFFFD\uFFFD"}}; // ends too early
+    for (const auto& [bytes, text] : cases)
+        EXPECT_EQ(device::FromUtf8(bytes), text);
 }
 
 TEST(StoredText, TellsAChange) {

@@ -10,8 +10,8 @@
 #include "platform/system/clock.h"
 #include "platform/system/device_paths.h"
 #include "platform/system/environment.h"
-#include "platform/system/utf8.h"
 #include "platform/time.h"
+#include "platform/utf8.h"
 #include "platform/windowing/desktop.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "hosts/console/key_names.h"
 
 #include "platform/input.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 #include <array>
 

@@ -3,7 +3,7 @@
 #include "hosts/console/text_form.h"
 #include "platform/registry.h"
 #include "platform/system/console_registry.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 #include <array>
 #include <cstdio>

@@ -1,6 +1,6 @@
 #include "hosts/console/text_form.h"
 
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 

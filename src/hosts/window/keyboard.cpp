@@ -1,7 +1,7 @@
 #include "hosts/window/keyboard.h"
 
 #include "platform/input.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 #include <SDL.h>
 #include <algorithm>

@@ -4,7 +4,7 @@
 #include "hosts/window/native_window.h"
 #include "platform/drawing/rectangles.h"
 #include "platform/system/environment.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 #include <SDL.h>
 #include <algorithm>

@@ -3,7 +3,7 @@
 #include "platform/files.h"
 #include "platform/system/environment.h"
 #include "platform/system/host_file.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <filesystem>

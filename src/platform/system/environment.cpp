@@ -1,5 +1,6 @@
 #include "platform/system/environment.h"
 
+#include "platform/process.h"
 #include "platform/registry.h"
 #include "platform/system/host_file.h"
 #include "platform/system/locale_name.h"
@@ -23,8 +24,6 @@ constexpr int MostDpi = 960;
 constexpr double LeastZoom = 0.25;
 constexpr double MostZoom = 16.0;
 constexpr std::size_t LargestList = 65536;
-/// Its holder is what keeps the device in step with a desktop.
-constexpr const wchar_t* SyncMutex = L"{7E734BFE-168E-46bb-81BF-C6D0F0C0FAF6}";
 
 constexpr const char* VariableNames[] = {"HANDSET_STORAGE", "HANDSET_SCREEN", "HANDSET_DPI", "HANDSET_ZOOM",
     "HANDSET_LOCALE", "HANDSET_CLOCK", "HANDSET_SYNC", "TZ", "LC_ALL", "LC_MONETARY", "LC_TIME", "LANG", "HOME",
@@ -224,7 +223,7 @@ void Parser::ParseClock() {
         }
     }
     if (const std::string text = Value("HANDSET_SYNC"); text == "1") {
-        environment.presetMutexes.emplace_back(SyncMutex);
+        environment.presetMutexes.emplace_back(DesktopSyncMutex);
     } else if (!text.empty() && text != "0") {
         Refuse("HANDSET_SYNC", "0 or 1");
     }

@@ -4,7 +4,7 @@
 #include "platform/system/device_paths.h"
 #include "platform/system/environment.h"
 #include "platform/system/fresh_file.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 #include <cerrno>
 #include <cwchar>

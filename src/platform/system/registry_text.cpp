@@ -1,7 +1,7 @@
 #include "platform/system/registry_text.h"
 
 #include "platform/registry.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 namespace device {
 namespace {
@@ -74,11 +74,18 @@ std::string ToUtf8(std::wstring_view text) {
 
 std::wstring FromUtf8(std::string_view bytes) {
     std::wstring text;
-    text.reserve(bytes.size());
-    while (!bytes.empty()) {
-        text += static_cast<wchar_t>(TakePoint(bytes));
-    }
+    FromUtf8(bytes, &text);
     return text;
+}
+
+void FromUtf8(std::string_view bytes, std::wstring* text) {
+    // No character takes fewer bytes than one, so the room is enough, and is cut to measure at the end.
+    text->resize(bytes.size());
+    wchar_t* out = text->data();
+    while (!bytes.empty()) {
+        *out++ = static_cast<wchar_t>(TakePoint(bytes));
+    }
+    text->resize(static_cast<std::size_t>(out - text->data()));
 }
 
 } // namespace device

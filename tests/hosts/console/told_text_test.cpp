@@ -2,7 +2,7 @@
 #include "hosts/console/control_list.h"
 #include "hosts/console/screen_text.h"
 #include "hosts/console/text_form.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 namespace {
 

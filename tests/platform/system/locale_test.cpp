@@ -2,7 +2,7 @@
 #include "platform/locale.h"
 #include "platform/system/date_order.h"
 #include "platform/system/date_pattern.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 #include <array>
 

@@ -2,7 +2,7 @@
 #include "platform/registry.h"
 #include "platform/system/console_registry.h"
 #include "platform/system/troubles.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <chrono>

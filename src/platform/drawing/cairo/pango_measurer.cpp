@@ -2,7 +2,7 @@
 
 #include "platform/drawing/cairo/cairo_canvas.h"
 #include "platform/system/environment.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <cmath>

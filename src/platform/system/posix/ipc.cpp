@@ -3,7 +3,7 @@
 #include "platform/registry.h"
 #include "platform/system/posix/local_socket.h"
 #include "platform/system/posix/runtime_folder.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -4,7 +4,7 @@
 #include "platform/system/environment.h"
 #include "platform/system/posix/runtime_folder.h"
 #include "platform/system/troubles.h"
-#include "platform/system/utf8.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <cerrno>
