@@ -5,27 +5,12 @@
 #include "forms/dlg_repair.h"
 #include "forms/dlg_trip.h"
 #include "forms/dlg_vehicle.h"
-#include "messages/show_message.h"
+#include "messages/store_record.h"
 #include "platform/dialog.h"
-#include "platform/wait_cursor.h"
-#include "records/data_layer.h"
 #include "resources/ids.h"
 #include "units/number_text.h"
 
 namespace {
-
-std::wstring TextOf(const wchar_t* text) {
-    return text ? text : L"";
-}
-
-template <typename Record> int SaveIfDirty(Record* record) {
-    if (!record->IsDirty())
-        return 0;
-    const int saved = theDataLayer.Save(record, 0);
-    if (!saved)
-        ShowStoreFailure();
-    return saved;
-}
 
 int EditFuelEntry(CEntry* entry) {
     CDlgFuelEntry form;
@@ -35,8 +20,8 @@ int EditFuelEntry(CEntry* entry) {
     form.Volume = entry->GetCustom1();
     form.UnitPrice = entry->GetCustom2();
     form.TotalCost = entry->GetAmount();
-    form.Vendor = TextOf(entry->GetVendor());
-    form.Notes = TextOf(entry->GetNotes());
+    form.Vendor = entry->GetVendor();
+    form.Notes = entry->GetNotes();
     if (form.DoModal() != commands::Done)
         return 0;
     entry->SetDate(form.Date);
@@ -55,9 +40,9 @@ template <typename Form> int EditPaidEntry(CEntry* entry) {
     form.Date = entry->GetDate();
     form.Odometer = entry->GetOdometer();
     form.Amount = entry->GetAmount();
-    form.Vendor = TextOf(entry->GetVendor());
-    form.Description = TextOf(entry->GetName());
-    form.Notes = TextOf(entry->GetNotes());
+    form.Vendor = entry->GetVendor();
+    form.Description = entry->GetName();
+    form.Notes = entry->GetNotes();
     if (form.DoModal() != commands::Done)
         return 0;
     entry->SetDate(form.Date);
@@ -80,12 +65,12 @@ int EditExpenseEntry(CEntry* entry) {
 int EditTripEntry(CEntry* entry) {
     CDlgTrip form;
     form.Date = entry->GetDate();
-    form.Description = TextOf(entry->GetName());
+    form.Description = entry->GetName();
     form.StartOdometer = WholeNumber(entry->GetCustom1());
     form.EndOdometer = WholeNumber(entry->GetCustom2());
-    form.Category = TextOf(entry->GetVendor());
+    form.Category = entry->GetVendor();
     form.TotalCost = entry->GetAmount();
-    form.Notes = TextOf(entry->GetNotes());
+    form.Notes = entry->GetNotes();
     if (form.DoModal() != commands::Done)
         return 0;
     entry->SetDate(form.Date);
@@ -119,20 +104,20 @@ int RunEntryForm(CEntry* entry) {
 
 int EditVehicle(CVehicle* vehicle) {
     CDlgVehicle form;
-    form.Name = TextOf(vehicle->GetName());
-    form.LicensePlate = TextOf(vehicle->GetLicensePlate());
-    form.VIN = TextOf(vehicle->GetVIN());
+    form.Name = vehicle->GetName();
+    form.LicensePlate = vehicle->GetLicensePlate();
+    form.VIN = vehicle->GetVIN();
     form.CurrentOdometer = vehicle->GetCurrentOdometer();
     form.Year = vehicle->GetYear();
-    form.PolicyNumber = TextOf(vehicle->GetInsurancePolicyNumber());
-    form.AgentName = TextOf(vehicle->GetInsuranceAgentName());
-    form.AgentPhone = TextOf(vehicle->GetInsuranceAgentPhone());
-    form.Coverage = TextOf(vehicle->GetInsuranceCoverage());
+    form.PolicyNumber = vehicle->GetInsurancePolicyNumber();
+    form.AgentName = vehicle->GetInsuranceAgentName();
+    form.AgentPhone = vehicle->GetInsuranceAgentPhone();
+    form.Coverage = vehicle->GetInsuranceCoverage();
     form.ExpirationDate = vehicle->GetInsuranceExpirationDate();
-    form.DealerName = TextOf(vehicle->GetDealerName());
-    form.DealerPhone = TextOf(vehicle->GetDealerPhone());
-    form.DealerAddress = TextOf(vehicle->GetDealerAddress());
-    form.Notes = TextOf(vehicle->GetNotes());
+    form.DealerName = vehicle->GetDealerName();
+    form.DealerPhone = vehicle->GetDealerPhone();
+    form.DealerAddress = vehicle->GetDealerAddress();
+    form.Notes = vehicle->GetNotes();
     if (form.DoModal() != commands::Done)
         return 0;
     vehicle->SetName(form.Name.c_str());
@@ -160,14 +145,7 @@ int DeleteVehicle(CVehicle* vehicle) {
     if (ShowMessage(GetActiveWindow(), strings::ConfirmDeleteVehicle, strings::AppName, messages::QuestionStyle)
         == IDNO)
         return 0;
-    int deleted = 0;
-    {
-        const CWaitCursor wait;
-        deleted = theDataLayer.Delete(vehicle);
-    }
-    if (!deleted)
-        ShowStoreFailure();
-    return deleted;
+    return DeleteStored(vehicle);
 }
 
 int DeleteEntries(const CObjectListT<CEntry>& entries) {
@@ -176,12 +154,6 @@ int DeleteEntries(const CObjectListT<CEntry>& entries) {
     const UINT question = entries.GetCount() == 1 ? strings::ConfirmDeleteEntry : strings::ConfirmDeleteEntries;
     if (ShowMessage(GetActiveWindow(), question, strings::AppName, messages::QuestionStyle) == IDNO)
         return 0;
-    int deleted = 0;
-    {
-        const CWaitCursor wait;
-        deleted = theDataLayer.Delete(&entries);
-    }
-    if (!deleted)
-        ShowStoreFailure();
+    DeleteStored(&entries);
     return 1;
 }
