@@ -11,7 +11,7 @@ namespace {
 constexpr LONG rateDistance = 100;
 
 /// Wraps like the handset's arithmetic, for readings at both ends of their range.
-LONG Difference(LONG end, LONG start) {
+LONG WrappedDifference(LONG end, LONG start) {
     return static_cast<LONG>(static_cast<ULONG>(end) - static_cast<ULONG>(start));
 }
 
@@ -66,7 +66,7 @@ void CQuickStats::CalculateRecentEconomy(const CObjectListT<CEntry>& fills) {
     LONG lastDistance = 0;
     if (fills.GetCount() >= 2) {
         const CEntry& before = *fills.Get(1);
-        lastDistance = Difference(newest.GetOdometer(), before.GetOdometer());
+        lastDistance = WrappedDifference(newest.GetOdometer(), before.GetOdometer());
         const wchar_t* vendor = before.GetVendor();
         recentVendor_ = vendor ? vendor : L"";
     }
@@ -86,7 +86,7 @@ void CQuickStats::CalculateFuel(const CObjectListT<CEntry>& fills) {
         // Taken off the finished sum: leaving the oldest fill out of the loop would round differently.
         const CEntry& oldest = *fills.Get(fills.GetCount() - 1);
         fuelConsumed_ = fuelConsumed_ - oldest.GetCustom1();
-        fillDistance = Difference(fills.Get(0)->GetOdometer(), oldest.GetOdometer());
+        fillDistance = WrappedDifference(fills.Get(0)->GetOdometer(), oldest.GetOdometer());
     }
     averageEconomy_ = FuelEconomy(fillDistance, fuelConsumed_);
     if (fillDistance >= rateDistance)
@@ -97,7 +97,7 @@ void CQuickStats::CalculateExpense(const CObjectListT<CEntry>& entries) {
     const int count = entries.GetCount();
     for (int i = count - 1; i >= 0; --i)
         totalExpense_ = entries.Get(i)->GetAmount() + totalExpense_;
-    distance_ = Difference(entries.Get(count - 1)->GetOdometer(), StartReading(*entries.Get(0)));
+    distance_ = WrappedDifference(entries.Get(count - 1)->GetOdometer(), StartReading(*entries.Get(0)));
     const LONG wholeHundreds = distance_ / rateDistance; // unlike the consumption, which keeps the fraction
     if (distance_ >= rateDistance)
         costOfOwnership_ = totalExpense_ / static_cast<float>(wholeHundreds);

@@ -154,9 +154,63 @@ LRESULT ListView::GetItem(LVITEMW& item) const {
     if ((item.mask & LVIF_PARAM) != 0)
         item.lParam = rows_.At(item.iItem).data;
     if ((item.mask & LVIF_STATE) != 0)
-        item.state
-            = (rows_.IsSelected(item.iItem) ? LVIS_SELECTED : 0) | (rows_.Focused() == item.iItem ? LVIS_FOCUSED : 0);
+        item.state = GetState(item.iItem);
     return TRUE;
+}
+
+UINT ListView::GetState(int row) const {
+    return (rows_.IsSelected(row) ? LVIS_SELECTED : 0) | (rows_.Focused() == row ? LVIS_FOCUSED : 0);
+}
+
+LRESULT ListView::DeleteItem(int row) {
+    const bool removed = rows_.Remove(row);
+    Changed();
+    return removed ? TRUE : FALSE;
+}
+
+LRESULT ListView::DeleteAllItems() {
+    rows_.Clear();
+    Changed();
+    return TRUE;
+}
+
+int ListView::FindItem(int after, const LVFINDINFOW* wanted) const {
+    return wanted && (wanted->flags & LVFI_PARAM) != 0 ? rows_.FindData(wanted->lParam, after) : -1;
+}
+
+LRESULT ListView::EnsureVisible(int row) {
+    rows_.EnsureVisible(row, RowsShown());
+    InvalidateRect(Handle(), nullptr, TRUE);
+    return rows_.Has(row) ? TRUE : FALSE;
+}
+
+HIMAGELIST ListView::SetImages(HIMAGELIST images) {
+    const HIMAGELIST former = images_;
+    images_ = images;
+    imageSize_ = static_cast<int>(ImageListSize(images_).cx);
+    Measure();
+    Changed();
+    return former;
+}
+
+// Columns
+
+bool ListView::HasColumn(int column) const {
+    return column >= 0 && column < static_cast<int>(columns_.size());
+}
+
+int ListView::InsertColumn(int place, const LVCOLUMNW& column) {
+    const int index = std::clamp(place, 0, static_cast<int>(columns_.size()));
+    columns_.insert(columns_.begin() + index, {column.pszText ? column.pszText : L"", column.fmt, column.cx});
+    Changed();
+    return index;
+}
+
+bool ListView::HeaderRect(int column, RECT* place) const {
+    if (!place || !HasColumn(column))
+        return false;
+    *place = {0, 0, columns_[static_cast<std::size_t>(column)].width, HeaderHeight()};
+    return true;
 }
 
 LRESULT ListView::SetState(int row, const LVITEMW& item) {
@@ -173,7 +227,7 @@ LRESULT ListView::SetState(int row, const LVITEMW& item) {
 }
 
 LRESULT ListView::SetColumnWidth(int column, int width) {
-    if (column < 0 || column >= static_cast<int>(columns_.size()))
+    if (!HasColumn(column))
         return FALSE;
     if (width < 0) { // to the content: the last column takes what the others leave
         RECT client;
@@ -210,20 +264,13 @@ LRESULT ListView::ListMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case LVM_SETITEMSTATE:
         return lParam ? SetState(row, *Pointer<LVITEMW>(lParam)) : FALSE;
     case LVM_GETITEMSTATE:
-        return ((rows_.IsSelected(row) ? LVIS_SELECTED : 0) | (rows_.Focused() == row ? LVIS_FOCUSED : 0)) & lParam;
-    case LVM_DELETEITEM: {
-        const bool removed = rows_.Remove(row);
-        Changed();
-        return removed ? TRUE : FALSE;
-    }
+        return GetState(row) & lParam;
+    case LVM_DELETEITEM:
+        return DeleteItem(row);
     case LVM_DELETEALLITEMS:
-        rows_.Clear();
-        Changed();
-        return TRUE;
-    case LVM_FINDITEMW: {
-        const auto* wanted = Pointer<const LVFINDINFOW>(lParam);
-        return wanted && (wanted->flags & LVFI_PARAM) != 0 ? rows_.FindData(wanted->lParam, row) : -1;
-    }
+        return DeleteAllItems();
+    case LVM_FINDITEMW:
+        return FindItem(row, Pointer<const LVFINDINFOW>(lParam));
     case LVM_GETNEXTITEM:
         return rows_.Next(row, LOWORD(static_cast<std::uintptr_t>(lParam)));
     case LVM_GETSELECTEDCOUNT:
@@ -231,51 +278,50 @@ LRESULT ListView::ListMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case LVM_GETITEMRECT:
         return ItemRect(row, Pointer<RECT>(lParam)) ? TRUE : FALSE;
     case LVM_ENSUREVISIBLE:
-        rows_.EnsureVisible(row, RowsShown());
-        InvalidateRect(Handle(), nullptr, TRUE);
-        return rows_.Has(row) ? TRUE : FALSE;
+        return EnsureVisible(row);
     case LVM_ORDERITEMS:
         return SetOrder({Pointer<const int>(lParam), lParam ? wParam : 0}) ? TRUE : FALSE;
-    case LVM_INSERTCOLUMNW: {
-        const auto* column = Pointer<const LVCOLUMNW>(lParam);
-        if (!column)
-            return -1;
-        const int index = std::clamp(row, 0, static_cast<int>(columns_.size()));
-        columns_.insert(columns_.begin() + index, {column->pszText ? column->pszText : L"", column->fmt, column->cx});
-        Changed();
-        return index;
-    }
+    case LVM_INSERTCOLUMNW:
+        return lParam ? InsertColumn(row, *Pointer<const LVCOLUMNW>(lParam)) : -1;
     case LVM_SETCOLUMNWIDTH:
         return SetColumnWidth(row, static_cast<std::int16_t>(LOWORD(static_cast<std::uintptr_t>(lParam))));
     case LVM_GETCOLUMNWIDTH:
-        return row >= 0 && row < static_cast<int>(columns_.size()) ? columns_[wParam].width : 0;
-    case LVM_SETEXTENDEDLISTVIEWSTYLE: {
-        const LONG_PTR former = GetWindowLongW(Handle(), GWL_EXSTYLE);
-        SetWindowLongW(Handle(), GWL_EXSTYLE, lParam);
-        return former;
-    }
-    case LVM_SETIMAGELIST: {
-        const HIMAGELIST former = images_;
-        images_ = Pointer<HIMAGELIST__>(lParam);
-        imageSize_ = static_cast<int>(ImageListSize(images_).cx);
-        Measure();
-        Changed();
-        return reinterpret_cast<LRESULT>(former);
-    }
+        return HasColumn(row) ? columns_[wParam].width : 0;
+    case LVM_SETEXTENDEDLISTVIEWSTYLE:
+        return SetWindowLongW(Handle(), GWL_EXSTYLE, lParam);
+    case LVM_SETIMAGELIST:
+        return reinterpret_cast<LRESULT>(SetImages(Pointer<HIMAGELIST__>(lParam)));
     case LVM_GETHEADER:
         return reinterpret_cast<LRESULT>(Handle());
     case HeaderGetItemCount:
         return static_cast<LRESULT>(columns_.size());
-    case HeaderGetItemRect: {
-        auto* place = Pointer<RECT>(lParam);
-        if (!place || row < 0 || row >= static_cast<int>(columns_.size()))
-            return FALSE;
-        *place = {0, 0, columns_[wParam].width, HeaderHeight()};
-        return TRUE;
-    }
+    case HeaderGetItemRect:
+        return HeaderRect(row, Pointer<RECT>(lParam)) ? TRUE : FALSE;
     default:
         return DefWindowProcW(Handle(), message, wParam, lParam);
     }
+}
+
+void ListView::TypeAhead(wchar_t character) {
+    rows_.MoveTo(rows_.TypeAhead(character), ListViewRows::Move::Select);
+    rows_.EnsureVisible(rows_.Focused(), RowsShown());
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void ListView::DoubleClick(LPARAM point) {
+    if (rows_.Has(RowAt(point)))
+        SendKeyNotification(VK_RETURN);
+}
+
+void ListView::ScrollBy(int rows) {
+    rows_.ScrollTo(rows_.First() + rows, RowsShown());
+    InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+void ListView::LookChanged(bool isFont) {
+    if (isFont && !HasStyle(LVS_OWNERDRAWFIXED))
+        Measure();
+    Changed();
 }
 
 LRESULT ListView::Message(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -286,35 +332,25 @@ LRESULT ListView::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         KeyDown(static_cast<WORD>(wParam));
         return 0;
     case WM_CHAR:
-        rows_.MoveTo(rows_.TypeAhead(static_cast<wchar_t>(wParam)), ListViewRows::Move::Select);
-        rows_.EnsureVisible(rows_.Focused(), RowsShown());
-        InvalidateRect(Handle(), nullptr, FALSE);
+        TypeAhead(static_cast<wchar_t>(wParam));
         return 0;
     case WM_LBUTTONDOWN:
         Click(wParam, lParam);
         return 0;
     case WM_LBUTTONDBLCLK:
-        if (rows_.Has(RowAt(lParam)))
-            SendKeyNotification(VK_RETURN);
+        DoubleClick(lParam);
         return 0;
     case WM_MOUSEWHEEL:
-        rows_.ScrollTo(rows_.First() - static_cast<std::int16_t>(HIWORD(wParam)), RowsShown());
-        InvalidateRect(Handle(), nullptr, TRUE);
+        ScrollBy(-static_cast<std::int16_t>(HIWORD(wParam)));
         return 0;
     case WM_SIZE:
         Measure();
         Changed();
         return 0;
-    case WM_SETFONT: {
-        const LRESULT result = DefWindowProcW(Handle(), message, wParam, lParam);
-        if (!HasStyle(LVS_OWNERDRAWFIXED))
-            Measure();
-        Changed();
-        return result;
-    }
+    case WM_SETFONT:
     case WM_SETREDRAW:
         DefWindowProcW(Handle(), message, wParam, lParam);
-        Changed();
+        LookChanged(message == WM_SETFONT);
         return 0;
     case WM_PAINT:
         Paint(reinterpret_cast<HDC>(wParam)); // NOLINT(performance-no-int-to-ptr)

@@ -43,13 +43,26 @@ private:
     LRESULT SetItem(const LVITEMW& item);
     LRESULT GetItem(LVITEMW& item) const;
     LRESULT GetText(int row, LVITEMW& item) const;
+    UINT GetState(int row) const;
     LRESULT SetState(int row, const LVITEMW& item);
+    LRESULT DeleteItem(int row);
+    LRESULT DeleteAllItems();
+    int FindItem(int after, const LVFINDINFOW* wanted) const;
+    LRESULT EnsureVisible(int row);
+    HIMAGELIST SetImages(HIMAGELIST images);
+    bool HasColumn(int column) const;
+    int InsertColumn(int place, const LVCOLUMNW& column);
     LRESULT SetColumnWidth(int column, int width);
+    bool HeaderRect(int column, RECT* place) const;
     bool SetOrder(std::span<const int> order);
 
     void KeyDown(WORD key);
     void MoveKey(WORD key);
+    void TypeAhead(wchar_t character);
     void Click(WPARAM keys, LPARAM point);
+    void DoubleClick(LPARAM point);
+    void ScrollBy(int rows);
+    void LookChanged(bool isFont);
     void SendKeyNotification(WORD key);
     void SendNotification(INT code);
     int RowAt(LPARAM point) const;
