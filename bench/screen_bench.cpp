@@ -232,10 +232,9 @@ void Sizes(benchmark::internal::Benchmark* benchmark) {
 }
 
 void SortSizes(benchmark::internal::Benchmark* benchmark) {
-    for (const int column : {0, 1, 2, 3}) {
+    for (const int column : {0, 1, 2, 3})
         for (const int count : {1'000, 10'000, 100'000, 1'000'000})
             benchmark->Args({count, column});
-    }
     benchmark->Unit(benchmark::kMillisecond);
 }
 

@@ -45,10 +45,9 @@ void OverrideBackKey(HWND menuBar) {
 }
 
 void ApplyLabelFont(HWND dialog) {
-    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
         if (IsLabel(static_cast<UINT>(GetDlgCtrlID(child))))
             SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(LabelFont), TRUE);
-    }
 }
 
 bool InitFullScreen(HWND dialog) {

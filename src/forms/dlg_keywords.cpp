@@ -12,10 +12,9 @@
 namespace {
 
 bool HasName(const CObjectListT<CKeyword>& keywords, const std::wstring& name) {
-    for (int index = 0; index < keywords.GetCount(); ++index) {
+    for (int index = 0; index < keywords.GetCount(); ++index)
         if (name == keywords.Get(index)->GetName())
             return true;
-    }
     return false;
 }
 

@@ -111,11 +111,10 @@ void CCustomListView::FitColumn(int column) {
     // The message holds 16 bits of width, so that is all there is to divide.
     auto width = static_cast<WORD>(client.right);
     const auto count = static_cast<int>(SendMessageW(header, HDM_GETITEMCOUNT, 0, 0));
-    for (int other = 0; other < count; ++other) {
+    for (int other = 0; other < count; ++other)
         if (other != column)
             width = static_cast<WORD>(
                 width - SendMessageW(GetHandle(), LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(other), 0));
-    }
     SendMessageW(GetHandle(), LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(width, 0));
 }
 

@@ -58,10 +58,9 @@ CVehicle* CVehicleListView::GetSelectedVehicle() const {
 }
 
 CVehicle* CVehicleListView::FindVehicle(ULONG refId) const {
-    for (int index = 0; index < vehicles_.GetCount(); ++index) {
+    for (int index = 0; index < vehicles_.GetCount(); ++index)
         if (vehicles_.Get(index)->GetRefID() == refId)
             return vehicles_.Get(index);
-    }
     return nullptr;
 }
 

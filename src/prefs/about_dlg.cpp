@@ -71,9 +71,8 @@ void CAboutDlg::ShowNameInBold() {
     if (GetObjectW(font, sizeof description, &description) == 0)
         return;
     description.lfWeight = FW_BOLD;
-    if (boldFont_.Create(description)) {
+    if (boldFont_.Create(description))
         SendMessageW(Item(controls::AboutName), WM_SETFONT, reinterpret_cast<WPARAM>(boldFont_.GetHandle()), TRUE);
-    }
 }
 
 void CAboutDlg::OnSize() const {

@@ -15,15 +15,15 @@ namespace {
 
 using Status = CDataFile::Status;
 
-constexpr std::chrono::seconds longestLockWait{2};
-constexpr int lockTrialMilliseconds = 1;
+constexpr std::chrono::seconds LongestLockWait{2};
+constexpr int LockTrialMilliseconds = 1;
 // Ample for the program's statements and for the schema that it writes.
-constexpr int deepestExpression = 20;
-constexpr int longestStatement = 10'000;
+constexpr int DeepestExpression = 20;
+constexpr int LongestStatement = 10'000;
 
 bool HasMemory() {
-    constexpr int moreThanAnyRecord = 1 << 20;
-    const std::unique_ptr<void, void (*)(void*)> trial(sqlite3_malloc(moreThanAnyRecord), sqlite3_free);
+    constexpr int MoreThanAnyRecord = 1 << 20;
+    const std::unique_ptr<void, void (*)(void*)> trial(sqlite3_malloc(MoreThanAnyRecord), sqlite3_free);
     return trial != nullptr;
 }
 
@@ -73,8 +73,8 @@ void Distrust(sqlite3* connection) {
     sqlite3_db_config(connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     // The file's own schema is parsed all the same. The length of texts stays unlimited.
     sqlite3_limit(connection, SQLITE_LIMIT_ATTACHED, 0);
-    sqlite3_limit(connection, SQLITE_LIMIT_EXPR_DEPTH, deepestExpression);
-    sqlite3_limit(connection, SQLITE_LIMIT_SQL_LENGTH, longestStatement);
+    sqlite3_limit(connection, SQLITE_LIMIT_EXPR_DEPTH, DeepestExpression);
+    sqlite3_limit(connection, SQLITE_LIMIT_SQL_LENGTH, LongestStatement);
 }
 
 /// Tries again all the time: the library's own wait grows to tenths of a second, in which another program that writes
@@ -84,9 +84,9 @@ int WaitForLock(void* /*context*/, int trials) {
     const auto now = std::chrono::steady_clock::now();
     if (trials == 0)
         begin = now;
-    if (now - begin >= longestLockWait)
+    if (now - begin >= LongestLockWait)
         return 0;
-    sqlite3_sleep(lockTrialMilliseconds);
+    sqlite3_sleep(LockTrialMilliseconds);
     return 1;
 }
 
@@ -197,8 +197,8 @@ bool CDataFile::Create(const std::string& path) {
         return false;
     close(descriptor);
     ConnectionHandle connection;
-    const std::string script = "PRAGMA application_id = " + std::to_string(dataFileApplicationId)
-        + "; PRAGMA user_version = " + std::to_string(dataFileVersion) + "; BEGIN;" + dataFileSchema + "COMMIT;";
+    const std::string script = "PRAGMA application_id = " + std::to_string(DataFileApplicationId)
+        + "; PRAGMA user_version = " + std::to_string(DataFileVersion) + "; BEGIN;" + DataFileSchema + "COMMIT;";
     const bool made = OpenConnection(path, &connection) == SQLITE_OK
         && sqlite3_exec(connection.get(), script.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
     if (!made)

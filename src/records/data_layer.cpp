@@ -28,20 +28,20 @@ bool MeetsRecord(CStatementRun& run, const CBaseObject& record, ULONG* refId) {
 template <typename Record> bool Insert(CDataFile& file, const Record& record, LONG* id, ULONG* refId) {
     if (!file.Run(Sql::TakeRef).SingleRow([&](CStatementRun& row) { *refId = row.ReadKey(); }))
         return false;
-    CStatementRun run = file.Run(RecordSql<Record>::insert);
+    CStatementRun run = file.Run(RecordSql<Record>::Insert);
     run.Bind(LONGLONG{*refId});
     RecordAccess::Bind(run, record);
     return run.SingleRow([&](CStatementRun& row) { *id = row.ReadLong(); });
 }
 
 template <typename Record> bool Update(CDataFile& file, const Record& record, ULONG* refId) {
-    CStatementRun run = file.Run(RecordSql<Record>::update);
+    CStatementRun run = file.Run(RecordSql<Record>::Update);
     RecordAccess::Bind(run, record);
     return MeetsRecord(run, record, refId);
 }
 
 template <typename Record> bool DeleteRow(CDataFile& file, const Record& record, ULONG* refId) {
-    CStatementRun run = file.Run(RecordSql<Record>::remove);
+    CStatementRun run = file.Run(RecordSql<Record>::Remove);
     return MeetsRecord(run, record, refId);
 }
 
@@ -118,7 +118,7 @@ template <typename Record, typename... Keys> int CDataLayer::LoadAll(CObjectList
         return 0;
     return Perform([&](CDataFile& file) {
         CObjectListT<Record> loaded;
-        CStatementRun run = file.Run(RecordSql<Record>::load);
+        CStatementRun run = file.Run(RecordSql<Record>::Load);
         (run.Bind(keys), ...);
         CStatementRun::Result result;
         while ((result = run.Step()) == CStatementRun::Result::Row) {

@@ -62,13 +62,13 @@ int CEntryFilter::HaveDateRange() const {
 }
 
 CEntryFilter::Bounds CEntryFilter::DateBounds() const {
-    constexpr double unlimited = std::numeric_limits<double>::infinity();
-    Bounds bounds{-unlimited, unlimited};
+    constexpr double Unlimited = std::numeric_limits<double>::infinity();
+    Bounds bounds{-Unlimited, Unlimited};
     if (HaveDateRange()) {
-        constexpr double restOfASecond = 0.999 / 86'400;
+        constexpr double RestOfASecond = 0.999 / 86'400;
         LinearFromSystemTime(startDate_, &bounds.first);
         if (LinearFromSystemTime(endDate_, &bounds.last))
-            bounds.last += restOfASecond;
+            bounds.last += RestOfASecond;
     }
     return bounds;
 }

@@ -44,7 +44,7 @@ int ReadOwnSchema(OwnSchema* own) {
     const std::unique_ptr<sqlite3, int (*)(sqlite3*)> connection(raw, sqlite3_close_v2);
     std::vector<SchemaEntry> schema;
     if (result == SQLITE_OK)
-        result = sqlite3_exec(raw, dataFileSchema, nullptr, nullptr, nullptr);
+        result = sqlite3_exec(raw, DataFileSchema, nullptr, nullptr, nullptr);
     if (result == SQLITE_OK)
         result = ReadSchema(raw, &schema);
     for (const SchemaEntry& entry : schema)
@@ -69,8 +69,8 @@ int CheckTable(sqlite3* connection, const SchemaEntry& table, const OwnSchema& o
     char* name = sqlite3_mprintf("PRAGMA table_xinfo(%Q)", table.name.c_str());
     const int result = name ? Query(connection, name, {},
                            [&](sqlite3_stmt* row) {
-                               constexpr int hiddenColumn = 6;
-                               hasGeneratedColumn |= sqlite3_column_int(row, hiddenColumn) != 0;
+                               constexpr int HiddenColumn = 6;
+                               hasGeneratedColumn |= sqlite3_column_int(row, HiddenColumn) != 0;
                            })
                             : SQLITE_NOMEM;
     sqlite3_free(name);
@@ -120,12 +120,12 @@ struct Keys {
     LONGLONG ref;
 };
 
-constexpr LONGLONG firstRef = 1001;
+constexpr LONGLONG FirstRef = 1001;
 // Far below what 32 bits hold, so that no number of further records reaches their end.
-constexpr LONGLONG highestKey = 2'000'000'000;
+constexpr LONGLONG HighestKey = 2'000'000'000;
 
 bool IsUsable(LONGLONG key) {
-    return key >= 1 && key <= highestKey;
+    return key >= 1 && key <= HighestKey;
 }
 
 /// Gives out keys anew in one table.
@@ -157,11 +157,10 @@ public:
             const LONGLONG ref = (*nextRef)++;
             result = Set("ref", ref, keys.id);
             // A log follows its vehicle.
-            for (const char* owned : {"entries", "reminders"}) {
+            for (const char* owned : {"entries", "reminders"})
                 if (result == SQLITE_OK && !isTaken && name_ == "vehicles")
                     result = Execute(connection_, std::string("UPDATE ") + owned + " SET vehicle = ? WHERE vehicle = ?",
                         {ref, keys.ref});
-            }
             if (result != SQLITE_OK)
                 return result;
         }
@@ -175,10 +174,9 @@ public:
         });
         LONGLONG nextId = Highest(&Keys::id) + 1;
         int result = SQLITE_OK;
-        for (const Keys& keys : keys_) {
+        for (const Keys& keys : keys_)
             if (result == SQLITE_OK && !IsUsable(keys.id))
                 result = Set("id", nextId++, keys.id);
-        }
         return result;
     }
 
@@ -203,12 +201,11 @@ private:
 /// A vehicle that is gone may have left entries behind, which no new one is to show.
 int RaiseAboveOwners(sqlite3* connection, LONGLONG* nextRef) {
     int result = SQLITE_OK;
-    for (const char* table : {"entries", "reminders"}) {
+    for (const char* table : {"entries", "reminders"})
         if (result == SQLITE_OK)
             result = Query(connection, std::string("SELECT max(vehicle) FROM ") + table + " WHERE vehicle <= ?",
-                {highestKey},
+                {HighestKey},
                 [&](sqlite3_stmt* row) { *nextRef = std::max(*nextRef, LONGLONG{sqlite3_column_int64(row, 0)} + 1); });
-    }
     return result;
 }
 
@@ -230,10 +227,9 @@ int filecheck::CheckSchema(sqlite3* connection) {
         else if (entry.type != "index" || !entry.sql.empty())
             result = TakeOut(connection, entry);
     }
-    for (const auto& [name, missing] : own) {
+    for (const auto& [name, missing] : own)
         if (result == SQLITE_OK && missing.type == "index")
             result = sqlite3_exec(connection, missing.sql.c_str(), nullptr, nullptr, nullptr);
-    }
     return result;
 }
 
@@ -250,7 +246,7 @@ int filecheck::CheckPages(sqlite3* connection, bool* indexesLie) {
 int filecheck::MendKeys(sqlite3* connection) {
     std::array<KeyTable, 4> tables{KeyTable(connection, "vehicles"), KeyTable(connection, "entries"),
         KeyTable(connection, "keywords"), KeyTable(connection, "reminders")};
-    LONGLONG nextRef = firstRef;
+    LONGLONG nextRef = FirstRef;
     int result = SQLITE_OK;
     for (KeyTable& table : tables) {
         result = result == SQLITE_OK ? table.Load() : result;

@@ -8,14 +8,14 @@
 
 namespace {
 
-constexpr char magic[16] = "SQLite format 3"; // with its NUL
-constexpr std::size_t pageSizePlace = 16;
-constexpr std::size_t writeVersionPlace = 18;
-constexpr std::size_t changeCounterPlace = 24;
-constexpr std::size_t userVersionPlace = 60;
-constexpr std::size_t applicationIdPlace = 68;
-constexpr unsigned char rollbackVersion = 1;
-constexpr unsigned char writeAheadVersion = 2;
+constexpr char Magic[16] = "SQLite format 3"; // with its NUL
+constexpr std::size_t PageSizePlace = 16;
+constexpr std::size_t WriteVersionPlace = 18;
+constexpr std::size_t ChangeCounterPlace = 24;
+constexpr std::size_t UserVersionPlace = 60;
+constexpr std::size_t ApplicationIdPlace = 68;
+constexpr unsigned char RollbackVersion = 1;
+constexpr unsigned char WriteAheadVersion = 2;
 
 } // namespace
 
@@ -38,19 +38,19 @@ CFileHeader::Reading CFileHeader::Read(int descriptor, off_t offset) {
 
 bool CFileHeader::IsOurs() const {
     // A later version of the format may only be read.
-    return std::memcmp(bytes_.data(), magic, sizeof magic) == 0
-        && (bytes_[writeVersionPlace] == rollbackVersion || HasWriteAheadLog())
-        && Number(applicationIdPlace) == dataFileApplicationId && Number(userVersionPlace) == dataFileVersion;
+    return std::memcmp(bytes_.data(), Magic, sizeof Magic) == 0
+        && (bytes_[WriteVersionPlace] == RollbackVersion || HasWriteAheadLog())
+        && Number(ApplicationIdPlace) == DataFileApplicationId && Number(UserVersionPlace) == DataFileVersion;
 }
 
 bool CFileHeader::HasWriteAheadLog() const {
-    return bytes_[writeVersionPlace] == writeAheadVersion;
+    return bytes_[WriteVersionPlace] == WriteAheadVersion;
 }
 
 std::uint32_t CFileHeader::PageSize() const {
-    constexpr std::uint32_t largest = 65536;
-    const std::uint32_t size = Number(pageSizePlace) >> 16U;
-    return size == 1 ? largest : size;
+    constexpr std::uint32_t Largest = 65536;
+    const std::uint32_t size = Number(PageSizePlace) >> 16U;
+    return size == 1 ? Largest : size;
 }
 
 bool CFileHeader::MayFollow(const CFileHeader& before) const {
@@ -63,5 +63,5 @@ std::uint32_t CFileHeader::Number(std::size_t place) const {
 }
 
 std::uint32_t CFileHeader::ChangeCounter() const {
-    return Number(changeCounterPlace);
+    return Number(ChangeCounterPlace);
 }

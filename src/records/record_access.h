@@ -49,18 +49,18 @@ template <typename Record> std::unique_ptr<Record> RecordAccess::Make() {
 /// The statements of each kind of record.
 template <typename Record> struct RecordSql;
 template <> struct RecordSql<CVehicle> {
-    static constexpr Sql load = Sql::LoadVehicles, insert = Sql::InsertVehicle, update = Sql::UpdateVehicle,
-                         remove = Sql::DeleteVehicle;
+    static constexpr Sql Load = Sql::LoadVehicles, Insert = Sql::InsertVehicle, Update = Sql::UpdateVehicle,
+                         Remove = Sql::DeleteVehicle;
 };
 template <> struct RecordSql<CEntry> {
-    static constexpr Sql load = Sql::LoadEntries, insert = Sql::InsertEntry, update = Sql::UpdateEntry,
-                         remove = Sql::DeleteEntry;
+    static constexpr Sql Load = Sql::LoadEntries, Insert = Sql::InsertEntry, Update = Sql::UpdateEntry,
+                         Remove = Sql::DeleteEntry;
 };
 template <> struct RecordSql<CKeyword> {
-    static constexpr Sql load = Sql::LoadKeywords, insert = Sql::InsertKeyword, update = Sql::UpdateKeyword,
-                         remove = Sql::DeleteKeyword;
+    static constexpr Sql Load = Sql::LoadKeywords, Insert = Sql::InsertKeyword, Update = Sql::UpdateKeyword,
+                         Remove = Sql::DeleteKeyword;
 };
 template <> struct RecordSql<CNotification> {
-    static constexpr Sql load = Sql::LoadReminders, insert = Sql::InsertReminder, update = Sql::UpdateReminder,
-                         remove = Sql::DeleteReminder;
+    static constexpr Sql Load = Sql::LoadReminders, Insert = Sql::InsertReminder, Update = Sql::UpdateReminder,
+                         Remove = Sql::DeleteReminder;
 };

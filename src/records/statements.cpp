@@ -3,7 +3,7 @@
 // The keys are 32 bits wide, which SQLite would not see to. RefIDs come from one sequence and start far from the IDs,
 // so that the one taken for the other finds nothing. The index delivers a vehicle's entries in order: every index of
 // SQLite ends in the row's id.
-const char* const dataFileSchema = R"(
+const char* const DataFileSchema = R"(
 CREATE TABLE sequence (
   next_ref INTEGER NOT NULL CHECK (next_ref BETWEEN 1001 AND 4294967296)
 ) STRICT;

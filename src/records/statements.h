@@ -32,7 +32,7 @@ enum class Sql {
 const char* SqlText(Sql statement);
 
 /// What marks a data file of ours, kept in the header that SQLite has for it.
-inline constexpr int dataFileApplicationId = 0x4F444F4C; // "ODOL"
-inline constexpr int dataFileVersion = 1;
+inline constexpr int DataFileApplicationId = 0x4F444F4C; // "ODOL"
+inline constexpr int DataFileVersion = 1;
 /// Makes the tables of an empty data file.
-extern const char* const dataFileSchema;
+extern const char* const DataFileSchema;

@@ -17,8 +17,8 @@
 
 namespace {
 
-constexpr const char* journalSuffix = "-journal";
-constexpr const char* writeAheadSuffixes[] = {"-wal", "-shm"};
+constexpr const char* JournalSuffix = "-journal";
+constexpr const char* WriteAheadSuffixes[] = {"-wal", "-shm"};
 
 class Descriptor {
 public:
@@ -61,18 +61,18 @@ StoreFailure PutAside(const std::string& path) {
 /// Nobody else reads or writes the file while this is held, so that a journal beside it belongs to nobody who is alive.
 /// It ends when any descriptor of this process for the file is closed.
 bool Lock(int file) {
-    constexpr std::chrono::seconds longestWait{2};
-    constexpr std::chrono::milliseconds pause{10};
+    constexpr std::chrono::seconds LongestWait{2};
+    constexpr std::chrono::milliseconds Pause{10};
     struct flock range { };
     range.l_type = F_WRLCK;
     range.l_whence = SEEK_SET;
     range.l_start = 0x40000000;
     range.l_len = 512;
-    const auto end = std::chrono::steady_clock::now() + longestWait;
+    const auto end = std::chrono::steady_clock::now() + LongestWait;
     while (fcntl(file, F_SETLK, &range) != 0) {
         if ((errno != EAGAIN && errno != EACCES && errno != EINTR) || std::chrono::steady_clock::now() >= end)
             return false;
-        std::this_thread::sleep_for(pause);
+        std::this_thread::sleep_for(Pause);
     }
     return true;
 }
@@ -105,12 +105,12 @@ public:
 
 private:
     using Bytes = std::array<unsigned char, 28>;
-    static constexpr unsigned char magic[8] = {0xD9, 0xD5, 0x05, 0xF9, 0x20, 0xA1, 0x63, 0xD7};
-    static constexpr off_t pageNumberSize = 4;
-    static constexpr off_t checksumSize = 4;
+    static constexpr unsigned char Magic[8] = {0xD9, 0xD5, 0x05, 0xF9, 0x20, 0xA1, 0x63, 0xD7};
+    static constexpr off_t PageNumberSize = 4;
+    static constexpr off_t ChecksumSize = 4;
 
     struct Segment {
-        bool isComplete; ///< until then zeros stand for the magic number and the count
+        bool isComplete; ///< until then zeros stand for the Magic number and the count
         std::uint32_t count;
         std::uint32_t sectorSize;
         std::uint32_t pageSize;
@@ -122,10 +122,10 @@ private:
     }
 
     bool EndsInMagic() const {
-        std::array<unsigned char, sizeof magic> end{};
+        std::array<unsigned char, sizeof Magic> end{};
         return size_ >= static_cast<off_t>(end.size())
             && Read(size_ - static_cast<off_t>(end.size()), end.data(), end.size())
-            && std::equal(end.begin(), end.end(), magic);
+            && std::equal(end.begin(), end.end(), Magic);
     }
 
     std::optional<Segment> SegmentAt(off_t offset) const {
@@ -136,7 +136,7 @@ private:
         if (!Read(offset, header.data(), header.size()))
             return std::nullopt;
         const std::uint32_t sectorSize = BigEndian(&header[20]);
-        const Segment segment{std::equal(std::begin(magic), std::end(magic), header.begin()), BigEndian(&header[8]),
+        const Segment segment{std::equal(std::begin(Magic), std::end(Magic), header.begin()), BigEndian(&header[8]),
             sectorSize, BigEndian(&header[24]), offset + static_cast<off_t>(sectorSize)};
         const bool isBegun
             = std::all_of(header.begin(), header.begin() + 12, [](unsigned char byte) { return byte == 0; });
@@ -149,17 +149,17 @@ private:
 
     /// Where the copy of the first page lies; 0 where there is none.
     off_t FirstPage(Segment segment) const {
-        const off_t recordSize = pageNumberSize + static_cast<off_t>(segment.pageSize) + checksumSize;
+        const off_t recordSize = PageNumberSize + static_cast<off_t>(segment.pageSize) + ChecksumSize;
         while (true) {
             off_t place = segment.begin;
             // The largest number is no count: the copies go on to the end.
             for (std::uint32_t i = 0; i < segment.count && place + recordSize <= size_; ++i) {
-                std::array<unsigned char, pageNumberSize> bytes{};
+                std::array<unsigned char, PageNumberSize> bytes{};
                 const std::uint32_t number = Read(place, bytes.data(), bytes.size()) ? BigEndian(bytes.data()) : 0;
                 if (number == 0) // no copy of anything: SQLite goes no further either
                     return 0;
                 if (number == 1)
-                    return place + pageNumberSize;
+                    return place + PageNumberSize;
                 place += recordSize;
             }
             const off_t sector = segment.sectorSize;
@@ -181,8 +181,8 @@ bool MayUseJournal(const std::string& journal, const CFileHeader& header) {
 } // namespace
 
 StoreFailure PutStrangeJournalsAside(const std::string& path) {
-    const std::string journal = path + journalSuffix;
-    if (!IsTaken(journal) && !IsTaken(path + writeAheadSuffixes[0]) && !IsTaken(path + writeAheadSuffixes[1]))
+    const std::string journal = path + JournalSuffix;
+    if (!IsTaken(journal) && !IsTaken(path + WriteAheadSuffixes[0]) && !IsTaken(path + WriteAheadSuffixes[1]))
         return StoreFailure::None;
     const Descriptor file(open(path.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK));
     if (file.Get() < 0)
@@ -196,7 +196,7 @@ StoreFailure PutStrangeJournalsAside(const std::string& path) {
     // By now the transaction that it was of may have ended.
     if (IsTaken(journal) && !MayUseJournal(journal, header))
         failure = PutAside(journal);
-    for (const char* suffix : writeAheadSuffixes) {
+    for (const char* suffix : WriteAheadSuffixes) {
         const std::string log = path + suffix;
         if (failure == StoreFailure::None && IsTaken(log) && !(header.HasWriteAheadLog() && IsRegular(log)))
             failure = PutAside(log);

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr StringResource table[] = {
+constexpr StringResource Table[] = {
     {strings::AppName, L"Odoledger"},
     {strings::SupportText,
         L"1. How it works: MANUAL.md\n"
@@ -89,17 +89,16 @@ constexpr StringResource table[] = {
     {strings::NotEnoughMemory, L"There is not enough memory for this."},
 };
 
-constexpr bool isAscending = [] {
-    for (std::size_t i = 1; i < std::size(table); ++i) {
-        if (table[i - 1].id >= table[i].id)
+constexpr bool IsAscending = [] {
+    for (std::size_t i = 1; i < std::size(Table); ++i)
+        if (Table[i - 1].id >= Table[i].id)
             return false;
-    }
     return true;
 }();
-static_assert(isAscending, "the device searches the table by halves");
+static_assert(IsAscending, "the device searches the Table by halves");
 
 } // namespace
 
 std::span<const StringResource> StringTable() {
-    return table;
+    return Table;
 }

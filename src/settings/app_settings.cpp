@@ -6,11 +6,11 @@
 
 CAppSettings::CAppSettings()
     : RowColorEven(GetSysColor(COLOR_WINDOW)) {
-    constexpr LONG tallestSmallScreen = 200;
-    constexpr int largeIconSize = 32;
+    constexpr LONG TallestSmallScreen = 200;
+    constexpr int LargeIconSize = 32;
     RECT workArea;
-    if (SystemParametersInfoW(SPI_GETWORKAREA, 0, &workArea, 0) && workArea.bottom > tallestSmallScreen)
-        SmallIconSize = largeIconSize;
+    if (SystemParametersInfoW(SPI_GETWORKAREA, 0, &workArea, 0) && workArea.bottom > TallestSmallScreen)
+        SmallIconSize = LargeIconSize;
 }
 
 CAppSettings::~CAppSettings() {

@@ -37,10 +37,9 @@ std::wstring FreeNameBeside(const std::wstring& path) {
 /// be somewhere else.
 void MoveAside(const std::wstring& path) {
     const std::wstring aside = FreeNameBeside(path);
-    for (const wchar_t* suffix : JournalSuffixes) {
+    for (const wchar_t* suffix : JournalSuffixes)
         if (IsNameTaken((path + suffix).c_str()) && !MoveFileW((path + suffix).c_str(), (aside + suffix).c_str()))
             return;
-    }
     if (Exists(path))
         MoveFileW(path.c_str(), aside.c_str());
 }

@@ -29,10 +29,9 @@ void CUpdateTable::EnableAll(bool enable) {
 }
 
 void CUpdateTable::SetCheck(UINT command, bool checked) {
-    for (State& state : states_) {
+    for (State& state : states_)
         if (state.command == command)
             state.checked = checked;
-    }
 }
 
 void CUpdateTable::ApplyTo(HMENU menu) const {

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr LONG rateDistance = 100;
+constexpr LONG RateDistance = 100;
 
 /// Wraps like the handset's arithmetic, for readings at both ends of their range.
 LONG WrappedDifference(LONG end, LONG start) {
@@ -21,10 +21,9 @@ LONG StartReading(const CEntry& entry) {
 
 /// Newest first, as the entries come oldest first.
 void GatherFills(const CObjectListT<CEntry>& entries, CObjectListT<CEntry>* fills) {
-    for (int i = entries.GetCount() - 1; i >= 0; --i) {
+    for (int i = entries.GetCount() - 1; i >= 0; --i)
         if (entries.Get(i)->GetType() == CEntry::EntryTypeFuel)
             fills->Add(entries.Get(i));
-    }
 }
 
 } // namespace
@@ -89,7 +88,7 @@ void CQuickStats::CalculateFuel(const CObjectListT<CEntry>& fills) {
         fillDistance = WrappedDifference(fills.Get(0)->GetOdometer(), oldest.GetOdometer());
     }
     averageEconomy_ = FuelEconomy(fillDistance, fuelConsumed_);
-    if (fillDistance >= rateDistance)
+    if (fillDistance >= RateDistance)
         consumptionRate_ = fuelConsumed_ / (static_cast<float>(fillDistance) * 0.01F);
 }
 
@@ -98,8 +97,8 @@ void CQuickStats::CalculateExpense(const CObjectListT<CEntry>& entries) {
     for (int i = count - 1; i >= 0; --i)
         totalExpense_ = entries.Get(i)->GetAmount() + totalExpense_;
     distance_ = WrappedDifference(entries.Get(count - 1)->GetOdometer(), StartReading(*entries.Get(0)));
-    const LONG wholeHundreds = distance_ / rateDistance; // unlike the consumption, which keeps the fraction
-    if (distance_ >= rateDistance)
+    const LONG wholeHundreds = distance_ / RateDistance; // unlike the consumption, which keeps the fraction
+    if (distance_ >= RateDistance)
         costOfOwnership_ = totalExpense_ / static_cast<float>(wholeHundreds);
 }
 

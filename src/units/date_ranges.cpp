@@ -42,12 +42,12 @@ std::wstring DayText(const SYSTEMTIME* day) {
 } // namespace
 
 SYSTEMTIME* AddDays(SYSTEMTIME* result, LONG days, const SYSTEMTIME* source) {
-    constexpr LONGLONG ticksPerDay = 864'000'000'000;
+    constexpr LONGLONG TicksPerDay = 864'000'000'000;
     FILETIME time;
     if (!SystemTimeToFileTime(source, &time))
         return result;
     const auto before = static_cast<LONGLONG>((ULONGLONG{time.dwHighDateTime} << 32) | time.dwLowDateTime);
-    const auto ticks = static_cast<ULONGLONG>(before + days * ticksPerDay);
+    const auto ticks = static_cast<ULONGLONG>(before + days * TicksPerDay);
     time.dwLowDateTime = static_cast<DWORD>(ticks);
     time.dwHighDateTime = static_cast<DWORD>(ticks >> 32);
     FileTimeToSystemTime(&time, result);

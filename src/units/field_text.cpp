@@ -80,10 +80,10 @@ void SwapDecimalSeparator(wchar_t* text, std::size_t capacity, bool toPoint) {
 }
 
 std::wstring PrintPlainFloat(float value, int precision) {
-    constexpr int mostDigits = 20;
+    constexpr int MostDigits = 20;
     std::wostringstream text;
     text.imbue(std::locale::classic());
-    text << std::setprecision(std::clamp(precision, 0, mostDigits))
+    text << std::setprecision(std::clamp(precision, 0, MostDigits))
          << (value == 0 ? 0.0F : value); // a field refuses "-0"
     return text.str();
 }

@@ -46,10 +46,9 @@ bool ParseCount(const std::string& text, long& count) {
 
 /// A command that stands alone.
 bool IsPlainQuery(const std::string& verb) {
-    for (const char* each : {"boot", "screen", "controls", "beeps", "events", "now", "files"}) {
+    for (const char* each : {"boot", "screen", "controls", "beeps", "events", "now", "files"})
         if (verb == each)
             return true;
-    }
     return false;
 }
 

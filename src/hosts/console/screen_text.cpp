@@ -66,10 +66,9 @@ std::string LineOf(std::vector<PaintedText> texts, LONG cell) {
 
 std::vector<std::string> ContentLines(const RecordingCanvas& canvas, HWND topLevel) {
     std::vector<PaintedText> texts;
-    for (const PaintedText& text : canvas.Texts()) {
+    for (const PaintedText& text : canvas.Texts())
         if (text.marks.role == PaintMarks::Role::Content && text.marks.topLevel == topLevel && !text.text.empty())
             texts.push_back(text);
-    }
     std::stable_sort(texts.begin(), texts.end(), [](const PaintedText& first, const PaintedText& second) {
         return DoubledMiddle(first) < DoubledMiddle(second);
     });
@@ -103,10 +102,9 @@ void AddMenuLines(std::vector<std::string>& lines, const OpenMenu& menu) {
 }
 
 std::string RoleText(const RecordingCanvas& canvas, PaintMarks::Role role) {
-    for (const PaintedText& text : canvas.Texts()) {
+    for (const PaintedText& text : canvas.Texts())
         if (text.marks.role == role)
             return OneLine(text.text);
-    }
     return {};
 }
 
@@ -117,10 +115,9 @@ std::vector<std::string> ScreenLines(const RecordingCanvas& canvas) {
     const Window* front = desktop.Front();
     std::vector<std::string> lines;
     lines.push_back("[" + RoleText(canvas, PaintMarks::Role::Title) + "]");
-    if (front) {
+    if (front)
         for (std::string& line : ContentLines(canvas, front->handle))
             lines.push_back(std::move(line));
-    }
     if (const OpenMenu* menu = desktop.Menu())
         AddMenuLines(lines, *menu);
     lines.push_back("{" + RoleText(canvas, PaintMarks::Role::LeftSoftKey) + "|"

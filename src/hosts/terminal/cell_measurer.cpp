@@ -38,14 +38,14 @@ bool IsCharacter(wchar_t character) {
 
 /// Marks on the character before, and what shows nothing at all.
 bool HasNoWidth(wchar_t character) {
-    constexpr wchar_t softHyphen = 0xAD;
+    constexpr wchar_t SoftHyphen = 0xAD;
     const bool isInnerJamo = character >= 0x1160 && character <= 0x11FF;
     switch (u_charType(character)) {
     case U_NON_SPACING_MARK:
     case U_ENCLOSING_MARK:
         return true;
     case U_FORMAT_CHAR:
-        return character != softHyphen;
+        return character != SoftHyphen;
     default:
         return isInnerJamo;
     }

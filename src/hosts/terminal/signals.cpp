@@ -19,10 +19,9 @@ std::array<struct sigaction, Known.size()> former;
 
 extern "C" void NoteSignal(int number) {
     const int error = errno;
-    for (const auto& [signal, kind] : Known) {
+    for (const auto& [signal, kind] : Known)
         if (signal == number)
             Signals::Tell(kind);
-    }
     errno = error;
 }
 

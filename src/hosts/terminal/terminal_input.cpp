@@ -80,10 +80,9 @@ int TerminalInput::Patience() const {
 }
 
 void TerminalInput::PauseIsOver() {
-    if (state_ == State::Escape) {
+    if (state_ == State::Escape)
         for (int times = isModified_ ? 2 : 1; times > 0; --times)
             keys_.push_back({false, wchar_t{Escape}, 0});
-    }
     state_ = State::Text;
 }
 

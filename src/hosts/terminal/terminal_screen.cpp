@@ -152,10 +152,9 @@ void TerminalScreen::Show(const CellGrid& grid) {
     const int rows = std::min(grid.rows, LINES);
     const int columns = std::min(grid.columns, COLS);
     for (int row = 0; row < rows; ++row) {
-        for (int column = 0; column < columns; ++column) {
+        for (int column = 0; column < columns; ++column)
             if (!grid.At(column, row).covered)
                 ShowCell(grid.At(column, row), column, row);
-        }
     }
     curs_set(grid.caretShown ? 1 : 0);
     if (grid.caretShown)

@@ -117,10 +117,9 @@ Keyboard::HostCommand Keyboard::CommandOf(const SDL_KeyboardEvent& key) {
         return key.repeat == 0 ? HostCommand::FullScreen : HostCommand::None;
     if (!IsControlAlone(modifiers))
         return HostCommand::None;
-    for (const HostKey& known : ControlHostKeys) {
+    for (const HostKey& known : ControlHostKeys)
         if (known.desktop == symbol)
             return known.command;
-    }
     // Layouts that have other characters there: by the place of the key.
     return scancode == SDL_SCANCODE_0 ? HostCommand::ZoomReset : HostCommand::None;
 }

@@ -52,10 +52,9 @@ int DateParts::CountParts() const {
 
 DateParts::Kind DateParts::ChosenKind() const {
     int part = 0;
-    for (const ShortDatePart& piece : order_) {
+    for (const ShortDatePart& piece : order_)
         if (piece.kind != Kind::Literal && ++part == part_)
             return piece.kind;
-    }
     return Kind::Literal;
 }
 

@@ -32,10 +32,9 @@ std::wstring TextOf(HWND window) {
 /// The label of a field stands before it.
 std::wstring LabelOf(HWND edit) {
     std::wstring label;
-    for (HWND each = GetWindow(GetParent(edit), GW_CHILD); each && each != edit; each = GetWindow(each, GW_HWNDNEXT)) {
+    for (HWND each = GetWindow(GetParent(edit), GW_CHILD); each && each != edit; each = GetWindow(each, GW_HWNDNEXT))
         if (dynamic_cast<const StaticText*>(ControlOf(each)))
             label = TextOf(each);
-    }
     const std::size_t end = label.find_last_not_of(L": ");
     return label.substr(0, end == std::wstring::npos ? 0 : end + 1);
 }

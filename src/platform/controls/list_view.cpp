@@ -214,14 +214,13 @@ bool ListView::HeaderRect(int column, RECT* place) const {
 }
 
 LRESULT ListView::SetState(int row, const LVITEMW& item) {
-    if (row == -1) {
+    if (row == -1)
         for (int each = 0; each < rows_.Count(); ++each)
             rows_.SetState(each, item.state, item.stateMask & LVIS_SELECTED);
-    } else if (rows_.Has(row)) {
+    else if (rows_.Has(row))
         rows_.SetState(row, item.state, item.stateMask);
-    } else {
+    else
         return FALSE;
-    }
     InvalidateRect(Handle(), nullptr, FALSE);
     return TRUE;
 }

@@ -8,10 +8,9 @@
 namespace device {
 
 int ListViewRows::FindData(LPARAM data, int after) const {
-    for (int row = std::max(after, -1) + 1; row < Count(); ++row) {
+    for (int row = std::max(after, -1) + 1; row < Count(); ++row)
         if (At(row).data == data)
             return row;
-    }
     return -1;
 }
 
@@ -86,10 +85,9 @@ void ListViewRows::SetCell(int row, int column, const std::wstring& text) {
 
 bool ListViewRows::SetOrder(std::span<const int> order) {
     std::vector<char> isMissing(rows_.size(), 1);
-    for (const int row : order) {
+    for (const int row : order)
         if (!Has(row) || !std::exchange(isMissing[static_cast<std::size_t>(row)], 0))
             return false;
-    }
     if (order.size() != rows_.size())
         return false;
     if (Has(focused_))
@@ -112,10 +110,9 @@ void ListViewRows::SetSelected(int row, bool selected) {
 }
 
 void ListViewRows::SelectOnly(int from, int to) {
-    if (selectedCount_ > 0) {
+    if (selectedCount_ > 0)
         for (int row = 0; row < Count(); ++row)
             SetSelected(row, false);
-    }
     for (int row = std::min(from, to); row <= std::max(from, to); ++row)
         SetSelected(row, true);
 }

@@ -8,10 +8,9 @@ namespace device {
 
 Picture FindPicture(HINSTANCE module, UINT id) {
     Picture picture{id, {}};
-    for (const ImageResource& image : module == nullptr ? DeviceImages() : module->images) {
+    for (const ImageResource& image : module == nullptr ? DeviceImages() : module->images)
         if (image.id == id && !image.png.empty())
             picture.sizes.push_back(image);
-    }
     std::stable_sort(picture.sizes.begin(), picture.sizes.end(),
         [](const ImageResource& a, const ImageResource& b) { return a.size < b.size; });
     return picture;

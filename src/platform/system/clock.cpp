@@ -21,33 +21,28 @@ Clock& TheClock() {
 
 /// Takes exactly `digits` decimal digits off the front of `text`.
 bool TakeNumber(std::string_view& text, std::size_t digits, int& value) {
-    if (text.size() < digits || text.find_first_not_of("0123456789") < digits) {
+    if (text.size() < digits || text.find_first_not_of("0123456789") < digits)
         return false;
-    }
     std::from_chars(text.data(), text.data() + digits, value);
     text.remove_prefix(digits);
     return true;
 }
 
 bool TakeCharacter(std::string_view& text, char character) {
-    if (text.empty() || text.front() != character) {
+    if (text.empty() || text.front() != character)
         return false;
-    }
     text.remove_prefix(1);
     return true;
 }
 
 bool TakeFraction(std::string_view& text, int& milliseconds) {
-    if (!TakeCharacter(text, '.')) {
+    if (!TakeCharacter(text, '.'))
         return true;
-    }
     const std::size_t digits = std::min<std::size_t>(text.find_first_not_of("0123456789"), text.size());
-    if (digits == 0 || digits > 3 || !TakeNumber(text, digits, milliseconds)) {
+    if (digits == 0 || digits > 3 || !TakeNumber(text, digits, milliseconds))
         return false;
-    }
-    for (std::size_t i = digits; i < 3; ++i) {
+    for (std::size_t i = digits; i < 3; ++i)
         milliseconds *= 10;
-    }
     return true;
 }
 
@@ -67,16 +62,14 @@ std::optional<UtcTime> ParseUtcTime(std::string_view text) {
         && TakeNumber(text, 2, second) && TakeFraction(text, fraction) && text == "Z";
     const year_month_day date{std::chrono::year{year}, std::chrono::month{static_cast<unsigned>(month)},
         std::chrono::day{static_cast<unsigned>(day)}};
-    if (!read || !date.ok() || year < 1601 || hour > 23 || minute > 59 || second > 59) {
+    if (!read || !date.ok() || year < 1601 || hour > 23 || minute > 59 || second > 59)
         return std::nullopt;
-    }
     return sys_days{date} + hours{hour} + minutes{minute} + seconds{second} + milliseconds{fraction};
 }
 
 UtcTime UtcNow() {
-    if (const auto stopped = TheClock().stoppedAt) {
+    if (const auto stopped = TheClock().stoppedAt)
         return *stopped;
-    }
     return floor<milliseconds>(system_clock::now());
 }
 
@@ -106,22 +99,19 @@ SYSTEMTIME LocalCalendarTime(UtcTime time) {
     std::tm local{};
     // localtime_r alone need not look at TZ again.
     tzset();
-    if (localtime_r(&moment, &local) == nullptr) {
+    if (localtime_r(&moment, &local) == nullptr)
         return CalendarTime(time);
-    }
     return CalendarTime(time + seconds{local.tm_gmtoff});
 }
 
 } // namespace device
 
 void GetSystemTime(SYSTEMTIME* time) {
-    if (time != nullptr) {
+    if (time != nullptr)
         *time = device::CalendarTime(device::UtcNow());
-    }
 }
 
 void GetLocalTime(SYSTEMTIME* time) {
-    if (time != nullptr) {
+    if (time != nullptr)
         *time = device::LocalCalendarTime(device::UtcNow());
-    }
 }

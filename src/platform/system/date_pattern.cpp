@@ -62,13 +62,11 @@ std::optional<std::vector<ShortDatePart>> PartsOfPattern(const std::wstring& pat
         }
         const std::size_t begin = place;
         place = std::min(pattern.find_first_not_of(pattern[begin], begin), pattern.size());
-        if (pattern[begin] == L'G') {
+        if (pattern[begin] == L'G')
             continue;
-        }
         auto part = FieldPart(pattern[begin], place - begin);
-        if (!part) {
+        if (!part)
             return std::nullopt;
-        }
         parts.push_back(std::move(*part));
     }
     return IsWhole(parts) ? std::optional{std::move(parts)} : std::nullopt;

@@ -24,20 +24,17 @@ bool IsPlainName(const std::wstring& name) {
 
 /// The names in a path that begins at the root; nothing for a path with a name that may lead elsewhere.
 std::optional<Components> Split(const std::wstring& path) {
-    if (path.empty() || !IsSeparator(path.front())) {
+    if (path.empty() || !IsSeparator(path.front()))
         return std::nullopt;
-    }
     Components components;
     for (auto from = path.begin(); from != path.end();) {
         const auto begin = std::find_if_not(from, path.end(), IsSeparator);
         from = std::find_if(begin, path.end(), IsSeparator);
         std::wstring name{begin, from};
-        if (!IsPlainName(name)) {
+        if (!IsPlainName(name))
             return std::nullopt;
-        }
-        if (!name.empty()) {
+        if (!name.empty())
             components.push_back(std::move(name));
-        }
     }
     return components;
 }
@@ -52,13 +49,11 @@ bool SameName(const std::wstring& first, const std::wstring& second) {
 
 std::optional<std::string> PathBelow(const Components& path, const wchar_t* folder, const std::string& hostFolder) {
     const Components head = *Split(folder);
-    if (path.size() < head.size() || !std::equal(head.begin(), head.end(), path.begin(), SameName)) {
+    if (path.size() < head.size() || !std::equal(head.begin(), head.end(), path.begin(), SameName))
         return std::nullopt;
-    }
     std::string result = hostFolder;
-    for (auto name = path.begin() + static_cast<std::ptrdiff_t>(head.size()); name != path.end(); ++name) {
+    for (auto name = path.begin() + static_cast<std::ptrdiff_t>(head.size()); name != path.end(); ++name)
         result += '/' + ToUtf8(*name);
-    }
     return result;
 }
 
@@ -100,11 +95,9 @@ std::vector<DocumentFile> ListDocuments() {
 
 std::optional<std::string> HostPathOf(const std::wstring& devicePath) {
     const auto path = device::Split(devicePath);
-    if (!path) {
+    if (!path)
         return std::nullopt;
-    }
-    if (auto document = device::PathBelow(*path, device::DocumentsPath, device::TheEnvironment().documentsFolder)) {
+    if (auto document = device::PathBelow(*path, device::DocumentsPath, device::TheEnvironment().documentsFolder))
         return document;
-    }
     return device::PathBelow(*path, device::ProgramPath, device::FolderOf(device::ProgramFile()));
 }

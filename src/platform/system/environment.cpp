@@ -32,9 +32,8 @@ constexpr const char* VariableNames[] = {"HANDSET_STORAGE", "HANDSET_SCREEN", "H
 std::optional<int> ReadNumber(std::string_view text, int least, int most) {
     int number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc{} || end != text.data() + text.size() || number < least || number > most) {
+    if (error != std::errc{} || end != text.data() + text.size() || number < least || number > most)
         return std::nullopt;
-    }
     return number;
 }
 
@@ -50,14 +49,12 @@ std::optional<double> ReadZoom(const std::string& text) {
 
 std::optional<SIZE> ReadSize(const std::string& text) {
     const std::size_t cross = text.find('x');
-    if (cross == std::string::npos) {
+    if (cross == std::string::npos)
         return std::nullopt;
-    }
     const auto width = ReadNumber(std::string_view{text}.substr(0, cross), 1, LargestScreen);
     const auto height = ReadNumber(std::string_view{text}.substr(cross + 1), 1, LargestScreen);
-    if (!width || !height) {
+    if (!width || !height)
         return std::nullopt;
-    }
     return SIZE{*width, *height};
 }
 
@@ -148,22 +145,18 @@ std::string Parser::DesktopDocuments(const std::string& configuration) const {
     std::string folder = Home() + "/Documents";
     FileDescriptor file;
     std::string text;
-    if (OpenToRead(configuration + "/user-dirs.dirs", file) == ERROR_SUCCESS) {
+    if (OpenToRead(configuration + "/user-dirs.dirs", file) == ERROR_SUCCESS)
         ReadWhole(file, LargestList, text);
-    }
     std::istringstream list{text};
     for (std::string line; std::getline(list, line);) {
         const std::size_t end = line.rfind('"');
-        if (line.rfind(Begin, 0) != 0 || end < Begin.size()) {
+        if (line.rfind(Begin, 0) != 0 || end < Begin.size())
             continue;
-        }
         std::string value = line.substr(Begin.size(), end - Begin.size());
-        if (value.rfind(HomeVariable, 0) == 0) {
+        if (value.rfind(HomeVariable, 0) == 0)
             value = Home() + value.substr(HomeVariable.size());
-        }
-        if (IsAbsolute(value)) {
+        if (IsAbsolute(value))
             folder = value;
-        }
     }
     return folder;
 }
@@ -171,24 +164,21 @@ std::string Parser::DesktopDocuments(const std::string& configuration) const {
 void Parser::ParseScreen() {
     Environment& environment = result_.environment;
     if (const std::string text = Value("HANDSET_SCREEN"); !text.empty()) {
-        if (const auto size = ReadSize(text)) {
+        if (const auto size = ReadSize(text))
             environment.screen = *size;
-        } else {
+        else
             Refuse("HANDSET_SCREEN", "a size in pixels as 320x480, each from 1 to " + std::to_string(LargestScreen));
-        }
     }
     if (const std::string text = Value("HANDSET_DPI"); !text.empty()) {
-        if (const auto dpi = ReadNumber(text, LeastDpi, MostDpi)) {
+        if (const auto dpi = ReadNumber(text, LeastDpi, MostDpi))
             environment.dpi = *dpi;
-        } else {
+        else
             Refuse("HANDSET_DPI", "a whole number from " + std::to_string(LeastDpi) + " to " + std::to_string(MostDpi));
-        }
     }
     if (const std::string text = Value("HANDSET_ZOOM"); !text.empty()) {
         environment.zoom = ReadZoom(text);
-        if (!environment.zoom) {
+        if (!environment.zoom)
             Refuse("HANDSET_ZOOM", "a number from 0.25 to 16");
-        }
     }
 }
 
@@ -203,11 +193,9 @@ void Parser::ParseLocales() {
     }
     // The host's own settings serve as far as they can be understood: they are not the device's to complain of.
     const auto ofHost = [this](const char* category) {
-        for (const char* name : {"LC_ALL", category, "LANG"}) {
-            if (const std::string text = Value(name); !text.empty()) {
+        for (const char* name : {"LC_ALL", category, "LANG"})
+            if (const std::string text = Value(name); !text.empty())
                 return LocaleName(text).value_or("en_US");
-            }
-        }
         return std::string{"en_US"};
     };
     environment.numberLocale = ofHost("LC_MONETARY");
@@ -218,27 +206,22 @@ void Parser::ParseClock() {
     Environment& environment = result_.environment;
     if (const std::string text = Value("HANDSET_CLOCK"); !text.empty()) {
         environment.clock = ParseUtcTime(text);
-        if (!environment.clock) {
+        if (!environment.clock)
             Refuse("HANDSET_CLOCK", "a time in UTC as 2026-03-01T10:00:00Z");
-        }
     }
-    if (const std::string text = Value("HANDSET_SYNC"); text == "1") {
+    if (const std::string text = Value("HANDSET_SYNC"); text == "1")
         environment.presetMutexes.emplace_back(DesktopSyncMutex);
-    } else if (!text.empty() && text != "0") {
+    else if (!text.empty() && text != "0")
         Refuse("HANDSET_SYNC", "0 or 1");
-    }
-    if (const std::string zone = Value("TZ"); !zone.empty() && !IsTimeZone(zone)) {
+    if (const std::string zone = Value("TZ"); !zone.empty() && !IsTimeZone(zone))
         Refuse("TZ", "a time zone of this host");
-    }
 }
 
 Variables ProcessVariables() {
     Variables variables;
-    for (const char* name : VariableNames) {
-        if (const char* value = std::getenv(name)) {
+    for (const char* name : VariableNames)
+        if (const char* value = std::getenv(name))
             variables.emplace(name, value);
-        }
-    }
     return variables;
 }
 

@@ -37,9 +37,8 @@ LONG CopyHostFile(const std::string& source, const std::string& target, FreshFil
     FileDescriptor original;
     LONG error = device::OpenToRead(source, original);
     error = error == ERROR_SUCCESS ? RequireFolder(target) : error;
-    if (error != ERROR_SUCCESS) {
+    if (error != ERROR_SUCCESS)
         return error;
-    }
     FreshFile copy{target, kind};
     error = copy.Error();
     error = error == ERROR_SUCCESS ? device::CopyContents(original, copy.File()) : error;
@@ -50,13 +49,11 @@ LONG CopyHostFile(const std::string& source, const std::string& target, FreshFil
 LONG MoveHostFile(const std::string& source, const std::string& target) {
     LONG error = RequireFolder(target);
     error = error == ERROR_SUCCESS ? device::RenameToNew(source, target) : error;
-    if (error != ERROR_SUCCESS) {
+    if (error != ERROR_SUCCESS)
         return error;
-    }
     device::SyncNamesIn(device::FolderOf(target));
-    if (device::FolderOf(source) != device::FolderOf(target)) {
+    if (device::FolderOf(source) != device::FolderOf(target))
         device::SyncNamesIn(device::FolderOf(source));
-    }
     return ERROR_SUCCESS;
 }
 
@@ -77,9 +74,8 @@ BOOL MoveFileW(const wchar_t* source, const wchar_t* target) {
 
 BOOL DeleteFileW(const wchar_t* path) {
     const auto file = HostPath(path);
-    if (!file) {
+    if (!file)
         return Done(ERROR_PATH_NOT_FOUND);
-    }
     return Done(unlink(file->c_str()) == 0 ? ERROR_SUCCESS : device::ErrorOf(errno));
 }
 
@@ -103,9 +99,8 @@ bool IsNameTaken(const wchar_t* path) {
 }
 
 BOOL SHGetSpecialFolderPath(HWND /*owner*/, wchar_t* path, int folder, BOOL create) {
-    if (path == nullptr || folder != CSIDL_PERSONAL) {
+    if (path == nullptr || folder != CSIDL_PERSONAL)
         return Done(ERROR_INVALID_PARAMETER);
-    }
     std::wcscpy(path, device::DocumentsPath);
     return Done(create != FALSE ? device::MakeDocumentsFolder() : ERROR_SUCCESS);
 }

@@ -24,9 +24,8 @@ constexpr std::string_view Prefix = ".odoledger-";
 
 /// The process that a fresh file's name tells, 0 for any other name.
 pid_t MakerOf(std::string_view name) {
-    if (name.substr(0, Prefix.size()) != Prefix) {
+    if (name.substr(0, Prefix.size()) != Prefix)
         return 0;
-    }
     name.remove_prefix(Prefix.size());
     pid_t process = 0;
     const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), process);
@@ -51,9 +50,8 @@ void ClearFolder(const std::string& folder) {
     for (; !error && place != std::filesystem::directory_iterator{}; place.increment(error)) {
         const pid_t maker = MakerOf(place->path().filename().string());
         const bool isGone = maker != 0 && kill(maker, 0) != 0 && errno == ESRCH;
-        if (isGone && IsLeft(place->path())) {
+        if (isGone && IsLeft(place->path()))
             unlink(place->path().c_str());
-        }
     }
 }
 
@@ -64,25 +62,21 @@ FreshFile::FreshFile(std::string target, Kind kind)
     , kind_(kind)
     , mode_(PrivateMode)
     , error_(LookAtTarget()) {
-    if (error_ == ERROR_SUCCESS) {
+    if (error_ == ERROR_SUCCESS)
         Create();
-    }
 }
 
 FreshFile::~FreshFile() {
-    if (!name_.empty()) {
+    if (!name_.empty())
         unlink(name_.c_str());
-    }
 }
 
 LONG FreshFile::LookAtTarget() {
     struct stat found { };
-    if (lstat(target_.c_str(), &found) != 0) {
+    if (lstat(target_.c_str(), &found) != 0)
         return ERROR_SUCCESS;
-    }
-    if (kind_ == Kind::New) {
+    if (kind_ == Kind::New)
         return ERROR_FILE_EXISTS;
-    }
     mode_ = found.st_mode & AccessRights;
     return S_ISREG(found.st_mode) && !IsReadOnlyMode(found.st_mode) ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
 }
@@ -108,11 +102,10 @@ LONG FreshFile::TakeName() {
     // A file system without access rights keeps none.
     fchmod(file_.Get(), mode_);
     LONG error = Sync(file_);
-    if (error == ERROR_SUCCESS && kind_ == Kind::New) {
+    if (error == ERROR_SUCCESS && kind_ == Kind::New)
         error = RenameToNew(name_, target_);
-    } else if (error == ERROR_SUCCESS && std::rename(name_.c_str(), target_.c_str()) != 0) {
+    else if (error == ERROR_SUCCESS && std::rename(name_.c_str(), target_.c_str()) != 0)
         error = ErrorOf(errno);
-    }
     if (error == ERROR_SUCCESS) {
         name_.clear();
         SyncNamesIn(FolderOf(target_));

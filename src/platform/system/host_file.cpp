@@ -15,9 +15,8 @@
 namespace device {
 
 FileDescriptor::~FileDescriptor() {
-    if (IsOpen()) {
+    if (IsOpen())
         close(descriptor_);
-    }
 }
 
 LONG ErrorOf(int hostError) {
@@ -67,21 +66,18 @@ const char* ReasonOf(LONG error) {
 
 std::string FolderOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos) {
+    if (slash == std::string::npos)
         return ".";
-    }
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
 LONG MakeFolders(const std::string& folder) {
     struct stat found { };
-    if (stat(folder.c_str(), &found) == 0) {
+    if (stat(folder.c_str(), &found) == 0)
         return S_ISDIR(found.st_mode) ? ERROR_SUCCESS : ERROR_PATH_NOT_FOUND;
-    }
     if (errno == ENOENT && folder.find('/', 1) != std::string::npos) {
-        if (const LONG above = MakeFolders(FolderOf(folder))) {
+        if (const LONG above = MakeFolders(FolderOf(folder)))
             return above;
-        }
     }
     if (mkdir(folder.c_str(), S_IRWXU) == 0) {
         SyncNamesIn(FolderOf(folder));
@@ -96,9 +92,8 @@ LONG OpenToRead(const std::string& path, FileDescriptor& file) {
     // O_NONBLOCK: a pipe of that name must not hold the program up.
     file = FileDescriptor{open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)};
     struct stat found { };
-    if (!file.IsOpen() || fstat(file.Get(), &found) != 0) {
+    if (!file.IsOpen() || fstat(file.Get(), &found) != 0)
         return ErrorOf(errno);
-    }
     return S_ISREG(found.st_mode) ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
 }
 
@@ -117,12 +112,10 @@ template <typename Take> LONG ForEachPiece(const FileDescriptor& file, Take take
     std::array<char, 65536> buffer{};
     while (true) {
         const ssize_t count = ReadSome(file, buffer.data(), buffer.size());
-        if (count <= 0) {
+        if (count <= 0)
             return count == 0 ? ERROR_SUCCESS : ErrorOf(errno);
-        }
-        if (const LONG result = take(std::string_view{buffer.data(), static_cast<std::size_t>(count)})) {
+        if (const LONG result = take(std::string_view{buffer.data(), static_cast<std::size_t>(count)}))
             return result;
-        }
     }
 }
 } // namespace
@@ -141,11 +134,10 @@ LONG CopyContents(const FileDescriptor& source, const FileDescriptor& target) {
 LONG WriteAll(const FileDescriptor& file, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t count = write(file.Get(), bytes.data(), bytes.size());
-        if (count > 0) {
+        if (count > 0)
             bytes.remove_prefix(static_cast<std::size_t>(count));
-        } else if (count == 0 || errno != EINTR) {
+        else if (count == 0 || errno != EINTR)
             return count == 0 ? ERROR_WRITE_FAULT : ErrorOf(errno);
-        }
     }
     return ERROR_SUCCESS;
 }
@@ -159,42 +151,35 @@ void SyncNamesIn(const std::string& folder) {
     const FileDescriptor opened{open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
     // A folder that may be written but not read cannot be opened for its sync.
     const LONG error = opened.IsOpen() ? Sync(opened) : errno == EACCES ? ERROR_SUCCESS : ErrorOf(errno);
-    if (error != ERROR_SUCCESS) {
+    if (error != ERROR_SUCCESS)
         NoteTrouble(Trouble::Disk, "what was stored in " + folder + " may not outlast a power cut: " + ReasonOf(error));
-    }
 }
 
 LONG HoldFolder(const std::string& folder, std::chrono::milliseconds patience, FileDescriptor& held) {
-    constexpr std::chrono::milliseconds interval{5};
+    constexpr std::chrono::milliseconds Interval{5};
     held = FileDescriptor{open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
-    if (!held.IsOpen()) {
+    if (!held.IsOpen())
         return ErrorOf(errno);
-    }
-    for (auto waited = std::chrono::milliseconds{0}; flock(held.Get(), LOCK_EX | LOCK_NB) != 0; waited += interval) {
-        if (errno != EWOULDBLOCK && errno != EINTR) {
+    for (auto waited = std::chrono::milliseconds{0}; flock(held.Get(), LOCK_EX | LOCK_NB) != 0; waited += Interval) {
+        if (errno != EWOULDBLOCK && errno != EINTR)
             return ErrorOf(errno);
-        }
-        if (waited >= patience) {
+        if (waited >= patience)
             return ERROR_LOCK_VIOLATION;
-        }
-        std::this_thread::sleep_for(interval);
+        std::this_thread::sleep_for(Interval);
     }
     return ERROR_SUCCESS;
 }
 
 LONG RenameToNew(const std::string& source, const std::string& target) {
 #ifdef RENAME_NOREPLACE // which a browser's system does not have
-    if (renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0) {
+    if (renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0)
         return ERROR_SUCCESS;
-    }
-    if (errno != EINVAL && errno != ENOSYS) {
+    if (errno != EINVAL && errno != ENOSYS)
         return ErrorOf(errno);
-    }
 #endif
     // Without that kind of rename a second name is made instead, which never replaces one either.
-    if (link(source.c_str(), target.c_str()) != 0) {
+    if (link(source.c_str(), target.c_str()) != 0)
         return ErrorOf(errno);
-    }
     if (unlink(source.c_str()) != 0) {
         const int error = errno;
         unlink(target.c_str());

@@ -53,19 +53,16 @@ KeyFile::KeyFile(std::string_view text) {
 
 std::string KeyFile::Text() const {
     std::string text;
-    for (const Line& line : lines_) {
+    for (const Line& line : lines_)
         text += line.text + '\n';
-    }
     return text;
 }
 
 std::vector<std::string> KeyFile::Groups() const {
     std::vector<std::string> groups;
-    for (const Line& line : lines_) {
-        if (!line.group.empty() && (groups.empty() || groups.back() != line.group)) {
+    for (const Line& line : lines_)
+        if (!line.group.empty() && (groups.empty() || groups.back() != line.group))
             groups.push_back(line.group);
-        }
-    }
     return groups;
 }
 
@@ -73,9 +70,8 @@ std::vector<std::string> KeyFile::Names(std::string_view group) const {
     std::vector<std::string> names;
     for (const Line& line : lines_) {
         const auto isSame = [&line](const std::string& name) { return SameKeyName(name, line.name); };
-        if (!line.name.empty() && SameKeyName(line.group, group) && std::none_of(names.begin(), names.end(), isSame)) {
+        if (!line.name.empty() && SameKeyName(line.group, group) && std::none_of(names.begin(), names.end(), isSame))
             names.push_back(line.name);
-        }
     }
     return names;
 }
@@ -103,9 +99,8 @@ void KeyFile::Set(std::string_view group, std::string_view name, const std::stri
         [&](const Line& line) { return SameKeyName(line.group, group) && !Trimmed(line.text).empty(); });
     auto place = last.base();
     if (last == lines_.rend()) {
-        if (!lines_.empty()) {
+        if (!lines_.empty())
             lines_.push_back({});
-        }
         lines_.push_back({'[' + std::string{group} + ']', std::string{group}, {}, {}});
         place = lines_.end();
     }

@@ -24,15 +24,12 @@ int Fail(LONG error) {
 /// Hands a text to a caller as all functions of the locale do.
 int Deliver(const std::wstring& text, wchar_t* buffer, int size) {
     const int needed = static_cast<int>(text.size()) + 1;
-    if (size == 0) {
+    if (size == 0)
         return needed;
-    }
-    if (buffer == nullptr || size < 0) {
+    if (buffer == nullptr || size < 0)
         return Fail(ERROR_INVALID_PARAMETER);
-    }
-    if (size < needed) {
+    if (size < needed)
         return Fail(device::ERROR_INSUFFICIENT_BUFFER);
-    }
     std::wmemcpy(buffer, text.c_str(), static_cast<std::size_t>(needed));
     return needed;
 }
@@ -48,9 +45,8 @@ std::optional<std::string> PlainNumber(const std::wstring& text) {
     const bool whole = point > begin && std::all_of(text.begin() + begin, text.begin() + point, IsDigit);
     const bool fraction = point == text.size()
         || (point + 1 < text.size() && std::all_of(text.begin() + point + 1, text.end(), IsDigit));
-    if (!whole || !fraction) {
+    if (!whole || !fraction)
         return std::nullopt;
-    }
     const bool zero = text.find_first_of(L"123456789") == std::wstring::npos;
     return std::string{text.begin() + (zero ? begin : 0), text.end()};
 }
@@ -59,9 +55,8 @@ using Formatter = OptionalText (device::LocaleData::*)(std::string_view number) 
 
 int DeliverNumber(Formatter formatter, LCID locale, DWORD flags, const wchar_t* value, const void* format,
     wchar_t* buffer, int size) {
-    if (locale != LOCALE_USER_DEFAULT || flags != 0 || value == nullptr || format != nullptr) {
+    if (locale != LOCALE_USER_DEFAULT || flags != 0 || value == nullptr || format != nullptr)
         return Fail(ERROR_INVALID_PARAMETER);
-    }
     const auto number = PlainNumber(value);
     const OptionalText text = number ? (device::TheLocale().*formatter)(*number) : std::nullopt;
     return text ? Deliver(*text, buffer, size) : Fail(ERROR_INVALID_PARAMETER);
@@ -90,37 +85,31 @@ int GetDateFormatW(
         // The time of day is not shown, so it need not be one.
         shown = {.wYear = date->wYear, .wMonth = date->wMonth, .wDay = date->wDay};
     }
-    if (locale != LOCALE_USER_DEFAULT || (flags & ~DATE_SHORTDATE) != 0 || picture != nullptr) {
+    if (locale != LOCALE_USER_DEFAULT || (flags & ~DATE_SHORTDATE) != 0 || picture != nullptr)
         return Fail(ERROR_INVALID_PARAMETER);
-    }
     double valid = 0.0;
-    if (SystemTimeToVariantTime(&shown, &valid) == FALSE) {
+    if (SystemTimeToVariantTime(&shown, &valid) == FALSE)
         return Fail(ERROR_INVALID_PARAMETER);
-    }
     std::wstring text;
-    for (const device::ShortDatePart& part : device::ShortDateOrder()) {
+    for (const device::ShortDatePart& part : device::ShortDateOrder())
         device::AppendShortDatePart(part, shown, &text);
-    }
     return Deliver(text, buffer, size);
 }
 
 int GetLocaleInfoW(LCID locale, DWORD type, wchar_t* buffer, int size) {
-    if (locale != LOCALE_USER_DEFAULT || type != LOCALE_SDECIMAL) {
+    if (locale != LOCALE_USER_DEFAULT || type != LOCALE_SDECIMAL)
         return Fail(ERROR_INVALID_PARAMETER);
-    }
     return Deliver(device::TheLocale().DecimalSeparator(), buffer, size);
 }
 
 int CompareStringW(
     LCID locale, DWORD flags, const wchar_t* first, int firstLength, const wchar_t* second, int secondLength) {
-    if (locale != LOCALE_USER_DEFAULT || (flags & ~NORM_IGNORECASE) != 0 || first == nullptr || second == nullptr) {
+    if (locale != LOCALE_USER_DEFAULT || (flags & ~NORM_IGNORECASE) != 0 || first == nullptr || second == nullptr)
         return Fail(ERROR_INVALID_PARAMETER);
-    }
     const auto order = device::TheLocale().Compare(
         View(first, firstLength), View(second, secondLength), (flags & NORM_IGNORECASE) != 0);
-    if (!order) {
+    if (!order)
         return Fail(ERROR_INVALID_PARAMETER);
-    }
     return *order < 0 ? CSTR_LESS_THAN : *order > 0 ? CSTR_GREATER_THAN : CSTR_EQUAL;
 }
 

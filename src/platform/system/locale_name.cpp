@@ -39,9 +39,8 @@ std::vector<std::string_view> Parts(std::string_view text) {
     while (true) {
         const std::size_t end = text.find_first_of("_-");
         parts.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) {
+        if (end == std::string_view::npos)
             return parts;
-        }
         text.remove_prefix(end + 1);
     }
 }
@@ -49,9 +48,8 @@ std::vector<std::string_view> Parts(std::string_view text) {
 /// Cuts `text` at `mark` and gives what followed it; nothing if the mark is not there.
 std::optional<std::string_view> CutAt(std::string_view& text, char mark) {
     const std::size_t place = text.find(mark);
-    if (place == std::string_view::npos) {
+    if (place == std::string_view::npos)
         return std::nullopt;
-    }
     const std::string_view rest = text.substr(place + 1);
     text = text.substr(0, place);
     return rest;
@@ -63,22 +61,18 @@ bool AreKeywords(std::string_view text) {
         const bool last = keyword.size() == text.size();
         text.remove_prefix(last ? text.size() : keyword.size() + 1);
         const auto value = CutAt(keyword, '=');
-        if (!value || !IsNamePart(keyword) || !IsNamePart(*value)) {
+        if (!value || !IsNamePart(keyword) || !IsNamePart(*value))
             return false;
-        }
-        if (last) {
+        if (last)
             return true;
-        }
     }
 }
 
 std::string ScriptOfModifier(std::string_view modifier) {
-    if (modifier == "latin") {
+    if (modifier == "latin")
         return "Latn";
-    }
-    if (modifier == "cyrillic") {
+    if (modifier == "cyrillic")
         return "Cyrl";
-    }
     return modifier == "devanagari" ? "Deva" : "";
 }
 
@@ -86,19 +80,16 @@ std::string ScriptOfModifier(std::string_view modifier) {
 /// takes the grouping away.
 std::optional<std::string> BaseName(std::string_view text, std::string script) {
     const std::vector<std::string_view> parts = Parts(text);
-    if (!IsOf(parts.front(), 2, 3, IsLetter)) {
+    if (!IsOf(parts.front(), 2, 3, IsLetter))
         return std::nullopt;
-    }
     std::string region;
-    for (std::size_t i = 1; i < parts.size(); ++i) {
-        if (i == 1 && IsOf(parts[i], 4, 4, IsLetter)) {
+    for (std::size_t i = 1; i < parts.size(); ++i)
+        if (i == 1 && IsOf(parts[i], 4, 4, IsLetter))
             script = Cased(parts[i], true, false);
-        } else if (region.empty() && (IsOf(parts[i], 2, 2, IsLetter) || IsOf(parts[i], 3, 3, IsDigit))) {
+        else if (region.empty() && (IsOf(parts[i], 2, 2, IsLetter) || IsOf(parts[i], 3, 3, IsDigit)))
             region = '_' + Cased(parts[i], true, true);
-        } else if (!IsNamePart(parts[i]) || parts[i].size() < 4) {
+        else if (!IsNamePart(parts[i]) || parts[i].size() < 4)
             return std::nullopt;
-        }
-    }
     return Cased(parts.front(), false, false) + (script.empty() ? "" : '_' + script) + region;
 }
 
@@ -112,13 +103,11 @@ std::optional<std::string> LocaleName(std::string_view name) {
         || (codeSet && !IsNamePart(*codeSet))) {
         return std::nullopt;
     }
-    if (name == "C" || name == "POSIX") {
+    if (name == "C" || name == "POSIX")
         return "en_US";
-    }
     auto base = BaseName(name, ScriptOfModifier(modifier.value_or("")));
-    if (base && keywords) {
+    if (base && keywords)
         *base += '@' + std::string{*modifier};
-    }
     return base;
 }
 

@@ -65,9 +65,8 @@ int GetSystemMetrics(int index) {
 }
 
 BOOL SystemParametersInfoW(UINT action, UINT /*parameter*/, void* data, UINT /*update*/) {
-    if (action != SPI_GETWORKAREA || data == nullptr) {
+    if (action != SPI_GETWORKAREA || data == nullptr)
         return FALSE;
-    }
     *static_cast<RECT*>(data) = WorkArea();
     return TRUE;
 }

@@ -76,15 +76,13 @@ HRESULT CoInitializeEx(void* /*reserved*/, DWORD /*flags*/) {
 }
 
 void CoUninitialize() {
-    if (initialisations > 0) {
+    if (initialisations > 0)
         --initialisations;
-    }
 }
 
 DWORD GetFileVersionInfoSizeW(const wchar_t* path, DWORD* handle) {
-    if (handle != nullptr) {
+    if (handle != nullptr)
         *handle = 0;
-    }
     const bool found = VersionOf(path) != nullptr;
     SetLastError(found ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND);
     return found ? sizeof(VS_FIXEDFILEINFO) : 0;
@@ -104,16 +102,14 @@ BOOL GetFileVersionInfoW(const wchar_t* path, DWORD /*handle*/, DWORD size, void
 
 BOOL VerQueryValueW(const void* block, const wchar_t* subBlock, void** buffer, UINT* length) {
     DWORD signature = 0;
-    if (block != nullptr) {
+    if (block != nullptr)
         std::memcpy(&signature, block, sizeof signature);
-    }
     if (signature != VS_FIXEDFILEINFO{}.dwSignature || subBlock == nullptr || std::wcscmp(subBlock, L"\\") != 0
         || buffer == nullptr) {
         return FALSE;
     }
     *buffer = const_cast<void*>(block); // the interface takes constant and gives changeable
-    if (length != nullptr) {
+    if (length != nullptr)
         *length = sizeof(VS_FIXEDFILEINFO);
-    }
     return TRUE;
 }

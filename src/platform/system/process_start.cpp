@@ -17,20 +17,17 @@ constexpr std::size_t NeededDescriptors = 64;
 bool OpenStandardDescriptors() {
     while (true) {
         const int descriptor = open("/dev/null", O_RDWR); // NOLINT(android-cloexec-open): as the standard ones are
-        if (descriptor > STDERR_FILENO) {
+        if (descriptor > STDERR_FILENO)
             close(descriptor);
-        }
-        if (descriptor < 0 || descriptor > STDERR_FILENO) {
+        if (descriptor < 0 || descriptor > STDERR_FILENO)
             return descriptor >= 0;
-        }
     }
 }
 
 bool HasRoomForDescriptors() {
     std::array<FileDescriptor, NeededDescriptors> trial;
-    for (FileDescriptor& descriptor : trial) {
+    for (FileDescriptor& descriptor : trial)
         descriptor = FileDescriptor{fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0)};
-    }
     return trial.back().IsOpen();
 }
 
@@ -39,9 +36,8 @@ bool HasRoomForDescriptors() {
 std::optional<std::string> PrepareProcess() {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
-    if (!OpenStandardDescriptors() || !HasRoomForDescriptors()) {
+    if (!OpenStandardDescriptors() || !HasRoomForDescriptors())
         return "too few files may be open at a time (ulimit -n): " + std::to_string(NeededDescriptors) + " are needed";
-    }
     return std::nullopt;
 }
 

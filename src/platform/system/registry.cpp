@@ -48,14 +48,12 @@ std::optional<std::wstring> PathOf(HKEY parent, const wchar_t* name) {
     std::wstring path;
     if (parent != HKEY_CURRENT_USER) {
         const OpenKey* key = Find(parent);
-        if (key == nullptr) {
+        if (key == nullptr)
             return std::nullopt;
-        }
         path = key->path;
     }
-    if (name != nullptr && *name != L'\0') {
+    if (name != nullptr && *name != L'\0')
         path += (path.empty() ? L"" : L"\\") + std::wstring{name};
-    }
     return path;
 }
 
@@ -97,104 +95,84 @@ LONG Settled(LONG error) {
 LONG RegCreateKeyExW(HKEY parent, const wchar_t* name, DWORD /*reserved*/, const wchar_t* /*keyClass*/,
     DWORD /*options*/, DWORD access, const void* /*security*/, HKEY* key, DWORD* disposition) {
     const auto path = PathOf(parent, name);
-    if (!path || key == nullptr) {
+    if (!path || key == nullptr)
         return path ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE;
-    }
-    if (const LONG error = device::MakeFolders(device::FolderOf(device::TheEnvironment().registryFile))) {
+    if (const LONG error = device::MakeFolders(device::FolderOf(device::TheEnvironment().registryFile)))
         return Settled(error);
-    }
     static constexpr DWORD CreatedNew = 1;
     static constexpr DWORD OpenedExisting = 2;
     ReadAnew();
-    if (disposition != nullptr) {
+    if (disposition != nullptr)
         *disposition = HasKey(*path) ? OpenedExisting : CreatedNew;
-    }
     *key = Open(*path, access);
     return ERROR_SUCCESS;
 }
 
 LONG RegOpenKeyExW(HKEY parent, const wchar_t* name, DWORD /*options*/, DWORD access, HKEY* key) {
     const auto path = PathOf(parent, name);
-    if (!path || key == nullptr) {
+    if (!path || key == nullptr)
         return path ? ERROR_INVALID_PARAMETER : ERROR_INVALID_HANDLE;
-    }
     ReadAnew();
-    if (!HasKey(*path)) {
+    if (!HasKey(*path))
         return ERROR_FILE_NOT_FOUND;
-    }
     *key = Open(*path, access);
     return ERROR_SUCCESS;
 }
 
 LONG RegCloseKey(HKEY key) {
-    if (key == HKEY_CURRENT_USER) {
+    if (key == HKEY_CURRENT_USER)
         return ERROR_SUCCESS;
-    }
     Registry& registry = TheRegistry();
     const auto found = registry.keys.find(reinterpret_cast<std::uintptr_t>(key));
-    if (found == registry.keys.end()) {
+    if (found == registry.keys.end())
         return ERROR_INVALID_HANDLE;
-    }
     const bool writes = (found->second.access & SetAccess) != 0;
     registry.keys.erase(found);
-    if (!writes || registry.changes.empty()) {
+    if (!writes || registry.changes.empty())
         return ERROR_SUCCESS;
-    }
     const LONG error = Settled(RegistryFile::Change(device::TheEnvironment().registryFile, registry.changes));
     // What could not be written is known to this process, and goes with the next that can.
-    if (error == ERROR_SUCCESS) {
+    if (error == ERROR_SUCCESS)
         registry.changes.clear();
-    }
     ReadAnew();
     return error;
 }
 
 LONG RegQueryValueExW(HKEY key, const wchar_t* name, DWORD* /*reserved*/, DWORD* type, BYTE* data, DWORD* size) {
     const OpenKey* open = Find(key);
-    if (open == nullptr) {
+    if (open == nullptr)
         return ERROR_INVALID_HANDLE;
-    }
-    if ((open->access & QueryAccess) == 0) {
+    if ((open->access & QueryAccess) == 0)
         return ERROR_ACCESS_DENIED;
-    }
-    if (data != nullptr && size == nullptr) {
+    if (data != nullptr && size == nullptr)
         return ERROR_INVALID_PARAMETER;
-    }
     const auto value = ValueOf(open->path, name == nullptr ? L"" : name);
-    if (!value) {
+    if (!value)
         return ERROR_FILE_NOT_FOUND;
-    }
-    if (type != nullptr) {
+    if (type != nullptr)
         *type = value->type;
-    }
-    if (size == nullptr) {
+    if (size == nullptr)
         return ERROR_SUCCESS;
-    }
     const DWORD room = *size;
     *size = static_cast<DWORD>(value->data.size());
-    if (data == nullptr) {
+    if (data == nullptr)
         return ERROR_SUCCESS;
-    }
-    if (room < *size) {
+    if (room < *size)
         return ERROR_MORE_DATA;
-    }
     std::copy(value->data.begin(), value->data.end(), data);
     return ERROR_SUCCESS;
 }
 
 LONG RegSetValueExW(HKEY key, const wchar_t* name, DWORD /*reserved*/, DWORD type, const BYTE* data, DWORD size) {
     const OpenKey* open = Find(key);
-    if (open == nullptr) {
+    if (open == nullptr)
         return ERROR_INVALID_HANDLE;
-    }
-    if ((open->access & SetAccess) == 0) {
+    if ((open->access & SetAccess) == 0)
         return ERROR_ACCESS_DENIED;
-    }
     const bool known
         = type == REG_SZ || type == REG_EXPAND_SZ || type == REG_BINARY || (type == REG_DWORD && size == sizeof(DWORD));
-    if (!known || (data == nullptr && size != 0)) {
+    if (!known || (data == nullptr && size != 0))
         return ERROR_INVALID_PARAMETER;
-    }
     RegistryValue value{type, std::vector<BYTE>(data, data + size)};
     if (type == REG_SZ || type == REG_EXPAND_SZ) {
         // What is stored ends at the NUL, and has one.
@@ -216,8 +194,7 @@ LONG device::SetRegistryValue(const std::wstring& key, const std::wstring& name,
 }
 
 LONG device::DeleteRegistryValue(const std::wstring& key, const std::wstring& name) {
-    if (!RegistryFile{TheEnvironment().registryFile}.Get(key, name)) {
+    if (!RegistryFile{TheEnvironment().registryFile}.Get(key, name))
         return ERROR_FILE_NOT_FOUND;
-    }
     return RegistryFile::Change(TheEnvironment().registryFile, {{key, name, std::nullopt}});
 }

@@ -29,14 +29,12 @@ RegistryFile::RegistryFile(const std::string& path)
     FileDescriptor file;
     std::string text;
     error_ = OpenToRead(path_, file);
-    if (error_ == ERROR_SUCCESS) {
+    if (error_ == ERROR_SUCCESS)
         error_ = ReadWhole(file, LargestFile, text);
-    }
-    if (error_ == ERROR_SUCCESS) {
+    if (error_ == ERROR_SUCCESS)
         contents_ = KeyFile{text};
-    } else if (error_ == ERROR_FILE_NOT_FOUND) {
+    else if (error_ == ERROR_FILE_NOT_FOUND)
         error_ = ERROR_SUCCESS;
-    }
 }
 
 bool RegistryFile::HasKey(const std::wstring& key) const {
@@ -58,9 +56,8 @@ std::vector<NamedRegistryValue> RegistryFile::List(const std::wstring& key) cons
         const std::wstring name = NameFromEscaped(escaped);
         // What a person wrote in a spelling that is not asked for is not found either.
         auto value = SameKeyName(EscapedName(name, AllowedInNames), escaped) ? Get(key, name) : std::nullopt;
-        if (value) {
+        if (value)
             values.push_back({name, std::move(*value)});
-        }
     }
     std::sort(values.begin(), values.end(),
         [](const NamedRegistryValue& left, const NamedRegistryValue& right) { return left.name < right.name; });
@@ -71,11 +68,10 @@ void RegistryFile::Apply(const RegistryChange& change) {
     const std::string group = EscapedName(change.key, AllowedInGroups);
     const std::string name = EscapedName(change.name, AllowedInNames);
     const auto text = change.value ? ValueText(*change.value) : std::nullopt;
-    if (text) {
+    if (text)
         contents_.Set(group, name, *text);
-    } else if (!change.value) {
+    else if (!change.value)
         contents_.Remove(group, name);
-    }
 }
 
 LONG RegistryFile::Write() const {
@@ -92,25 +88,20 @@ LONG RegistryFile::Change(const std::string& path, const std::vector<RegistryCha
         });
     };
     // A program that starts stores what it has just read: that needs no disk, and waits for nobody.
-    if (RegistryFile registry{path}; registry.error_ != ERROR_SUCCESS || !isNews(registry)) {
+    if (RegistryFile registry{path}; registry.error_ != ERROR_SUCCESS || !isNews(registry))
         return registry.error_;
-    }
-    if (const LONG error = MakeFolders(FolderOf(path))) {
+    if (const LONG error = MakeFolders(FolderOf(path)))
         return error;
-    }
     // Held while this function runs: what two processes change at the same time is kept of both. Where a folder cannot
     // be locked, the later one wins.
     FileDescriptor held;
-    if (HoldFolder(FolderOf(Resolved(path)), LockPatience, held) == ERROR_LOCK_VIOLATION) {
+    if (HoldFolder(FolderOf(Resolved(path)), LockPatience, held) == ERROR_LOCK_VIOLATION)
         return ERROR_LOCK_VIOLATION;
-    }
     RegistryFile registry{path};
-    if (registry.error_ != ERROR_SUCCESS) {
+    if (registry.error_ != ERROR_SUCCESS)
         return registry.error_;
-    }
-    for (const RegistryChange& change : changes) {
+    for (const RegistryChange& change : changes)
         registry.Apply(change);
-    }
     return registry.Write();
 }
 

@@ -33,16 +33,14 @@ void AppendHex(std::string& text, char byte) {
 std::optional<BYTE> ByteFromHex(std::string_view digits) {
     BYTE byte = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), byte, 16);
-    if (digits.size() != 2 || error != std::errc{} || end != digits.data() + 2) {
+    if (digits.size() != 2 || error != std::errc{} || end != digits.data() + 2)
         return std::nullopt;
-    }
     return byte;
 }
 
 bool TakePrefix(std::string_view& text, std::string_view prefix) {
-    if (text.substr(0, prefix.size()) != prefix) {
+    if (text.substr(0, prefix.size()) != prefix)
         return false;
-    }
     text.remove_prefix(prefix.size());
     return true;
 }
@@ -85,9 +83,8 @@ std::optional<std::string> UnescapedText(std::string_view text) {
             continue;
         }
         const std::size_t letter = ++i < text.size() ? Letters.find(text[i]) : std::string_view::npos;
-        if (letter == std::string_view::npos) {
+        if (letter == std::string_view::npos)
             return std::nullopt;
-        }
         result += Meanings[letter];
     }
     return result;
@@ -96,18 +93,16 @@ std::optional<std::string> UnescapedText(std::string_view text) {
 std::optional<RegistryValue> NumberFrom(std::string_view text) {
     DWORD number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc{} || end != text.data() + text.size()) {
+    if (error != std::errc{} || end != text.data() + text.size())
         return std::nullopt;
-    }
     return RegistryValue::OfNumber(number);
 }
 
 std::optional<RegistryValue> TextFrom(std::string_view text, DWORD type) {
     const auto plain = UnescapedText(text);
     // Text of another encoding was put there by something else than the device.
-    if (!plain || plain->find('\0') != std::string::npos || ToUtf8(FromUtf8(*plain)) != *plain) {
+    if (!plain || plain->find('\0') != std::string::npos || ToUtf8(FromUtf8(*plain)) != *plain)
         return std::nullopt;
-    }
     return RegistryValue::OfText(FromUtf8(*plain), type);
 }
 
@@ -116,9 +111,8 @@ std::optional<RegistryValue> BytesFrom(std::string_view text) {
     while (!text.empty()) {
         const std::size_t comma = text.find(',');
         const auto byte = ByteFromHex(text.substr(0, comma));
-        if (!byte || comma == text.size() - 1) {
+        if (!byte || comma == text.size() - 1)
             return std::nullopt;
-        }
         value.data.push_back(*byte);
         text.remove_prefix(comma == std::string_view::npos ? text.size() : comma + 1);
     }
@@ -154,9 +148,8 @@ std::wstring RegistryValue::Text() const {
 
 std::string EscapedName(const std::wstring& name, const char* alsoAllowed) {
     const std::string bytes = ToUtf8(name);
-    if (bytes.empty()) {
+    if (bytes.empty())
         return std::string{NoName};
-    }
     std::string escaped;
     for (const char byte : bytes) {
         if (IsPlain(byte) || (byte != '\0' && std::strchr(alsoAllowed, byte) != nullptr)) {
@@ -177,9 +170,8 @@ std::string EscapedName(const std::wstring& name, const char* alsoAllowed) {
 }
 
 std::wstring NameFromEscaped(const std::string& escaped) {
-    if (escaped == NoName) {
+    if (escaped == NoName)
         return {};
-    }
     std::string bytes;
     for (std::size_t i = 0; i < escaped.size(); ++i) {
         const auto byte = escaped[i] == '%' ? ByteFromHex(std::string_view{escaped}.substr(i + 1, 2)) : std::nullopt;
@@ -214,15 +206,12 @@ std::optional<RegistryValue> ValueFromText(const std::string& text) {
     // Returns at the end belong to the line, which some editors end with more than one; a text has its own as "\\r".
     std::string_view rest = text;
     rest = rest.substr(0, rest.find_last_not_of('\r') + 1);
-    if (TakePrefix(rest, NumberPrefix)) {
+    if (TakePrefix(rest, NumberPrefix))
         return NumberFrom(rest);
-    }
-    if (TakePrefix(rest, TextPrefix)) {
+    if (TakePrefix(rest, TextPrefix))
         return TextFrom(rest, REG_SZ);
-    }
-    if (TakePrefix(rest, ExpandPrefix)) {
+    if (TakePrefix(rest, ExpandPrefix))
         return TextFrom(rest, REG_EXPAND_SZ);
-    }
     return TakePrefix(rest, BytesPrefix) ? BytesFrom(rest) : std::nullopt;
 }
 

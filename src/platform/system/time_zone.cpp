@@ -24,14 +24,12 @@ bool IsRule(const std::string& zone) {
 } // namespace
 
 bool IsTimeZone(std::string zone) {
-    if (!zone.empty() && zone.front() == ':') {
+    if (!zone.empty() && zone.front() == ':')
         zone.erase(0, 1);
-    }
     std::error_code error;
     const std::filesystem::path folder = ZoneFolder();
-    if (zone.empty() || std::filesystem::is_regular_file(folder / zone, error) || IsRule(zone)) {
+    if (zone.empty() || std::filesystem::is_regular_file(folder / zone, error) || IsRule(zone))
         return true;
-    }
     // A host without zone data cannot tell a zone that it lacks from one that nobody has.
     return !std::filesystem::is_directory(folder, error) && zone.find(' ') == std::string::npos;
 }

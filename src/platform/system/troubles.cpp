@@ -26,9 +26,8 @@ void NoteTrouble(Trouble kind, const std::string& line) {
 
 void TellTroubles() {
     for (auto& [kind, line] : Noted()) {
-        if (!line.empty()) {
+        if (!line.empty())
             std::fprintf(stderr, "odoledger: %s\n", line.c_str());
-        }
         line.clear();
     }
 }

@@ -30,15 +30,12 @@ void Append(std::string& bytes, char32_t point) {
 
 /// How many bytes a sequence has that begins with `lead`; 0 for a byte that begins none.
 std::size_t SequenceLength(unsigned char lead) {
-    if (lead < 0x80) {
+    if (lead < 0x80)
         return 1;
-    }
-    if (lead >= 0xC2 && lead < 0xE0) {
+    if (lead >= 0xC2 && lead < 0xE0)
         return 2;
-    }
-    if (lead >= 0xE0 && lead < 0xF0) {
+    if (lead >= 0xE0 && lead < 0xF0)
         return 3;
-    }
     return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
 }
 
@@ -82,9 +79,8 @@ void FromUtf8(std::string_view bytes, std::wstring* text) {
     // No character takes fewer bytes than one, so the room is enough, and is cut to measure at the end.
     text->resize(bytes.size());
     wchar_t* out = text->data();
-    while (!bytes.empty()) {
+    while (!bytes.empty())
         *out++ = static_cast<wchar_t>(TakePoint(bytes));
-    }
     text->resize(static_cast<std::size_t>(out - text->data()));
 }
 

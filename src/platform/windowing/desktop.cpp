@@ -48,18 +48,16 @@ Canvas& Desktop::Screen() {
 }
 
 Window* Desktop::Front() const {
-    for (auto window = topLevels_.rbegin(); window != topLevels_.rend(); ++window) {
+    for (auto window = topLevels_.rbegin(); window != topLevels_.rend(); ++window)
         if ((*window)->Has(WS_VISIBLE) && !(*window)->destroying)
             return *window;
-    }
     return nullptr;
 }
 
 Window* Desktop::FrontFull() const {
-    for (auto window = topLevels_.rbegin(); window != topLevels_.rend(); ++window) {
+    for (auto window = topLevels_.rbegin(); window != topLevels_.rend(); ++window)
         if ((*window)->Has(WS_VISIBLE) && !(*window)->isMessageBox && !(*window)->destroying)
             return *window;
-    }
     return nullptr;
 }
 

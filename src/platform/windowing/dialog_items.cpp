@@ -15,10 +15,9 @@ HWND GetDlgItem(HWND dialog, int id) {
     const Window* window = FindWindowRecord(dialog);
     if (!window)
         return nullptr;
-    for (const Window* child : window->children) {
+    for (const Window* child : window->children)
         if (child->hasId && child->id == id)
             return child->handle;
-    }
     return nullptr;
 }
 

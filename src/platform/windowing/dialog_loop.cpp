@@ -66,10 +66,9 @@ bool IsDialogMessage(HWND handle, const MSG& message) {
 
 std::vector<HWND> FocusOrder(const Window& dialog) {
     std::vector<HWND> order;
-    for (const Window* child : dialog.children) {
+    for (const Window* child : dialog.children)
         if (TakesFocus(*child))
             order.push_back(child->handle);
-    }
     return order;
 }
 

@@ -14,10 +14,9 @@ namespace {
 
 int ContentHeight(const Window& dialog) {
     LONG bottom = 0;
-    for (const Window* child : dialog.children) {
+    for (const Window* child : dialog.children)
         if (child->Has(WS_VISIBLE))
             bottom = std::max(bottom, child->place.bottom);
-    }
     return static_cast<int>(bottom) + dialog.modal->scroll + Scaled(4);
 }
 

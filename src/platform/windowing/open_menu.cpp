@@ -22,10 +22,9 @@ constexpr int DigitItems = 9; // the keypad's digits from 1 on
 /// The number that an item's digit key has among those that can be chosen by digit; 0 for none.
 int DigitOf(const std::vector<MenuItem>& items, int index) {
     int digit = 0;
-    for (int each = 0; each <= index; ++each) {
+    for (int each = 0; each <= index; ++each)
         if (!items[static_cast<std::size_t>(each)].separator)
             ++digit;
-    }
     return digit <= DigitItems ? digit : 0;
 }
 
@@ -269,10 +268,9 @@ UINT RunMenu(SoftKeyBar& bar, bool left) {
         desktop.SetMenu(&menu);
         auto outcome = OpenMenu::Outcome::Open;
         InputEvent event;
-        while (outcome == OpenMenu::Outcome::Open && desktop.NextInput(event)) {
+        while (outcome == OpenMenu::Outcome::Open && desktop.NextInput(event))
             if (desktop.NoteForMenu(event))
                 outcome = menu.Handle(event);
-        }
         desktop.SetMenu(nullptr);
         open = outcome == OpenMenu::Outcome::Switched && IsWindow(barWindow);
         left = open ? !left : left;

@@ -116,10 +116,9 @@ HWND FindWindowW(const wchar_t* className, const wchar_t* /*title*/) {
     if (!className)
         return nullptr;
     const device::WindowClass* windowClass = device::FindWindowClass(className);
-    for (const Window* window : Desktop::The().TopLevels()) {
+    for (const Window* window : Desktop::The().TopLevels())
         if (windowClass && window->windowClass == windowClass)
             return window->handle;
-    }
     return device::WindowExists(className) ? device::RemoteHandle(className) : nullptr;
 }
 

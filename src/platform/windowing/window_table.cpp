@@ -62,18 +62,16 @@ Window* TopLevelOf(Window* window) {
 }
 
 bool IsShown(const Window& window) {
-    for (const Window* each = &window; each; each = each->parent) {
+    for (const Window* each = &window; each; each = each->parent)
         if (!each->Has(WS_VISIBLE))
             return false;
-    }
     return true;
 }
 
 bool IsWithin(const Window* window, const Window* ancestor) {
-    for (; window; window = window->parent) {
+    for (; window; window = window->parent)
         if (window == ancestor)
             return true;
-    }
     return false;
 }
 
@@ -179,10 +177,9 @@ void Desktop::Destroy(Window& window) {
     window.destroying = true;
     const HWND handle = window.handle;
     const auto owned = topLevels_;
-    for (Window* other : owned) {
+    for (Window* other : owned)
         if (other->owner == handle && FindWindowRecord(other->handle))
             Destroy(*other);
-    }
     if (IsShown(window))
         Invalidate(window.IsTopLevel() ? RECT{0, 0, 0x7FFF, 0x7FFF} : ScreenPlace(window));
     Send(handle, WM_DESTROY, 0, 0);

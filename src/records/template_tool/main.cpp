@@ -13,7 +13,7 @@ struct ReadyMade {
     const wchar_t* name;
 };
 
-constexpr ReadyMade keywords[] = {
+constexpr ReadyMade Keywords[] = {
     {CKeyword::KeywordTripCategory, L"Business"},
     {CKeyword::KeywordTripCategory, L"Charity"},
     {CKeyword::KeywordTripCategory, L"Commute"},
@@ -41,7 +41,7 @@ constexpr ReadyMade keywords[] = {
 
 bool AddKeywords(CDataFile& file) {
     CTransaction transaction(file);
-    for (const ReadyMade& readyMade : keywords) {
+    for (const ReadyMade& readyMade : Keywords) {
         CKeyword keyword;
         keyword.SetType(readyMade.type);
         keyword.SetName(readyMade.name);

@@ -40,16 +40,14 @@ constexpr std::string_view Taken = "taken";
 /// Where the class may be published: here first.
 std::vector<std::string> SocketPaths(const std::wstring& windowClass) {
     std::vector<std::string> paths = RuntimeFolders();
-    for (std::string& path : paths) {
+    for (std::string& path : paths)
         path += "/window-" + ShortNameOf(ToUtf8(windowClass));
-    }
     return paths;
 }
 
 std::optional<WindowRequest> RequestIn(const std::string& packet) {
-    if (packet == FrontRequest) {
+    if (packet == FrontRequest)
         return WindowRequest{WindowRequest::Kind::BringToFront, {}};
-    }
     const std::string name = packet.substr(std::min(packet.size(), PostRequest.size()));
     if (packet.rfind(PostRequest, 0) != 0 || name.empty() || name.find('\0') != std::string::npos
         || ToUtf8(FromUtf8(name)) != name) {
@@ -115,9 +113,8 @@ public:
 
     std::optional<WindowRequest> Take() {
         const std::lock_guard lock{mutex_};
-        if (requests_.empty()) {
+        if (requests_.empty())
             return std::nullopt;
-        }
         WindowRequest request = std::move(requests_.front());
         requests_.pop_front();
         return request;
@@ -132,27 +129,22 @@ private:
     void Listen() {
         while (true) {
             std::vector<pollfd> watched{{stop_.Get(), POLLIN, 0}, {isAccepting_ ? socket_.Get() : -1, POLLIN, 0}};
-            for (const Client& client : clients_) {
+            for (const Client& client : clients_)
                 watched.push_back({client.socket.Get(), POLLIN, 0});
-            }
             // A silent client is looked at again when its time has run out, and nobody else waits for it.
             const bool isIdle = clients_.empty() && isAccepting_;
             poll(watched.data(), watched.size(), isIdle ? -1 : static_cast<int>(ClientTime.count() / 4));
             isAccepting_ = true;
-            if (watched[0].revents != 0) {
+            if (watched[0].revents != 0)
                 return;
-            }
             for (std::size_t i = clients_.size(); i-- > 0;) {
-                if (watched[i + 2].revents != 0) {
+                if (watched[i + 2].revents != 0)
                     Serve(clients_[i].socket);
-                }
-                if (watched[i + 2].revents != 0 || clients_[i].deadline < std::chrono::steady_clock::now()) {
+                if (watched[i + 2].revents != 0 || clients_[i].deadline < std::chrono::steady_clock::now())
                     clients_.erase(clients_.begin() + static_cast<std::ptrdiff_t>(i));
-                }
             }
-            if (watched[1].revents != 0) {
+            if (watched[1].revents != 0)
                 Welcome();
-            }
         }
     }
 
@@ -160,28 +152,24 @@ private:
         FileDescriptor socket = AcceptClient(socket_);
         // One that cannot be let in, as where there are no descriptors left, goes on knocking.
         isAccepting_ = socket.IsOpen();
-        if (socket.IsOpen() && clients_.size() == MostClients) {
+        if (socket.IsOpen() && clients_.size() == MostClients)
             clients_.erase(clients_.begin());
-        }
-        if (socket.IsOpen()) {
+        if (socket.IsOpen())
             clients_.push_back({std::move(socket), std::chrono::steady_clock::now() + ClientTime});
-        }
     }
 
     void Serve(const FileDescriptor& client) {
         const auto packet = ReceivePacket(client);
         auto request = packet ? RequestIn(*packet) : std::nullopt;
-        if (request && Keep(client, std::move(*request))) {
+        if (request && Keep(client, std::move(*request)))
             wake_();
-        }
     }
 
     /// Who has hung up meanwhile will ask again: what nobody is told of is not kept.
     bool Keep(const FileDescriptor& client, WindowRequest request) {
         const std::lock_guard lock{mutex_};
-        if (requests_.size() >= MostRequests || !SendPacket(client, Taken)) {
+        if (requests_.size() >= MostRequests || !SendPacket(client, Taken))
             return false;
-        }
         requests_.push_back(std::move(request));
         return true;
     }
@@ -209,14 +197,12 @@ std::unique_ptr<PublishedWindow> PublishedWindow::Publish(const std::wstring& wi
     FileDescriptor stop{eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)};
     FileDescriptor held;
     // Two processes that both find a dead one's socket must not take each other's away.
-    if (paths.empty() || !stop.IsOpen() || HoldRuntimeFolder(FolderOf(paths.front()), held) != ERROR_SUCCESS) {
+    if (paths.empty() || !stop.IsOpen() || HoldRuntimeFolder(FolderOf(paths.front()), held) != ERROR_SUCCESS)
         return nullptr;
-    }
     const std::string& path = paths.front();
     FileDescriptor socket = ListenAt(path);
-    if (!socket.IsOpen()) {
+    if (!socket.IsOpen())
         return nullptr;
-    }
     try {
         auto listener = std::make_unique<Listener>(std::move(socket), std::move(stop), path, std::move(wake));
         return std::unique_ptr<PublishedWindow>{new PublishedWindow{std::move(listener)}};

@@ -23,9 +23,8 @@ public:
     explicit Address(const std::string& path)
         : folder_(open(FolderOf(path).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {
         std::string shown = path;
-        if (shown.size() >= sizeof address_.sun_path) {
+        if (shown.size() >= sizeof address_.sun_path)
             shown = "/proc/self/fd/" + std::to_string(folder_.Get()) + path.substr(path.rfind('/'));
-        }
         address_.sun_family = AF_UNIX;
         shown.copy(address_.sun_path, sizeof address_.sun_path - 1);
     }
@@ -62,9 +61,8 @@ bool Bind(const FileDescriptor& socket, const std::string& path) {
 /// Whether the socket at `path` is one that no process listens at. Anything else there stays.
 bool IsLeftBehind(const std::string& path) {
     struct stat found { };
-    if (lstat(path.c_str(), &found) != 0 || !S_ISSOCK(found.st_mode)) {
+    if (lstat(path.c_str(), &found) != 0 || !S_ISSOCK(found.st_mode))
         return false;
-    }
     const FileDescriptor trial = NewSocket();
     return trial.IsOpen() && connect(trial.Get(), Address{path}.Get(), Address::Size()) != 0 && errno == ECONNREFUSED;
 }
@@ -73,16 +71,13 @@ bool IsLeftBehind(const std::string& path) {
 
 FileDescriptor ListenAt(const std::string& path) {
     FileDescriptor socket = NewSocket();
-    if (!socket.IsOpen()) {
+    if (!socket.IsOpen())
         return socket;
-    }
     bool bound = Bind(socket, path);
-    if (!bound && errno == EADDRINUSE && IsLeftBehind(path)) {
+    if (!bound && errno == EADDRINUSE && IsLeftBehind(path))
         bound = unlink(path.c_str()) == 0 && Bind(socket, path);
-    }
-    if (!bound) {
+    if (!bound)
         return FileDescriptor{};
-    }
     if (chmod(path.c_str(), SocketMode) != 0 || listen(socket.Get(), WaitingClients) != 0) {
         unlink(path.c_str());
         return FileDescriptor{};
@@ -117,9 +112,8 @@ bool SendPacket(const FileDescriptor& socket, std::string_view packet) {
 std::optional<std::string> ReceivePacket(const FileDescriptor& socket) {
     std::array<char, LargestPacket + 1> buffer{};
     const ssize_t count = recv(socket.Get(), buffer.data(), buffer.size(), 0);
-    if (count <= 0 || static_cast<std::size_t>(count) > LargestPacket) {
+    if (count <= 0 || static_cast<std::size_t>(count) > LargestPacket)
         return std::nullopt;
-    }
     return std::string{buffer.data(), static_cast<std::size_t>(count)};
 }
 

@@ -27,9 +27,8 @@ constexpr int FractionDigits = 2;
 
 std::wstring Wide(const UnicodeString& text) {
     std::wstring result;
-    for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
+    for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1))
         result += static_cast<wchar_t>(text.char32At(i));
-    }
     return result;
 }
 
@@ -50,9 +49,8 @@ Locale Known(const std::string& name) {
     const std::string language = wanted.getLanguage();
     for (std::int32_t i = 0; i < uloc_countAvailable(); ++i) {
         const std::string_view known = uloc_getAvailable(i);
-        if (known.substr(0, known.find('_')) == language) {
+        if (known.substr(0, known.find('_')) == language)
             return wanted;
-        }
     }
     return Locale::getUS();
 }
@@ -83,28 +81,24 @@ std::vector<ShortDatePart> DateOrderOf(const Locale& locale) {
     const std::unique_ptr<icu::DateFormat> format{
         icu::DateFormat::createDateInstance(icu::DateFormat::kShort, gregorian)};
     UnicodeString pattern;
-    if (const auto* simple = dynamic_cast<const icu::SimpleDateFormat*>(format.get())) {
+    if (const auto* simple = dynamic_cast<const icu::SimpleDateFormat*>(format.get()))
         simple->toPattern(pattern);
-    }
-    if (auto parts = PartsOfPattern(Wide(pattern))) {
+    if (auto parts = PartsOfPattern(Wide(pattern)))
         return *parts;
-    }
     // A short date that spells the month: its numbers in the locale's order.
     status = U_ZERO_ERROR;
     const std::unique_ptr<icu::DateTimePatternGenerator> patterns{
         icu::DateTimePatternGenerator::createInstance(gregorian, status)};
-    if (U_SUCCESS(status)) {
+    if (U_SUCCESS(status))
         pattern = patterns->getBestPattern(UNICODE_STRING_SIMPLE("yMd"), status);
-    }
     return PartsOfPattern(Wide(pattern)).value_or(*PartsOfPattern(L"y-MM-dd"));
 }
 
 std::unique_ptr<Collator> CollatorOf(const Locale& locale, Collator::ECollationStrength strength) {
     UErrorCode status = U_ZERO_ERROR;
     std::unique_ptr<Collator> collator{Collator::createInstance(locale, status)};
-    if (U_FAILURE(status)) {
+    if (U_FAILURE(status))
         return nullptr;
-    }
     collator->setStrength(strength);
     return collator;
 }
@@ -119,9 +113,8 @@ std::optional<std::wstring> Formatted(const LocalizedNumberFormatter& formatter,
 /// A digit that is more than one character stays as it is.
 void SetDigit(const DecimalFormatSymbols& symbols, int digit, std::wstring* digits) {
     const std::wstring text = Wide(symbols.getConstDigitSymbol(digit));
-    if (text.size() == 1) {
+    if (text.size() == 1)
         (*digits)[static_cast<std::size_t>(digit)] = text.front();
-    }
 }
 
 } // namespace
@@ -143,13 +136,11 @@ LocaleData::LocaleData()
     UErrorCode status = U_ZERO_ERROR;
     const DecimalFormatSymbols ofNumbers{library_->numbers, status};
     const DecimalFormatSymbols ofDates{library_->dates, status};
-    if (U_FAILURE(status)) {
+    if (U_FAILURE(status))
         return;
-    }
     library_->decimalSeparator = Wide(ofNumbers.getConstSymbol(DecimalFormatSymbols::kDecimalSeparatorSymbol));
-    for (int digit = 0; digit < 10; ++digit) {
+    for (int digit = 0; digit < 10; ++digit)
         SetDigit(ofDates, digit, &library_->dateDigits);
-    }
 }
 
 LocaleData::~LocaleData() = default;
@@ -165,9 +156,8 @@ std::optional<std::wstring> LocaleData::CurrencyText(std::string_view number) co
 std::optional<int> LocaleData::Compare(std::wstring_view first, std::wstring_view second, bool ignoreCase) const {
     const Collator* collator = (ignoreCase ? library_->caseless : library_->exact).get();
     UErrorCode status = U_ZERO_ERROR;
-    if (collator == nullptr) {
+    if (collator == nullptr)
         return std::nullopt;
-    }
     const UCollationResult result = collator->compare(Narrow(first), Narrow(second), status);
     return U_SUCCESS(status) ? std::optional<int>{result} : std::nullopt;
 }
@@ -182,9 +172,8 @@ const std::vector<ShortDatePart>& LocaleData::DateOrder() const {
 
 void LocaleData::AppendDateDigits(unsigned number, std::size_t digits, std::wstring* text) const {
     const std::size_t start = text->size();
-    for (std::size_t count = 0; number != 0 || count < digits; number /= 10, ++count) {
+    for (std::size_t count = 0; number != 0 || count < digits; number /= 10, ++count)
         *text += library_->dateDigits[number % 10];
-    }
     std::reverse(text->begin() + static_cast<std::ptrdiff_t>(start), text->end());
 }
 

@@ -35,29 +35,24 @@ bool IsHeldIn(const std::string& folder, const std::string& name) {
 
 NamedMutex::Opened NamedMutex::Open(const std::wstring& name) {
     const auto& preset = TheEnvironment().presetMutexes;
-    if (std::find(preset.begin(), preset.end(), name) != preset.end()) {
+    if (std::find(preset.begin(), preset.end(), name) != preset.end())
         return {std::unique_ptr<NamedMutex>{new NamedMutex{FileDescriptor{}}}, true, ERROR_SUCCESS};
-    }
     const auto folders = RuntimeFolders();
-    if (folders.empty()) {
+    if (folders.empty())
         return {nullptr, false, ERROR_ACCESS_DENIED};
-    }
     const std::string& own = folders.front();
     FileDescriptor held;
-    if (const LONG error = HoldRuntimeFolder(own, held)) {
+    if (const LONG error = HoldRuntimeFolder(own, held))
         return Failed(own, error);
-    }
     const std::string file = "/mutex-" + ShortNameOf(ToUtf8(name));
     FileDescriptor lock{open((own + file).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, LockFileMode)};
-    if (!lock.IsOpen()) {
+    if (!lock.IsOpen())
         return Failed(own, ErrorOf(errno));
-    }
     // Everybody who has the mutex open shares its lock, so only the first can have it alone. The two steps belong
     // together: that is what the folder is held for.
     const bool first = flock(lock.Get(), LOCK_EX | LOCK_NB) == 0;
-    if (flock(lock.Get(), LOCK_SH | LOCK_NB) != 0) {
+    if (flock(lock.Get(), LOCK_SH | LOCK_NB) != 0)
         return Failed(own, ErrorOf(errno));
-    }
     const bool elsewhere = std::any_of(
         folders.begin() + 1, folders.end(), [&file](const std::string& folder) { return IsHeldIn(folder, file); });
     std::unique_ptr<NamedMutex> mutex{new NamedMutex{std::move(lock)}};

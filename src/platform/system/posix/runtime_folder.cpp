@@ -23,12 +23,10 @@ using Place = std::vector<std::string>;
 std::string FaultOf(const std::string& folder) {
     const FileDescriptor opened{open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)};
     struct stat found { };
-    if (!opened.IsOpen() || fstat(opened.Get(), &found) != 0) {
+    if (!opened.IsOpen() || fstat(opened.Get(), &found) != 0)
         return std::generic_category().message(errno);
-    }
-    if (found.st_uid != geteuid()) {
+    if (found.st_uid != geteuid())
         return "belongs to somebody else";
-    }
     const bool isPrivate = (found.st_mode & 0777U) == PrivateFolderMode || fchmod(opened.Get(), PrivateFolderMode) == 0;
     return isPrivate && access(folder.c_str(), W_OK) == 0 ? "" : std::generic_category().message(errno);
 }
@@ -38,9 +36,8 @@ std::string FaultOf(const Place& place, bool make) {
     for (const std::string& folder : place) {
         const bool isMissing = make && mkdir(folder.c_str(), PrivateFolderMode) != 0 && errno != EEXIST;
         const std::string fault = isMissing ? std::generic_category().message(errno) : FaultOf(folder);
-        if (!fault.empty()) {
+        if (!fault.empty())
             return std::string{folder}.append(": ").append(fault);
-        }
     }
     return {};
 }
@@ -59,9 +56,8 @@ std::vector<Place> Places() {
     const Environment& environment = TheEnvironment();
     std::vector<Place> places;
     const std::string name = PlaceName();
-    if (!environment.runtimeFolder.empty()) {
+    if (!environment.runtimeFolder.empty())
         places.push_back({environment.runtimeFolder + "/odoledger-" + name});
-    }
     const std::string users = environment.temporaryFolder + "/odoledger-" + std::to_string(geteuid());
     places.push_back({users, users + '/' + name});
     places.push_back({environment.storagePlace + "/locks"});
@@ -75,32 +71,27 @@ std::vector<std::string> RuntimeFolders() {
     std::string faults;
     for (const Place& place : Places()) {
         const bool isFirst = folders.empty();
-        if (isFirst && FolderOf(place.back()) == TheEnvironment().storagePlace) {
+        if (isFirst && FolderOf(place.back()) == TheEnvironment().storagePlace)
             MakeFolders(TheEnvironment().storagePlace);
-        }
         const std::string fault = FaultOf(place, isFirst);
-        if (fault.empty()) {
+        if (fault.empty())
             folders.push_back(place.back());
-        } else {
+        else
             faults += (faults.empty() ? "" : "; ") + fault;
-        }
     }
-    if (folders.empty()) {
+    if (folders.empty())
         NoteTrouble(Trouble::Locks, "there is no place for locks: " + faults);
-    }
     return folders;
 }
 
 std::string ShortNameOf(std::string_view text) {
     // FNV-1a, 64 bits.
     std::uint64_t hash = 0xCBF29CE484222325U;
-    for (const char character : text) {
+    for (const char character : text)
         hash = (hash ^ static_cast<unsigned char>(character)) * 0x100000001B3U;
-    }
     std::string name;
-    for (int shift = 60; shift >= 0; shift -= 4) {
+    for (int shift = 60; shift >= 0; shift -= 4)
         name += "0123456789abcdef"[(hash >> static_cast<unsigned>(shift)) & 0xFU];
-    }
     return name;
 }
 
