@@ -1,4 +1,5 @@
 #include "../system/device_fixture.h"
+#include "platform/metrics.h"
 #include "platform/system/ipc.h"
 #include "platform/windowing/open_menu.h"
 #include "platform/windowing/soft_key_bar.h"
@@ -142,6 +143,19 @@ TEST_F(WindowTest, StaleHandlesFail) {
         EXPECT_FALSE(SetWindowTextW(stale, L"x"));
     }
     EXPECT_NE(make(), child) << "a place is taken again under another handle";
+}
+
+TEST_F(WindowTest, BackAtTheFrameGoesBackAndResizeReachesIt) {
+    host.Then([this] {
+        host.Press(VK_TBACK);
+        host.Resize(1, 1);
+    });
+    host.Pump();
+    RECT client;
+    GetClientRect(frame, &client);
+    EXPECT_TRUE(client.right == 1 && client.bottom == 0);
+    EXPECT_EQ(host.goBacks, 1);
+    device::SetScreenSize({320, 480});
 }
 
 } // namespace
