@@ -15,7 +15,10 @@ protected:
     using Texts = std::vector<std::tuple<UINT, void (Record::*)(const wchar_t*), const wchar_t* (Record::*)() const>>;
     template <typename Record> using Numbers = std::vector<std::tuple<UINT, int, std::function<double(const Record&)>>>;
 
-    /// Each value of a record shows in its control and comes back from there; a form that is left alone changes
+    auto Stored(const CEntry& /*kind*/) { return LoadAll<CEntry>(&Filter); }
+    auto Stored(const CVehicle& /*kind*/) { return LoadAll<CVehicle>(); }
+
+    /// Each value of a record shows in its control and goes from there to the file; a form that is left alone changes
     /// nothing.
     template <typename Record>
     void Check(int (*edit)(Record*), Record& record, double (Record::*date)() const, const Texts<Record>& texts,
@@ -38,11 +41,15 @@ protected:
             Host.Type(L"2"); // the month
         };
         EXPECT_NE(Run(run, {change, Done()}), 0);
+        Reconnect();
+        const auto all = Stored(record);
+        const Record& stored = *all->Get(all->GetCount() - 1);
+        EXPECT_TRUE(stored.GetRefID() == record.GetRefID() && !stored.IsDirty());
         for (const auto& [id, set, get] : texts)
-            EXPECT_EQ((record.*get)(), L"U" + std::to_wstring(id));
+            EXPECT_EQ((stored.*get)(), L"U" + std::to_wstring(id));
         for (const auto& [id, number, get] : numbers)
-            EXPECT_EQ(get(record), number) << id;
-        EXPECT_EQ((record.*date)(), 39498.75) << "a time of day";
+            EXPECT_EQ(get(stored), number) << id;
+        EXPECT_EQ((stored.*date)(), 39498.75) << "a time of day";
     }
     void CheckEntry(CEntry& entry, const Texts<CEntry>& texts, const Numbers<CEntry>& numbers) {
         auto notes = texts;

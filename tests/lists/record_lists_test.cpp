@@ -88,21 +88,6 @@ TEST_F(RecordLists, VehiclesStandInTheOrderOfTheirTextsAndAnEditedOneMovesSelect
     EXPECT_EQ(list.GetRowCount(), 0);
 }
 
-TEST_F(RecordLists, AParentReflectsOnlyWhatConcernsAChild) {
-    CVehicleListView list;
-    Show(list, 0x5000C01D);
-    const HWND frame = Frame.GetHandle();
-    const auto self = reinterpret_cast<LPARAM>(frame);
-    const auto child = reinterpret_cast<LPARAM>(list.GetHandle());
-    for (const auto& [message, wParam, lParam, isReflected] :
-        {std::tuple{WM_DELETEITEM, 7U, LPARAM{0}, true}, {WM_COMPAREITEM, 8U, 0, false}, {WM_DRAWITEM, 7U, 0, false},
-            {WM_VSCROLL, 0U, child, true}, {WM_VSCROLL, 0U, self, false}, {WM_CTLCOLORLAST, 0U, child, true},
-            {WM_CTLCOLORLAST + 1, 0U, child, false}, {WM_SIZE, 0U, child, false}}) {
-        LRESULT result = 0;
-        EXPECT_EQ(ReflectNotification(frame, message, wParam, lParam, result), isReflected) << message;
-    }
-}
-
 TEST_F(RecordLists, FontsHaveTheHeightOfTheTextSize) {
     DWORD automatic = 0;
     SHGetUIMetrics(2, &automatic, sizeof automatic, nullptr);

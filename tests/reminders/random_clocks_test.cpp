@@ -130,6 +130,8 @@ TEST_F(RandomClocks, FilterPeriodsAreWholeDaysUpToToday) {
             ASSERT_EQ(
                 filter.EntryMatchesFilter(&entry) != 0, type == 0 || (date >= first && date < now.Today() + days{1}))
                 << Text(floor<days>(date), date - floor<days>(date));
+            entry.SetVehicleID(2);
+            ASSERT_FALSE(filter.EntryMatchesFilter(&entry));
         }
     }
 }

@@ -1,5 +1,4 @@
 #include "../records/test_device.h"
-#include "platform/metrics.h"
 #include "platform/registry.h"
 #include "platform/resources.h"
 #include "platform/system/console_registry.h"
@@ -28,18 +27,6 @@ protected:
         return std::any_of(values.begin(), values.end(), [&](const auto& each) { return each.name == name; });
     }
 };
-
-TEST_F(Settings, BeginWithTheirDefaults) {
-    CAppSettings settings;
-    settings.LoadSettings();
-    EXPECT_EQ(settings.RowColorOdd, RGB(0xCE, 0xEF, 0xA5));
-    EXPECT_EQ(settings.RowColorEven, GetSysColor(COLOR_WINDOW));
-    EXPECT_STREQ(settings.DBPath, L"");
-    EXPECT_FALSE(HasValue(L"DBPath"));
-    settings.SaveDBPath();
-    EXPECT_TRUE(HasValue(L"DBPath"));
-    EXPECT_FALSE(HasValue(L"TextSize"));
-}
 
 TEST_F(Settings, SurviveARestart) {
     const std::pair<int CAppSettings::*, int> values[] = {{&CAppSettings::TextSize, 0},

@@ -90,10 +90,9 @@ private:
         RequireSame("the integrity check", "ok", file.Run("PRAGMA integrity_check"));
         RequireSame("new keys", "0", file.Run("SELECT count(*) FROM entries, sequence WHERE ref >= next_ref"));
         const std::string told = file.Run(TellLog);
-        for (const Stage& stage : underWay_) {
+        for (const Stage& stage : underWay_)
             if (told == stage.Told())
                 stored_ = stage;
-        }
         RequireSame("the file", stored_.Told(), told);
     }
 
@@ -147,12 +146,11 @@ private:
             Add(batch, stages);
         Console->Send(batch);
         const auto answers = static_cast<std::size_t>(Strike(pace_ * stages.size()));
-        for (const Stage& stage : stages) {
+        for (const Stage& stage : stages)
             if (stage.answers > answers)
                 underWay_.push_back(stage);
             else
                 stored_ = stage;
-        }
         // Between all and nothing is where a kill tells most.
         if (underWay_.empty())
             pace_ -= pace_ / 4;

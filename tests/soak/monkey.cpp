@@ -133,10 +133,9 @@ private:
 
     /// As it was stored last, without its type.
     std::string Setting(const std::string& name) {
-        for (const std::string& line : Console->Ask("registry")) {
+        for (const std::string& line : Console->Ask("registry"))
             if (line.rfind(name + ' ', 0) == 0)
                 return line.substr(line.rfind(' ') + 1);
-        }
         return "nothing";
     }
 

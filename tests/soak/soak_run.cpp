@@ -54,10 +54,9 @@ View Round::Look() {
     for (const std::string& line : Console->Ask("controls")) {
         const auto starts = [&line](const char* with) { return line.rfind(with, 0) == 0; };
         const bool shown = line.find(" hidden ") == std::string::npos;
-        for (const auto& [with, text] : texts) {
+        for (const auto& [with, text] : texts)
             if (starts(with))
                 view.*text = QuotedPart(line);
-        }
         if (starts("item ") || starts("popup "))
             view.items.push_back(line);
         else if (line.find(" SysListView32 ") != std::string::npos)

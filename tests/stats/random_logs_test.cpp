@@ -1,5 +1,6 @@
 // The figures over random logs against a plain computation of their own, bit for bit.
 
+#include "../records/log_file.h"
 #include "../units/units_device.h"
 #include "records/entry_filter.h"
 #include "stats/quick_stats.h"
@@ -9,7 +10,6 @@
 #include <cfloat>
 #include <cmath>
 #include <random>
-#include <sqlite3.h>
 #include <tuple>
 
 namespace {
@@ -139,31 +139,20 @@ protected:
         return log;
     }
     static void Store(const std::vector<Log>& logs) {
-        sqlite3* connection = nullptr;
-        ASSERT_EQ(sqlite3_open(HostPath().c_str(), &connection), SQLITE_OK);
-        sqlite3_exec(connection, "PRAGMA synchronous = OFF; BEGIN", nullptr, nullptr, nullptr);
-        sqlite3_stmt* insert = nullptr;
-        sqlite3_prepare_v2(connection, "INSERT INTO entries VALUES (?1, ?1, ?2, ?3, ?4, ?5, ?6, ?7, 0, '', '', ?8)", -1,
-            &insert, nullptr);
+        std::string sql = "PRAGMA synchronous = OFF; BEGIN;";
         for (std::size_t vehicle = 0; vehicle < logs.size(); ++vehicle) {
             for (const Line& line : logs[vehicle]) {
-                const std::int64_t days = line.second / SecondsOfDay;
-                const auto day = static_cast<double>(days);
-                sqlite3_bind_int(insert, 1, line.id);
-                sqlite3_bind_int(insert, 2, static_cast<int>(vehicle + 1));
-                sqlite3_bind_double(insert, 3, day + static_cast<double>(line.second % SecondsOfDay) / SecondsOfDay);
-                sqlite3_bind_int(insert, 4, line.type);
-                sqlite3_bind_int(insert, 5, line.odometer);
-                sqlite3_bind_double(insert, 6, double{line.amount});
-                sqlite3_bind_double(insert, 7, double{line.volume});
-                sqlite3_bind_text(insert, 8, Vendors[line.vendor], -1, SQLITE_STATIC);
-                ASSERT_EQ(sqlite3_step(insert), SQLITE_DONE);
-                sqlite3_reset(insert);
+                char row[256];
+                std::snprintf(row, sizeof row,
+                    "INSERT INTO entries VALUES (%d, %d, %zu, %d + %d / 86400.0, %d, %d, %.17g, %.17g, 0, '', '', "
+                    "'%s');",
+                    line.id, line.id, vehicle + 1, static_cast<int>(line.second / SecondsOfDay),
+                    static_cast<int>(line.second % SecondsOfDay), line.type, line.odometer, double{line.amount},
+                    double{line.volume}, Vendors[line.vendor]);
+                sql += row;
             }
         }
-        sqlite3_finalize(insert);
-        sqlite3_exec(connection, "COMMIT", nullptr, nullptr, nullptr);
-        sqlite3_close(connection);
+        LogFile(HostPath()).Run(sql + "COMMIT");
     }
     /// The same choice in the program's filter.
     Selection Select(CEntryFilter* filter) {

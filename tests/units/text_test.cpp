@@ -1,10 +1,7 @@
-#include "records/entry_filter.h"
-#include "records/vehicle.h"
-#include "units/date_ranges.h"
 #include "units/date_text.h"
 #include "units/field_text.h"
 #include "units/number_text.h"
-#include "units/record_text.h"
+#include "units/units.h"
 #include "units_device.h"
 
 #include <bit>
@@ -108,6 +105,13 @@ TEST_F(Text, DatesAreShort) {
     EXPECT_EQ(DateText(1e9), L"");
     UseLocale("de_DE");
     EXPECT_EQ(DateText(39467), L"20.01.2008");
+}
+
+TEST_F(Text, UnitsThatThereAreNotHaveNoNames) {
+    for (const int unit : {-1, 4}) {
+        UseUnits(unit, unit, unit);
+        EXPECT_EQ(DistanceUnitName(false, false) + VolumeUnitName(true, true) + FuelEconomyUnitLabel(), L"");
+    }
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // Runs a walk: a transcript of odoledger-console, the lines a person would give and what must come back. A failure
 // tells both answers, the wanted one and the one that came.
 //
-//   $ COMMAND          given to the console; the lines below it are the answer, without its closing "."
+//   $ COMMAND; ...     given one by one; the lines below are the last one's answer, those before must have none
 //   ...                in an answer: any lines, also none
 //   % play WALK        first the whole of another walk of this folder, in which the runner must be started
 //   % env NAME=VALUE   the surroundings of the processes started from here on
@@ -74,18 +74,25 @@ public:
                 Direct(line.substr(2), number);
             if (line.rfind("$ ", 0) != 0)
                 continue;
-            if (!console_.IsRunning())
-                console_.Start(surroundings_);
             command_ = line;
             commandLine_ = number;
-            got_ = console_.Ask(line.substr(2));
+            Give(line.substr(2) + "; ");
         }
         Compare();
         return failures_;
     }
 
 private:
-    /// The command before is over.
+    void Give(const std::string& commands) {
+        if (!console_.IsRunning())
+            console_.Start(surroundings_);
+        for (std::size_t start = 0, end = 0; (end = commands.find("; ", start)) != std::string::npos; start = end + 2) {
+            Expect(got_.empty(), commandLine_, "answered too early: " + commands);
+            got_ = console_.Ask(commands.substr(start, end - start));
+        }
+    }
+
+    /// The line before is over.
     void Compare() {
         if (!Expect(Matches(wanted_, 0, got_, 0), commandLine_, command_)) {
             for (const std::string& line : wanted_)

@@ -1,7 +1,6 @@
 #include "../../platform/controls/control_test.h"
 #include "hosts/console/control_list.h"
 #include "hosts/console/screen_text.h"
-#include "hosts/console/text_form.h"
 #include "platform/utf8.h"
 
 namespace {
@@ -27,17 +26,6 @@ TEST_F(ToldTextTest, StaysOnItsLine) {
                     }
                 }
             }});
-}
-
-TEST(QuotedText, ComesBackFromItsEscapes) {
-    const std::pair<std::wstring, const char*> cases[] = {{L"", "\"\""}, {L"a\"b\\c", "\"a\\\"b\\\\c\""},
-        {L"one\r\ntwo\tthree\n", "\"one\\ntwo\\tthree\\n\""}, {L"x\ry\x01z\u2028", "\"x y z \""}};
-    for (const auto& [text, told] : cases) {
-        EXPECT_EQ(device::Quoted(text), told);
-        std::wstring back;
-        EXPECT_TRUE(device::Unquote(told, back));
-        EXPECT_EQ(device::Quoted(back), told);
-    }
 }
 
 } // namespace

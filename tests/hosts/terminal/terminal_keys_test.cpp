@@ -42,13 +42,4 @@ TEST(TerminalKeysTest, TextIsText) {
     EXPECT_EQ(Events({false, 3, 0}).at(0).kind, InputEvent::Kind::Close);
 }
 
-TEST(TerminalKeysTest, WhatIsPastedNeverActsAsAKey) {
-    for (const wchar_t character : {L'[', L'1', L'\n', L'q'}) {
-        EXPECT_TRUE(Events({false, character, 0, true}, false).empty());
-        const auto events = Events({false, character, 0, true}, true);
-        ASSERT_EQ(events.size(), 1U);
-        EXPECT_TRUE(events[0].kind == InputEvent::Kind::Text && events[0].character == character);
-    }
-}
-
 } // namespace

@@ -33,10 +33,9 @@ protected:
     /// The texts that stand on the screen for a control, from left to right as painted, joined.
     std::wstring Painted(HWND control) const {
         std::wstring joined;
-        for (const device::PaintedText& text : host.canvas.Texts()) {
+        for (const device::PaintedText& text : host.canvas.Texts())
             if (text.marks.control == control)
                 joined += (joined.empty() ? L"" : L"|") + text.text;
-        }
         return joined;
     }
 

@@ -17,19 +17,6 @@ protected:
     }
 };
 
-TEST_F(EditTest, EnteringSelectsAndTypingReplaces) {
-    Run({EditItem(10, 0, 0, L"old"), EditItem(11, 20, ES_NUMBER, L"5")},
-        {[&] { ExpectSelection(Item(10), 0, 3); }, Typing(L"n\u00e9"), Keys({VK_DOWN}),
-            [&] {
-                EXPECT_EQ(TextOf(10), L"n\u00e9");
-                ExpectSelection(Item(11), 0, 1);
-                const std::vector<std::pair<int, UINT>> expected{
-                    {10, EN_SETFOCUS}, {10, EN_CHANGE}, {10, EN_CHANGE}, {10, EN_KILLFOCUS}, {11, EN_SETFOCUS}};
-                EXPECT_EQ(notifications, expected);
-            },
-            Typing(L"x-4.2"), [&] { EXPECT_EQ(TextOf(11), L"42"); }});
-}
-
 TEST_F(EditTest, KeysMoveSelectAndDelete) {
     Run({EditItem(10, 0, 0, L"abcdef")},
         {Keys({VK_HOME, VK_DELETE, VK_RIGHT}), [&] { host.Press(VK_RIGHT, MOD_SHIFT); },

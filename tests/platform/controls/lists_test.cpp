@@ -4,9 +4,6 @@
 
 class ListBoxTest : public ControlTest {
 protected:
-    static DialogItemTemplate List(DWORD style = 0) {
-        return {L"ListBox", WS_CHILD | WS_VISIBLE | WS_TABSTOP | style, 2, 0, 90, 30, 10, L""};
-    }
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         return SendDlgItemMessageW(dialog, 10, message, wParam, lParam);
     }
@@ -30,20 +27,5 @@ TEST_F(ListBoxTest, SortedRowsAndTheSelectionThatFollowsThem) {
         for (const UINT message : {LB_GETTEXTLEN, LB_GETITEMDATA, LB_DELETESTRING, LB_SETITEMDATA, LB_SETCURSEL})
             EXPECT_EQ(Send(message, 2), LB_ERR);
     };
-    Run({List(LBS_SORT)}, {});
-}
-
-TEST_F(ListBoxTest, KeysSelectAndTellOnlyOfChanges) {
-    onInit = [this] {
-        for (const wchar_t* text : {L"one", L"two", L"three", L"four", L"five"})
-            Add(text);
-    };
-    Run({List(LBS_NOTIFY)},
-        {Keys({VK_DOWN}), [&] { EXPECT_EQ(Send(LB_GETCURSEL), 0) << "the first press"; },
-            Keys({VK_UP, VK_END, VK_DOWN}),
-            [&] {
-                EXPECT_EQ(Send(LB_GETCURSEL), 4);
-                EXPECT_EQ(notifications, std::vector(2, std::pair(10, UINT{LBN_SELCHANGE}))) << "only of changes";
-            },
-            Typing(L"Tt"), [&] { EXPECT_EQ(Send(LB_GETCURSEL), 2); }});
+    Run({{L"ListBox", WS_CHILD | WS_VISIBLE | WS_TABSTOP | LBS_SORT, 2, 0, 90, 30, 10, L""}}, {});
 }

@@ -1,7 +1,6 @@
 #include "cell_measurer.h"
 #include "platform/drawing/device_context.h"
 #include "platform/drawing/recording_canvas.h"
-#include "platform/metrics.h"
 
 #include <gtest/gtest.h>
 

@@ -65,15 +65,4 @@ TEST_F(RecordingCanvasTest, ClipsNestAndTextsOutsideAreNotKept) {
     EXPECT_EQ(Shown(), L"inside abc ");
 }
 
-TEST_F(RecordingCanvasTest, TheSameTextPaintedTwiceStandsOnceWithItsLastMarks) {
-    PaintMarks marks;
-    for (const bool selected : {false, true}) {
-        marks.selected = selected;
-        canvas.SetMarks(marks);
-        Draw(0, 0, L"row");
-    }
-    ASSERT_EQ(canvas.Texts().size(), 1U);
-    EXPECT_TRUE(canvas.Texts()[0].marks.selected);
-}
-
 } // namespace

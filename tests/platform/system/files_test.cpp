@@ -1,7 +1,5 @@
 #include "device_fixture.h"
 #include "platform/files.h"
-#include "platform/process.h"
-#include "platform/registry.h"
 #include "platform/system/device_paths.h"
 #include "platform/system/fresh_file.h"
 

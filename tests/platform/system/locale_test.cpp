@@ -16,9 +16,8 @@ protected:
     template <typename Call> static std::string Twice(Call call) {
         const int size = call(nullptr, 0);
         std::wstring buffer(static_cast<std::size_t>(size) + 1, L'#');
-        if (size == 0 || call(buffer.data(), size - 1) != 0 || call(buffer.data(), size) != size) {
+        if (size == 0 || call(buffer.data(), size - 1) != 0 || call(buffer.data(), size) != size)
             return "-";
-        }
         EXPECT_EQ(buffer[static_cast<std::size_t>(size)], L'#');
         return device::ToUtf8(buffer.c_str());
     }

@@ -5,9 +5,7 @@
 #include "platform/system/ipc.h"
 #include "platform/system/posix/local_socket.h"
 #include "platform/system/posix/runtime_folder.h"
-#include "platform/system/troubles.h"
 
-#include <algorithm>
 #include <csignal>
 #include <semaphore>
 #include <sys/stat.h>
@@ -165,18 +163,6 @@ TEST_F(ProcessesTest, AFolderOrALockOfAnotherSortIsNotUsed) {
     std::filesystem::create_directory_symlink(folder_ / "elsewhere", users);
     EXPECT_EQ(Folder(), last);
     EXPECT_EQ(CountFiles(folder_ / "elsewhere"), 0U);
-    // Nowhere.
-    std::filesystem::remove_all(last);
-    Write(last, "x");
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(Folder(), "");
-    EXPECT_EQ(Publish(), nullptr);
-    EXPECT_NE(Create(L"Odoledger", handle), 0U);
-    device::TellTroubles();
-    const std::string told = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
-    for (const auto& each : {folder_ / "missing", users, last})
-        EXPECT_NE(told.find(each.string()), std::string::npos) << told;
 }
 
 // One that was started without a session, and one within.
@@ -193,17 +179,6 @@ TEST_F(ProcessesTest, AProcessThatCouldNotUseTheFirstPlaceIsFoundAllTheSame) {
     EndOther();
     EXPECT_TRUE(IsFree(L"Odoledger"));
     EXPECT_FALSE(device::WindowExists(L"Odoledger"));
-}
-
-TEST_F(ProcessesTest, ADeadProcessWindowGivesWayAndALivingOnesDoesNot) {
-    StartOther([] { Publish().release(); });
-    EXPECT_TRUE(device::BringToFront(L"Odoledger"));
-    EXPECT_EQ(Publish(), nullptr);
-    EndOther();
-    EXPECT_FALSE(device::WindowExists(L"Odoledger"));
-    EXPECT_EQ(CountFiles(Folder()), 1U);
-    EXPECT_NE(Publish(), nullptr);
-    EXPECT_EQ(CountFiles(Folder()), 0U);
 }
 
 TEST_F(ProcessesTest, LongRuntimePathsAndStoppedProcessesAreNoHindrance) {

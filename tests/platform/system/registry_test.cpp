@@ -1,10 +1,8 @@
 #include "device_fixture.h"
 #include "platform/registry.h"
 #include "platform/system/console_registry.h"
-#include "platform/system/troubles.h"
 #include "platform/utf8.h"
 
-#include <algorithm>
 #include <chrono>
 #include <cstring>
 #include <fcntl.h>
@@ -135,17 +133,6 @@ TEST_F(RegistryTest, AWriteThatFailsIsToldAndChangesNothing) {
     EXPECT_NE(error, ERROR_SUCCESS);
     EXPECT_EQ(All(), "Kept 4 1\n");
     EXPECT_EQ(CountFiles(Storage()), 2U);
-    device::ReplaceEnvironment(variables_);
-    testing::internal::CaptureStderr();
-    std::filesystem::remove(File());
-    std::filesystem::create_directory(File());
-    const HKEY again = Create();
-    ASSERT_EQ(Put(again, L"Lost", RegistryValue::OfNumber(2)), ERROR_SUCCESS);
-    EXPECT_NE(RegCloseKey(again), ERROR_SUCCESS);
-    device::TellTroubles();
-    const std::string told = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(told.find("odoledger: the settings could not be written to " + File().string() + ": "), 0U) << told;
-    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
 }
 
 // Whatever it is that keeps the file from being written, the program goes on with the values, and they are written with
@@ -170,7 +157,7 @@ TEST_F(RegistryTest, WhatCannotBeWrittenWaitsForTheNextWriteThatCan) {
         key = Create();
         ASSERT_EQ(Put(key, L"Waits", RegistryValue::OfNumber(++count)), ERROR_SUCCESS);
         EXPECT_NE(RegCloseKey(key), ERROR_SUCCESS);
-        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds{1900});
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds{5});
         key = Create();
         DWORD number = 0;
         DWORD size = sizeof number;
@@ -193,9 +180,8 @@ TEST_F(RegistryTest, TwoProcessesLoseNothingOfEachOther) {
         const std::wstring name = (child == 0 ? L"child" : L"parent") + std::to_wstring(i);
         device::SetRegistryValue(Key, name, RegistryValue::OfNumber(1));
     }
-    if (child == 0) {
+    if (child == 0)
         _exit(0);
-    }
     waitpid(child, nullptr, 0);
     EXPECT_EQ(device::ListRegistryValues(Key).size(), 2U * Count);
 }

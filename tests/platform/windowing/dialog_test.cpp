@@ -21,19 +21,6 @@ protected:
     static int Focused() { return GetDlgCtrlID(GetFocus()); }
 };
 
-TEST_F(DialogTest, UpAndDownWalkInTemplateOrderAndWrap) {
-    std::vector<int> visited;
-    onCommand = [&](int id, UINT code, LPARAM) {
-        if (code == EN_SETFOCUS)
-            visited.push_back(id);
-    };
-    auto items = Fields(4);
-    items[3].style |= WS_DISABLED;
-    items[5].style &= ~WS_VISIBLE;
-    Run(items, {Keys({VK_DOWN, VK_DOWN, VK_UP})});
-    EXPECT_EQ(visited, (std::vector{100, 103, 100, 103}));
-}
-
 TEST_F(DialogTest, TheControlEnteredShowsWithItsLabel) {
     device::SetScreenSize({176, 160});
     const Step shows = [&] {
@@ -64,25 +51,6 @@ TEST_F(DialogTest, WhoeverSetsTheFocusWhileItIsLostWins) {
              host.steps.clear();
              PostMessageW(dialog, WM_NULL, 0, 0);
          }});
-}
-
-TEST_F(DialogTest, ANestedDialogDisablesItsOwnerAndGivesTheFocusBack) {
-    HWND outer = nullptr;
-    host.Then(Keys({VK_DOWN})).Then([&] {
-        outer = dialog;
-        host.Then([&] {
-            EXPECT_FALSE(IsWindowEnabled(outer));
-            SetFocus(GetDlgItem(outer, 101));
-            EXPECT_EQ(GetParent(GetFocus()), dialog) << "it waits for its window";
-            Close(dialog, 5);
-        });
-        EXPECT_EQ(RunForm(Fields(1)), 5);
-        EXPECT_EQ(GetActiveWindow(), outer);
-        EXPECT_TRUE(IsWindowEnabled(outer));
-        EXPECT_EQ(Focused(), 101);
-        Close(outer, 6);
-    });
-    EXPECT_EQ(RunForm(Fields(2)), 6);
 }
 
 TEST_F(DialogTest, AKeyThatClosesAMessageBoxReachesNobodyElse) {
