@@ -215,6 +215,7 @@ TEST_F(ProcessesTest, WithoutDescriptorsThereIsNoWindowAndNoThreadWithoutAnEnd) 
     setrlimit(RLIMIT_NOFILE, &before);
     EXPECT_TRUE(published > 0 && published < 12) << published;
     EXPECT_NE(Publish(), nullptr);
+    EXPECT_EQ(CountFiles(Folder()), 0U);
 }
 
 } // namespace
