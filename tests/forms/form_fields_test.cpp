@@ -49,7 +49,7 @@ protected:
             EXPECT_EQ((stored.*get)(), L"U" + std::to_wstring(id));
         for (const auto& [id, number, get] : numbers)
             EXPECT_EQ(get(stored), number) << id;
-        EXPECT_EQ((stored.*date)(), 39498.75) << "a time of day";
+        EXPECT_EQ((stored.*date)(), -313.75) << "a time of day, before days were counted";
     }
     void CheckEntry(CEntry& entry, const Texts<CEntry>& texts, const Numbers<CEntry>& numbers) {
         auto notes = texts;
@@ -60,7 +60,7 @@ protected:
 
 TEST_F(FormFields, OfARepairAndAnExpense) {
     for (const auto type : {CEntry::EntryTypeRepair, CEntry::EntryTypeExpense}) {
-        const auto entry = Store(39467.75, type, L"", 2147483647, -12.5F);
+        const auto entry = Store(-344.75, type, L"", 2147483647, -12.5F);
         CheckEntry(*entry,
             {{FirstText, &CEntry::SetName, &CEntry::GetName}, {Vendor, &CEntry::SetVendor, &CEntry::GetVendor}},
             {{Odometer, 6, &CEntry::GetOdometer}, {Money, 7, &CEntry::GetAmount}});
@@ -68,7 +68,7 @@ TEST_F(FormFields, OfARepairAndAnExpense) {
 }
 
 TEST_F(FormFields, OfAFill) {
-    const auto entry = Store(39467.75, CEntry::EntryTypeFuel, L"", -12, 36.5F);
+    const auto entry = Store(-344.75, CEntry::EntryTypeFuel, L"", -12, 36.5F);
     entry->SetCustom1(0.1F);
     entry->SetCustom2(3.459F);
     CheckEntry(*entry, {{FirstText, &CEntry::SetVendor, &CEntry::GetVendor}},
@@ -77,7 +77,7 @@ TEST_F(FormFields, OfAFill) {
 }
 
 TEST_F(FormFields, OfATrip) {
-    const auto entry = Store(39467.75, CEntry::EntryTypeTrip, L"", 5100, 36.5F);
+    const auto entry = Store(-344.75, CEntry::EntryTypeTrip, L"", 5100, 36.5F);
     entry->SetCustom1(5000);
     entry->SetCustom2(5100);
     CheckEntry(*entry,
@@ -90,7 +90,7 @@ TEST_F(FormFields, OfAVehicle) {
     CVehicle vehicle;
     vehicle.SetYear(1999);
     vehicle.SetCurrentOdometer(-5);
-    vehicle.SetInsuranceExpirationDate(39467.75);
+    vehicle.SetInsuranceExpirationDate(-344.75);
     Check(&EditVehicle, vehicle, &CVehicle::GetInsuranceExpirationDate,
         {{FirstText, &CVehicle::SetName, &CVehicle::GetName}, {VIN, &CVehicle::SetVIN, &CVehicle::GetVIN},
             {LicensePlate, &CVehicle::SetLicensePlate, &CVehicle::GetLicensePlate},

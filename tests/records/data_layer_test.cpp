@@ -70,17 +70,6 @@ TEST_F(DataLayer, NeverGivesARefIdTwice) {
     }
 }
 
-TEST_F(DataLayer, DeliversEntriesOldestFirst) {
-    const LONG late = AddEntry(7, 40000.75, 1);
-    const LONG secondOfDay = AddEntry(7, 40000, 500);
-    const LONG twin = AddEntry(7, 40000, 500);
-    const LONG firstOfDay = AddEntry(7, 40000, -3);
-    const LONG evening = AddEntry(7, -1.75, 9); // the evening of a day before the count begins
-    const LONG morning = AddEntry(7, -1.25, 9);
-    AddEntry(8, 40000, 500);
-    EXPECT_EQ(EntryIds(7), (std::vector<LONG>{morning, evening, firstOfDay, secondOfDay, twin, late}));
-}
-
 TEST_F(DataLayer, ReplacesTheRecordWithTheId) {
     CKeyword keyword;
     keyword.SetType(CKeyword::KeywordRepair);
