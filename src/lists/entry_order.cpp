@@ -1,6 +1,7 @@
 #include "lists/entry_order.h"
 
 #include "platform/locale.h"
+#include "platform/utf8.h"
 #include "records/entry.h"
 #include "settings/app_settings.h"
 #include "units/record_text.h"
@@ -11,10 +12,11 @@
 
 namespace {
 
-std::wstring Description(const CEntry& entry) {
+/// UTF-8 keeps the order of its characters, and takes a quarter of the memory to go through.
+std::string Description(const CEntry& entry) {
     std::wstring text = EntrySummaryText(&entry);
     CharLowerW(text.data());
-    return text;
+    return device::ToUtf8(text);
 }
 
 /// Each entry's key is made once: a description takes a hundred times as long to make as to compare.

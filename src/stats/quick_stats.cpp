@@ -15,6 +15,10 @@ LONG WrappedDifference(LONG end, LONG start) {
     return static_cast<LONG>(static_cast<ULONG>(end) - static_cast<ULONG>(start));
 }
 
+float VolumeOf(const CEntry& fill) {
+    return fill.GetCustom1();
+}
+
 LONG StartReading(const CEntry& entry) {
     return entry.GetType() == CEntry::EntryTypeTrip ? WholeNumber(entry.GetCustom1()) : entry.GetOdometer();
 }
@@ -60,7 +64,7 @@ int CQuickStats::Calculate(CEntryFilter* filter) {
 
 void CQuickStats::CalculateRecentEconomy(const CObjectListT<CEntry>& fills) {
     const CEntry& newest = *fills.Get(0);
-    if (!(newest.GetCustom1() > 0))
+    if (!(VolumeOf(newest) > 0))
         return;
     LONG lastDistance = 0;
     if (fills.GetCount() >= 2) {
@@ -69,7 +73,7 @@ void CQuickStats::CalculateRecentEconomy(const CObjectListT<CEntry>& fills) {
         const wchar_t* vendor = before.GetVendor();
         recentVendor_ = vendor ? vendor : L"";
     }
-    recentEconomy_ = FuelEconomy(lastDistance, newest.GetCustom1());
+    recentEconomy_ = FuelEconomy(lastDistance, VolumeOf(newest));
 }
 
 void CQuickStats::CalculateFuel(const CObjectListT<CEntry>& fills) {
@@ -78,13 +82,13 @@ void CQuickStats::CalculateFuel(const CObjectListT<CEntry>& fills) {
         CalculateRecentEconomy(fills);
         for (int i = 0; i < fills.GetCount(); ++i) {
             const CEntry& fill = *fills.Get(i);
-            fuelConsumed_ = fuelConsumed_ + fill.GetCustom1();
-            fuelPurchased_ = fuelPurchased_ + fill.GetCustom1();
+            fuelConsumed_ = fuelConsumed_ + VolumeOf(fill);
+            fuelPurchased_ = fuelPurchased_ + VolumeOf(fill);
             fuelExpense_ = fill.GetAmount() + fuelExpense_;
         }
         // Taken off the finished sum: leaving the oldest fill out of the loop would round differently.
         const CEntry& oldest = *fills.Get(fills.GetCount() - 1);
-        fuelConsumed_ = fuelConsumed_ - oldest.GetCustom1();
+        fuelConsumed_ = fuelConsumed_ - VolumeOf(oldest);
         fillDistance = WrappedDifference(fills.Get(0)->GetOdometer(), oldest.GetOdometer());
     }
     averageEconomy_ = FuelEconomy(fillDistance, fuelConsumed_);
