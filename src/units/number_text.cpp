@@ -3,24 +3,22 @@
 #include "platform/locale.h"
 
 #include <algorithm>
-#include <iomanip>
+#include <cwchar>
 #include <iterator>
 #include <limits>
-#include <locale>
-#include <sstream>
 
 namespace {
 
 using LocaleFormatter = int (*)(LCID, DWORD, const wchar_t*, const void*, wchar_t*, int);
 
-/// A number in plain characters, always with a point, whatever locale the process itself runs in.
+/// A number in plain characters, always with a point.
 std::wstring PlainText(float value, bool fraction) {
     if (!fraction)
         return std::to_wstring(WholeNumber(value));
-    std::wostringstream text;
-    text.imbue(std::locale::classic());
-    text << std::fixed << std::setprecision(2) << value;
-    return text.str();
+    wchar_t text[64]; // the greatest float has 39 digits
+    const int length = std::swprintf(text, std::size(text), L"%.2f", double{value});
+    text[length - 3] = L'.'; // the process may run in a locale of its own
+    return text;
 }
 
 std::wstring Format(LocaleFormatter formatter, const wchar_t* source) {
