@@ -17,8 +17,12 @@ namespace fs = std::filesystem;
 
 constexpr int NotPossible = 77;
 
+bool Succeeds(const std::string& command) {
+    return std::system((command + " >/dev/null 2>&1").c_str()) == 0;
+}
+
 void Shell(const std::string& command) {
-    Require(std::system((command + " >/dev/null 2>&1").c_str()) == 0, command);
+    Require(Succeeds(command), command);
 }
 
 /// A file system in a file.
@@ -30,8 +34,9 @@ public:
     Image(const Image&) = delete;
     Image& operator=(const Image&) = delete;
     ~Image() {
-        if (isMounted_)
-            Shell("umount '" + place_.string() + "'");
+        // While a failure is on its way nothing more may be thrown.
+        if (isMounted_ && !Succeeds("umount '" + place_.string() + "'"))
+            std::cout << place_.string() << " is still mounted\n";
     }
     void Mount() {
         fs::create_directories(place_);
