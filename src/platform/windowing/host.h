@@ -15,13 +15,17 @@ struct InputEvent {
         KeyUp,
         Text, ///< a character alone, without a key
         Resize, ///< width and height of the screen in device pixels, in x and y
-        MouseDown,
-        MouseUp,
+        MouseDown, ///< button
+        MouseMove,
+        MouseUp, ///< button
         DoubleClick,
         Wheel, ///< delta: lines, up above 0
+        Paste, ///< text: what was pasted, line ends as L'\n'
         Close, ///< the window's close button, a request to end
         Repaint ///< what was presented is lost
     };
+
+    enum class Button { Left, Middle, Right };
 
     Kind kind = Kind::None;
     WORD key = 0;
@@ -31,7 +35,15 @@ struct InputEvent {
     int x = 0; ///< device pixels
     int y = 0;
     int delta = 0;
+    Button button = Button::Left;
+    std::wstring text{};
 };
+
+/// What a click would do where the pointer is.
+enum class PointerShape { Arrow, Hand, Text };
+
+/// Where a desktop keeps texts that were copied: its clipboard, and what was selected last.
+enum class Clipboard { Copied, Selected };
 
 /// What the device stands on: a window, a terminal, a script.
 class Host {
@@ -56,6 +68,10 @@ public:
     virtual void WaitCursor(bool /*shown*/) { }
     /// A message box came up: no sound of MessageBeep's.
     virtual void Attention() { }
+    virtual void ShowPointer(PointerShape /*shape*/) { }
+    virtual void StoreText(Clipboard /*where*/, const std::wstring& /*text*/) { }
+    /// Empty where there is none.
+    virtual std::wstring StoredText(Clipboard /*where*/) { return {}; }
 };
 
 } // namespace device

@@ -59,6 +59,8 @@ void Desktop::Route(const InputEvent& event) {
     case InputEvent::Kind::Repaint:
         InvalidateAll();
         return;
+    case InputEvent::Kind::MouseMove:
+    case InputEvent::Kind::Paste:
     case InputEvent::Kind::None:
         return;
     }
