@@ -35,3 +35,6 @@ void SetLastError(DWORD error);
 /// For the data layer alone: where a device path lies on the host, in UTF-8. Nothing for a path that leaves the
 /// mapped folders.
 std::optional<std::string> HostPathOf(const std::wstring& devicePath);
+/// Likewise: the file at this host path is in use. The documents folder stays where that is for as long as the file is
+/// there, wherever the desktop puts its documents from now on.
+void KeepDocumentsFolderOf(const std::string& hostPath);

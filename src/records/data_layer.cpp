@@ -92,8 +92,10 @@ CDataLayer::ConnectStatus CDataLayer::Connect(const wchar_t* path) try {
         return ConnectReadOnly;
     auto opened = CDataFile::Status::Failed;
     file_ = CDataFile::Open(*hostPath, &opened);
-    if (file_)
+    if (file_) {
         file_->Codec().Use(factory_.get());
+        KeepDocumentsFolderOf(*hostPath);
+    }
     if (opened == CDataFile::Status::Failed)
         return ConnectFailed;
     return file_ ? ConnectOK : ConnectInvalid;

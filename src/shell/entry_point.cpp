@@ -7,6 +7,7 @@
 #include "platform/registry.h"
 #include "platform/resources.h"
 #include "platform/system_libraries.h"
+#include "records/copy_of_the_day.h"
 #include "resources/ids.h"
 #include "resources/load_text.h"
 #include "settings/app_settings.h"
@@ -46,6 +47,7 @@ int Run(int showCommand) {
         return 0;
     }
     ShowUnitSetupMessage(theMainFrame.GetHandle());
+    const CCopyOfTheDay copyOfTheDay(theSettings.DBPath);
     const int result = theMessageLoop.Run();
     theDataLayer.Disconnect();
     DeleteAppFonts();

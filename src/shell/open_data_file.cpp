@@ -1,6 +1,7 @@
 #include "shell/open_data_file.h"
 
 #include "platform/files.h"
+#include "platform/notice.h"
 #include "records/data_layer.h"
 #include "resources/ids.h"
 #include "resources/load_text.h"
@@ -40,8 +41,10 @@ void MoveAside(const std::wstring& path) {
     for (const wchar_t* suffix : JournalSuffixes)
         if (IsNameTaken((path + suffix).c_str()) && !MoveFileW((path + suffix).c_str(), (aside + suffix).c_str()))
             return;
-    if (Exists(path))
-        MoveFileW(path.c_str(), aside.c_str());
+    if (Exists(path) && MoveFileW(path.c_str(), aside.c_str()))
+        TellOfFile(aside.c_str(),
+            L"this file could not be read and was put aside; a new log took its place. The manual says how to put a "
+            L"copy back");
 }
 
 std::wstring TemplatePath() {
@@ -73,12 +76,17 @@ bool OpenDataFile(const std::wstring& path, const std::function<void(UINT text)>
             DeleteFileW(path.c_str());
         if (const UINT message = MessageOf(status))
             tell(message);
+        if (status == CDataLayer::ConnectReadOnly)
+            TellOfFile(path.c_str(), L"the log may only be read; allow yourself to write to it, then start again");
         // Only where a fresh file can take its place: without a template the user's file stays as it is.
         const bool givesWay = status == CDataLayer::ConnectInvalid || status == CDataLayer::ConnectNotFound;
         if (givesWay && !isSpoilt && Exists(templatePath))
             MoveAside(path);
         isCopy = !isSpoilt && CopyFileW(templatePath.c_str(), path.c_str(), TRUE);
         if (!isCopy) {
+            TellOfFile(path.c_str(),
+                L"the log is not to be had here; see that its folder is there and that you may write to it",
+                GetLastError());
             ++failures;
             tell(strings::CannotCreateDataFile);
         }

@@ -173,13 +173,14 @@ private:
         RequireSame("the files once it was opened", TellFiles(Storage), TellFiles(place));
     }
 
-    /// Names and contents, but for what SQLite keeps.
+    /// Names and contents, but for what SQLite keeps and the copy of the day, which comes a moment after the start.
     static std::string TellFiles(const fs::path& place) {
         std::map<std::string, std::string> files;
         for (const auto& entry : fs::recursive_directory_iterator(place)) {
             const std::string name = fs::relative(entry.path(), place);
             const bool isLog = entry.path().filename() == "My Vehicles.dat";
-            if (!entry.is_regular_file() || entry.path().filename() == "My Vehicles.dat-journal")
+            const bool isBeside = name.rfind("copies/", 0) == 0 || entry.path().filename() == "My Vehicles.dat-journal";
+            if (!entry.is_regular_file() || isBeside)
                 continue;
             std::ifstream file(entry.path(), std::ios::binary);
             files[name] = isLog ? "" : std::string(std::istreambuf_iterator<char>(file), {});

@@ -62,11 +62,7 @@ std::optional<RememberedSize> RememberedSize::Load(const std::string& file) {
 }
 
 bool RememberedSize::Store(const std::string& file) const {
-    if (MakeFolders(FolderOf(file)) != ERROR_SUCCESS)
-        return false;
-    FreshFile fresh(file, FreshFile::Kind::Replacement);
-    return fresh.Error() == ERROR_SUCCESS && WriteAll(fresh.File(), ToText()) == ERROR_SUCCESS
-        && fresh.TakeName() == ERROR_SUCCESS;
+    return ReplaceFile(file, ToText()) == ERROR_SUCCESS;
 }
 
 double LargerZoom(double zoom) {

@@ -2,6 +2,7 @@
 
 #include "hosts/window/display.h"
 #include "hosts/window/native_window.h"
+#include "hosts/window/notification.h"
 #include "platform/drawing/rectangles.h"
 #include "platform/system/environment.h"
 #include "platform/utf8.h"
@@ -306,6 +307,10 @@ void WindowHost::BringToFront() {
     if ((SDL_GetWindowFlags(window_->handle) & SDL_WINDOW_MINIMIZED) != 0)
         SDL_RestoreWindow(window_->handle);
     SDL_RaiseWindow(window_->handle);
+}
+
+void WindowHost::Notify(const std::string& line) {
+    SendNotification(line);
 }
 
 void WindowHost::GoBack() {

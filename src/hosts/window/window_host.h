@@ -33,6 +33,7 @@ public:
 
     void TitleChanged(const std::wstring& title) override;
     void BringToFront() override;
+    void Notify(const std::string& line) override;
     void GoBack() override;
     void WaitCursor(bool shown) override;
 

@@ -1,8 +1,10 @@
 #include "platform/system/device_paths.h"
 
 #include "platform/files.h"
+#include "platform/registry.h"
 #include "platform/system/environment.h"
-#include "platform/system/host_file.h"
+#include "platform/system/fresh_file.h"
+#include "platform/system/troubles.h"
 #include "platform/utf8.h"
 
 #include <algorithm>
@@ -11,6 +13,8 @@
 
 namespace device {
 namespace {
+
+constexpr std::size_t LongestPath = 65536;
 
 using Components = std::vector<std::wstring>;
 
@@ -92,6 +96,22 @@ std::vector<DocumentFile> ListDocuments() {
 }
 
 } // namespace device
+
+void KeepDocumentsFolderOf(const std::string& hostPath) {
+    using namespace device;
+    const std::string& note = TheEnvironment().documentsNote;
+    FileDescriptor file;
+    std::string before;
+    if (!note.empty() && OpenToRead(note, file) == ERROR_SUCCESS)
+        ReadWhole(file, LongestPath, before);
+    if (note.empty() || before == hostPath || FolderOf(hostPath) != TheEnvironment().documentsFolder)
+        return;
+    std::error_code error;
+    if (!before.empty() && !std::filesystem::exists(before, error))
+        NoteTrouble(Trouble::Documents, before + " is gone; the log is " + hostPath + " from now on");
+    if (const LONG failure = ReplaceFile(note, hostPath))
+        NoteTrouble(Trouble::Documents, "where the log is could not be noted in " + note + ": " + ReasonOf(failure));
+}
 
 std::optional<std::string> HostPathOf(const std::wstring& devicePath) {
     const auto path = device::Split(devicePath);

@@ -27,7 +27,7 @@ constexpr std::size_t LargestList = 65536;
 
 constexpr const char* VariableNames[] = {"HANDSET_STORAGE", "HANDSET_SCREEN", "HANDSET_DPI", "HANDSET_ZOOM",
     "HANDSET_LOCALE", "HANDSET_CLOCK", "HANDSET_SYNC", "TZ", "LC_ALL", "LC_MONETARY", "LC_TIME", "LANG", "HOME",
-    "TMPDIR", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"};
+    "TMPDIR", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR", "XDG_STATE_HOME"};
 
 std::optional<int> ReadNumber(std::string_view text, int least, int most) {
     int number = 0;
@@ -56,6 +56,15 @@ std::optional<SIZE> ReadSize(const std::string& text) {
     if (!width || !height)
         return std::nullopt;
     return SIZE{*width, *height};
+}
+
+/// Empty where it cannot be read.
+std::string ReadFile(const std::string& path) {
+    FileDescriptor file;
+    std::string text;
+    if (OpenToRead(path, file) != ERROR_SUCCESS || ReadWhole(file, LargestList, text) != ERROR_SUCCESS)
+        text.clear();
+    return text;
 }
 
 bool IsAbsolute(const std::string& path) {
@@ -128,6 +137,7 @@ void Parser::ParsePlaces() {
             environment.storagePlace = place;
             environment.registryFile = place / "registry";
             environment.documentsFolder = place / "My Documents";
+            environment.copiesFolder = place / "copies";
             return;
         }
         Refuse("HANDSET_STORAGE", "a directory");
@@ -135,7 +145,11 @@ void Parser::ParsePlaces() {
     const std::string configuration = AbsoluteOr("XDG_CONFIG_HOME", Home() + "/.config");
     environment.storagePlace = configuration + "/odoledger";
     environment.registryFile = environment.storagePlace + "/registry";
-    environment.documentsFolder = DesktopDocuments(configuration);
+    environment.documentsNote = environment.registryFile + ".documents";
+    const std::string kept = ReadFile(environment.documentsNote);
+    const bool isThere = IsAbsolute(kept) && std::filesystem::is_regular_file(kept, error);
+    environment.documentsFolder = isThere ? FolderOf(kept) : DesktopDocuments(configuration);
+    environment.copiesFolder = AbsoluteOr("XDG_STATE_HOME", Home() + "/.local/state") + "/odoledger/copies";
 }
 
 /// What the desktop's own list of the user's folders says, which names them in the user's language.
@@ -143,11 +157,7 @@ std::string Parser::DesktopDocuments(const std::string& configuration) const {
     static const std::string Begin = "XDG_DOCUMENTS_DIR=\"";
     static const std::string HomeVariable = "$HOME";
     std::string folder = Home() + "/Documents";
-    FileDescriptor file;
-    std::string text;
-    if (OpenToRead(configuration + "/user-dirs.dirs", file) == ERROR_SUCCESS)
-        ReadWhole(file, LargestList, text);
-    std::istringstream list{text};
+    std::istringstream list{ReadFile(configuration + "/user-dirs.dirs")};
     for (std::string line; std::getline(list, line);) {
         const std::size_t end = line.rfind('"');
         if (line.rfind(Begin, 0) != 0 || end < Begin.size())

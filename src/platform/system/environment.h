@@ -14,6 +14,8 @@ namespace device {
 struct Environment {
     std::string registryFile;
     std::string documentsFolder; ///< what `\My Documents` is
+    std::string documentsNote; ///< the file that names the document which keeps its folder; empty where that is given
+    std::string copiesFolder; ///< of the daily copies
     std::string storagePlace; ///< devices with the same place are one device
     std::string runtimeFolder; ///< the session's own folder for sockets, empty if there is none
     std::string temporaryFolder;

@@ -113,10 +113,21 @@ LONG FreshFile::TakeName() {
     return error;
 }
 
+LONG ReplaceFile(const std::string& path, std::string_view contents) {
+    if (const LONG error = MakeFolders(FolderOf(path)))
+        return error;
+    FreshFile fresh(path, FreshFile::Kind::Replacement);
+    if (fresh.Error() != ERROR_SUCCESS)
+        return fresh.Error();
+    const LONG error = WriteAll(fresh.File(), contents);
+    return error == ERROR_SUCCESS ? fresh.TakeName() : error;
+}
+
 void ClearLeftovers() {
     const Environment& environment = TheEnvironment();
     ClearFolder(environment.documentsFolder);
     ClearFolder(FolderOf(environment.registryFile));
+    ClearFolder(environment.copiesFolder);
 }
 
 } // namespace device

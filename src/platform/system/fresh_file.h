@@ -18,6 +18,8 @@ public:
 
     LONG Error() const { return error_; }
     const FileDescriptor& File() const { return file_; }
+    /// What it is called for the time being.
+    const std::string& Name() const { return name_; }
 
     /// Puts the contents on the disk, then gives the file its name, and puts that on the disk as well.
     LONG TakeName();
@@ -33,6 +35,9 @@ private:
     FileDescriptor file_;
     LONG error_;
 };
+
+/// Makes a file, and the folders above it, or replaces it whole. 0 or an error number.
+LONG ReplaceFile(const std::string& path, std::string_view contents);
 
 /// Takes away the fresh files that processes which are gone have left in the device's folders.
 void ClearLeftovers();

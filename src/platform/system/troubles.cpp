@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <mutex>
 
 namespace device {
 namespace {
@@ -21,6 +22,8 @@ std::map<Trouble, std::string>& Noted() {
 } // namespace
 
 void NoteTrouble(Trouble kind, const std::string& line) {
+    static auto& guard = *new std::mutex;
+    const std::lock_guard lock{guard};
     Noted()[kind] = line;
 }
 

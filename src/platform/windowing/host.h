@@ -69,6 +69,8 @@ public:
     virtual void WaitCursor(bool /*shown*/) { }
     /// A message box came up: no sound of MessageBeep's.
     virtual void Attention() { }
+    /// A line about what the user may have to do outside the program.
+    virtual void Notify(const std::string& /*line*/) { }
     virtual void ShowPointer(PointerShape /*shape*/) { }
     virtual void StoreText(Clipboard /*where*/, const std::wstring& /*text*/) { }
     /// Empty where there is none.

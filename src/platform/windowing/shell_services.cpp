@@ -1,8 +1,14 @@
 // What the handset's shell offers: the soft-key bar, full-screen dialogs, the Back key, the user's font size.
 
 #include "platform/dialog.h"
+#include "platform/files.h"
 #include "platform/input.h"
 #include "platform/metrics.h"
+#include "platform/notice.h"
+#include "platform/registry.h"
+#include "platform/system/host_file.h"
+#include "platform/system/troubles.h"
+#include "platform/utf8.h"
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/dialog_scroll.h"
 #include "platform/windowing/soft_key_bar.h"
@@ -48,6 +54,17 @@ void SHSendBackToFocusWindow(UINT message, WPARAM /*wParam*/, LPARAM lParam) {
     const bool down = (LOWORD(static_cast<std::uintptr_t>(lParam)) & MOD_KEYUP) == 0;
     if (message == WM_HOTKEY && HIWORD(static_cast<std::uintptr_t>(lParam)) == VK_TBACK && down)
         SendMessageW(GetFocus(), WM_CHAR, VK_BACK, 0);
+}
+
+void TellOfFile(const wchar_t* path, const wchar_t* what, DWORD error) {
+    const std::wstring name = path ? path : L"";
+    const std::string place = HostPathOf(name).value_or(device::ToUtf8(name));
+    std::string line = place + " (on the screen " + device::ToUtf8(name) + "): " + device::ToUtf8(what);
+    if (error != ERROR_SUCCESS)
+        line += std::string(" (") + device::ReasonOf(static_cast<LONG>(error)) + ')';
+    device::NoteTrouble(device::Trouble::File, line);
+    if (Desktop::The().IsOn())
+        Desktop::The().TheHost()->Notify(line);
 }
 
 void SHNavigateBack() {

@@ -1,18 +1,17 @@
 #include "platform/system/ipc.h"
 
 #include "platform/registry.h"
+#include "platform/system/posix/blocked_signals.h"
 #include "platform/system/posix/local_socket.h"
 #include "platform/system/posix/runtime_folder.h"
 #include "platform/utf8.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstdint>
 #include <deque>
 #include <mutex>
 #include <poll.h>
-#include <pthread.h>
 #include <sys/eventfd.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -63,22 +62,6 @@ bool Ask(const std::wstring& windowClass, const std::string& request, std::chron
     const FileDescriptor socket = ConnectTo(*path, patience);
     return socket.IsOpen() && SendPacket(socket, request) && ReceivePacket(socket) == Taken;
 }
-
-/// The thread that holds it starts all others with signals blocked: they belong to the program's thread.
-class BlockedSignals {
-public:
-    BlockedSignals() {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_BLOCK, &all, &before_);
-    }
-    BlockedSignals(const BlockedSignals&) = delete;
-    BlockedSignals& operator=(const BlockedSignals&) = delete;
-    ~BlockedSignals() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-
-private:
-    sigset_t before_{};
-};
 
 } // namespace
 
