@@ -35,6 +35,9 @@ public:
     void BringToFront() override;
     void GoBack() override;
     void WaitCursor(bool shown) override;
+    void ShowPointer(PointerShape shape) override;
+    void StoreText(Clipboard where, const std::wstring& text) override;
+    std::wstring StoredText(Clipboard where) override;
 
 private:
     struct Window;
