@@ -240,20 +240,24 @@ void OpenMenu::ShowFocused() {
         ++level.first;
 }
 
-int OpenMenu::ItemAt(POINT point) const {
+std::vector<RECT> OpenMenu::ItemPlaces() const {
     const RECT place = Place();
-    if (!Contains(place, point))
-        return -1;
-    LONG top = place.top + Scaled(2);
     const auto& items = Popup().Items();
-    const int end = FirstShown() + CountShown();
-    for (int index = FirstShown(); index < end && index < static_cast<int>(items.size()); ++index) {
-        const LONG bottom = top + RowHeight(items[static_cast<std::size_t>(index)]);
-        if (point.y >= top && point.y < bottom)
-            return index;
-        top = bottom;
+    std::vector<RECT> places(items.size());
+    const auto end = std::min(items.size(), static_cast<std::size_t>(FirstShown() + CountShown()));
+    LONG top = place.top + Scaled(2);
+    for (auto index = static_cast<std::size_t>(FirstShown()); index < end; ++index) {
+        places[index] = {place.left, top, place.right, top + RowHeight(items[index])};
+        top = places[index].bottom;
     }
-    return -1;
+    return places;
+}
+
+int OpenMenu::ItemAt(POINT point) const {
+    const std::vector<RECT> places = ItemPlaces();
+    const auto hit
+        = std::find_if(places.begin(), places.end(), [&](const RECT& place) { return Contains(place, point); });
+    return hit == places.end() ? -1 : static_cast<int>(hit - places.begin());
 }
 
 std::wstring OpenMenu::PaintedText(int index) const {
@@ -275,19 +279,19 @@ void OpenMenu::Paint(Canvas& canvas) const {
     canvas.SetMarks({});
     canvas.Fill(place, MenuColor);
     canvas.PushClip(place);
-    LONG top = place.top + Scaled(2);
-    const auto& items = Popup().Items();
-    const int end = std::min(FirstShown() + CountShown(), static_cast<int>(items.size()));
-    for (int index = FirstShown(); index < end; ++index) {
-        const MenuItem& item = items[static_cast<std::size_t>(index)];
-        const LONG bottom = top + RowHeight(item);
+    const std::vector<RECT> places = ItemPlaces();
+    for (int index = 0; index < static_cast<int>(places.size()); ++index) {
+        const MenuItem& item = Popup().Items()[static_cast<std::size_t>(index)];
+        const RECT& row = places[static_cast<std::size_t>(index)];
+        if (IsRectEmpty(row))
+            continue;
         if (item.separator) {
-            const LONG middle = (top + bottom) / 2;
+            const LONG middle = (row.top + row.bottom) / 2;
             canvas.Line({place.left + Scaled(6), middle}, {place.right - Scaled(6), middle}, MenuEdgeColor, 1);
         } else {
             const bool focused = index == Focused();
             if (focused)
-                canvas.Fill({place.left, top, place.right, bottom}, GetSysColor(COLOR_HIGHLIGHT));
+                canvas.Fill(row, GetSysColor(COLOR_HIGHLIGHT));
             const COLORREF color = item.grayed ? GetSysColor(COLOR_GRAYTEXT)
                 : focused                      ? GetSysColor(COLOR_HIGHLIGHTTEXT)
                                                : GetSysColor(COLOR_WINDOWTEXT);
@@ -297,10 +301,9 @@ void OpenMenu::Paint(Canvas& canvas) const {
             marks.greyed = item.grayed;
             canvas.SetMarks(marks);
             const int room = static_cast<int>(place.right - place.left) - Scaled(16);
-            canvas.Text(place.left + Scaled(8), top + Scaled(3),
+            canvas.Text(row.left + Scaled(8), row.top + Scaled(3),
                 EllipsisText(canvas.Measurer(), MenuFont(), PaintedText(index), room), MenuFont(), color);
         }
-        top = bottom;
     }
     canvas.SetMarks({});
     canvas.PopClip();

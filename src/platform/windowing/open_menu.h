@@ -34,6 +34,8 @@ public:
     /// The items that show, from the first one on.
     int FirstShown() const { return levels_.back().first; }
     int CountShown() const;
+    /// Of the innermost popup's items, on the screen; empty for one that does not show.
+    std::vector<RECT> ItemPlaces() const;
     /// Whether a click on a point of the screen chooses an item.
     bool CanChoose(POINT point) const;
 
