@@ -8,6 +8,8 @@ namespace {
 
 using Kind = InputEvent::Kind;
 
+constexpr int Farthest = 16'384; // what a message of the mouse can carry
+
 /// What each word does, in order.
 std::vector<Kind> KindsOf(const std::string& word) {
     if (word == "down")
@@ -44,7 +46,8 @@ std::vector<InputEvent> MouseOfWords(const std::string& words) {
     const bool isWheel = word == "wheel";
     if (isWheel)
         stream >> event.delta;
-    const bool isPlace = !stream.fail();
+    const auto isFar = [](int way) { return way < -Farthest || way > Farthest; };
+    const bool isPlace = !stream.fail() && !isFar(event.x) && !isFar(event.y) && !isFar(event.delta);
     stream >> button >> more;
     if (!isPlace || !more.empty() || (isWheel ? !button.empty() : !TakeButton(button, event)))
         return {};
