@@ -20,9 +20,12 @@ inline constexpr WORD VK_LEFT = 0x25;
 inline constexpr WORD VK_UP = 0x26;
 inline constexpr WORD VK_RIGHT = 0x27;
 inline constexpr WORD VK_DOWN = 0x28;
+inline constexpr WORD VK_INSERT = 0x2D;
 inline constexpr WORD VK_DELETE = 0x2E;
+inline constexpr WORD VK_APPS = 0x5D; ///< the menu key of a desktop's keyboard
 inline constexpr WORD VK_F1 = 0x70;
 inline constexpr WORD VK_F2 = 0x71;
+inline constexpr WORD VK_F10 = 0x79;
 inline constexpr WORD VK_TSOFT1 = VK_F1; ///< the left soft key
 inline constexpr WORD VK_TSOFT2 = VK_F2; ///< the right soft key
 

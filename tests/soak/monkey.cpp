@@ -1,6 +1,6 @@
-// Presses keys at random, weighted so that forms do get filled in and stored, on screens of many sizes, in several
-// languages, zones and times. Every hundred keys there must be a way out to the main frame, and what stands there must
-// be in order.
+// Presses keys, and buttons of a mouse, at random, weighted so that forms do get filled in and stored, on screens of
+// many sizes, in several languages, zones and times. Every hundred keys there must be a way out to the main frame, and
+// what stands there must be in order.
 
 #include "soak_run.h"
 
@@ -21,7 +21,10 @@ constexpr const char* Times[] = {"2026-03-01T10:00:00Z", "2024-02-29T23:59:59.99
     "2026-10-25T00:30:00Z", "2026-03-29T01:30:00Z", "1999-12-31T12:00:00Z", "2099-06-15T00:00:00Z"};
 constexpr const char* Walking[] = {"down", "down", "down", "up", "up", "left", "right", "action", "action", "soft1",
     "soft1", "soft2", "soft2", "back", "home", "end", "pageup", "pagedown", "backspace", "delete", "shift+down",
-    "shift+up", "ctrl+down", "ctrl+up", "shift+action", "ctrl+a", "tab", "+", "-", "*", "#"};
+    "shift+up", "ctrl+down", "ctrl+up", "shift+action", "ctrl+a", "ctrl+x", "ctrl+c", "ctrl+v", "shift+left", "menu",
+    "tab", "+", "-", "*", "#"};
+constexpr const char* Mouse[] = {"click", "click", "double", "down", "move", "move", "up"};
+constexpr const char* Buttons[] = {"left", "left", "left", "left", "middle", "right"};
 constexpr const char* Numbers[] = {"0", "1", "7", "12", "250", "2026", "10500", "99999", "2147483647", "99999999999",
     "-5", "3.459", "3,459", "1.234,5", "12/31/2026", "1e9", ".", "-"};
 constexpr const char* Words[] = {"Oil", "North", "Müller & Söhne", "日本語", "\U0001F697\U0001F697", "tires, front",
@@ -41,7 +44,8 @@ public:
         }
         Start();
         GoHome();
-        for (const char* wrong : {"nothing", "key nosuch", "key up x", "clock x", "registry set", "post x", "keydown"})
+        for (const char* wrong : {"nothing", "key nosuch", "key up x", "clock x", "registry set", "post x", "keydown",
+                 "mouse click 1", "mouse click 1 2 nosuch", "mouse wheel 1 2", "mouse down 99999 1"})
             Require(Console->Ask(wrong).at(0)[0] == '?', wrong);
         PostClose();
         RequireSame("the integrity check", "ok", Log().Run("PRAGMA integrity_check"));
@@ -66,7 +70,9 @@ private:
 
     // Keys
 
-    Lines Field() { return {"key down", std::string("type ") + (Chance(60) ? Pick(Numbers) : Pick(Words))}; }
+    Lines Field() {
+        return {"key down", std::string(Chance(80) ? "type " : "paste ") + (Chance(60) ? Pick(Numbers) : Pick(Words))};
+    }
     std::string Digit(unsigned long highest) { return "key " + std::to_string(1 + Below(highest)); }
 
     Lines Form(const std::string& opening) {
@@ -84,10 +90,20 @@ private:
         return keys;
     }
 
+    /// Also beside the screen, as far as a desktop's mouse goes while a button is held.
+    std::string Pointed() {
+        const std::string place = std::to_string(Below(340)) + " " + std::to_string(Below(500));
+        if (Chance(10))
+            return "mouse wheel " + place + (Chance(50) ? " 3" : " -3");
+        return std::string("mouse ") + Pick(Mouse) + " " + place + " " + Pick(Buttons);
+    }
+
     Lines Some() {
         const auto choice = Below(1000);
-        if (choice < 600)
+        if (choice < 450)
             return {std::string("key ") + Pick(Walking)};
+        if (choice < 600)
+            return {Pointed()};
         if (choice < 680)
             return {"key " + std::to_string(Below(10))};
         if (choice < 780)

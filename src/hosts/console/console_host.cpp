@@ -2,6 +2,7 @@
 
 #include "hosts/console/control_list.h"
 #include "hosts/console/key_names.h"
+#include "hosts/console/mouse_words.h"
 #include "hosts/console/registry_command.h"
 #include "hosts/console/screen_text.h"
 #include "hosts/console/text_form.h"
@@ -47,6 +48,13 @@ bool ParseCount(const std::string& text, long& count) {
 /// A command that stands alone.
 bool IsPlainQuery(const std::string& verb) {
     for (const char* each : {"boot", "screen", "controls", "beeps", "events", "now", "files"})
+        if (verb == each)
+            return true;
+    return false;
+}
+
+bool IsInput(const std::string& verb) {
+    for (const char* each : {"key", "keydown", "keyup", "type", "paste", "mouse", "post", "resize"})
         if (verb == each)
             return true;
     return false;
@@ -103,8 +111,9 @@ bool ConsoleHost::WaitForBoot() {
 }
 
 bool ConsoleHost::TakeQueued(InputEvent& event) {
-    if (resized_.kind != InputEvent::Kind::None) {
-        event = std::exchange(resized_, {});
+    if (!events_.empty()) {
+        event = std::move(events_.front());
+        events_.pop_front();
         return true;
     }
     if (keys_.times > 0) {
@@ -157,7 +166,7 @@ bool ConsoleHost::Execute(const std::string& line) {
         Refuse("not booted");
         return false;
     }
-    if (verb == "key" || verb == "keydown" || verb == "keyup" || verb == "type" || verb == "post" || verb == "resize")
+    if (IsInput(verb))
         return ExecuteInput(verb, rest);
     ExecuteQuery(verb, rest);
     return false;
@@ -168,6 +177,10 @@ bool ConsoleHost::ExecuteInput(const std::string& verb, const std::string& rest)
         return ExecutePost(rest);
     if (verb == "resize")
         return ExecuteResize(rest);
+    if (verb == "mouse")
+        return ExecuteMouse(rest);
+    if (verb == "paste")
+        return ExecutePaste(rest);
     if (verb != "type")
         return ExecuteKey(verb, rest);
     typed_ = FromUtf8(rest);
@@ -227,9 +240,27 @@ bool ConsoleHost::ExecuteResize(const std::string& rest) {
         Refuse("a size looks like 320x480");
         return false;
     }
-    resized_.kind = InputEvent::Kind::Resize;
-    resized_.x = static_cast<int>(width);
-    resized_.y = static_cast<int>(height);
+    InputEvent resized;
+    resized.kind = InputEvent::Kind::Resize;
+    resized.x = static_cast<int>(width);
+    resized.y = static_cast<int>(height);
+    events_.push_back(resized);
+    return true;
+}
+
+bool ConsoleHost::ExecuteMouse(const std::string& rest) {
+    const std::vector<InputEvent> events = MouseOfWords(rest);
+    if (events.empty())
+        Refuse("mouse click|double|down|move|up X Y [left|middle|right], mouse wheel X Y LINES");
+    events_.insert(events_.end(), events.begin(), events.end());
+    return !events.empty();
+}
+
+bool ConsoleHost::ExecutePaste(const std::string& rest) {
+    InputEvent pasted;
+    pasted.kind = InputEvent::Kind::Paste;
+    pasted.text = FromUtf8(rest);
+    events_.push_back(pasted);
     return true;
 }
 

@@ -5,6 +5,7 @@
 #include "platform/drawing/recording_canvas.h"
 #include "platform/windowing/host.h"
 
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,8 @@ private:
     bool ExecuteKey(const std::string& verb, const std::string& rest);
     bool ExecutePost(const std::string& rest);
     bool ExecuteResize(const std::string& rest);
+    bool ExecuteMouse(const std::string& rest);
+    bool ExecutePaste(const std::string& rest);
     void ExecuteQuery(const std::string& verb, const std::string& rest);
     void ExecuteRegistry(const std::string& rest);
     void Shot(const std::string& file);
@@ -54,7 +57,7 @@ private:
     LineReader reader_;
     RecordingCanvas canvas_;
     Keys keys_;
-    InputEvent resized_; ///< a new size of the screen still to be given out
+    std::deque<InputEvent> events_; ///< still to be given out, before keys and typed texts
     std::wstring typed_;
     std::size_t nextTyped_ = 0;
     bool booted_ = false;

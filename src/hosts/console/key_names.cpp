@@ -30,6 +30,9 @@ constexpr std::array NamedKeys{
     NamedKey{"pageup", VK_PRIOR},
     NamedKey{"pagedown", VK_NEXT},
     NamedKey{"tab", VK_TAB},
+    NamedKey{"insert", VK_INSERT},
+    NamedKey{"menu", VK_APPS},
+    NamedKey{"f10", VK_F10},
 };
 
 bool TakePrefix(std::string& name, const std::string& prefix) {

@@ -35,6 +35,10 @@ constexpr KeyPair Keys[] = {
     {SDLK_END, VK_END},
     {SDLK_BACKSPACE, VK_BACK},
     {SDLK_DELETE, VK_DELETE},
+    {SDLK_INSERT, VK_INSERT},
+    {SDLK_APPLICATION, VK_APPS},
+    {SDLK_MENU, VK_APPS},
+    {SDLK_F10, VK_F10},
     {SDLK_TAB, VK_TAB},
     {SDLK_LSHIFT, VK_SHIFT},
     {SDLK_RSHIFT, VK_SHIFT},
@@ -54,6 +58,7 @@ constexpr KeyPair PadKeys[] = {
     {SDLK_KP_1, VK_END},
     {SDLK_KP_5, VK_TACTION},
     {SDLK_KP_PERIOD, VK_DELETE},
+    {SDLK_KP_0, VK_INSERT},
 };
 
 template <std::size_t Count> WORD Lookup(const KeyPair (&pairs)[Count], SDL_Keycode key) {

@@ -8,6 +8,7 @@
 #include "platform/drawing/cairo/cairo_canvas.h"
 
 #include <SDL.h>
+#include <array>
 #include <atomic>
 #include <deque>
 
@@ -41,7 +42,9 @@ struct WindowHost::Window {
     void TranslateWindow(const SDL_WindowEvent& event);
     void TranslateButton(const SDL_MouseButtonEvent& event);
     void TranslateWheel(const SDL_MouseWheelEvent& event);
-    void AddMouse(InputEvent::Kind kind, int x, int y, int delta = 0);
+    void TranslateMotion(const SDL_MouseMotionEvent& event);
+    InputEvent MouseEvent(InputEvent::Kind kind, int x, int y) const;
+    void ShowCursor();
 
     // What other threads touch, and then the first of them.
     std::atomic<Uint32> wakeEvent = 0;
@@ -65,7 +68,10 @@ struct WindowHost::Window {
     float wheelRest = 0;
     Keyboard keyboard;
     Tone tone;
-    SDL_Cursor* waitCursor = nullptr;
+    std::array<SDL_Cursor*, SDL_NUM_SYSTEM_CURSORS> cursors{}; ///< by SDL_SystemCursor; made when they are first shown
+    bool isWaiting = false;
+    PointerShape pointer = PointerShape::Arrow;
+    bool isLeftHeld = false;
     std::deque<InputEvent> events;
 };
 

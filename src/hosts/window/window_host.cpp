@@ -27,8 +27,9 @@ constexpr int ToneCheckMilliseconds = 100;
 
 WindowHost::Window::~Window() {
     Remember();
-    if (waitCursor != nullptr)
-        SDL_FreeCursor(waitCursor);
+    for (SDL_Cursor* cursor : cursors)
+        if (cursor != nullptr)
+            SDL_FreeCursor(cursor);
     if (handle != nullptr)
         SDL_DestroyWindow(handle);
     if (hasVideo)
@@ -128,26 +129,42 @@ void WindowHost::Window::Add(InputEvent::Kind kind) {
     events.push_back(event);
 }
 
-void WindowHost::Window::AddMouse(InputEvent::Kind kind, int x, int y, int delta) {
+InputEvent WindowHost::Window::MouseEvent(InputEvent::Kind kind, int x, int y) const {
     const double scale = PixelsPerPoint(handle) / zoom;
     InputEvent event;
     event.kind = kind;
     event.modifiers = Keyboard::Modifiers();
     event.x = static_cast<int>(std::floor(x * scale));
     event.y = static_cast<int>(std::floor(y * scale));
-    event.delta = delta;
-    events.push_back(event);
+    return event;
 }
 
 void WindowHost::Window::TranslateButton(const SDL_MouseButtonEvent& event) {
-    if (event.button != SDL_BUTTON_LEFT)
+    const bool isDown = event.state == SDL_PRESSED;
+    const bool isLeft = event.button == SDL_BUTTON_LEFT;
+    if (!isLeft && event.button != SDL_BUTTON_MIDDLE && event.button != SDL_BUTTON_RIGHT)
         return;
-    if (event.state != SDL_PRESSED)
-        AddMouse(InputEvent::Kind::MouseUp, event.x, event.y);
-    else if (event.clicks % 2 == 0)
-        AddMouse(InputEvent::Kind::DoubleClick, event.x, event.y);
-    else
-        AddMouse(InputEvent::Kind::MouseDown, event.x, event.y);
+    const auto kind = !isDown             ? InputEvent::Kind::MouseUp
+        : isLeft && event.clicks % 2 == 0 ? InputEvent::Kind::DoubleClick
+                                          : InputEvent::Kind::MouseDown;
+    events.push_back(MouseEvent(kind, event.x, event.y));
+    events.back().button = isLeft           ? InputEvent::Button::Left
+        : event.button == SDL_BUTTON_MIDDLE ? InputEvent::Button::Middle
+                                            : InputEvent::Button::Right;
+    if (isLeft)
+        isLeftHeld = isDown;
+}
+
+void WindowHost::Window::TranslateMotion(const SDL_MouseMotionEvent& event) {
+    // Where the desktop took the mouse away, nobody told that the button came up.
+    if (isLeftHeld && (event.state & SDL_BUTTON_LMASK) == 0) {
+        isLeftHeld = false;
+        events.push_back(MouseEvent(InputEvent::Kind::MouseUp, event.x, event.y));
+    }
+    // Only the last of several moves in a row counts.
+    if (!events.empty() && events.back().kind == InputEvent::Kind::MouseMove)
+        events.pop_back();
+    events.push_back(MouseEvent(InputEvent::Kind::MouseMove, event.x, event.y));
 }
 
 void WindowHost::Window::TranslateWheel(const SDL_MouseWheelEvent& event) {
@@ -155,8 +172,10 @@ void WindowHost::Window::TranslateWheel(const SDL_MouseWheelEvent& event) {
     wheelRest += event.preciseY * LinesPerWheelStep;
     const auto lines = static_cast<int>(wheelRest);
     wheelRest -= static_cast<float>(lines);
-    if (lines != 0)
-        AddMouse(InputEvent::Kind::Wheel, event.mouseX, event.mouseY, lines);
+    if (lines == 0)
+        return;
+    events.push_back(MouseEvent(InputEvent::Kind::Wheel, event.mouseX, event.mouseY));
+    events.back().delta = lines;
 }
 
 void WindowHost::Window::TranslateWindow(const SDL_WindowEvent& event) {
@@ -201,6 +220,9 @@ void WindowHost::Window::Translate(const SDL_Event& event) {
     case SDL_MOUSEBUTTONDOWN:
     case SDL_MOUSEBUTTONUP:
         TranslateButton(event.button);
+        break;
+    case SDL_MOUSEMOTION:
+        TranslateMotion(event.motion);
         break;
     case SDL_MOUSEWHEEL:
         TranslateWheel(event.wheel);
@@ -317,14 +339,45 @@ void WindowHost::GoBack() {
     SDL_MinimizeWindow(window_->handle);
 }
 
-void WindowHost::WaitCursor(bool shown) {
-    if (!window_->isPainted)
+void WindowHost::Window::ShowCursor() {
+    if (!isPainted)
         return; // no window shows it yet, and cursors are read from files
-    SDL_Cursor*& cursor = window_->waitCursor;
+    const SDL_SystemCursor wanted = isWaiting ? SDL_SYSTEM_CURSOR_WAIT
+        : pointer == PointerShape::Hand       ? SDL_SYSTEM_CURSOR_HAND
+        : pointer == PointerShape::Text       ? SDL_SYSTEM_CURSOR_IBEAM
+                                              : SDL_SYSTEM_CURSOR_ARROW;
+    SDL_Cursor*& cursor = cursors[wanted];
     if (cursor == nullptr)
-        cursor = SDL_CreateSystemCursor(SDL_SYSTEM_CURSOR_WAIT);
-    if (SDL_Cursor* wanted = shown ? cursor : SDL_GetDefaultCursor())
-        SDL_SetCursor(wanted);
+        cursor = SDL_CreateSystemCursor(wanted);
+    if (cursor != nullptr)
+        SDL_SetCursor(cursor);
+}
+
+void WindowHost::WaitCursor(bool shown) {
+    window_->isWaiting = shown;
+    window_->ShowCursor();
+}
+
+void WindowHost::ShowPointer(PointerShape shape) {
+    window_->pointer = shape;
+    window_->ShowCursor();
+}
+
+void WindowHost::StoreText(Clipboard where, const std::wstring& text) {
+    const std::string utf8 = ToUtf8(text);
+    if (where == Clipboard::Copied)
+        SDL_SetClipboardText(utf8.c_str());
+    else
+        SDL_SetPrimarySelectionText(utf8.c_str());
+}
+
+std::wstring WindowHost::StoredText(Clipboard where) {
+    char* utf8 = where == Clipboard::Copied ? SDL_GetClipboardText() : SDL_GetPrimarySelectionText();
+    if (utf8 == nullptr)
+        return {};
+    std::wstring text = FromUtf8(utf8);
+    SDL_free(utf8);
+    return text;
 }
 
 } // namespace device

@@ -36,6 +36,9 @@ public:
     void Notify(const std::string& line) override;
     void GoBack() override;
     void WaitCursor(bool shown) override;
+    void ShowPointer(PointerShape shape) override;
+    void StoreText(Clipboard where, const std::wstring& text) override;
+    std::wstring StoredText(Clipboard where) override;
 
 private:
     struct Window;

@@ -8,6 +8,8 @@
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/look.h"
 
+#include <algorithm>
+
 namespace device {
 
 namespace {
@@ -27,6 +29,25 @@ int DigitOf(wchar_t character) {
             return value;
     }
     return -1;
+}
+
+constexpr std::size_t LongestNumber = 4; // the year's
+
+/// The runs of digits, in the digits of numbers; nothing where one is longer than a year.
+std::vector<std::wstring> NumbersOf(std::wstring_view text) {
+    std::vector<std::wstring> numbers;
+    bool isOpen = false;
+    for (const wchar_t character : text) {
+        const int digit = DigitOf(character);
+        if (digit >= 0 && !isOpen)
+            numbers.emplace_back();
+        isOpen = digit >= 0;
+        if (isOpen)
+            numbers.back() += static_cast<wchar_t>(L'0' + digit);
+        if (isOpen && numbers.back().size() > LongestNumber)
+            return {};
+    }
+    return numbers;
 }
 
 } // namespace
@@ -51,6 +72,10 @@ void DatePicker::Changed() {
 }
 
 void DatePicker::Key(WORD key) {
+    if (const UINT message = ClipboardMessage(key)) {
+        SendMessageW(Handle(), message, 0, 0);
+        return;
+    }
     constexpr int LastPart = 3;
     switch (key) {
     case VK_LEFT:
@@ -79,6 +104,28 @@ void DatePicker::Character(wchar_t character) {
     else
         return;
     Changed();
+}
+
+// A whole date is taken or nothing: in the order shown or, with the year first, as year, month and day.
+void DatePicker::Paste(std::wstring_view text) {
+    using Kind = ShortDatePart::Kind;
+    const std::vector<std::wstring> numbers = NumbersOf(text);
+    std::vector<Kind> order = {Kind::Year, Kind::Month, Kind::Day};
+    if (numbers.size() == order.size() && numbers.front().size() < LongestNumber) {
+        order.clear();
+        for (const ShortDatePart& part : ShortDateOrder())
+            if (part.kind != Kind::Literal)
+                order.push_back(part.kind);
+    }
+    SYSTEMTIME date = parts_.Get();
+    for (std::size_t index = 0; index < std::min(numbers.size(), order.size()); ++index) {
+        WORD& part = order[index] == Kind::Year ? date.wYear : order[index] == Kind::Month ? date.wMonth : date.wDay;
+        part = static_cast<WORD>(std::stoi(numbers[index]));
+    }
+    if (numbers.size() == order.size() && parts_.Set(date))
+        Changed();
+    else
+        MessageBeep(static_cast<UINT>(-1));
 }
 
 void DatePicker::Click(int x) {
@@ -154,10 +201,14 @@ LRESULT DatePicker::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
-        Click(static_cast<std::int16_t>(LOWORD(static_cast<std::uintptr_t>(lParam))));
+        Click(static_cast<int>(PointOf(lParam).x));
         return 0;
-    case WM_MOUSEWHEEL:
-        return SendMessageW(GetParent(Handle()), message, wParam, lParam); // scrolls the dialog
+    case WM_COPY:
+        Desktop::The().StoreText(Clipboard::Copied, Text());
+        return 0;
+    case WM_PASTE:
+        Paste(lParam ? Pointer<const wchar_t>(lParam) : Desktop::The().StoredText(Clipboard::Copied));
+        return 0;
     case WM_ERASEBKGND:
         return 1;
     case WM_PAINT:

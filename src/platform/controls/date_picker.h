@@ -31,6 +31,7 @@ private:
     void Changed();
     void Key(WORD key);
     void Character(wchar_t character);
+    void Paste(std::wstring_view text);
     void Click(int x);
     LRESULT CopyText(wchar_t* buffer, std::size_t size) const;
     /// What a piece takes from left to right, in client coordinates.

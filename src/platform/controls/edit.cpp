@@ -24,10 +24,6 @@ const wchar_t* TextAt(LPARAM pointer) {
     return text ? text : L"";
 }
 
-bool IsHeld(int key) {
-    return GetKeyState(key) < 0;
-}
-
 /// The low word first, as two numbers of 16 bits; a number beyond them gives -1.
 LRESULT PackedSelection(std::size_t start, std::size_t end) {
     constexpr std::size_t Most = 0xFFFF;
@@ -126,102 +122,6 @@ LRESULT Edit::DialogCode(const MSG* pending) const {
     return code;
 }
 
-// Keys
-
-void Edit::MoveLines(int step, bool extend) {
-    Layout();
-    const int line = static_cast<int>(layout_.LineOf(text_.Caret()));
-    const int target = std::clamp(line + step, 0, static_cast<int>(layout_.Lines().size()) - 1);
-    if (target == line)
-        return;
-    if (goalX_ < 0)
-        goalX_ = std::max(0, layout_.CaretX(static_cast<std::size_t>(line), text_.Caret()));
-    text_.MoveTo(layout_.IndexInLine(static_cast<std::size_t>(target), goalX_), extend);
-}
-
-void Edit::Key(WORD key) {
-    const bool extend = IsHeld(VK_SHIFT);
-    const bool control = IsHeld(VK_CONTROL);
-    const bool isVertical = key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT;
-    if (!isVertical)
-        goalX_ = -1;
-    Layout();
-    const std::size_t line = layout_.LineOf(text_.Caret());
-    switch (key) {
-    case VK_LEFT:
-    case VK_RIGHT:
-        text_.Step(key == VK_RIGHT, extend);
-        break;
-    case VK_HOME:
-        text_.MoveTo(control ? 0 : layout_.Lines()[line].start, extend);
-        break;
-    case VK_END:
-        text_.MoveTo(control ? text_.Text().size() : layout_.LineEnd(line), extend);
-        break;
-    case VK_UP:
-    case VK_DOWN:
-        MoveLines(key == VK_DOWN ? 1 : -1, extend);
-        break;
-    case VK_PRIOR:
-    case VK_NEXT:
-        MoveLines(key == VK_NEXT ? layout_.LinesShown() : -layout_.LinesShown(), extend);
-        break;
-    case VK_DELETE:
-        if (!IsReadOnly() && text_.Delete(true))
-            Changed();
-        return;
-    case VK_RETURN:
-        if (OpensFullScreen())
-            OpenFullScreen();
-        else if (HasStyle(EditWantsReturn) && !IsReadOnly() && text_.Type(L'\n', Rules()))
-            Changed();
-        return;
-    case 'A':
-        if (!control)
-            return;
-        text_.Select(0, -1);
-        InvalidateRect(Handle(), nullptr, TRUE);
-        return;
-    default:
-        return;
-    }
-    Moved();
-}
-
-void Edit::Character(wchar_t character) {
-    // The line end of an Action key was seen to when the key went down.
-    if (IsReadOnly() || character == L'\r')
-        return;
-    // That of a text which the host puts in; a field of one line has no place for it.
-    if (character == L'\n' && !IsMultiline())
-        character = L' ';
-    if (character == VK_BACK ? text_.Delete(false) : text_.Type(character, Rules()))
-        Changed();
-}
-
-void Edit::Click(LPARAM point, bool extend, bool word) {
-    Settle();
-    const auto packed = static_cast<std::uintptr_t>(point);
-    const std::size_t index
-        = layout_.IndexAt({static_cast<std::int16_t>(LOWORD(packed)), static_cast<std::int16_t>(HIWORD(packed))});
-    if (word)
-        text_.SelectWord(index);
-    else
-        text_.MoveTo(index, extend);
-    goalX_ = -1;
-    Moved();
-}
-
-LRESULT Edit::Wheel(WPARAM wParam, LPARAM lParam) {
-    Settle();
-    // A text that shows as a whole leaves the wheel to the dialog around it.
-    if (static_cast<int>(layout_.Lines().size()) <= layout_.LinesShown())
-        return SendMessageW(GetParent(Handle()), WM_MOUSEWHEEL, wParam, lParam);
-    layout_.ScrollBy(-static_cast<std::int16_t>(HIWORD(wParam)));
-    InvalidateRect(Handle(), nullptr, TRUE);
-    return 0;
-}
-
 void Edit::OpenFullScreen() {
     const HWND self = Handle();
     FullScreenText result = EditFullScreen(self, {text_.Text(), text_.Caret()}, limit_);
@@ -259,6 +159,15 @@ bool Edit::FieldMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& res
     case EM_REPLACESEL:
         text_.Replace(TextAt(lParam), Rules());
         Changed();
+        return true;
+    case WM_CUT:
+        Cut();
+        return true;
+    case WM_COPY:
+        StoreSelection(Clipboard::Copied);
+        return true;
+    case WM_PASTE:
+        Paste(lParam ? TextAt(lParam) : Desktop::The().StoredText(Clipboard::Copied));
         return true;
     case EM_LIMITTEXT:
         limit_ = wParam;
@@ -309,8 +218,19 @@ LRESULT Edit::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         Character(static_cast<wchar_t>(wParam));
         return 0;
     case WM_LBUTTONDOWN:
+        Click(PointOf(lParam), (wParam & MK_SHIFT) != 0);
+        return 0;
+    case WM_MOUSEMOVE:
+        DragTo(PointOf(lParam));
+        return 0;
+    case WM_LBUTTONUP:
+        EndDrag();
+        return 0;
     case WM_LBUTTONDBLCLK:
-        Click(lParam, (wParam & MK_SHIFT) != 0, message == WM_LBUTTONDBLCLK);
+        DoubleClick(PointOf(lParam));
+        return 0;
+    case WM_MBUTTONDOWN:
+        MiddleClick(PointOf(lParam));
         return 0;
     case WM_MOUSEWHEEL:
         return Wheel(wParam, lParam);

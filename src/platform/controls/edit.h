@@ -5,6 +5,7 @@
 #include "platform/drawing.h"
 #include "platform/window.h"
 #include "platform/windowing/control.h"
+#include "platform/windowing/host.h"
 
 #include <string>
 
@@ -32,6 +33,8 @@ public:
     std::size_t Caret() const { return text_.Caret(); }
 
     LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    ScrollBar Bar() const override;
+    void ScrollTo(int position) override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
     bool TakesText() const override { return true; }
     std::wstring Value() const override { return IsReadOnly() ? std::wstring() : text_.Text(); }
@@ -54,7 +57,14 @@ private:
     void Key(WORD key);
     void MoveLines(int step, bool extend);
     void Character(wchar_t character);
-    void Click(LPARAM point, bool extend, bool word);
+    void StoreSelection(Clipboard where) const;
+    void Cut();
+    void Paste(std::wstring_view text);
+    void Click(POINT point, bool extend);
+    void DragTo(POINT point);
+    void EndDrag();
+    void DoubleClick(POINT point);
+    void MiddleClick(POINT point);
     LRESULT Wheel(WPARAM wParam, LPARAM lParam);
     void OpenFullScreen();
     void Paint(HDC context);
@@ -64,6 +74,7 @@ private:
     EditLayout layout_;
     std::size_t limit_ = 0;
     bool numbersMode_ = false;
+    bool isDragging_ = false; ///< the left button went down in the text and is held
     bool caretMoved_ = false; ///< the caret is to be brought into view before the next painting
     int goalX_ = -1; ///< where up and down aim at; below 0: at the caret
 };

@@ -3,7 +3,6 @@
 #include "platform/controls/edit_frame.h"
 #include "platform/drawing/device_context.h"
 #include "platform/windowing/desktop.h"
-#include "platform/windowing/scroll_bar.h"
 
 #include <algorithm>
 
@@ -76,11 +75,22 @@ void Edit::Paint(HDC context) {
     RestoreDC(context, saved);
 }
 
-void Edit::PaintFrame(Canvas& canvas, const RECT& place) {
+ScrollBar Edit::Bar() const {
     const Window* window = FindWindowRecord(Handle());
-    if (window && window->insets.right > 0)
-        PaintScrollBar(canvas, {place.right - window->insets.right, place.top, place.right, place.bottom},
-            static_cast<int>(layout_.Lines().size()), layout_.LinesShown(), layout_.FirstLine());
+    // A text that was never laid out has no bar yet.
+    if (!window || window->insets.right <= 0)
+        return {};
+    return {
+        ScrollBarPlace(*window), static_cast<int>(layout_.Lines().size()), layout_.LinesShown(), layout_.FirstLine()};
+}
+
+void Edit::ScrollTo(int position) {
+    Settle();
+    layout_.ScrollBy(position - layout_.FirstLine());
+    InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+void Edit::PaintFrame(Canvas& canvas, const RECT& place) {
     PaintFieldFrame(canvas, place, GetFocus() == Handle());
 }
 

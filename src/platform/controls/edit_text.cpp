@@ -14,8 +14,35 @@ bool IsControlCharacter(wchar_t character) {
     return character < L' ' || (character >= 0x7F && character < 0xA0);
 }
 
+bool IsDigit(wchar_t character) {
+    return character >= L'0' && character <= L'9';
+}
+
 bool IsBlank(wchar_t character) {
     return character == L' ' || character == L'\t' || character == L'\n' || character == L'\r';
+}
+
+/// A paste makes no longer text where the field has no limit: whoever copied more meant another place.
+constexpr std::size_t LongestText = 100'000;
+
+/// What the rules leave of a text, line ends as L'\n'.
+std::wstring Typable(std::wstring_view text, const EditText::Rules& rules) {
+    std::wstring typable;
+    for (std::size_t index = 0; index < text.size(); ++index) {
+        const bool isPair = text[index] == L'\r' && index + 1 < text.size() && text[index + 1] == L'\n';
+        const bool isLineEnd = !isPair && (text[index] == L'\r' || text[index] == L'\n');
+        const wchar_t character = isLineEnd ? L'\n' : text[index] == L'\t' ? L' ' : text[index];
+        const bool fits = (isLineEnd && rules.lines) || IsDigit(character)
+            || (!rules.digitsOnly && (isLineEnd || !IsControlCharacter(character)));
+        if (fits)
+            typable += character;
+    }
+    if (rules.lines)
+        return typable;
+    const std::size_t first = std::min(typable.find_first_not_of(L'\n'), typable.size());
+    typable = typable.substr(first, typable.find_last_not_of(L'\n') + 1 - first);
+    std::replace(typable.begin(), typable.end(), L'\n', L' ');
+    return typable;
 }
 
 } // namespace
@@ -106,9 +133,23 @@ bool EditText::Type(wchar_t character, const Rules& rules) {
     const bool isLineEnd = character == L'\n' && rules.lines;
     if (IsControlCharacter(character) && !isLineEnd)
         return false;
-    if (rules.digitsOnly && !isLineEnd && (character < L'0' || character > L'9'))
+    if (rules.digitsOnly && !isLineEnd && !IsDigit(character))
         return false;
     return Insert({&character, 1}, true, rules);
+}
+
+EditText::Pasted EditText::Paste(std::wstring_view text, const Rules& rules) {
+    std::wstring added = Typable(text, rules);
+    const std::size_t wanted = added.size();
+    const std::size_t kept = text_.size() - (End() - Start());
+    const std::size_t most = rules.limit > 0 ? rules.limit : std::max(kept, LongestText);
+    const std::size_t room = most - std::min(most, kept);
+    if (wanted > room)
+        added.resize(PreviousTextBoundary(added, room + 1));
+    if (added.empty())
+        return Pasted::Nothing;
+    Insert(added, false, rules);
+    return added.size() < wanted ? Pasted::Part : Pasted::Whole;
 }
 
 void EditText::Replace(std::wstring_view text, const Rules& rules) {

@@ -37,6 +37,10 @@ public:
 
     /// Types a character over the selection. False when the rules refuse it; then nothing has changed.
     bool Type(wchar_t character, const Rules& rules);
+    enum class Pasted { Nothing, Part, Whole };
+    /// Puts a text in place of the selection as far as the rules take it: of a field of digits its digits; line ends
+    /// within a text of one line become blanks, those around it go. Nothing: then nothing has changed.
+    Pasted Paste(std::wstring_view text, const Rules& rules);
     /// Puts a text in place of the selection, whatever the rules say but for capitals.
     void Replace(std::wstring_view text, const Rules& rules);
     /// Deletes the selection or, without one, a step before or behind the caret. False when there is nothing.

@@ -8,7 +8,6 @@
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/look.h"
-#include "platform/windowing/scroll_bar.h"
 
 #include <algorithm>
 
@@ -76,11 +75,20 @@ void ListBox::Changed() {
     const int shown = RowsShown();
     if (selected_ >= 0)
         first_ = std::clamp(first_, selected_ - shown + 1, selected_);
-    first_ = std::clamp(first_, 0, std::max(0, Count() - shown));
+    ScrollTo(first_);
     if (Window* window = FindWindowRecord(Handle())) {
         const bool bar = window->Has(WS_VSCROLL) && !IsSpinner() && Count() > shown;
         SetInsets(*window, {0, 0, bar ? GetSystemMetrics(SM_CXVSCROLL) : 0, 0});
     }
+}
+
+ScrollBar ListBox::Bar() const {
+    const Window* window = FindWindowRecord(Handle());
+    return {window ? ScrollBarPlace(*window) : RECT{}, Count(), RowsShown(), first_};
+}
+
+void ListBox::ScrollTo(int position) {
+    first_ = std::clamp(position, 0, std::max(0, Count() - RowsShown()));
     InvalidateRect(Handle(), nullptr, TRUE);
 }
 
@@ -93,8 +101,11 @@ void ListBox::Step(int step, bool wrap) {
     else if (wrap)
         index = (index + Count()) % Count();
     index = std::clamp(index, 0, Count() - 1);
-    if (index == selected_)
-        return;
+    if (index != selected_)
+        SelectAndNotify(index);
+}
+
+void ListBox::SelectAndNotify(int index) {
     Select(index);
     const HWND self = Handle();
     SendMessageW(GetParent(self), WM_COMMAND,
@@ -148,16 +159,37 @@ void ListBox::TypeAhead(wchar_t character) {
     }
 }
 
-void ListBox::Click(LPARAM point) {
+int ListBox::RowAt(POINT point) const {
+    const int row = first_ + (static_cast<int>(point.y) / RowHeight());
+    return IsRow(static_cast<WPARAM>(row)) ? row : -1;
+}
+
+void ListBox::Click(POINT point) {
     if (IsSpinner()) {
         RECT client;
         GetClientRect(Handle(), &client);
-        Step(static_cast<std::int16_t>(LOWORD(static_cast<std::uintptr_t>(point))) < client.right / 2 ? -1 : 1, true);
-        return;
+        Step(point.x < client.right / 2 ? -1 : 1, true);
+    } else if (const int row = RowAt(point); row >= 0 && row != selected_) {
+        SelectAndNotify(row);
     }
-    const int index = first_ + (static_cast<std::int16_t>(HIWORD(static_cast<std::uintptr_t>(point))) / RowHeight());
-    if (index >= 0 && index < Count() && index != selected_)
-        Step(selected_ < 0 ? index + 1 : index - selected_, false);
+}
+
+// A row that is chosen twice is taken, as the Action key takes it.
+void ListBox::DoubleClick(POINT point) {
+    Click(point);
+    if (!IsSpinner() && RowAt(point) >= 0)
+        PostMessageW(Handle(), WM_KEYDOWN, VK_RETURN, 0);
+}
+
+// A spinner that is passed on the way through a form keeps its value.
+void ListBox::Wheel(WPARAM wParam, LPARAM lParam) {
+    const int lines = static_cast<std::int16_t>(HIWORD(wParam));
+    if (!IsSpinner())
+        ScrollTo(first_ - lines);
+    else if (GetFocus() == Handle())
+        Step(lines > 0 ? -1 : 1, false);
+    else
+        DefWindowProcW(Handle(), WM_MOUSEWHEEL, wParam, lParam);
 }
 
 LRESULT ListBox::Add(const wchar_t* text) {
@@ -226,10 +258,17 @@ LRESULT ListBox::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         TypeAhead(static_cast<wchar_t>(wParam));
         return 0;
     case WM_LBUTTONDOWN:
-        Click(lParam);
+        Click(PointOf(lParam));
+        return 0;
+    case WM_LBUTTONDBLCLK:
+        DoubleClick(PointOf(lParam));
+        return 0;
+    case WM_RBUTTONDOWN:
+        if (!IsSpinner())
+            Click(PointOf(lParam));
         return 0;
     case WM_MOUSEWHEEL:
-        Step(static_cast<std::int16_t>(HIWORD(wParam)) > 0 ? -1 : 1, false);
+        Wheel(wParam, lParam);
         return 0;
     case WM_SIZE:
         Changed();
@@ -328,11 +367,6 @@ void ListBox::Paint(HDC context) const {
 }
 
 void ListBox::PaintFrame(Canvas& canvas, const RECT& place) {
-    const Window* window = FindWindowRecord(Handle());
-    if (window && window->insets.right > 0) {
-        const RECT bar{place.right - window->insets.right, place.top, place.right, place.bottom};
-        PaintScrollBar(canvas, bar, Count(), RowsShown(), first_);
-    }
     if (IsSpinner())
         canvas.Frame(place, MenuEdgeColor, 1);
 }

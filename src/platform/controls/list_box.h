@@ -24,6 +24,8 @@ public:
     int Selected() const { return selected_; }
 
     LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    ScrollBar Bar() const override;
+    void ScrollTo(int position) override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
     /// A row of a list is not entered, but walked over.
     std::wstring Value() const override { return IsSpinner() ? std::to_wstring(selected_) : std::wstring(); }
@@ -44,7 +46,11 @@ private:
     void Step(int step, bool wrap);
     bool Key(WORD key);
     void TypeAhead(wchar_t character);
-    void Click(LPARAM point);
+    int RowAt(POINT point) const;
+    void SelectAndNotify(int index);
+    void Click(POINT point);
+    void DoubleClick(POINT point);
+    void Wheel(WPARAM wParam, LPARAM lParam);
     void Changed();
     int RowHeight() const;
     int RowsShown() const;

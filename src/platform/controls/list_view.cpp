@@ -74,8 +74,8 @@ bool ListView::ItemRect(int row, RECT* rectangle) const {
     return true;
 }
 
-int ListView::RowAt(LPARAM point) const {
-    const int y = static_cast<std::int16_t>(HIWORD(static_cast<std::uintptr_t>(point))) - HeaderHeight();
+int ListView::RowAt(int y) const {
+    y -= HeaderHeight();
     return y < 0 ? -1 : rows_.First() + (y / rowHeight_);
 }
 
@@ -307,13 +307,13 @@ void ListView::TypeAhead(wchar_t character) {
     InvalidateRect(Handle(), nullptr, FALSE);
 }
 
-void ListView::DoubleClick(LPARAM point) {
-    if (rows_.Has(RowAt(point)))
-        SendKeyNotification(VK_RETURN);
+ScrollBar ListView::Bar() const {
+    const Window* window = FindWindowRecord(Handle());
+    return {window ? ScrollBarPlace(*window) : RECT{}, rows_.Count(), RowsShown(), rows_.First()};
 }
 
-void ListView::ScrollBy(int rows) {
-    rows_.ScrollTo(rows_.First() + rows, RowsShown());
+void ListView::ScrollTo(int position) {
+    rows_.ScrollTo(position, RowsShown());
     InvalidateRect(Handle(), nullptr, TRUE);
 }
 
@@ -339,8 +339,15 @@ LRESULT ListView::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONDBLCLK:
         DoubleClick(lParam);
         return 0;
+    case WM_RBUTTONDOWN:
+        RightClick(lParam);
+        return 0;
+    case WM_MOUSEMOVE:
+        if ((wParam & MK_CONTROL) == 0)
+            DragTo(lParam);
+        return 0;
     case WM_MOUSEWHEEL:
-        ScrollBy(-static_cast<std::int16_t>(HIWORD(wParam)));
+        ScrollTo(rows_.First() - static_cast<std::int16_t>(HIWORD(wParam)));
         return 0;
     case WM_SIZE:
         Measure();

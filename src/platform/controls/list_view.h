@@ -24,6 +24,8 @@ public:
     int RowHeight() const { return rowHeight_; }
 
     LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    ScrollBar Bar() const override;
+    void ScrollTo(int position) override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
 
 private:
@@ -61,11 +63,12 @@ private:
     void TypeAhead(wchar_t character);
     void Click(WPARAM keys, LPARAM point);
     void DoubleClick(LPARAM point);
-    void ScrollBy(int rows);
+    void RightClick(LPARAM point);
+    void DragTo(LPARAM point);
     void LookChanged(bool isFont);
     void SendKeyNotification(WORD key);
     void SendNotification(INT code);
-    int RowAt(LPARAM point) const;
+    int RowAt(int y) const;
 
     void Paint(HDC context);
     void PaintHeader(HDC context, const RECT& client) const;

@@ -72,7 +72,7 @@ void ListView::MoveKey(WORD key) {
 }
 
 void ListView::Click(WPARAM keys, LPARAM point) {
-    const int row = RowAt(point);
+    const int row = RowAt(PointOf(point).y);
     if (!rows_.Has(row))
         return;
     if ((keys & MK_CONTROL) != 0) {
@@ -85,6 +85,33 @@ void ListView::Click(WPARAM keys, LPARAM point) {
     rows_.EnsureVisible(row, RowsShown());
     InvalidateRect(Handle(), nullptr, FALSE);
     SendNotification(NM_CLICK);
+}
+
+void ListView::DoubleClick(LPARAM point) {
+    if (rows_.Has(RowAt(PointOf(point).y)))
+        SendKeyNotification(VK_RETURN);
+}
+
+void ListView::RightClick(LPARAM point) {
+    const int row = RowAt(PointOf(point).y);
+    if (!rows_.Has(row) || rows_.IsSelected(row))
+        return;
+    rows_.MoveTo(row, ListViewRows::Move::Select);
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+// Beyond the edges a row at a time comes into view.
+void ListView::DragTo(LPARAM point) {
+    if (HasStyle(LVS_SINGLESEL) || rows_.Count() == 0)
+        return;
+    const int first = rows_.First();
+    const int row = std::clamp(RowAt(PointOf(point).y), first - 1, first + RowsShown());
+    const int target = std::clamp(row, 0, rows_.Count() - 1);
+    if (target == rows_.Focused())
+        return;
+    rows_.MoveTo(target, ListViewRows::Move::Extend);
+    rows_.EnsureVisible(target, RowsShown());
+    InvalidateRect(Handle(), nullptr, FALSE);
 }
 
 } // namespace device

@@ -5,7 +5,6 @@
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/look.h"
-#include "platform/windowing/scroll_bar.h"
 
 #include <algorithm>
 
@@ -110,14 +109,7 @@ void ListView::PaintRow(HDC context, int row, RECT place) const {
 }
 
 void ListView::PaintFrame(Canvas& canvas, const RECT& place) {
-    const Window* window = FindWindowRecord(Handle());
-    if (!window)
-        return;
-    if (window->insets.right > window->insets.left) {
-        const RECT bar{place.right - window->insets.right, place.top, place.right, place.bottom};
-        PaintScrollBar(canvas, bar, rows_.Count(), RowsShown(), rows_.First());
-    }
-    if (window->Has(WS_BORDER))
+    if (HasStyle(WS_BORDER))
         canvas.Frame(place, MenuEdgeColor, 1);
 }
 

@@ -22,6 +22,10 @@ inline bool Contains(const RECT& outer, const RECT& inner) {
         && inner.bottom <= outer.bottom;
 }
 
+inline bool Contains(const RECT& outer, POINT point) {
+    return point.x >= outer.left && point.x < outer.right && point.y >= outer.top && point.y < outer.bottom;
+}
+
 inline bool SameRectangle(const RECT& a, const RECT& b) {
     return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }

@@ -2,6 +2,7 @@
 
 #include "platform/drawing/canvas.h"
 #include "platform/window.h"
+#include "platform/windowing/scroll_bar.h"
 
 #include <memory>
 #include <string>
@@ -20,7 +21,11 @@ public:
     HWND Handle() const { return window_; }
     /// Every message of the window that no subclass took; what is not the control's own goes on to DefWindowProcW.
     virtual LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) = 0;
-    /// Border and scroll bar, painted after the content; `place` is the whole window in screen coordinates.
+    /// The scroll bar as it shows now, if there is one.
+    virtual ScrollBar Bar() const { return {}; }
+    /// As far as there is content.
+    virtual void ScrollTo(int /*position*/) { }
+    /// The border, painted after content and scroll bar; `place` is the whole window in screen coordinates.
     virtual void PaintFrame(Canvas& /*canvas*/, const RECT& /*place*/) { }
     /// False for a control that the focus passes by.
     virtual bool TakesFocus() const { return true; }
@@ -34,6 +39,12 @@ public:
 private:
     HWND window_;
 };
+
+/// The point that a message of the mouse carries, in client coordinates.
+inline POINT PointOf(LPARAM packed) {
+    const auto words = static_cast<std::uintptr_t>(packed);
+    return {static_cast<std::int16_t>(LOWORD(words)), static_cast<std::int16_t>(HIWORD(words))};
+}
 
 using ControlFactory = std::unique_ptr<Control> (*)(HWND window);
 

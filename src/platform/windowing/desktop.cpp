@@ -201,9 +201,16 @@ void Desktop::Next(MSG& message) {
     }
 }
 
+bool Desktop::Pull(InputEvent& event, bool wait) {
+    if (!host_->NextEvent(event, wait))
+        return false;
+    mouse_.Note(event);
+    return true;
+}
+
 bool Desktop::PullInput(bool wait) {
     InputEvent event;
-    if (!host_->NextEvent(event, wait))
+    if (!Pull(event, wait))
         return false;
     Route(event);
     return true;
@@ -214,10 +221,10 @@ bool Desktop::NextInput(InputEvent& event) {
         CollectInbox();
         if (!queue_.empty() || quit_)
             return false;
-        if (host_->NextEvent(event, false))
+        if (Pull(event, false))
             return true;
         PaintInvalid();
-        if (!closing_.Step() && host_->NextEvent(event, true))
+        if (!closing_.Step() && Pull(event, true))
             return true;
     }
 }
@@ -226,6 +233,19 @@ wchar_t Desktop::TakePendingCharacter() {
     const wchar_t character = pendingCharacter_;
     pendingCharacter_ = 0;
     return character;
+}
+
+// Texts that were copied or selected
+
+void Desktop::StoreText(Clipboard where, const std::wstring& text) {
+    texts_[static_cast<std::size_t>(where)] = text;
+    if (host_)
+        host_->StoreText(where, text);
+}
+
+std::wstring Desktop::StoredText(Clipboard where) const {
+    std::wstring text = host_ ? host_->StoredText(where) : std::wstring();
+    return text.empty() ? texts_[static_cast<std::size_t>(where)] : text;
 }
 
 // Painting

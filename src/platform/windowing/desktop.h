@@ -2,8 +2,10 @@
 
 #include "platform/windowing/closing.h"
 #include "platform/windowing/host.h"
+#include "platform/windowing/mouse.h"
 #include "platform/windowing/window_record.h"
 
+#include <array>
 #include <deque>
 #include <functional>
 #include <string>
@@ -63,6 +65,11 @@ public:
     unsigned Modifiers() const { return modifiers_; }
     /// Turns an event into messages; called when no menu is open.
     void Route(const InputEvent& event);
+    const Mouse& TheMouse() const { return mouse_; }
+
+    // Texts that were copied or selected: the host's, and our own where it keeps none.
+    void StoreText(Clipboard where, const std::wstring& text);
+    std::wstring StoredText(Clipboard where) const;
 
     // Painting
     void Invalidate(const RECT& screenRectangle);
@@ -87,12 +94,12 @@ public:
 private:
     Desktop() = default;
     void CollectInbox();
+    bool Pull(InputEvent& event, bool wait);
     bool PullInput(bool wait);
     bool NoteKeyDown(WORD key, HWND listener);
     bool NoteKeyUp(WORD key, HWND listener);
     bool NoteText(const InputEvent& event);
     void RouteKey(const InputEvent& event);
-    void RouteMouse(const InputEvent& event);
     void RouteSoftKey(bool left, bool down);
     void RouteBack(Window& top, bool down);
     void DropMessagesOf(HWND window);
@@ -122,7 +129,8 @@ private:
     std::wstring toldTitle_;
     OpenMenu* menu_ = nullptr;
     Closing closing_;
-    HWND mouseTarget_ = nullptr;
+    Mouse mouse_;
+    std::array<std::wstring, 2> texts_; ///< what was copied, and what was selected last
 };
 
 /// Looks up a class by name, ignoring case; null when there is none.

@@ -3,8 +3,6 @@
 #include "platform/drawing/rectangles.h"
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
-#include "platform/windowing/look.h"
-#include "platform/windowing/scroll_bar.h"
 
 #include <algorithm>
 
@@ -76,12 +74,8 @@ void UpdateDialogScroll(Window& dialog) {
     SetInsets(dialog, {0, 0, needed ? GetSystemMetrics(SM_CXVSCROLL) : 0, 0});
 }
 
-void PaintDialogScrollBar(Canvas& canvas, const Window& dialog) {
-    if (!dialog.modal || dialog.insets.right <= 0)
-        return;
-    const RECT client = ScreenClient(dialog);
-    PaintScrollBar(canvas, {client.right, client.top, client.right + dialog.insets.right, client.bottom},
-        ContentHeight(dialog), HeightOf(client), dialog.modal->scroll);
+ScrollBar DialogScrollBar(const Window& dialog) {
+    return {ScrollBarPlace(dialog), ContentHeight(dialog), HeightOf(ScreenClient(dialog)), dialog.modal->scroll};
 }
 
 } // namespace device

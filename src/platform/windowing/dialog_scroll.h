@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/drawing/canvas.h"
 #include "platform/windowing/window_record.h"
 
 namespace device {
@@ -13,6 +12,6 @@ bool ScrollToHidden(Window& dialog, int step);
 void ShowDialogControl(Window& dialog, const Window& control);
 /// The edges of the content changed: shows or hides the scroll bar.
 void UpdateDialogScroll(Window& dialog);
-void PaintDialogScrollBar(Canvas& canvas, const Window& dialog);
+ScrollBar DialogScrollBar(const Window& dialog);
 
 } // namespace device

@@ -8,27 +8,6 @@
 
 namespace device {
 
-namespace {
-
-/// The deepest shown child under a point of the screen.
-Window* ChildAt(Window& window, POINT point) {
-    for (auto child = window.children.rbegin(); child != window.children.rend(); ++child) {
-        if (!(*child)->Has(WS_VISIBLE) || (*child)->Has(WS_DISABLED))
-            continue;
-        const RECT place = Intersect(ScreenPlace(**child), ScreenClient(window));
-        if (point.x >= place.left && point.x < place.right && point.y >= place.top && point.y < place.bottom)
-            return ChildAt(**child, point);
-    }
-    return &window;
-}
-
-LPARAM ClientPoint(const Window& window, const InputEvent& event) {
-    const RECT client = ScreenClient(window);
-    return MAKELPARAM(static_cast<unsigned>(event.x - client.left), static_cast<unsigned>(event.y - client.top));
-}
-
-} // namespace
-
 void Desktop::Route(const InputEvent& event) {
     switch (event.kind) {
     case InputEvent::Kind::KeyDown:
@@ -45,8 +24,14 @@ void Desktop::Route(const InputEvent& event) {
     case InputEvent::Kind::MouseDown:
     case InputEvent::Kind::MouseUp:
     case InputEvent::Kind::DoubleClick:
+    case InputEvent::Kind::MouseMove:
     case InputEvent::Kind::Wheel:
-        RouteMouse(event);
+        modifiers_ = event.modifiers;
+        mouse_.Route(event);
+        return;
+    case InputEvent::Kind::Paste:
+        if (!event.text.empty())
+            Send(focus_, WM_PASTE, 0, reinterpret_cast<LPARAM>(event.text.c_str()));
         return;
     case InputEvent::Kind::Close:
         closing_.Ask();
@@ -57,8 +42,6 @@ void Desktop::Route(const InputEvent& event) {
     case InputEvent::Kind::Repaint:
         InvalidateAll();
         return;
-    case InputEvent::Kind::MouseMove:
-    case InputEvent::Kind::Paste:
     case InputEvent::Kind::None:
         return;
     }
@@ -111,6 +94,10 @@ bool Desktop::NoteForMenu(const InputEvent& event) {
     case InputEvent::Kind::Repaint:
         Route(event);
         return true;
+    case InputEvent::Kind::MouseMove:
+    case InputEvent::Kind::MouseUp:
+        mouse_.UpdateShape();
+        return true;
     default:
         return true;
     }
@@ -125,6 +112,11 @@ void Desktop::RouteKey(const InputEvent& event) {
         return;
     if (event.key == VK_TSOFT1 || event.key == VK_TSOFT2) {
         RouteSoftKey(event.key == VK_TSOFT1, down);
+        return;
+    }
+    if (event.key == VK_APPS || (event.key == VK_F10 && (modifiers_ & MOD_SHIFT) != 0)) {
+        if (down)
+            SoftKeyBar::OpenMenu(active_, std::nullopt);
         return;
     }
     if (event.key == VK_TBACK) {
@@ -163,41 +155,6 @@ void Desktop::RouteBack(Window& top, bool down) {
         Post({top.handle, WM_COMMAND, IDCANCEL, 0});
     else
         SHNavigateBack();
-}
-
-void Desktop::RouteMouse(const InputEvent& event) {
-    const bool press = event.kind == InputEvent::Kind::MouseDown || event.kind == InputEvent::Kind::DoubleClick;
-    if (press && event.y >= ScreenSize().cy - SoftKeyBarHeight()) {
-        RouteSoftKey(event.x < ScreenSize().cx / 2, true);
-        return;
-    }
-    Window* front = Front();
-    if (!front)
-        return;
-    Window* target = ChildAt(*front, {event.x, event.y});
-    modifiers_ = event.modifiers;
-    const WPARAM keys
-        = ((event.modifiers & MOD_SHIFT) != 0 ? MK_SHIFT : 0) | ((event.modifiers & MOD_CONTROL) != 0 ? MK_CONTROL : 0);
-    if (event.kind == InputEvent::Kind::Wheel) {
-        const auto lines = static_cast<std::uintptr_t>(static_cast<WORD>(event.delta));
-        Post({target->handle, WM_MOUSEWHEEL, (lines << 16U) | keys, 0});
-        return;
-    }
-    if (event.kind == InputEvent::Kind::MouseUp) {
-        if (Window* pressed = FindWindowRecord(mouseTarget_))
-            Post({pressed->handle, WM_LBUTTONUP, keys, ClientPoint(*pressed, event)});
-        mouseTarget_ = nullptr;
-        return;
-    }
-    mouseTarget_ = target->handle;
-    const bool takes
-        = target->parent && target->Has(WS_TABSTOP | WS_VISIBLE) && target->control && target->control->TakesFocus();
-    if (takes && focus_ != target->handle)
-        SetFocus(target->handle);
-    if (FindWindowRecord(mouseTarget_) != target)
-        return;
-    const UINT message = event.kind == InputEvent::Kind::DoubleClick ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN;
-    Post({target->handle, message, keys, ClientPoint(*target, event)});
 }
 
 } // namespace device

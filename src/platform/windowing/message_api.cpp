@@ -106,6 +106,8 @@ LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) 
         FillRect(reinterpret_cast<HDC>(wParam), &client, GetSysColorBrush(COLOR_WINDOW)); // NOLINT
         return 1;
     }
+    case WM_MOUSEWHEEL:
+        return window->parent ? SendMessageW(window->parent->handle, message, wParam, lParam) : 0;
     case WM_CLOSE:
         DestroyWindow(handle);
         return 0;

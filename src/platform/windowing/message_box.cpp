@@ -8,7 +8,6 @@
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/dialog_loop.h"
 #include "platform/windowing/look.h"
-#include "platform/windowing/scroll_bar.h"
 #include "platform/windowing/soft_key_bar.h"
 
 #include <algorithm>
@@ -51,14 +50,15 @@ public:
     bool HasCancel() const { return (style_ & 0xFU) == MB_OKCANCEL; }
 
     LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    ScrollBar Bar() const override;
+    void ScrollTo(int position) override;
 
 private:
     void Layout();
     void Answer(int id) { EndDialog(Handle(), id); }
     void Command(int id, LPARAM sender);
     void Paint(HDC context);
-    void Scroll(int step);
-    void PaintFrame(Canvas& canvas, const RECT& place) override;
+    void ScrollLines(int lines);
 
     UINT style_ = 0;
     UINT picture_ = 0;
@@ -93,16 +93,22 @@ void MessagePanel::Layout() {
     Desktop::The().InvalidateAll();
 }
 
-void MessagePanel::Scroll(int step) {
-    scroll_ += step * Desktop::The().Screen().Measurer().Metrics(BoxFont()).Height();
+void MessagePanel::ScrollTo(int position) {
+    scroll_ = position;
     Layout();
 }
 
-void MessagePanel::PaintFrame(Canvas& canvas, const RECT& place) {
-    const int width = GetSystemMetrics(SM_CXVSCROLL);
-    if (textHeight_ > room_)
-        PaintScrollBar(canvas, {place.right - width, place.top + Scaled(3), place.right, place.bottom}, textHeight_,
-            std::max(1, room_), scroll_);
+void MessagePanel::ScrollLines(int lines) {
+    ScrollTo(scroll_ + lines * Desktop::The().Screen().Measurer().Metrics(BoxFont()).Height());
+}
+
+ScrollBar MessagePanel::Bar() const {
+    const Window* window = FindWindowRecord(Handle());
+    if (!window || textHeight_ <= room_)
+        return {};
+    const RECT& place = window->place;
+    const LONG left = place.right - GetSystemMetrics(SM_CXVSCROLL);
+    return {{left, place.top + Scaled(3), place.right, place.bottom}, textHeight_, std::max(1, room_), scroll_};
 }
 
 void MessagePanel::Command(int id, LPARAM sender) {
@@ -139,10 +145,10 @@ LRESULT MessagePanel::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         if (wParam == VK_RETURN && HasOneButton())
             Answer(IDOK);
         else if (wParam == VK_UP || wParam == VK_DOWN)
-            Scroll(wParam == VK_UP ? -1 : 1);
+            ScrollLines(wParam == VK_UP ? -1 : 1);
         return 0;
     case WM_MOUSEWHEEL:
-        Scroll(-static_cast<std::int16_t>(HIWORD(wParam)));
+        ScrollLines(-static_cast<std::int16_t>(HIWORD(wParam)));
         return 0;
     case WM_SETTINGCHANGE:
         Layout();

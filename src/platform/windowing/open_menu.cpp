@@ -1,6 +1,6 @@
 #include "platform/windowing/open_menu.h"
 
-#include "platform/drawing.h"
+#include "platform/drawing/rectangles.h"
 #include "platform/input.h"
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/look.h"
@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace device {
 
@@ -30,9 +31,10 @@ int DigitOf(const std::vector<MenuItem>& items, int index) {
 
 } // namespace
 
-OpenMenu::OpenMenu(SoftKeyBar& bar, bool left)
+OpenMenu::OpenMenu(SoftKeyBar& bar, bool left, std::optional<POINT> at)
     : bar_(bar)
-    , left_(left) {
+    , left_(left)
+    , at_(at) {
     Open(*bar.At(left).popup);
 }
 
@@ -53,12 +55,21 @@ void OpenMenu::CloseInner() {
     Desktop::The().StopRepeats();
 }
 
-OpenMenu::Outcome OpenMenu::Choose(int index) {
+bool OpenMenu::CanChoose(int index) const {
     if (index < 0 || index >= static_cast<int>(Popup().Items().size()))
+        return false;
+    const MenuItem& item = Popup().Items()[static_cast<std::size_t>(index)];
+    return !item.separator && !item.grayed;
+}
+
+bool OpenMenu::CanChoose(POINT point) const {
+    return CanChoose(ItemAt(point));
+}
+
+OpenMenu::Outcome OpenMenu::Choose(int index) {
+    if (!CanChoose(index))
         return Outcome::Open;
     MenuItem& item = levels_.back().popup->Items()[static_cast<std::size_t>(index)];
-    if (item.separator || item.grayed)
-        return Outcome::Open;
     levels_.back().focused = index;
     if (item.popup) {
         Open(*item.popup);
@@ -104,27 +115,49 @@ OpenMenu::Outcome OpenMenu::HandleKey(WORD key) {
         const bool left = key == VK_TSOFT1;
         return left != left_ && bar_.At(left).popup ? Outcome::Switched : Outcome::Closed;
     }
+    case VK_APPS:
+        return Outcome::Closed;
     default:
         return Outcome::Open;
     }
 }
 
-OpenMenu::Outcome OpenMenu::HandleMouse(const InputEvent& event) {
-    const POINT point{event.x, event.y};
-    const RECT place = Place();
+OpenMenu::Outcome OpenMenu::PressMouse(POINT point) {
     const SIZE screen = ScreenSize();
     if (point.y >= screen.cy - SoftKeyBarHeight()) {
         const bool left = point.x < screen.cx / 2;
         return left != left_ && bar_.At(left).popup ? Outcome::Switched : Outcome::Closed;
     }
-    if (point.x < place.left || point.x >= place.right || point.y < place.top || point.y >= place.bottom)
+    if (!Contains(Place(), point))
         return Outcome::Closed;
-    return Choose(ItemAt(point.y));
+    releaseChooses_ = true;
+    Focus(ItemAt(point));
+    return Outcome::Open;
+}
+
+void OpenMenu::Focus(int index) {
+    if (!CanChoose(index) || index == Focused())
+        return;
+    levels_.back().focused = index;
+    Desktop::The().InvalidateAll();
+}
+
+void OpenMenu::Hover(POINT point) {
+    const std::optional<POINT> held = Desktop::The().TheMouse().HeldAt();
+    releaseChooses_ = releaseChooses_ || (held && !IsNear(*held, point));
+    Focus(ItemAt(point));
+}
+
+// The button that opened the menu chooses nothing where it comes up without having moved.
+OpenMenu::Outcome OpenMenu::ReleaseMouse(POINT point) {
+    return std::exchange(releaseChooses_, false) ? Choose(ItemAt(point)) : Outcome::Open;
 }
 
 OpenMenu::Outcome OpenMenu::Handle(const InputEvent& event) {
-    Desktop::The().InvalidateAll();
+    const POINT point{event.x, event.y};
     wchar_t character = 0;
+    if (event.kind != InputEvent::Kind::MouseMove)
+        Desktop::The().InvalidateAll();
     switch (event.kind) {
     case InputEvent::Kind::KeyDown:
         character = event.character;
@@ -135,7 +168,12 @@ OpenMenu::Outcome OpenMenu::Handle(const InputEvent& event) {
         character = event.character;
         break;
     case InputEvent::Kind::MouseDown:
-        return HandleMouse(event);
+        return PressMouse(point);
+    case InputEvent::Kind::MouseMove:
+        Hover(point);
+        return Outcome::Open;
+    case InputEvent::Kind::MouseUp:
+        return ReleaseMouse(point);
     case InputEvent::Kind::Wheel:
         Move(event.delta > 0 ? -1 : 1);
         return Outcome::Open;
@@ -171,8 +209,15 @@ RECT OpenMenu::Place() const {
     }
     width = std::min(std::max<LONG>(width + Scaled(28), (area.right - area.left) * 3 / 5), area.right - area.left);
     height = std::min(height, area.bottom - area.top);
-    const LONG x = left_ ? area.left : area.right - width;
-    return {x, area.bottom - height, x + width, area.bottom};
+    if (!at_) {
+        const LONG x = left_ ? area.left : area.right - width;
+        return {x, area.bottom - height, x + width, area.bottom};
+    }
+    const LONG x = std::clamp(at_->x, area.left, area.right - width);
+    // Above the pointer where it has no room below it.
+    const LONG top = at_->y + height <= area.bottom ? at_->y : at_->y - height;
+    const LONG y = std::clamp(top, area.top, area.bottom - height);
+    return {x, y, x + width, y + height};
 }
 
 int OpenMenu::CountShown() const {
@@ -195,17 +240,24 @@ void OpenMenu::ShowFocused() {
         ++level.first;
 }
 
-int OpenMenu::ItemAt(int y) const {
-    LONG top = Place().top + Scaled(2);
+std::vector<RECT> OpenMenu::ItemPlaces() const {
+    const RECT place = Place();
     const auto& items = Popup().Items();
-    const int end = FirstShown() + CountShown();
-    for (int index = FirstShown(); index < end && index < static_cast<int>(items.size()); ++index) {
-        const LONG bottom = top + RowHeight(items[static_cast<std::size_t>(index)]);
-        if (y >= top && y < bottom)
-            return index;
-        top = bottom;
+    std::vector<RECT> places(items.size());
+    const auto end = std::min(items.size(), static_cast<std::size_t>(FirstShown() + CountShown()));
+    LONG top = place.top + Scaled(2);
+    for (auto index = static_cast<std::size_t>(FirstShown()); index < end; ++index) {
+        places[index] = {place.left, top, place.right, top + RowHeight(items[index])};
+        top = places[index].bottom;
     }
-    return -1;
+    return places;
+}
+
+int OpenMenu::ItemAt(POINT point) const {
+    const std::vector<RECT> places = ItemPlaces();
+    const auto hit
+        = std::find_if(places.begin(), places.end(), [&](const RECT& place) { return Contains(place, point); });
+    return hit == places.end() ? -1 : static_cast<int>(hit - places.begin());
 }
 
 std::wstring OpenMenu::PaintedText(int index) const {
@@ -227,19 +279,19 @@ void OpenMenu::Paint(Canvas& canvas) const {
     canvas.SetMarks({});
     canvas.Fill(place, MenuColor);
     canvas.PushClip(place);
-    LONG top = place.top + Scaled(2);
-    const auto& items = Popup().Items();
-    const int end = std::min(FirstShown() + CountShown(), static_cast<int>(items.size()));
-    for (int index = FirstShown(); index < end; ++index) {
-        const MenuItem& item = items[static_cast<std::size_t>(index)];
-        const LONG bottom = top + RowHeight(item);
+    const std::vector<RECT> places = ItemPlaces();
+    for (int index = 0; index < static_cast<int>(places.size()); ++index) {
+        const MenuItem& item = Popup().Items()[static_cast<std::size_t>(index)];
+        const RECT& row = places[static_cast<std::size_t>(index)];
+        if (IsRectEmpty(row))
+            continue;
         if (item.separator) {
-            const LONG middle = (top + bottom) / 2;
+            const LONG middle = (row.top + row.bottom) / 2;
             canvas.Line({place.left + Scaled(6), middle}, {place.right - Scaled(6), middle}, MenuEdgeColor, 1);
         } else {
             const bool focused = index == Focused();
             if (focused)
-                canvas.Fill({place.left, top, place.right, bottom}, GetSysColor(COLOR_HIGHLIGHT));
+                canvas.Fill(row, GetSysColor(COLOR_HIGHLIGHT));
             const COLORREF color = item.grayed ? GetSysColor(COLOR_GRAYTEXT)
                 : focused                      ? GetSysColor(COLOR_HIGHLIGHTTEXT)
                                                : GetSysColor(COLOR_WINDOWTEXT);
@@ -249,22 +301,21 @@ void OpenMenu::Paint(Canvas& canvas) const {
             marks.greyed = item.grayed;
             canvas.SetMarks(marks);
             const int room = static_cast<int>(place.right - place.left) - Scaled(16);
-            canvas.Text(place.left + Scaled(8), top + Scaled(3),
+            canvas.Text(row.left + Scaled(8), row.top + Scaled(3),
                 EllipsisText(canvas.Measurer(), MenuFont(), PaintedText(index), room), MenuFont(), color);
         }
-        top = bottom;
     }
     canvas.SetMarks({});
     canvas.PopClip();
     canvas.Frame(place, MenuEdgeColor, 1);
 }
 
-UINT RunMenu(SoftKeyBar& bar, bool left) {
+UINT RunMenu(SoftKeyBar& bar, bool left, std::optional<POINT> at) {
     Desktop& desktop = Desktop::The();
     const HWND barWindow = bar.Handle();
     UINT command = 0;
     for (bool open = true; open;) {
-        OpenMenu menu(bar, left);
+        OpenMenu menu(bar, left, at);
         desktop.SetMenu(&menu);
         auto outcome = OpenMenu::Outcome::Open;
         InputEvent event;
@@ -274,6 +325,7 @@ UINT RunMenu(SoftKeyBar& bar, bool left) {
         desktop.SetMenu(nullptr);
         open = outcome == OpenMenu::Outcome::Switched && IsWindow(barWindow);
         left = open ? !left : left;
+        at.reset();
         command = menu.Command();
     }
     return command;

@@ -4,6 +4,7 @@
 #include "platform/windowing/host.h"
 #include "platform/windowing/menu.h"
 
+#include <optional>
 #include <vector>
 
 namespace device {
@@ -15,7 +16,8 @@ class OpenMenu {
 public:
     enum class Outcome { Open, Closed, Chosen, Switched };
 
-    OpenMenu(SoftKeyBar& bar, bool left);
+    /// At a point of the screen, or at its soft key.
+    OpenMenu(SoftKeyBar& bar, bool left, std::optional<POINT> at);
 
     Outcome Handle(const InputEvent& event);
     /// After Chosen.
@@ -32,6 +34,10 @@ public:
     /// The items that show, from the first one on.
     int FirstShown() const { return levels_.back().first; }
     int CountShown() const;
+    /// Of the innermost popup's items, on the screen; empty for one that does not show.
+    std::vector<RECT> ItemPlaces() const;
+    /// Whether a click on a point of the screen chooses an item.
+    bool CanChoose(POINT point) const;
 
 private:
     struct Level {
@@ -44,20 +50,26 @@ private:
     void CloseInner();
     Outcome Choose(int index);
     Outcome HandleKey(WORD key);
-    Outcome HandleMouse(const InputEvent& event);
+    Outcome PressMouse(POINT point);
+    void Focus(int index);
+    void Hover(POINT point);
+    Outcome ReleaseMouse(POINT point);
+    bool CanChoose(int index) const;
     void Move(int step);
     void ShowFocused();
-    int ItemAt(int y) const;
+    int ItemAt(POINT point) const;
     RECT Place() const;
     int RowHeight(const MenuItem& item) const;
 
     SoftKeyBar& bar_;
     bool left_;
+    std::optional<POINT> at_;
+    bool releaseChooses_ = false; ///< the button that is held was pressed on the menu, or dragged to it
     UINT command_ = 0;
     std::vector<Level> levels_;
 };
 
 /// Runs the popup of a soft key until it closes: the command chosen, 0 for none.
-UINT RunMenu(SoftKeyBar& bar, bool left);
+UINT RunMenu(SoftKeyBar& bar, bool left, std::optional<POINT> at);
 
 } // namespace device

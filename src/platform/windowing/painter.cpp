@@ -2,7 +2,6 @@
 #include "platform/input.h"
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
-#include "platform/windowing/dialog_scroll.h"
 #include "platform/windowing/look.h"
 #include "platform/windowing/open_menu.h"
 #include "platform/windowing/soft_key_bar.h"
@@ -39,16 +38,12 @@ void PaintWindow(Window& window, Canvas& canvas, const RECT& clip) {
     }
     if (!FindWindowRecord(handle))
         return;
-    if (window.control) {
-        canvas.PushClip(place);
-        canvas.SetMarks({});
+    canvas.PushClip(place);
+    canvas.SetMarks({});
+    PaintScrollBar(canvas, ScrollBarOf(window));
+    if (window.control)
         window.control->PaintFrame(canvas, ScreenPlace(window));
-        canvas.PopClip();
-    }
-    if (window.modal) {
-        canvas.SetMarks({});
-        PaintDialogScrollBar(canvas, window);
-    }
+    canvas.PopClip();
     for (Window* child : window.children)
         PaintWindow(*child, canvas, visible);
 }
@@ -140,6 +135,7 @@ void Desktop::PaintInvalid() {
     TellTitle();
     PaintScreen(*this, Screen(), dirty);
     host_->Present(dirty);
+    mouse_.UpdateShape(); // another window may be under the pointer now
 }
 
 void Desktop::PaintAll(Canvas& canvas) {

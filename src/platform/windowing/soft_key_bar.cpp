@@ -61,12 +61,18 @@ LRESULT SoftKeyBar::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     return TRUE;
 }
 
-void SoftKeyBar::Press(bool left) {
+void SoftKeyBar::OpenMenu(HWND topLevel, std::optional<POINT> at) {
+    SoftKeyBar* bar = Of(topLevel);
+    if (bar && bar->At(false).popup)
+        bar->Press(false, at);
+}
+
+void SoftKeyBar::Press(bool left, std::optional<POINT> at) {
     const Key& key = At(left);
     const HWND bar = Handle();
     const HWND owner = owner_;
     if (key.popup) {
-        const UINT command = RunMenu(*this, left);
+        const UINT command = RunMenu(*this, left, at);
         if (command != 0 && IsWindow(owner))
             PostMessageW(owner, WM_COMMAND, command, reinterpret_cast<LPARAM>(bar));
     } else if (key.command != 0) {

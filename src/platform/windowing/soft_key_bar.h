@@ -4,6 +4,7 @@
 #include "platform/windowing/menu.h"
 
 #include <array>
+#include <optional>
 #include <set>
 
 namespace device {
@@ -29,8 +30,10 @@ public:
     const Key& At(bool left) const { return keys_[left ? 0 : 1]; }
     /// The default action of `key` is taken over and reported to the owner as WM_HOTKEY.
     bool Overrides(WORD key) const { return overridden_.count(key) > 0; }
-    /// The soft key went down: sends its command or opens its popup.
-    void Press(bool left);
+    /// The soft key went down: sends its command or opens its popup, at a point of the screen where one is given.
+    void Press(bool left, std::optional<POINT> at = std::nullopt);
+    /// Opens the right soft key's popup; nothing happens where that key has none.
+    static void OpenMenu(HWND topLevel, std::optional<POINT> at);
 
     LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool TakesFocus() const override { return false; }

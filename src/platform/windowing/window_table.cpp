@@ -192,8 +192,6 @@ void Desktop::Destroy(Window& window) {
 
     if (focus_ == handle)
         focus_ = nullptr;
-    if (mouseTarget_ == handle)
-        mouseTarget_ = nullptr;
     std::erase(topLevels_, &window);
     if (window.parent)
         std::erase(window.parent->children, &window);
@@ -230,7 +228,9 @@ void Desktop::SwitchOff() {
     menu_ = nullptr;
     queue_.clear();
     topLevels_.clear();
-    focus_ = active_ = mouseTarget_ = nullptr;
+    focus_ = active_ = nullptr;
+    mouse_ = {};
+    texts_ = {};
     keysDown_.clear();
     quit_ = false;
     for (Slot& slot : Slots()) {

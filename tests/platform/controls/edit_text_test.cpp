@@ -56,6 +56,13 @@ TEST(EditText, MovesSelectsAndChangesInWholeSteps) {
         {L"capitals set", L"", 0, 0, [&](auto& e) { e.Set(L"stra\u00dfe", capitals); }, L"|STRA\u00dfE"},
         {L"full", L"abc", 3, 3, [](auto& e) { e.Type(L'x', Limited); }, L"abc|"},
         {L"a selection makes room", L"abc", 1, 2, [](auto& e) { e.Type(L'x', Limited); }, L"ax|c"},
+        {L"digits of a paste", L"7", 1, 1, [&](auto& e) { e.Paste(L"12,345 km\n", digits); }, L"712345|"},
+        {L"nothing of a paste", L"7", 0, -1, [&](auto& e) { e.Paste(L"km", digits); }, L"[7|"},
+        {L"a paste in one line", L"", 0, 0, [&](auto& e) { e.Paste(L"\ra\r\nb\tc\x1b\n\n", free); }, L"a b c|"},
+        {L"a paste in lines", L"", 0, 0, [&](auto& e) { e.Paste(L"a\r\nb\r", lines); }, L"a\nb\n|"},
+        {L"a paste in capitals", L"", 0, 0, [&](auto& e) { e.Paste(L"kt\u00fc 7", capitals); }, L"KT\u00dc 7|"},
+        {L"a paste that is cut", L"a", 1, 1, [&](auto& e) { e.Paste(L"x" + Family, Limited); }, L"ax|"},
+        {L"a paste over a selection", L"abc", 1, 3, [](auto& e) { e.Paste(L"xyz", Limited); }, L"axy|"},
         {L"a word", L"one two", 0, 0, [](auto& e) { e.SelectWord(5); }, L"one [two|"}};
     for (const auto& [name, text, start, end, act, expected] : cases) {
         EditText edit;

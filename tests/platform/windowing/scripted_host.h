@@ -35,6 +35,29 @@ public:
         for (const wchar_t character : text)
             events.push_back({Event::Kind::Text, 0, character});
     }
+    void Mouse(Event::Kind kind, POINT at, Event::Button button = Event::Button::Left, unsigned modifiers = 0) {
+        Event event;
+        event.kind = kind;
+        event.x = at.x;
+        event.y = at.y;
+        event.button = button;
+        event.modifiers = modifiers;
+        events.push_back(event);
+    }
+    void Click(POINT at, Event::Button button = Event::Button::Left, unsigned modifiers = 0) {
+        Mouse(Event::Kind::MouseDown, at, button, modifiers);
+        Mouse(Event::Kind::MouseUp, at, button, modifiers);
+    }
+    void DoubleClick(POINT at) {
+        Click(at);
+        Mouse(Event::Kind::DoubleClick, at);
+        Mouse(Event::Kind::MouseUp, at);
+    }
+    void Drag(POINT from, POINT to) {
+        Mouse(Event::Kind::MouseDown, from);
+        Mouse(Event::Kind::MouseMove, to);
+        Mouse(Event::Kind::MouseUp, to);
+    }
     void Resize(int width, int height) {
         Event event;
         event.kind = Event::Kind::Resize;
@@ -76,11 +99,13 @@ public:
     void Beep() override { }
     void Wake() override { }
     void GoBack() override { ++goBacks; }
+    void ShowPointer(device::PointerShape shape) override { shapes.push_back(shape); }
 
     std::deque<Step> steps;
     std::deque<Event> events;
     device::RecordingCanvas canvas{device::DeviceMeasurer()};
     int goBacks = 0;
+    std::vector<device::PointerShape> shapes;
 };
 
 inline std::wstring TextOf(HWND window) {

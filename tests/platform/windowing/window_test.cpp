@@ -102,6 +102,100 @@ TEST_F(WindowTest, AHeldKeyThatOpenedOrClosedAMenuActsNoMore) {
     }
 }
 
+TEST_F(WindowTest, MenusByTheMouse) {
+    using Kind = ScriptedHost::Event::Kind;
+    using Button = ScriptedHost::Event::Button;
+    const SIZE screen = device::ScreenSize();
+    const POINT key{screen.cx - 20, screen.cy - 2};
+    const auto place = [](std::size_t index) { return device::Desktop::The().Menu()->ItemPlaces()[index]; };
+    const auto item = [&](std::size_t index) { return POINT{screen.cx - 20, place(index).top + 2}; };
+    const auto focused = [] {
+        const device::OpenMenu* menu = device::Desktop::The().Menu();
+        return menu ? menu->Focused() : -1;
+    };
+    using Steps = std::vector<ScriptedHost::Step>;
+    const struct {
+        const char* what;
+        Steps steps;
+        UINT command; ///< 0: none
+    } cases[] = {{"the button that opened it comes up, then chooses",
+                     {[&] { host.Click(key); }, [&] { host.Click(item(2)); }}, 22},
+        {"pressed on the key, released on an item",
+            {[&] { host.Mouse(Kind::MouseDown, key); },
+                [&] {
+                    host.Mouse(Kind::MouseMove, item(2));
+                    host.Mouse(Kind::MouseUp, item(2));
+                }},
+            22},
+        {"greyed", {[&] { host.Click(key); }, [&] { host.Click(item(0)); }, [&] { host.Press(VK_TBACK); }}, 0},
+        {"an inner popup, whose item under the pointer is not chosen with it",
+            {[&] { host.Click(key); }, [&] { host.DoubleClick(item(3)); },
+                [&] {
+                    EXPECT_EQ(focused(), 0);
+                    host.Click(item(1));
+                }},
+            32},
+        {"outside",
+            {[&] { host.Click(key); },
+                [&] {
+                    host.Click({5, 40});
+                },
+                [&] { EXPECT_EQ(focused(), -1); }},
+            0},
+        {"hover",
+            {[&] { host.Click(key); },
+                [&] {
+                    host.Mouse(Kind::MouseMove, item(4));
+                    host.Mouse(Kind::MouseMove, item(1));
+                },
+                [&] {
+                    EXPECT_EQ(focused(), 4);
+                    host.Press(VK_TACTION);
+                }},
+            23},
+        {"at the pointer, inside the screen",
+            {[&] {
+                 host.Click({screen.cx - 1, 60}, Button::Right);
+             },
+                [&] {
+                    EXPECT_EQ(place(0).right, screen.cx);
+                    EXPECT_NEAR(place(0).top, 60, 4);
+                    host.Click(item(4));
+                }},
+            23},
+        {"upwards from the lower end",
+            {[&] {
+                 host.Click({20, screen.cy - 40}, Button::Right);
+             },
+                [&] {
+                    EXPECT_LT(place(4).bottom, screen.cy - 38);
+                    host.Press(VK_TBACK);
+                }},
+            0},
+        {"the keys of a keyboard",
+            {[&] { host.Press(VK_APPS); }, [&] { host.Press(VK_APPS); },
+                [&] {
+                    EXPECT_EQ(focused(), -1);
+                    host.Press(VK_F10, MOD_SHIFT);
+                },
+                [&] { host.Press(VK_TACTION); }},
+            22}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        heard.clear();
+        host.steps.assign(each.steps.begin(), each.steps.end());
+        host.Pump();
+        Heard commands = HeardBesidesPainting();
+        EXPECT_EQ(commands, each.command == 0 ? Heard{} : (Heard{{WM_COMMAND, each.command}}));
+    }
+    // A right soft key that is no menu is none for the right button either.
+    device::SoftKeyBar::Make(frame, {&Keys[0], 1});
+    host.Then([&] { host.Click({20, 60}, Button::Right); });
+    host.Then([&] { host.Press(VK_APPS); });
+    host.Then([&] { EXPECT_EQ(focused(), -1); });
+    host.Pump();
+}
+
 TEST_F(WindowTest, AnotherProcessPostsOnlyWhatIsRegisteredHereAndThatClosesAMenu) {
     CreateWindowExW(0, L"WindowUnderTest", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
     const UINT known = RegisterWindowMessageW(L"known");
