@@ -59,8 +59,13 @@ void Desktop::Route(const InputEvent& event) {
     case InputEvent::Kind::Repaint:
         InvalidateAll();
         return;
-    case InputEvent::Kind::MouseMove:
     case InputEvent::Kind::Paste:
+        // Elsewhere its characters would be read as commands.
+        if (TakesText(focus_))
+            for (const wchar_t character : event.text)
+                Post({focus_, WM_CHAR, static_cast<WPARAM>(character), 0});
+        return;
+    case InputEvent::Kind::MouseMove:
     case InputEvent::Kind::None:
         return;
     }
