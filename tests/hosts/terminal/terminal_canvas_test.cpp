@@ -67,6 +67,16 @@ TEST_F(TerminalCanvasTest, NothingThatSteersTheTerminalReachesIt) {
     EXPECT_EQ(canvas.Measurer().Width(ListFont, L"\u202E\u2066\u061C\u200F"), 0);
 }
 
+TEST_F(TerminalCanvasTest, WhatAsciiDoesNotHaveLeavesItsNeighbours) {
+    TerminalCanvas ascii{10, 24, false, true};
+    ascii.BeginFrame({});
+    ascii.Text(0, TitleHeight(), L"a\u6C7Db\u00E9c", ListFont, 0);
+    std::wstring line;
+    for (int column = 0; column < 5; ++column)
+        line += ascii.Grid().At(column, 1).text;
+    EXPECT_EQ(line, L"a?b?c");
+}
+
 TEST_F(TerminalCanvasTest, CutsAtTheClipWithAnEllipsis) {
     const int cell = canvas.Measurer().Width(ListFont, L"x");
     canvas.PushClip({0, 0, 4 * cell, 2000});
