@@ -1,3 +1,4 @@
+#include "hosts/command_line.h"
 #include "hosts/console/console_host.h"
 
 #include "platform/system/environment.h"
@@ -44,9 +45,10 @@ void TellExit() {
 
 } // namespace
 
-int main() {
+int main(int count, char** arguments) {
     if (const auto error = device::PrepareProcess())
         Refuse(*error);
+    device::ObeyCommandLine(count, arguments, device::ConsoleHelp, *OdoledgerModule()->version);
     if (const auto& error = device::EnvironmentError())
         Refuse(*error);
     device::ClearLeftovers();

@@ -1,5 +1,5 @@
+#include "hosts/command_line.h"
 #include "hosts/terminal/terminal_host.h"
-#include "hosts/window/help_text.h"
 #include "hosts/window/window_host.h"
 
 #include "platform/system/environment.h"
@@ -58,11 +58,7 @@ std::unique_ptr<device::Host> OpenHost(std::string& error) {
 int main(int count, char** arguments) {
     if (const auto error = device::PrepareProcess())
         Refuse(*error);
-    if (count > 1 && (std::string_view(arguments[1]) == "--help" || std::string_view(arguments[1]) == "-h")) {
-        std::fputs(device::HelpText(), stdout);
-        std::fflush(stdout);
-        std::_Exit(0);
-    }
+    device::ObeyCommandLine(count, arguments, device::OdoledgerHelp, *OdoledgerModule()->version);
     if (const auto& error = device::EnvironmentError())
         Refuse(*error);
     device::ClearLeftovers();

@@ -95,6 +95,7 @@ wait "$stopped" 2>/dev/null
 stopped=
 
 # Places for locks: another user's folder in the first ones locks nobody out; without any the program says so.
+rm -rf "$place/run/odoledger-$(id -u)"
 touch "$place/taken" "$place/run/odoledger-$(id -u)"
 export XDG_RUNTIME_DIR=$place/taken
 run 1 boot 'key soft1' 'key ctrl+q'

@@ -1,6 +1,5 @@
 #include "hosts/terminal/terminal_host.h"
 
-#include "hosts/ending/orderly_end.h"
 #include "hosts/terminal/signals.h"
 #include "hosts/terminal/terminal_canvas.h"
 #include "hosts/terminal/terminal_keys.h"
@@ -55,7 +54,6 @@ struct TerminalHost::Terminal {
     std::deque<InputEvent> events;
     bool isWoken = false;
     bool isStale = true; ///< something happened since the last frame
-    OrderlyEnd end;
     /// The keys that stand for the soft keys everywhere are shown until then.
     Clock::time_point hintsEnd = Clock::now() + HintTime;
     InputEvent lastPress;
@@ -92,13 +90,13 @@ void TerminalHost::Terminal::CollectSignal(Signals::Kind kind) {
         break;
     case Signals::Kind::HungUp:
         screen.GiveUp();
-        end.Request();
+        events.push_back(EventOf(InputEvent::Kind::End));
         break;
     case Signals::Kind::Suspended:
         Suspend();
         break;
     case Signals::Kind::Ended:
-        end.Request();
+        events.push_back(EventOf(InputEvent::Kind::End));
         break;
     case Signals::Kind::None:
         break;
@@ -193,12 +191,10 @@ bool TerminalHost::NextEvent(InputEvent& event, bool wait) {
     terminal.isWoken = false;
     terminal.canvas->ShowHints(Clock::now() < terminal.hintsEnd);
     terminal.Collect();
-    if (terminal.events.empty() && wait && !terminal.isWoken && !terminal.end.IsRequested()) {
+    if (terminal.events.empty() && wait && !terminal.isWoken) {
         terminal.Wait();
         terminal.Collect();
     }
-    if (terminal.events.empty() && terminal.end.IsRequested() && wait)
-        terminal.end.Step(terminal.events);
     if (terminal.events.empty()) {
         // A frame is always the whole screen: cells and pixels have no edges in common.
         if (!wait && terminal.isStale)

@@ -45,6 +45,7 @@ constexpr KeyPair Codes[] = {
 constexpr wchar_t Escape = 0x1B;
 constexpr wchar_t Delete = 0x7F;
 constexpr wchar_t ControlC = 3;
+constexpr wchar_t ControlQ = 17;
 
 void AddPress(WORD key, unsigned modifiers, std::deque<InputEvent>& events) {
     InputEvent event;
@@ -88,7 +89,7 @@ WORD KeyOf(wchar_t character, bool typing) {
 void TranslateCharacter(wchar_t character, bool typing, std::deque<InputEvent>& events) {
     if (const WORD key = KeyOf(character, typing)) {
         AddPress(key, 0, events);
-    } else if (character == ControlC) {
+    } else if (character == ControlC || character == ControlQ) {
         InputEvent close;
         close.kind = InputEvent::Kind::Close;
         events.push_back(close);

@@ -5,7 +5,7 @@
 
 namespace device {
 
-EndSignals::EndSignals(std::function<void()> heard)
+EndSignals::EndSignals(std::function<void(int signal)> heard)
     : heard_(std::move(heard)) {
     sigemptyset(&signals_);
     for (const int signal : {SIGTERM, SIGHUP, SIGINT})
@@ -34,7 +34,7 @@ bool EndSignals::Listen() {
 void EndSignals::Hear(const std::stop_token& stop) {
     int signal = 0;
     while (sigwait(&signals_, &signal) == 0 && !stop.stop_requested())
-        heard_();
+        heard_(signal);
 }
 
 } // namespace device

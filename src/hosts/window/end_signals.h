@@ -11,7 +11,7 @@ namespace device {
 class EndSignals {
 public:
     /// From now on the signals wait. `heard` will be called on the thread that `Listen` starts.
-    explicit EndSignals(std::function<void()> heard);
+    explicit EndSignals(std::function<void(int signal)> heard);
     /// The signals are as they were before.
     ~EndSignals();
     EndSignals(const EndSignals&) = delete;
@@ -23,7 +23,7 @@ public:
 private:
     void Hear(const std::stop_token& stop);
 
-    std::function<void()> heard_;
+    std::function<void(int signal)> heard_;
     sigset_t signals_{};
     sigset_t former_{};
     std::jthread listener_;

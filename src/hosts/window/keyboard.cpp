@@ -114,9 +114,11 @@ Keyboard::HostCommand Keyboard::CommandOf(const SDL_KeyboardEvent& key) {
     if (key.state != SDL_PRESSED)
         return HostCommand::None;
     if (symbol == SDLK_F11)
-        return key.repeat == 0 ? HostCommand::FullScreen : HostCommand::None;
+        return key.repeat == 0 ? HostCommand::FullScreen : HostCommand::Held;
     if (!IsControlAlone(modifiers))
         return HostCommand::None;
+    if (ControlKey(key.keysym) == 'Q')
+        return key.repeat == 0 ? HostCommand::Close : HostCommand::Held;
     for (const HostKey& known : ControlHostKeys)
         if (known.desktop == symbol)
             return known.command;

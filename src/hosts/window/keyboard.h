@@ -13,8 +13,8 @@ namespace device {
 /// Control is held.
 class Keyboard {
 public:
-    /// What a key asks of the window itself; such a key never reaches the handset.
-    enum class HostCommand { None, ZoomIn, ZoomOut, ZoomReset, FullScreen };
+    /// What a key asks of the window itself; such a key never reaches the handset. Held: it was asked already.
+    enum class HostCommand { None, Held, ZoomIn, ZoomOut, ZoomReset, FullScreen, Close };
     static HostCommand CommandOf(const SDL_KeyboardEvent& key);
 
     /// Appends what the key gives, if anything.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "hosts/ending/orderly_end.h"
 #include "hosts/window/end_signals.h"
 #include "hosts/window/keyboard.h"
 #include "hosts/window/remembered_size.h"
@@ -33,7 +32,11 @@ struct WindowHost::Window {
     void CopyAll();
     /// From any thread: ends a wait for events.
     void Wake();
+    /// From any thread: a signal came.
+    void Tell(int signal);
     bool WaitForEvent(SDL_Event& event);
+    /// An event that its kind says all of; none for None.
+    void Add(InputEvent::Kind kind);
     void Translate(const SDL_Event& event);
     void TranslateWindow(const SDL_WindowEvent& event);
     void TranslateButton(const SDL_MouseButtonEvent& event);
@@ -43,11 +46,8 @@ struct WindowHost::Window {
     // What other threads touch, and then the first of them.
     std::atomic<Uint32> wakeEvent = 0;
     std::atomic<bool> wakeIsQueued = false;
-    std::atomic<bool> isToldToEnd = false;
-    EndSignals signals{[this] {
-        isToldToEnd = true;
-        Wake();
-    }};
+    std::atomic<InputEvent::Kind> told = InputEvent::Kind::None; ///< by a signal: to close, or to end
+    EndSignals signals{[this](int signal) { Tell(signal); }};
     bool hasVideo = false;
     SDL_Window* handle = nullptr;
     SIZE screen;
@@ -67,7 +67,6 @@ struct WindowHost::Window {
     Tone tone;
     SDL_Cursor* waitCursor = nullptr;
     std::deque<InputEvent> events;
-    OrderlyEnd end;
 };
 
 } // namespace device

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <csignal>
 #include <deque>
 #include <utility>
 
@@ -107,6 +108,25 @@ void WindowHost::Window::Wake() {
         wakeIsQueued = false;
 }
 
+void WindowHost::Window::Tell(int signal) {
+    // Interrupted from the terminal that it was started in, a person is there to be asked; an order to end outweighs
+    // that.
+    auto former = InputEvent::Kind::None;
+    if (signal == SIGINT)
+        told.compare_exchange_strong(former, InputEvent::Kind::Close);
+    else
+        told = InputEvent::Kind::End;
+    Wake();
+}
+
+void WindowHost::Window::Add(InputEvent::Kind kind) {
+    if (kind == InputEvent::Kind::None)
+        return;
+    InputEvent event;
+    event.kind = kind;
+    events.push_back(event);
+}
+
 void WindowHost::Window::AddMouse(InputEvent::Kind kind, int x, int y, int delta) {
     const double scale = PixelsPerPoint(handle) / zoom;
     InputEvent event;
@@ -184,12 +204,9 @@ void WindowHost::Window::Translate(const SDL_Event& event) {
     case SDL_MOUSEWHEEL:
         TranslateWheel(event.wheel);
         break;
-    case SDL_QUIT: {
-        InputEvent close;
-        close.kind = InputEvent::Kind::Close;
-        events.push_back(close);
+    case SDL_QUIT:
+        Add(InputEvent::Kind::Close);
         break;
-    }
     default:
         if (event.type == wakeEvent) {
             wakeIsQueued = false;
@@ -233,19 +250,12 @@ double WindowHost::Zoom() const {
 bool WindowHost::NextEvent(InputEvent& event, bool wait) {
     Window& window = *window_;
     window.isWoken = false;
-    if (window.isToldToEnd)
-        window.end.Request();
+    window.Add(window.told.exchange(InputEvent::Kind::None));
     while (window.events.empty()) {
         SDL_Event native;
         bool isThere = SDL_PollEvent(&native) != 0;
         if (!isThere && window.isResized) {
             window.ApplyResize();
-            continue;
-        }
-        if (!isThere && wait && window.end.IsRequested()) {
-            window.end.Step(window.events);
-            if (window.events.empty())
-                return false;
             continue;
         }
         if (!isThere && wait && !window.isWoken)

@@ -89,6 +89,8 @@ bool WindowHost::Window::Obey(Keyboard::HostCommand command) {
     switch (command) {
     case Keyboard::HostCommand::None:
         return false;
+    case Keyboard::HostCommand::Held:
+        break;
     case Keyboard::HostCommand::ZoomIn:
         ChangeZoom(LargerZoom(chosen.zoom));
         break;
@@ -97,6 +99,9 @@ bool WindowHost::Window::Obey(Keyboard::HostCommand command) {
         break;
     case Keyboard::HostCommand::ZoomReset:
         ChangeZoom(1.0);
+        break;
+    case Keyboard::HostCommand::Close:
+        Add(InputEvent::Kind::Close);
         break;
     case Keyboard::HostCommand::FullScreen:
         SDL_SetWindowFullscreen(

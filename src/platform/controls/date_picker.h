@@ -20,6 +20,7 @@ public:
 
     LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
+    std::wstring Value() const override { return Text(); }
     const wchar_t* InputMark() const override { return L"123"; }
 
 private:

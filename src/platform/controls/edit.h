@@ -34,6 +34,7 @@ public:
     LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
     bool TakesText() const override { return true; }
+    std::wstring Value() const override { return IsReadOnly() ? std::wstring() : text_.Text(); }
     const wchar_t* InputMark() const override;
 
 private:

@@ -25,6 +25,8 @@ public:
 
     LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
+    /// A row of a list is not entered, but walked over.
+    std::wstring Value() const override { return IsSpinner() ? std::to_wstring(selected_) : std::wstring(); }
 
 private:
     bool IsSpinner() const;

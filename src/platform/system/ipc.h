@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace device {
 /// What another process of the same device asks of a window.
@@ -20,7 +21,7 @@ class PublishedWindow {
 public:
     /// `wake` is called on that other thread after each request; it must be safe there. Null when the class cannot be
     /// published, for one because another process has done so.
-    static std::unique_ptr<PublishedWindow> Publish(const std::wstring& windowClass, std::function<void()> wake);
+    static std::unique_ptr<PublishedWindow> Publish(const std::wstring& windowClass, const std::function<void()>& wake);
     PublishedWindow(const PublishedWindow&) = delete;
     PublishedWindow& operator=(const PublishedWindow&) = delete;
     /// Nobody finds the class any more, and no further call of `wake` comes.
@@ -31,9 +32,9 @@ public:
 
 private:
     class Listener;
-    explicit PublishedWindow(std::unique_ptr<Listener> listener);
+    PublishedWindow();
 
-    std::unique_ptr<Listener> listener_;
+    std::vector<std::unique_ptr<Listener>> listeners_; ///< one a place that other processes may look at
 };
 
 // To the windows of other processes; each takes a second at the most.

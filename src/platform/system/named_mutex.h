@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace device {
 /// One process's share in a named mutex. Whichever way the process ends, its share ends with it.
@@ -18,9 +19,6 @@ public:
     static Opened Open(const std::wstring& name);
 
 private:
-    explicit NamedMutex(FileDescriptor lock)
-        : lock_(std::move(lock)) { }
-
-    FileDescriptor lock_;
+    std::vector<FileDescriptor> locks_;
 };
 } // namespace device

@@ -4,6 +4,7 @@
 #include "platform/window.h"
 
 #include <memory>
+#include <string>
 
 namespace device {
 
@@ -25,6 +26,8 @@ public:
     virtual bool TakesFocus() const { return true; }
     /// Whether typed characters go into a text of its own.
     virtual bool TakesText() const { return false; }
+    /// What a person entered, or chose, in this field; empty where that is not for them.
+    virtual std::wstring Value() const { return {}; }
     /// What typing means while the control has the focus, told beside the title; empty: nothing is typed.
     virtual const wchar_t* InputMark() const { return L""; }
 

@@ -36,6 +36,7 @@ Desktop& Desktop::The() {
 void Desktop::SwitchOn(Host& host) {
     SwitchOff();
     host_ = &host;
+    closing_ = {};
     beeps = messageBoxBeeps = goBacks = fronts = waitCursors = 0;
     toldTitle_.clear();
     RegisterControls();
@@ -195,7 +196,7 @@ void Desktop::Next(MSG& message) {
         if (PullInput(false))
             continue;
         PaintInvalid();
-        if (queue_.empty() && !quit_)
+        if (queue_.empty() && !quit_ && !closing_.Step())
             PullInput(true);
     }
 }
@@ -216,7 +217,7 @@ bool Desktop::NextInput(InputEvent& event) {
         if (host_->NextEvent(event, false))
             return true;
         PaintInvalid();
-        if (host_->NextEvent(event, true))
+        if (!closing_.Step() && host_->NextEvent(event, true))
             return true;
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/windowing/closing.h"
 #include "platform/windowing/host.h"
 #include "platform/windowing/window_record.h"
 
@@ -120,6 +121,7 @@ private:
     RECT dirty_;
     std::wstring toldTitle_;
     OpenMenu* menu_ = nullptr;
+    Closing closing_;
     HWND mouseTarget_ = nullptr;
 };
 

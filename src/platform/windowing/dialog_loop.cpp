@@ -72,8 +72,17 @@ std::vector<HWND> FocusOrder(const Window& dialog) {
     return order;
 }
 
+std::vector<std::wstring> FieldValues(const Window& window) {
+    std::vector<std::wstring> values;
+    for (const Window* child : window.children)
+        values.push_back(child->control ? child->control->Value() : std::wstring());
+    return values;
+}
+
 LONG_PTR RunModal(HWND handle, HWND owner, LONG_PTR otherwise) {
     LONG_PTR result = otherwise;
+    if (Window* window = FindWindowRecord(handle))
+        window->modal->openedWith = FieldValues(*window);
     for (;;) {
         const Window* window = FindWindowRecord(handle);
         if (!window)

@@ -21,7 +21,8 @@ struct InputEvent {
         DoubleClick,
         Wheel, ///< delta: lines, up above 0
         Paste, ///< text: what was pasted, line ends as L'\n'
-        Close, ///< the window's close button, a request to end
+        Close, ///< a person closes the window
+        End, ///< the process is told to end
         Repaint ///< what was presented is lost
     };
 

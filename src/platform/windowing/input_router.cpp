@@ -49,12 +49,10 @@ void Desktop::Route(const InputEvent& event) {
         RouteMouse(event);
         return;
     case InputEvent::Kind::Close:
-        if (!topLevels_.empty()) {
-            const auto root = std::find_if(
-                topLevels_.begin(), topLevels_.end(), [](const Window* window) { return !window->owner; });
-            if (root != topLevels_.end())
-                Post({(*root)->handle, WM_CLOSE, 0, 0});
-        }
+        closing_.Ask();
+        return;
+    case InputEvent::Kind::End:
+        closing_.Order();
         return;
     case InputEvent::Kind::Repaint:
         InvalidateAll();
@@ -114,6 +112,7 @@ bool Desktop::NoteForMenu(const InputEvent& event) {
         return NoteKeyUp(event.key, nullptr);
     case InputEvent::Kind::Resize:
     case InputEvent::Kind::Close:
+    case InputEvent::Kind::End:
     case InputEvent::Kind::Repaint:
         Route(event);
         return true;

@@ -19,6 +19,7 @@ struct WindowClass {
 struct ModalState {
     bool ended = false;
     LONG_PTR result = 0;
+    std::vector<std::wstring> openedWith; ///< the FieldValues at its start
     int scroll = 0; ///< how far the content of a dialog is scrolled up, in device pixels
 };
 

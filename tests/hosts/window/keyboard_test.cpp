@@ -87,17 +87,18 @@ TEST(Keyboard, TextOfAHeldKeyIsARepeat) {
 }
 
 TEST(Keyboard, CommandsOfTheWindowItself) {
-    const std::tuple<SDL_Keycode, int, SDL_Scancode, Command> cases[]
-        = {{SDLK_PLUS, KMOD_LCTRL | KMOD_LSHIFT, SDL_SCANCODE_EQUALS, Command::ZoomIn},
-            {SDLK_KP_MINUS, KMOD_LCTRL | KMOD_NUM, SDL_SCANCODE_KP_MINUS, Command::ZoomOut},
-            {0xE0, KMOD_LCTRL, SDL_SCANCODE_0, Command::ZoomReset},
-            {SDLK_F11, 0, SDL_SCANCODE_F11, Command::FullScreen}, {SDLK_MINUS, 0, SDL_SCANCODE_MINUS, Command::None},
-            {SDLK_PLUS, KMOD_LCTRL | KMOD_RALT, SDL_SCANCODE_EQUALS, Command::None}};
+    const std::tuple<SDL_Keycode, int, SDL_Scancode, Command> cases[] = {
+        {SDLK_PLUS, KMOD_LCTRL | KMOD_LSHIFT, SDL_SCANCODE_EQUALS, Command::ZoomIn},
+        {SDLK_KP_MINUS, KMOD_LCTRL | KMOD_NUM, SDL_SCANCODE_KP_MINUS, Command::ZoomOut},
+        {0xE0, KMOD_LCTRL, SDL_SCANCODE_0, Command::ZoomReset}, {SDLK_F11, 0, SDL_SCANCODE_F11, Command::FullScreen},
+        {SDLK_q, KMOD_RCTRL, SDL_SCANCODE_Q, Command::Close}, {SDLK_MINUS, 0, SDL_SCANCODE_MINUS, Command::None},
+        {SDLK_PLUS, KMOD_LCTRL | KMOD_RALT, SDL_SCANCODE_EQUALS, Command::None}};
     for (const auto& [symbol, modifiers, place, command] : cases) {
         EXPECT_EQ(Keyboard::CommandOf(Key(true, symbol, modifiers, place)), command) << symbol;
         EXPECT_EQ(Keyboard::CommandOf(Key(false, symbol, modifiers, place)), Command::None) << symbol;
     }
-    EXPECT_EQ(Keyboard::CommandOf(Key(true, SDLK_F11, 0, SDL_SCANCODE_F11, 1)), Command::None);
+    // Held, it must not answer the question that its press brought up.
+    EXPECT_EQ(Keyboard::CommandOf(Key(true, SDLK_q, KMOD_LCTRL, SDL_SCANCODE_Q, 1)), Command::Held);
 }
 
 } // namespace

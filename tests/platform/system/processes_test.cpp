@@ -165,20 +165,25 @@ TEST_F(ProcessesTest, AFolderOrALockOfAnotherSortIsNotUsed) {
     EXPECT_EQ(CountFiles(folder_ / "elsewhere"), 0U);
 }
 
-// One that was started without a session, and one within.
-TEST_F(ProcessesTest, AProcessThatCouldNotUseTheFirstPlaceIsFoundAllTheSame) {
-    Set("TMPDIR", folder_ / "nowhere");
-    Set("XDG_RUNTIME_DIR", folder_ / "missing");
-    StartOther([] {
-        CreateMutexW(nullptr, FALSE, L"Odoledger");
-        Publish().release();
-    });
-    Set("XDG_RUNTIME_DIR", folder_ / "run");
-    EXPECT_FALSE(IsFree(L"Odoledger"));
-    EXPECT_TRUE(device::WindowExists(L"Odoledger") && device::BringToFront(L"Odoledger"));
-    EndOther();
-    EXPECT_TRUE(IsFree(L"Odoledger"));
-    EXPECT_FALSE(device::WindowExists(L"Odoledger"));
+// One that was started without a session, and one within, whichever comes first.
+TEST_F(ProcessesTest, AProcessOfOtherSurroundingsIsFoundAllTheSame) {
+    const std::string session = folder_ / "run";
+    const std::string none;
+    for (const auto& [temporary, first, second] :
+        {std::tuple{"nowhere", none, session}, std::tuple{".", none, session}, std::tuple{".", session, none}}) {
+        Set("TMPDIR", folder_ / temporary);
+        Set("XDG_RUNTIME_DIR", first);
+        StartOther([] {
+            CreateMutexW(nullptr, FALSE, L"Odoledger");
+            Publish().release();
+        });
+        Set("XDG_RUNTIME_DIR", second);
+        EXPECT_FALSE(IsFree(L"Odoledger"));
+        EXPECT_TRUE(device::WindowExists(L"Odoledger") && device::BringToFront(L"Odoledger"));
+        EndOther();
+        EXPECT_TRUE(IsFree(L"Odoledger"));
+        EXPECT_FALSE(device::WindowExists(L"Odoledger"));
+    }
 }
 
 TEST_F(ProcessesTest, LongRuntimePathsAndStoppedProcessesAreNoHindrance) {

@@ -37,7 +37,6 @@ constexpr std::string_view FrontRequest = "front";
 constexpr std::string_view PostRequest = "post ";
 constexpr std::string_view Taken = "taken";
 
-/// Where the class may be published: here first.
 std::vector<std::string> SocketPaths(const std::wstring& windowClass) {
     std::vector<std::string> paths = RuntimeFolders();
     for (std::string& path : paths)
@@ -58,10 +57,11 @@ std::optional<WindowRequest> RequestIn(const std::string& packet) {
 
 bool Ask(const std::wstring& windowClass, const std::string& request, std::chrono::milliseconds patience) {
     const auto paths = SocketPaths(windowClass);
-    return std::any_of(paths.begin(), paths.end(), [&](const std::string& path) {
-        const FileDescriptor socket = ConnectTo(path, patience);
-        return socket.IsOpen() && SendPacket(socket, request) && ReceivePacket(socket) == Taken;
-    });
+    const auto path = std::find_if(paths.begin(), paths.end(), IsListenedAt);
+    if (path == paths.end())
+        return false;
+    const FileDescriptor socket = ConnectTo(*path, patience);
+    return socket.IsOpen() && SendPacket(socket, request) && ReceivePacket(socket) == Taken;
 }
 
 /// The thread that holds it starts all others with signals blocked: they belong to the program's thread.
@@ -110,6 +110,8 @@ public:
         while (write(stop_.Get(), &one, sizeof one) < 0 && errno == EINTR) { }
         thread_.join();
     }
+
+    static std::unique_ptr<Listener> At(const std::string& path, const std::function<void()>& wake);
 
     std::optional<WindowRequest> Take() {
         const std::lock_guard lock{mutex_};
@@ -186,26 +188,19 @@ private:
     std::thread thread_;
 };
 
-PublishedWindow::PublishedWindow(std::unique_ptr<Listener> listener)
-    : listener_(std::move(listener)) {
-}
-
-PublishedWindow::~PublishedWindow() = default;
-
-std::unique_ptr<PublishedWindow> PublishedWindow::Publish(const std::wstring& windowClass, std::function<void()> wake) {
-    const auto paths = SocketPaths(windowClass);
+/// Null when the place cannot be had, for one because another process has it.
+std::unique_ptr<PublishedWindow::Listener> PublishedWindow::Listener::At(
+    const std::string& path, const std::function<void()>& wake) {
     FileDescriptor stop{eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)};
     FileDescriptor held;
     // Two processes that both find a dead one's socket must not take each other's away.
-    if (paths.empty() || !stop.IsOpen() || HoldRuntimeFolder(FolderOf(paths.front()), held) != ERROR_SUCCESS)
+    if (!stop.IsOpen() || HoldRuntimeFolder(FolderOf(path), held) != ERROR_SUCCESS)
         return nullptr;
-    const std::string& path = paths.front();
     FileDescriptor socket = ListenAt(path);
     if (!socket.IsOpen())
         return nullptr;
     try {
-        auto listener = std::make_unique<Listener>(std::move(socket), std::move(stop), path, std::move(wake));
-        return std::unique_ptr<PublishedWindow>{new PublishedWindow{std::move(listener)}};
+        return std::make_unique<Listener>(std::move(socket), std::move(stop), path, wake);
     } catch (const std::system_error&) {
         // No thread to be had.
         unlink(path.c_str());
@@ -213,8 +208,26 @@ std::unique_ptr<PublishedWindow> PublishedWindow::Publish(const std::wstring& wi
     }
 }
 
+PublishedWindow::PublishedWindow() = default;
+
+PublishedWindow::~PublishedWindow() = default;
+
+std::unique_ptr<PublishedWindow> PublishedWindow::Publish(
+    const std::wstring& windowClass, const std::function<void()>& wake) {
+    std::unique_ptr<PublishedWindow> window{new PublishedWindow};
+    for (const std::string& path : SocketPaths(windowClass))
+        if (auto listener = Listener::At(path, wake))
+            window->listeners_.push_back(std::move(listener));
+        else if (window->listeners_.empty())
+            break; // one's own place is the one that counts
+    return window->listeners_.empty() ? nullptr : std::move(window);
+}
+
 std::optional<WindowRequest> PublishedWindow::Take() {
-    return listener_->Take();
+    for (const auto& listener : listeners_)
+        if (auto request = listener->Take())
+            return request;
+    return std::nullopt;
 }
 
 bool WindowExists(const std::wstring& windowClass) {

@@ -18,45 +18,55 @@ namespace {
 /// The sticky bit tells those who tidy up such folders that the file is in use.
 constexpr mode_t LockFileMode = S_ISVTX | S_IRUSR | S_IWUSR;
 
-NamedMutex::Opened Failed(const std::string& place, LONG error) {
-    NoteTrouble(Trouble::Locks, "the lock in " + place + " cannot be had: " + ReasonOf(error));
-    return {nullptr, false, error};
-}
+struct Share {
+    FileDescriptor lock;
+    bool isFirst = false; ///< nobody had one before
+    LONG error = ERROR_SUCCESS;
+};
 
-/// Whether a process that could not use this one's folder has the mutex open.
-bool IsHeldIn(const std::string& folder, const std::string& name) {
+Share TakeShare(const std::string& folder, const std::string& name) {
+    Share share;
     FileDescriptor held;
-    const FileDescriptor lock{open((folder + name).c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK)};
-    return lock.IsOpen() && HoldRuntimeFolder(folder, held) == ERROR_SUCCESS
-        && flock(lock.Get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    share.error = HoldRuntimeFolder(folder, held);
+    if (share.error != ERROR_SUCCESS)
+        return share;
+    const int opened = open((folder + name).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, LockFileMode);
+    share.error = opened < 0 ? ErrorOf(errno) : ERROR_SUCCESS;
+    share.lock = FileDescriptor{opened};
+    if (opened < 0)
+        return share;
+    // Everybody who has the mutex open shares its lock, so only the first can have it alone. The two steps belong
+    // together: that is what the folder is held for.
+    share.isFirst = flock(opened, LOCK_EX | LOCK_NB) == 0;
+    if (flock(opened, LOCK_SH | LOCK_NB) != 0)
+        share.error = ErrorOf(errno);
+    return share;
 }
 
 } // namespace
 
 NamedMutex::Opened NamedMutex::Open(const std::wstring& name) {
+    Opened result{std::unique_ptr<NamedMutex>{new NamedMutex}};
     const auto& preset = TheEnvironment().presetMutexes;
-    if (std::find(preset.begin(), preset.end(), name) != preset.end())
-        return {std::unique_ptr<NamedMutex>{new NamedMutex{FileDescriptor{}}}, true, ERROR_SUCCESS};
-    const auto folders = RuntimeFolders();
-    if (folders.empty())
-        return {nullptr, false, ERROR_ACCESS_DENIED};
-    const std::string& own = folders.front();
-    FileDescriptor held;
-    if (const LONG error = HoldRuntimeFolder(own, held))
-        return Failed(own, error);
-    const std::string file = "/mutex-" + ShortNameOf(ToUtf8(name));
-    FileDescriptor lock{open((own + file).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, LockFileMode)};
-    if (!lock.IsOpen())
-        return Failed(own, ErrorOf(errno));
-    // Everybody who has the mutex open shares its lock, so only the first can have it alone. The two steps belong
-    // together: that is what the folder is held for.
-    const bool first = flock(lock.Get(), LOCK_EX | LOCK_NB) == 0;
-    if (flock(lock.Get(), LOCK_SH | LOCK_NB) != 0)
-        return Failed(own, ErrorOf(errno));
-    const bool elsewhere = std::any_of(
-        folders.begin() + 1, folders.end(), [&file](const std::string& folder) { return IsHeldIn(folder, file); });
-    std::unique_ptr<NamedMutex> mutex{new NamedMutex{std::move(lock)}};
-    return {std::move(mutex), !first || elsewhere, ERROR_SUCCESS};
+    result.existed = std::find(preset.begin(), preset.end(), name) != preset.end();
+    if (result.existed)
+        return result;
+    result.error = ERROR_ACCESS_DENIED;
+    for (const std::string& folder : RuntimeFolders()) {
+        Share share = TakeShare(folder, "/mutex-" + ShortNameOf(ToUtf8(name)));
+        const bool isOwn = result.mutex->locks_.empty();
+        if (share.error == ERROR_SUCCESS) {
+            result.error = ERROR_SUCCESS;
+            result.existed = result.existed || !share.isFirst;
+            result.mutex->locks_.push_back(std::move(share.lock));
+        } else if (isOwn) {
+            NoteTrouble(Trouble::Locks, "the lock in " + folder + " cannot be had: " + ReasonOf(share.error));
+            return {nullptr, false, share.error};
+        }
+    }
+    if (result.error != ERROR_SUCCESS)
+        result.mutex = nullptr;
+    return result;
 }
 
 } // namespace device

@@ -50,8 +50,8 @@ std::string PlaceName() {
     return ShortNameOf(error ? place : canonical.string());
 }
 
-/// All that processes of this user and storage place may use, in the order of preference. The last one is the same for
-/// all of them.
+/// All that processes of this user and storage place may use, in the order of preference. The last one, which is the
+/// same for all of them, is made only where there is no other.
 std::vector<Place> Places() {
     const Environment& environment = TheEnvironment();
     std::vector<Place> places;
@@ -70,10 +70,10 @@ std::vector<std::string> RuntimeFolders() {
     std::vector<std::string> folders;
     std::string faults;
     for (const Place& place : Places()) {
-        const bool isFirst = folders.empty();
-        if (isFirst && FolderOf(place.back()) == TheEnvironment().storagePlace)
+        const bool isLast = FolderOf(place.back()) == TheEnvironment().storagePlace;
+        if (isLast && folders.empty())
             MakeFolders(TheEnvironment().storagePlace);
-        const std::string fault = FaultOf(place, isFirst);
+        const std::string fault = FaultOf(place, !isLast || folders.empty());
         if (fault.empty())
             folders.push_back(place.back());
         else

@@ -7,9 +7,9 @@
 #include <vector>
 
 namespace device {
-/// The user's private folders for what the processes of one storage place share. The first one is this process's own,
-/// made if it is missing: below XDG_RUNTIME_DIR, below the temporary folder, or else in the storage place, whichever is
-/// the first that nobody else can write. The others are where processes of other surroundings may be. Where there is
+/// The user's private folders for what the processes of one storage place share: below XDG_RUNTIME_DIR and below the
+/// temporary folder, made if they are missing, and in the storage place, as far as nobody else can write them. What a
+/// process shares it puts into all of them, since one of other surroundings may see some of them only. Where there is
 /// none the end of the process tells why.
 std::vector<std::string> RuntimeFolders();
 
