@@ -60,6 +60,7 @@ struct ImageResource {
     UINT id;
     int size; ///< width in pixels
     std::span<const unsigned char> png;
+    wchar_t letter = 0; ///< what stands for it where there are only letters; 0: nothing
 };
 
 struct VersionResource {

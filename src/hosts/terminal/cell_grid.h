@@ -1,21 +1,19 @@
 #pragma once
 
-#include "platform/types.h"
-
 #include <string>
 #include <vector>
 
 namespace device {
 
 /// What lies behind the text of a cell.
-enum class Ground { Plain, Bar, Menu, Selected, Shade };
+enum class Ground { Plain, Bar, Menu, Selected };
 
 struct Cell {
     std::wstring text; ///< one character with what combines with it; empty: blank, or the right half of a wide one
     Ground ground = Ground::Plain;
-    COLORREF shade = 0; ///< of Ground::Shade
+    int middle = 0; ///< how far down, in device pixels, the middle of its text is; 0: it has none
     bool covered = false; ///< the right half of a wide character
-    bool dim = false;
+    bool dim = false; ///< greyed, or below a message box
     bool bold = false;
     bool underlined = false;
 

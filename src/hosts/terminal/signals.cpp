@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <termios.h>
 #include <unistd.h>
 #include <utility>
 
@@ -11,8 +12,9 @@ namespace device {
 
 namespace {
 
-constexpr std::array<std::pair<int, Signals::Kind>, 4> Known{{{SIGWINCH, Signals::Kind::Resized},
-    {SIGINT, Signals::Kind::Interrupted}, {SIGHUP, Signals::Kind::HungUp}, {SIGTERM, Signals::Kind::Ended}}};
+constexpr std::array<std::pair<int, Signals::Kind>, 5> Known{
+    {{SIGWINCH, Signals::Kind::Resized}, {SIGINT, Signals::Kind::Interrupted}, {SIGHUP, Signals::Kind::HungUp},
+        {SIGTERM, Signals::Kind::Ended}, {SIGTSTP, Signals::Kind::Suspended}}};
 
 std::array<int, 2> ends{-1, -1};
 std::array<struct sigaction, Known.size()> former;
@@ -55,6 +57,17 @@ int Signals::Descriptor() const {
 Signals::Kind Signals::Next() {
     char byte = 0;
     return ends[0] >= 0 && read(ends[0], &byte, 1) == 1 ? static_cast<Kind>(byte) : Kind::None;
+}
+
+void Signals::Stop() {
+    struct sigaction own { };
+    struct sigaction plain { };
+    plain.sa_handler = SIG_DFL;
+    sigaction(SIGTSTP, &plain, &own);
+    kill(0, SIGTSTP);
+    // One that goes on in the background is stopped here again, until the terminal is its own.
+    tcdrain(STDOUT_FILENO);
+    sigaction(SIGTSTP, &own, nullptr);
 }
 
 void Signals::Tell(Kind kind) {

@@ -5,7 +5,7 @@ namespace device {
 /// What a signal or another thread has to say to the loop that waits for keys. One a process.
 class Signals {
 public:
-    enum class Kind { None, Wake, Resized, Interrupted, HungUp, Ended };
+    enum class Kind { None, Wake, Resized, Interrupted, HungUp, Ended, Suspended };
 
     Signals();
     /// The signals are as they were before.
@@ -17,6 +17,9 @@ public:
     int Descriptor() const;
     /// What came next; None when there is nothing.
     Kind Next();
+    /// Stops the process and all of its job, as a terminal's Ctrl+Z does everywhere; returns when it goes on in the
+    /// foreground. Nothing stops where nobody could make it go on.
+    static void Stop();
     /// From any thread.
     static void Tell(Kind kind);
 };

@@ -22,10 +22,6 @@ int Floor(int value, int by) {
     return value % by < 0 ? result - 1 : result;
 }
 
-bool IsLight(COLORREF color) {
-    return std::min({color & 0xFFU, (color >> 8U) & 0xFFU, (color >> 16U) & 0xFFU}) > 0x60U;
-}
-
 bool IsOfClass(HWND control, std::wstring_view name) {
     wchar_t known[32] = {};
     return control != nullptr && GetClassNameW(control, known, 32) > 0 && name == known;
@@ -33,8 +29,9 @@ bool IsOfClass(HWND control, std::wstring_view name) {
 
 } // namespace
 
-TerminalCanvas::TerminalCanvas(int columns, int rows, bool unicode)
-    : measurer_(unicode) {
+TerminalCanvas::TerminalCanvas(int columns, int rows, bool unicode, bool grey)
+    : measurer_(unicode)
+    , grey_(grey) {
     Resize(columns, rows);
 }
 
@@ -129,6 +126,40 @@ bool TerminalCanvas::IsEdit() const {
     return TakesText(marks_.control);
 }
 
+// From cells to device pixels
+
+bool TerminalCanvas::IsInMenu(int column, int row) const {
+    if (!menu_ || row < menuFirstRow_)
+        return false;
+    const Span columns = Columns(*menu_);
+    return column >= columns.first && column < columns.end;
+}
+
+/// The nearest text of the row; a row without any stands a cell below the one above it.
+int TerminalCanvas::MiddleOf(int column, int row) const {
+    for (int distance = 0; distance < grid_.columns; ++distance)
+        for (const int near : {column - distance, column + distance})
+            if (grid_.Has(near, row) && grid_.At(near, row).middle != 0)
+                return grid_.At(near, row).middle;
+    const int cell = measurer_.Cell().cy;
+    return row <= 1 ? TitleHeight() + cell / 2 : MiddleOf(column, row - 1) + cell;
+}
+
+POINT TerminalCanvas::PointOf(int column, int row) const {
+    const int x = column * static_cast<int>(measurer_.Cell().cx) + measurer_.Cell().cx / 2;
+    if (row == grid_.rows - 1)
+        return {x, ScreenSize().cy - SoftKeyBarHeight() / 2};
+    if (row == 0)
+        return {x, TitleHeight() / 2};
+    if (IsInMenu(column, row)) {
+        const int item = MenuItemHeight();
+        return {x, menu_->top + (row - menuFirstRow_) * item + item / 2};
+    }
+    // Beside a menu, which is higher on the screen than its cells are.
+    const LONG y = MiddleOf(column, row);
+    return {x, menu_ ? std::min(y, menu_->top - 1) : y};
+}
+
 // A frame
 
 void TerminalCanvas::BeginFrame(const RECT& /*dirty*/) {
@@ -140,7 +171,7 @@ void TerminalCanvas::BeginFrame(const RECT& /*dirty*/) {
 
 void TerminalCanvas::EndFrame() {
     clips_.clear();
-    menu_.reset();
+    marks_ = {};
 }
 
 void TerminalCanvas::PushClip(const RECT& clip) {
@@ -190,13 +221,15 @@ void TerminalCanvas::Dim(const RECT& area) {
             Cell& cell = grid_.At(column, row);
             cell.dim = true;
             cell.bold = false;
-            cell.ground = Ground::Plain;
+            // What a question is about stays to be seen.
+            if (cell.ground != Ground::Selected)
+                cell.ground = Ground::Plain;
         }
     }
     grid_.caretShown = false;
 }
 
-void TerminalCanvas::Paint(const RECT& area, Ground ground, COLORREF color) {
+void TerminalCanvas::Paint(const RECT& area, Ground ground) {
     const Span rows = Rows(area);
     const Span columns = Columns(area);
     for (int row = std::max(0, rows.first); row < std::min(grid_.rows, rows.end); ++row) {
@@ -204,7 +237,6 @@ void TerminalCanvas::Paint(const RECT& area, Ground ground, COLORREF color) {
             Cell& cell = grid_.At(column, row);
             cell = {};
             cell.ground = ground;
-            cell.shade = ground == Ground::Shade ? color : 0;
         }
     }
 }
@@ -220,7 +252,7 @@ void TerminalCanvas::Fill(const RECT& rectangle, COLORREF color, int alpha) {
         if (color == GetSysColor(COLOR_WINDOWTEXT) && HeightOf(rectangle) > cell.cy / 2)
             PlaceCaret(rectangle);
     } else if (color == BarColor) {
-        Paint(area, Ground::Bar, color);
+        Paint(area, Ground::Bar);
     } else if (color == MenuColor) {
         OpenMenu(area);
     } else if (HeightOf(rectangle) < cell.cy / 4) {
@@ -230,10 +262,10 @@ void TerminalCanvas::Fill(const RECT& rectangle, COLORREF color, int alpha) {
         for (int column = columns.first; column < columns.end; ++column)
             Put(column, row, measurer_.IsUnicode() ? wchar_t{0x2500} : L'-', false, false);
     } else if (color == GetSysColor(COLOR_HIGHLIGHT)) {
-        Paint(area, Ground::Selected, color);
+        Paint(area, Ground::Selected);
     } else {
-        const bool plain = color == GetSysColor(COLOR_WINDOW) || color == GetSysColor(COLOR_3DFACE) || !IsLight(color);
-        Paint(area, plain ? Ground::Plain : Ground::Shade, color);
+        // No shades: whether the terminal's own ground is dark or light is not known.
+        Paint(area, Ground::Plain);
     }
 }
 
@@ -278,10 +310,14 @@ void TerminalCanvas::Polygon(std::span<const POINT> points, COLORREF color) {
 }
 
 void TerminalCanvas::DrawPicture(const RECT& place, const Picture& picture) {
-    // The text beside it begins at once, so that the mark stands on the edge above.
-    const bool known = picture.id == ExclamationPicture || picture.id == InformationPicture;
-    if (known && !IsRectEmpty(Clipped(place)))
-        Put(1, Row(place.top, HeightOf(place)) - 1, picture.id == ExclamationPicture ? L'!' : L'i', false, true);
+    const int cell = measurer_.Cell().cy;
+    if (picture.sizes.empty() || picture.sizes[0].letter == 0 || HeightOf(place) > cell || IsRectEmpty(Clipped(place)))
+        return;
+    // In the line of the text beside it, which begins with it.
+    const int column = Column(place.left);
+    const int row = BodyRow(place.top, cell);
+    if (grid_.Has(column, row) && grid_.At(column, row).text.empty())
+        Put(column, row, picture.sizes[0].letter, false, true);
 }
 
 // Texts
@@ -309,7 +345,21 @@ void TerminalCanvas::PutEllipsis(int column, int row, int firstColumn, bool dim,
         Put(column++, row, character, dim, bold);
 }
 
-void TerminalCanvas::Text(int x, int y, std::wstring_view text, const FontDescription& font, COLORREF color) {
+/// Where a soft key's name stands with the key that presses it shown beside it, if there is room for both.
+int TerminalCanvas::HintedColumn(int column, std::wstring_view label, bool left) {
+    constexpr int Length = 6; // of a hint with the blank between
+    const int width = measurer_.Width({}, label) / measurer_.Cell().cx;
+    if (!hints_ || label.empty() || (width + Length) * 2 > grid_.columns)
+        return column;
+    const int row = grid_.rows - 1;
+    column = left ? std::max(column, Length) : std::min(column, grid_.columns - Length - width);
+    int at = left ? column - Length : column + width + 1;
+    for (const wchar_t character : std::wstring_view(left ? L"Alt+1" : L"Alt+2"))
+        Put(at++, row, character, false, false);
+    return column;
+}
+
+void TerminalCanvas::Text(int x, int y, std::wstring_view run, const FontDescription& font, COLORREF color) {
     const int height = measurer_.Metrics(font).Height();
     const int row = Row(y, height);
     const bool isBody = marks_.role == PaintMarks::Role::Content;
@@ -318,9 +368,15 @@ void TerminalCanvas::Text(int x, int y, std::wstring_view text, const FontDescri
     if (row < 0 || row >= grid_.rows || (isBody && (middle < clip.top || middle >= clip.bottom || row == 0)))
         return;
     const Span columns = Columns(clip);
+    std::wstring text(run);
+    // Told in letters where it cannot be shown: the item's digit chooses nothing.
+    if (marks_.greyed && menu_ && !grey_ && !text.empty() && text[0] >= L'1' && text[0] <= L'9')
+        text[0] = L'-';
     const bool dim = marks_.greyed || color == GetSysColor(COLOR_GRAYTEXT);
     const bool bold = font.weight > 400 || marks_.role == PaintMarks::Role::Title;
     int column = Column(x);
+    if (marks_.role == PaintMarks::Role::LeftSoftKey || marks_.role == PaintMarks::Role::RightSoftKey)
+        column = HintedColumn(column, text, marks_.role == PaintMarks::Role::LeftSoftKey);
     int last = -1;
     for (const wchar_t character : text) {
         const int width = measurer_.Columns(character);
@@ -339,6 +395,7 @@ void TerminalCanvas::Text(int x, int y, std::wstring_view text, const FontDescri
             for (int part = 0; part < width; ++part) {
                 const bool isHalf = static_cast<std::size_t>(part) >= shown.size();
                 Put(column + part, row, isHalf ? L' ' : shown[static_cast<std::size_t>(part)], dim, bold);
+                grid_.At(column + part, row).middle = middle;
                 if (isHalf) {
                     grid_.At(column + part, row).text.clear();
                     grid_.At(column + part, row).covered = true;

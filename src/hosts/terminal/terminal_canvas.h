@@ -12,13 +12,19 @@ namespace device {
 /// between them hold what lies between those two on the screen.
 class TerminalCanvas final : public Canvas {
 public:
-    TerminalCanvas(int columns, int rows, bool unicode);
+    /// `grey`: the terminal shows what is greyed; without it that is told in letters.
+    TerminalCanvas(int columns, int rows, bool unicode, bool grey);
 
     /// A screen of so many cells; everything has to be painted anew.
     void Resize(int columns, int rows);
     /// The screen's size in device pixels.
     SIZE ScreenSize() const;
     const CellGrid& Grid() const { return grid_; }
+    /// In device pixels, where a click into a cell goes: into the text that stands there.
+    POINT PointOf(int column, int row) const;
+    /// Whether the soft keys' names show the keys that press them.
+    void ShowHints(bool shown) { hints_ = shown; }
+    bool HasHints() const { return hints_; }
 
     TextMeasurer& Measurer() override { return measurer_; }
     /// Always a whole frame: what is not in it is not on the screen.
@@ -53,16 +59,21 @@ private:
     void OpenMenu(const RECT& place);
     void PlaceCaret(const RECT& rectangle);
     void Dim(const RECT& area);
-    void Paint(const RECT& area, Ground ground, COLORREF color);
+    void Paint(const RECT& area, Ground ground);
+    bool IsInMenu(int column, int row) const;
+    int MiddleOf(int column, int row) const;
+    int HintedColumn(int column, std::wstring_view label, bool left);
     void Put(int column, int row, wchar_t character, bool dim, bool bold);
     void PutEllipsis(int column, int row, int firstColumn, bool dim, bool bold);
     bool IsEdit() const;
 
     CellMeasurer measurer_;
+    bool grey_;
+    bool hints_ = false;
     CellGrid grid_;
     std::vector<RECT> clips_;
     PaintMarks marks_;
-    /// While a menu is painted, the last thing of a frame: where it stands.
+    /// Where a menu stands, which is painted last.
     std::optional<RECT> menu_;
     int menuFirstRow_ = 0;
 };

@@ -8,7 +8,9 @@
 #include "platform/window.h"
 #include "platform/windowing/desktop.h"
 
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <deque>
 #include <optional>
 #include <poll.h>
@@ -18,6 +20,11 @@
 namespace device {
 
 namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr auto HintTime = std::chrono::minutes(1);
+constexpr auto DoubleClickTime = std::chrono::milliseconds(400);
+constexpr wchar_t ControlZ = 26;
 
 /// The focus is where a bracket is text.
 bool IsTyping() {
@@ -32,6 +39,11 @@ InputEvent EventOf(InputEvent::Kind kind) {
     return event;
 }
 
+/// The sooner of two times to wait; below 0: for ever.
+int Sooner(int one, int other) {
+    return one < 0 ? other : other < 0 ? one : std::min(one, other);
+}
+
 } // namespace
 
 struct TerminalHost::Terminal {
@@ -42,8 +54,15 @@ struct TerminalHost::Terminal {
     std::deque<InputEvent> events;
     bool isWoken = false;
     bool isStale = true; ///< something happened since the last frame
+    /// The keys that stand for the soft keys everywhere are shown until then.
+    Clock::time_point hintsEnd = Clock::now() + HintTime;
+    InputEvent lastPress;
+    Clock::time_point lastPressTime;
 
     void Collect();
+    void CollectKey(const TerminalKey& key);
+    void AddPointer(InputEvent event);
+    void Suspend();
     void CollectSignal(Signals::Kind kind);
     void Wait();
     void ApplySize();
@@ -73,6 +92,9 @@ void TerminalHost::Terminal::CollectSignal(Signals::Kind kind) {
         screen.GiveUp();
         events.push_back(EventOf(InputEvent::Kind::End));
         break;
+    case Signals::Kind::Suspended:
+        Suspend();
+        break;
     case Signals::Kind::Ended:
         events.push_back(EventOf(InputEvent::Kind::End));
         break;
@@ -90,14 +112,51 @@ void TerminalHost::Terminal::Collect() {
         const auto key = screen.NextKey();
         if (!key)
             return;
-        TerminalKeys::Translate(*key, IsTyping(), events);
+        CollectKey(*key);
     }
+}
+
+void TerminalHost::Terminal::CollectKey(const TerminalKey& key) {
+    if (key.kind == TerminalKey::Kind::Character && key.character == ControlZ)
+        Suspend();
+    else if (key.kind == TerminalKey::Kind::Event && key.event.kind != InputEvent::Kind::Paste)
+        AddPointer(key.event);
+    else
+        TerminalKeys::Translate(key, IsTyping(), events);
+}
+
+void TerminalHost::Terminal::AddPointer(InputEvent event) {
+    if (!canvas->Grid().Has(event.x, event.y))
+        return;
+    if (event.kind == InputEvent::Kind::MouseDown) {
+        const auto now = Clock::now();
+        const bool again = lastPress.kind == InputEvent::Kind::MouseDown && now - lastPressTime <= DoubleClickTime
+            && event.button == lastPress.button && event.x == lastPress.x && event.y == lastPress.y;
+        if (again)
+            event.kind = InputEvent::Kind::DoubleClick;
+        lastPress = event;
+        lastPressTime = now;
+    }
+    const POINT point = canvas->PointOf(event.x, event.y);
+    event.x = point.x;
+    event.y = point.y;
+    events.push_back(event);
+}
+
+void TerminalHost::Terminal::Suspend() {
+    screen.GiveBack();
+    Signals::Stop();
+    screen.TakeBack();
+    ApplySize();
 }
 
 void TerminalHost::Terminal::Wait() {
     std::array<pollfd, 2> sources{{{STDIN_FILENO, POLLIN, 0}, {signals.Descriptor(), POLLIN, 0}}};
-    const int ready = poll(sources.data(), sources.size(), screen.KeyPatience());
-    if (ready == 0)
+    const int patience = screen.KeyPatience();
+    const auto hints = std::chrono::ceil<std::chrono::milliseconds>(hintsEnd - Clock::now()).count();
+    const int time = Sooner(patience, canvas->HasHints() ? std::max(0, static_cast<int>(hints)) : -1);
+    const int ready = poll(sources.data(), sources.size(), time);
+    if (ready == 0 && time == patience)
         screen.EndKey();
     if (ready <= 0)
         return;
@@ -121,7 +180,8 @@ std::unique_ptr<TerminalHost> TerminalHost::Open(std::string& error) {
     }
     if (!terminal->screen.Open(error))
         return nullptr;
-    terminal->canvas.emplace(terminal->screen.Columns(), terminal->screen.Rows(), terminal->screen.IsUnicode());
+    terminal->canvas.emplace(
+        terminal->screen.Columns(), terminal->screen.Rows(), terminal->screen.IsUnicode(), terminal->screen.HasGrey());
     SetScreenSize(terminal->canvas->ScreenSize());
     return std::unique_ptr<TerminalHost>(new TerminalHost(std::move(terminal)));
 }
@@ -129,6 +189,7 @@ std::unique_ptr<TerminalHost> TerminalHost::Open(std::string& error) {
 bool TerminalHost::NextEvent(InputEvent& event, bool wait) {
     Terminal& terminal = *terminal_;
     terminal.isWoken = false;
+    terminal.canvas->ShowHints(Clock::now() < terminal.hintsEnd);
     terminal.Collect();
     if (terminal.events.empty() && wait && !terminal.isWoken) {
         terminal.Wait();

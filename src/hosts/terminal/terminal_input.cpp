@@ -1,5 +1,7 @@
 #include "hosts/terminal/terminal_input.h"
 
+#include "platform/input.h"
+
 #include <string_view>
 #include <utility>
 
@@ -12,15 +14,27 @@ constexpr char Bell = 7;
 constexpr std::string_view PasteBegins = "\x1b[200~";
 constexpr std::string_view PasteEnds = "\x1b[201~";
 
-// Short enough that Back does not lag, long enough for a key's sequence over a slow line.
+// What is sent in one go comes so close behind its Escape even over a slow line.
 constexpr int EscapePatience = 50;
+// Some send Alt and a digit as two keys, as fast as fingers do it.
+constexpr int SoftKeyPatience = 250;
 constexpr int SequencePatience = 1000;
 // What is left of a paste must not be taken for keys, however the line stalls.
 constexpr int PastePatience = 10'000;
+/// Longer ones are cut: no field takes as much.
+constexpr std::size_t LongestPaste = 1'000'000;
+/// What is longer is no key.
+constexpr std::size_t LongestSequence = 64;
+constexpr std::size_t OldPointerLength = 6;
 
 bool IsBetween(char byte, unsigned first, unsigned last) {
     const auto value = static_cast<unsigned char>(byte);
     return value >= first && value <= last;
+}
+
+/// Alt and this digit are a soft key, which terminals that keep F1 and F2 for themselves have as well.
+WORD SoftKeyOf(char byte) {
+    return byte == '1' ? VK_TSOFT1 : byte == '2' ? VK_TSOFT2 : WORD{0};
 }
 
 } // namespace
@@ -32,6 +46,14 @@ void TerminalInput::Feed(char byte) {
         return;
     case State::Escape:
         FeedEscape(byte);
+        return;
+    case State::LateEscape:
+        FeedLateEscape(byte);
+        return;
+    case State::Pointer:
+        sequence_ += byte;
+        if (sequence_.size() == OldPointerLength)
+            state_ = State::Text;
         return;
     case State::Control:
     case State::Single:
@@ -61,7 +83,7 @@ void TerminalInput::Feed(char byte) {
 std::optional<TerminalKey> TerminalInput::Take() {
     if (keys_.empty())
         return std::nullopt;
-    const TerminalKey key = keys_.front();
+    TerminalKey key = std::move(keys_.front());
     keys_.pop_front();
     return key;
 }
@@ -72,6 +94,8 @@ int TerminalInput::Patience() const {
         return -1;
     case State::Escape:
         return EscapePatience;
+    case State::LateEscape:
+        return SoftKeyPatience;
     case State::Paste:
         return PastePatience;
     default:
@@ -80,9 +104,23 @@ int TerminalInput::Patience() const {
 }
 
 void TerminalInput::PauseIsOver() {
-    if (state_ == State::Escape)
-        for (int times = isModified_ ? 2 : 1; times > 0; --times)
-            keys_.push_back({false, wchar_t{Escape}, 0});
+    switch (state_) {
+    case State::Escape:
+        if (!isModified_) {
+            state_ = State::LateEscape;
+            return;
+        }
+        keys_.push_back(TerminalKey::OfCharacter(Escape));
+        [[fallthrough]];
+    case State::LateEscape:
+        keys_.push_back(TerminalKey::OfCharacter(Escape));
+        break;
+    case State::Paste:
+        EndPaste();
+        break;
+    default:
+        break;
+    }
     state_ = State::Text;
 }
 
@@ -103,24 +141,39 @@ void TerminalInput::Complete() {
     state_ = State::Text;
     if (sequence_ == PasteBegins) {
         state_ = State::Paste;
+        pasted_.clear();
         matched_ = 0;
         lineEnded_ = false;
-    } else if (const int code = isModified_ ? 0 : codeOf_(sequence_); code > 0) {
-        keys_.push_back({true, 0, code});
+    } else if (isModified_) {
+        return; // a key with Alt
+    } else if (auto key = keyOf_(sequence_)) {
+        keys_.push_back(std::move(*key));
+    } else if (sequence_ == "\x1b[M") {
+        state_ = State::Pointer;
     }
 }
 
-/// The character that ends with the byte, if any. What is no character in the encoding gives none.
+void TerminalInput::EndPaste() {
+    TerminalKey key;
+    key.kind = TerminalKey::Kind::Event;
+    key.event.kind = InputEvent::Kind::Paste;
+    key.event.text = std::exchange(pasted_, {});
+    keys_.push_back(std::move(key));
+}
+
+/// The character that ends with the byte, if any; 0 for what is none in the encoding.
 std::optional<wchar_t> TerminalInput::Decode(char byte) {
     constexpr auto Invalid = static_cast<std::size_t>(-1);
     constexpr auto Incomplete = static_cast<std::size_t>(-2);
+    const bool hadBegun = std::mbsinit(&shift_) == 0;
     wchar_t character = 0;
     switch (std::mbrtowc(&character, &byte, 1, &shift_)) {
     case Incomplete:
         return std::nullopt;
     case Invalid:
         shift_ = {};
-        return L'\0';
+        // What was cut off does not take the character behind it along.
+        return hadBegun ? Decode(byte) : L'\0';
     default:
         return character;
     }
@@ -132,15 +185,20 @@ void TerminalInput::FeedText(char byte) {
         return;
     }
     if (const auto character = Decode(byte))
-        keys_.push_back({false, *character, 0});
+        keys_.push_back(TerminalKey::OfCharacter(*character));
 }
 
 void TerminalInput::FeedEscape(char byte) {
     if (byte == Escape) {
         // Pressed again and again, or held: only the last two can belong to a sequence.
         if (isModified_)
-            keys_.push_back({false, wchar_t{Escape}, 0});
+            keys_.push_back(TerminalKey::OfCharacter(Escape));
         isModified_ = true;
+        return;
+    }
+    if (const WORD key = isModified_ ? WORD{0} : SoftKeyOf(byte)) {
+        state_ = State::Text;
+        keys_.push_back(TerminalKey::OfKey(key));
         return;
     }
     sequence_ += byte;
@@ -165,6 +223,16 @@ void TerminalInput::FeedEscape(char byte) {
     }
 }
 
+void TerminalInput::FeedLateEscape(char byte) {
+    state_ = State::Text;
+    if (const WORD key = SoftKeyOf(byte)) {
+        keys_.push_back(TerminalKey::OfKey(key));
+        return;
+    }
+    keys_.push_back(TerminalKey::OfCharacter(Escape));
+    Feed(byte);
+}
+
 void TerminalInput::FeedControl(char byte) {
     // The text console sends "ESC [ [ A" for its first function key.
     const bool isConsoles = sequence_ == "\x1b[[";
@@ -172,10 +240,11 @@ void TerminalInput::FeedControl(char byte) {
         Abandon(byte);
         return;
     }
-    sequence_ += byte;
+    if (sequence_.size() < LongestSequence)
+        sequence_ += byte;
     const bool isEnd = IsBetween(byte, 0x40, 0x7E) && sequence_ != "\x1b[[";
     // Some terminals end a key's sequence with what is else the last but one byte.
-    if (isEnd || isConsoles || (IsBetween(byte, 0x20, 0x2F) && codeOf_(sequence_) > 0))
+    if (isEnd || isConsoles || (IsBetween(byte, 0x20, 0x2F) && keyOf_(sequence_)))
         Complete();
 }
 
@@ -190,8 +259,10 @@ void TerminalInput::FeedString(char byte) {
 
 void TerminalInput::FeedPaste(char byte) {
     if (byte == PasteEnds[matched_]) {
-        if (++matched_ == PasteEnds.size())
+        if (++matched_ == PasteEnds.size()) {
             state_ = State::Text;
+            EndPaste();
+        }
         return;
     }
     matched_ = byte == Escape ? 1 : 0;
@@ -205,8 +276,9 @@ void TerminalInput::FeedPaste(char byte) {
         character = L'\n';
     else if (character == L'\t')
         character = L' ';
-    if (!isRestOfLineEnd && (*character >= L' ' || character == L'\n'))
-        keys_.push_back({false, *character, 0, true});
+    const bool isText = character == L'\n' || (*character >= L' ' && (*character < 0x7F || *character >= 0xA0));
+    if (!isRestOfLineEnd && isText && pasted_.size() < LongestPaste)
+        pasted_ += *character;
 }
 
 } // namespace device

@@ -102,20 +102,28 @@ void TranslateCharacter(wchar_t character, bool typing, std::deque<InputEvent>& 
 
 } // namespace
 
+std::optional<TerminalKey> TerminalKeys::OfCode(int code) {
+    const auto* found
+        = std::find_if(std::begin(Codes), std::end(Codes), [code](const KeyPair& pair) { return pair.code == code; });
+    if (found == std::end(Codes))
+        return std::nullopt;
+    return TerminalKey::OfKey(found->handset, found->modifiers);
+}
+
 void TerminalKeys::Translate(const TerminalKey& key, bool typing, std::deque<InputEvent>& events) {
-    if (key.isPasted) {
-        if (typing)
-            AddText(key.character, events); // elsewhere it would be read as commands
-        return;
-    }
-    if (!key.isCode) {
+    switch (key.kind) {
+    case TerminalKey::Kind::Character:
         TranslateCharacter(key.character, typing, events);
         return;
+    case TerminalKey::Kind::Key:
+        AddPress(key.key, key.modifiers, events);
+        return;
+    case TerminalKey::Kind::Event:
+        events.push_back(key.event);
+        return;
+    case TerminalKey::Kind::CanTellKeys:
+        return;
     }
-    const auto* found = std::find_if(
-        std::begin(Codes), std::end(Codes), [&key](const KeyPair& pair) { return pair.code == key.code; });
-    if (found != std::end(Codes))
-        AddPress(found->handset, found->modifiers, events);
 }
 
 } // namespace device

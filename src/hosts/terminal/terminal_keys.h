@@ -1,15 +1,17 @@
 #pragma once
 
-#include "hosts/terminal/terminal_input.h"
-#include "platform/windowing/host.h"
+#include "hosts/terminal/terminal_key.h"
 
 #include <deque>
+#include <optional>
 
 namespace device {
 
 /// What the keys of a terminal are on the handset.
 class TerminalKeys {
 public:
+    /// The key that the terminal library has a code for.
+    static std::optional<TerminalKey> OfCode(int code);
     /// Adds what a key does. `typing`: the focus is where text is typed, so that brackets are text.
     static void Translate(const TerminalKey& key, bool typing, std::deque<InputEvent>& events);
 };

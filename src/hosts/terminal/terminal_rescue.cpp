@@ -17,6 +17,7 @@ namespace {
 termios before;
 bool isKnown = false;
 std::atomic<bool> isArmed{false};
+std::atomic<bool> hasKeyWish{false};
 /// All that takes the terminal out of its full-screen mode, made ready: a crash leaves no time for looking up.
 std::array<char, 256> leaving;
 std::size_t leavingLength = 0;
@@ -39,11 +40,15 @@ void Collect(const char* text) {
     leavingLength += length;
 }
 
-constexpr char TellPastes[] = "\x1b[?2004h";
-constexpr char TellPastesNoMore[] = "\x1b[?2004l";
+// Pastes; whether it can tell keys without doubt; what its pointer does while a button is down, in numbers.
+constexpr char Wishes[] = "\x1b[?2004h\x1b[?u";
+constexpr char PointerWishes[] = "\x1b[?1002h\x1b[?1006h";
+constexpr char NoMoreWishes[] = "\x1b[?1006l\x1b[?1002l\x1b[?2004l";
+constexpr char KeyWish[] = "\x1b[>1u";
+constexpr char NoMoreKeyWish[] = "\x1b[<u";
 
 /// A terminal of the usual kind passes over a wish that it does not know; of another kind it would show it.
-bool TellsPastes() {
+bool TakesWishes() {
     const char* moveCursor = Capability("cup");
     return moveCursor != nullptr && std::strncmp(moveCursor, "\x1b[", 2) == 0;
 }
@@ -52,8 +57,14 @@ void Write(const char* text) {
     [[maybe_unused]] const auto written = write(STDOUT_FILENO, text, std::strlen(text));
 }
 
+void TakeBackKeyWish() {
+    if (hasKeyWish.exchange(false))
+        Write(NoMoreKeyWish);
+}
+
 extern "C" void RestoreInCrash(int number) {
     if (isArmed.exchange(false)) {
+        TakeBackKeyWish();
         [[maybe_unused]] const auto written = write(STDOUT_FILENO, leaving.data(), leavingLength);
         if (isKnown)
             tcsetattr(STDIN_FILENO, TCSANOW, &before);
@@ -67,29 +78,37 @@ void TerminalRescue::Prepare() {
     isKnown = tcgetattr(STDIN_FILENO, &before) == 0;
 }
 
-void TerminalRescue::Arm() {
+void TerminalRescue::Arm(bool pointer) {
     leavingLength = 0;
-    if (TellsPastes())
-        Collect(TellPastesNoMore);
+    if (TakesWishes())
+        Collect(NoMoreWishes);
     for (const char* capability : {"sgr0", "cnorm", "rmkx", "rmcup"})
         Collect(Capability(capability));
     isArmed = true;
-    if (TellsPastes())
-        Write(TellPastes);
+    if (TakesWishes())
+        Write(Wishes);
+    if (TakesWishes() && pointer)
+        Write(PointerWishes);
     struct sigaction action { };
     action.sa_handler = RestoreInCrash;
     action.sa_flags = static_cast<int>(SA_RESETHAND) | SA_NODEFER;
     sigemptyset(&action.sa_mask);
     for (const int number : {SIGSEGV, SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGQUIT})
         sigaction(number, &action, nullptr);
-    std::atexit(Restore);
+    [[maybe_unused]] static const int registered = std::atexit(Restore);
+}
+
+void TerminalRescue::AskForKeys() {
+    if (isArmed && !hasKeyWish.exchange(true))
+        Write(KeyWish);
 }
 
 void TerminalRescue::Restore() {
     if (!isArmed.exchange(false))
         return;
-    if (TellsPastes())
-        Write(TellPastesNoMore);
+    TakeBackKeyWish();
+    if (TakesWishes())
+        Write(NoMoreWishes);
     endwin();
     if (isKnown)
         tcsetattr(STDIN_FILENO, TCSANOW, &before);

@@ -3,7 +3,10 @@
 
 #include "hosts/terminal/terminal_screen.h"
 
+#include "hosts/terminal/terminal_keys.h"
 #include "hosts/terminal/terminal_rescue.h"
+#include "hosts/terminal/terminal_sequences.h"
+#include "platform/system/environment.h"
 
 #include <algorithm>
 #include <array>
@@ -21,25 +24,34 @@ namespace {
 
 constexpr short SelectedPair = 1;
 constexpr short MenuPair = 2;
-constexpr short FirstShadePair = 3;
-constexpr int ShadeColors = 256;
+constexpr short GreyPair = 3;
+constexpr short MenuGreyPair = 4;
 
-/// One of the 6 steps of the colour cube.
-int CubeStep(unsigned part) {
-    return part < 48 ? 0 : part < 115 ? 1 : static_cast<int>((part - 35) / 40);
+// One that can be read on black and on white; of 16 colours it is the only grey.
+constexpr short GreyOfMany = 244;
+constexpr short GreyOfFew = 8;
+constexpr int ManyColors = 256;
+constexpr int FewColors = 16;
+
+bool IsUnicodeLocale() {
+    return std::string_view(nl_langinfo(CODESET)) == "UTF-8";
 }
 
-short CubeColor(COLORREF color) {
-    const int red = CubeStep(color & 0xFFU);
-    const int green = CubeStep((color >> 8U) & 0xFFU);
-    const int blue = CubeStep((color >> 16U) & 0xFFU);
-    return static_cast<short>(16 + 36 * red + 6 * green + blue);
+bool Has(const char* capability) {
+    const char* text = tigetstr(capability);
+    return text != nullptr && text != reinterpret_cast<const char*>(-1); // NOLINT(performance-no-int-to-ptr)
+}
+
+std::optional<TerminalKey> KeyOf(const std::string& sequence) {
+    if (auto key = TerminalKeys::OfCode(key_defined(sequence.c_str())))
+        return key;
+    return KeyOfSequence(sequence);
 }
 
 } // namespace
 
 TerminalScreen::TerminalScreen()
-    : input_([](const std::string& sequence) { return key_defined(sequence.c_str()); }) {
+    : input_(KeyOf) {
 }
 
 bool TerminalScreen::Open(std::string& error) {
@@ -47,12 +59,19 @@ bool TerminalScreen::Open(std::string& error) {
         error = "no terminal: standard input and output must both be one";
         return false;
     }
-    // The library complains of an unknown terminal by ending the process: it must be asked in the other way.
     std::setlocale(LC_CTYPE, "");
-    unicode_ = std::string_view(nl_langinfo(CODESET)) == "UTF-8";
+    if (!IsUnicodeLocale())
+        std::setlocale(LC_CTYPE, "C.UTF-8");
+    unicode_ = IsUnicodeLocale();
+    // The library complains of an unknown terminal by ending the process: it must be asked in the other way.
     TerminalRescue::Prepare();
     if (newterm(nullptr, stdout, stdin) == nullptr) {
         error = "the terminal's type is not known; see TERM";
+        return false;
+    }
+    if (!Has("cup")) {
+        endwin();
+        error = "a terminal of this type cannot place its cursor; see TERM";
         return false;
     }
     isOpen_ = true;
@@ -61,14 +80,22 @@ bool TerminalScreen::Open(std::string& error) {
     nonl();
     keypad(stdscr, TRUE);
     typeahead(-1); // keys are not read through the library
-    colors_ = has_colors() && start_color() == OK && COLOR_PAIRS > FirstShadePair;
-    if (colors_) {
-        use_default_colors();
-        init_pair(SelectedPair, COLOR_WHITE, COLOR_BLUE);
-        init_pair(MenuPair, COLOR_BLACK, COLOR_WHITE);
-    }
-    TerminalRescue::Arm();
+    PrepareColors();
+    TerminalRescue::Arm(TheEnvironment().mouse);
     return true;
+}
+
+void TerminalScreen::PrepareColors() {
+    colors_ = has_colors() && start_color() == OK && COLOR_PAIRS > MenuGreyPair;
+    if (!colors_)
+        return;
+    const bool hasOwnGround = use_default_colors() == OK;
+    init_pair(SelectedPair, COLOR_WHITE, COLOR_BLUE);
+    init_pair(MenuPair, COLOR_BLACK, COLOR_WHITE);
+    if (!hasOwnGround || COLORS < FewColors)
+        return;
+    const short grey = COLORS < ManyColors ? GreyOfFew : GreyOfMany;
+    hasGrey_ = init_pair(GreyPair, grey, -1) == OK && init_pair(MenuGreyPair, grey, COLOR_WHITE) == OK;
 }
 
 TerminalScreen::~TerminalScreen() {
@@ -92,42 +119,31 @@ void TerminalScreen::Measure() {
     clearok(curscr, TRUE);
 }
 
-short TerminalScreen::ShadePair(COLORREF shade) {
-    if (!colors_ || COLORS < ShadeColors || COLOR_PAIRS < ShadeColors)
-        return 0;
-    const short color = CubeColor(shade);
-    const short pair = static_cast<short>(FirstShadePair + color - 16);
-    if (pair >= ShadeColors)
-        return 0;
-    constexpr short Black = 16;
-    init_pair(pair, Black, color);
-    return pair;
-}
-
-unsigned TerminalScreen::Attributes(const Cell& cell, short& pair) {
+unsigned TerminalScreen::Attributes(const Cell& cell, short& pair) const {
     attr_t attributes = A_NORMAL;
     pair = 0;
+    bool isGrey = cell.dim && hasGrey_;
     switch (cell.ground) {
     case Ground::Plain:
+        pair = isGrey ? GreyPair : short{0};
         break;
     case Ground::Bar:
         attributes |= A_REVERSE;
+        isGrey = false;
         break;
     case Ground::Menu:
         if (colors_)
-            pair = MenuPair;
+            pair = isGrey ? MenuGreyPair : MenuPair;
         break;
     case Ground::Selected:
         if (colors_)
             pair = SelectedPair;
         else
             attributes |= A_REVERSE;
-        break;
-    case Ground::Shade:
-        pair = ShadePair(cell.shade);
+        isGrey = false;
         break;
     }
-    if (cell.dim)
+    if (cell.dim && !isGrey)
         attributes |= A_DIM;
     if (cell.bold)
         attributes |= A_BOLD;
@@ -160,6 +176,21 @@ void TerminalScreen::Show(const CellGrid& grid) {
     if (grid.caretShown)
         move(grid.caretRow, grid.caretColumn);
     refresh();
+    if (canTellKeys_)
+        TerminalRescue::AskForKeys();
+}
+
+void TerminalScreen::GiveBack() {
+    canTellKeys_ = false; // it may be another terminal that goes on
+    TerminalRescue::Restore();
+}
+
+void TerminalScreen::TakeBack() {
+    if (isGone_)
+        return;
+    TerminalRescue::Prepare();
+    reset_prog_mode();
+    TerminalRescue::Arm(TheEnvironment().mouse);
 }
 
 void TerminalScreen::Beep() {
@@ -179,6 +210,8 @@ std::optional<TerminalKey> TerminalScreen::NextKey() {
             input_.Feed(byte);
         key = input_.Take();
     }
+    if (key && key->kind == TerminalKey::Kind::CanTellKeys)
+        canTellKeys_ = true;
     return key;
 }
 

@@ -21,11 +21,16 @@ public:
 
     /// It shows more than ASCII.
     bool IsUnicode() const { return unicode_; }
+    /// What is greyed looks so.
+    bool HasGrey() const { return hasGrey_; }
     int Columns() const;
     int Rows() const;
     /// Takes over the terminal's size as it is now.
     void Measure();
     void Show(const CellGrid& grid);
+    /// The terminal is as it was before, until TakeBack.
+    void GiveBack();
+    void TakeBack();
     void Beep();
     /// The next key that came in, without waiting.
     std::optional<TerminalKey> NextKey();
@@ -38,14 +43,16 @@ public:
 
 private:
     void ShowCell(const Cell& cell, int column, int row);
-    unsigned Attributes(const Cell& cell, short& pair);
-    short ShadePair(COLORREF shade);
+    void PrepareColors();
+    unsigned Attributes(const Cell& cell, short& pair) const;
 
     TerminalInput input_;
     bool isOpen_ = false;
     bool isGone_ = false;
     bool unicode_ = false;
     bool colors_ = false;
+    bool hasGrey_ = false;
+    bool canTellKeys_ = false;
 };
 
 } // namespace device

@@ -26,8 +26,8 @@ constexpr double MostZoom = 16.0;
 constexpr std::size_t LargestList = 65536;
 
 constexpr const char* VariableNames[] = {"HANDSET_STORAGE", "HANDSET_SCREEN", "HANDSET_DPI", "HANDSET_ZOOM",
-    "HANDSET_LOCALE", "HANDSET_CLOCK", "HANDSET_SYNC", "TZ", "LC_ALL", "LC_MONETARY", "LC_TIME", "LANG", "HOME",
-    "TMPDIR", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR", "XDG_STATE_HOME"};
+    "HANDSET_MOUSE", "HANDSET_LOCALE", "HANDSET_CLOCK", "HANDSET_SYNC", "TZ", "LC_ALL", "LC_MONETARY", "LC_TIME",
+    "LANG", "HOME", "TMPDIR", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR", "XDG_STATE_HOME"};
 
 std::optional<int> ReadNumber(std::string_view text, int least, int most) {
     int number = 0;
@@ -190,6 +190,10 @@ void Parser::ParseScreen() {
         if (!environment.zoom)
             Refuse("HANDSET_ZOOM", "a number from 0.25 to 16");
     }
+    if (const std::string text = Value("HANDSET_MOUSE"); text == "0")
+        environment.mouse = false;
+    else if (!text.empty() && text != "1")
+        Refuse("HANDSET_MOUSE", "0 or 1");
 }
 
 void Parser::ParseLocales() {

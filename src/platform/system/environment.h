@@ -22,6 +22,7 @@ struct Environment {
     SIZE screen{320, 480};
     int dpi = 96;
     std::optional<double> zoom;
+    bool mouse = true; ///< a terminal is asked to tell what its pointer does
     std::string numberLocale = "en_US"; ///< of numbers, money and collation
     std::string dateLocale = "en_US";
     std::optional<UtcTime> clock; ///< where the clock stands, unless it is the host's

@@ -80,9 +80,11 @@ void MessagePanel::Layout() {
     // On a very narrow screen the text needs the icon's place.
     hasIcon_ = picture_ != 0 && area.right - area.left > Scaled(5 * IconSize);
     const int icon = hasIcon_ ? Scaled(IconSize) : 0;
-    const int left = padding + (icon > 0 ? icon + padding : 0);
-    const int width = std::max(1, static_cast<int>(area.right - area.left) - left - padding);
+    // Where there are only cells, one of them stays free between icon and text.
     TextMeasurer& measurer = Desktop::The().Screen().Measurer();
+    const int gap = std::max(padding, measurer.Metrics(BoxFont()).averageWidth);
+    const int left = padding + (icon > 0 ? icon + gap : 0);
+    const int width = std::max(1, static_cast<int>(area.right - area.left) - left - padding);
     const auto lines = BreakLines(measurer, BoxFont(), child->text, width);
     textHeight_ = static_cast<int>(lines.size()) * measurer.Metrics(BoxFont()).Height();
     const LONG height = std::min<LONG>(std::max(icon, textHeight_) + (2 * padding), area.bottom - area.top);

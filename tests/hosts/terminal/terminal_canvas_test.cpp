@@ -1,4 +1,5 @@
 #include "hosts/terminal/terminal_canvas.h"
+#include "platform/drawing/picture.h"
 #include "platform/metrics.h"
 #include "platform/windowing/look.h"
 
@@ -29,7 +30,7 @@ protected:
         }
         return line.substr(0, line.find_last_not_of(L' ') + 1);
     }
-    TerminalCanvas canvas{10, 24, true};
+    TerminalCanvas canvas{10, 24, true, true};
 };
 
 TEST(CellMeasurerTest, CountsCells) {
@@ -66,6 +67,16 @@ TEST_F(TerminalCanvasTest, NothingThatSteersTheTerminalReachesIt) {
     EXPECT_EQ(canvas.Measurer().Width(ListFont, L"\u202E\u2066\u061C\u200F"), 0);
 }
 
+TEST_F(TerminalCanvasTest, WhatAsciiDoesNotHaveLeavesItsNeighbours) {
+    TerminalCanvas ascii{10, 24, false, true};
+    ascii.BeginFrame({});
+    ascii.Text(0, TitleHeight(), L"a\u6C7Db\u00E9c", ListFont, 0);
+    std::wstring line;
+    for (int column = 0; column < 5; ++column)
+        line += ascii.Grid().At(column, 1).text;
+    EXPECT_EQ(line, L"a?b?c");
+}
+
 TEST_F(TerminalCanvasTest, CutsAtTheClipWithAnEllipsis) {
     const int cell = canvas.Measurer().Width(ListFont, L"x");
     canvas.PushClip({0, 0, 4 * cell, 2000});
@@ -93,6 +104,80 @@ TEST_F(TerminalCanvasTest, BarsSelectionCaretAndDimmedGroundShow) {
     EXPECT_FALSE(canvas.Grid().caretShown);
     EXPECT_TRUE(canvas.Grid().At(0, 3).dim);
     EXPECT_EQ(Line(3), L"chosen");
+    EXPECT_EQ(canvas.Grid().At(0, 3).ground, Ground::Selected) << "a question's subject stays marked";
+}
+
+TEST_F(TerminalCanvasTest, LettersStandForPicturesWhereThereIsRoom) {
+    const Picture fuel{213, {{213, 16, {}, L'F'}}};
+    Draw(100, 0, L"1/20");
+    canvas.DrawPicture({0, TitleHeight() + 2, 16, TitleHeight() + 18}, fuel);
+    Draw(0, 300, L"name");
+    canvas.DrawPicture({0, TitleHeight() + 345, 16, TitleHeight() + 361}, fuel);
+    canvas.DrawPicture({0, TitleHeight() + 600, 160, TitleHeight() + 760}, fuel);
+    EXPECT_EQ(Line(1), L"F 1/20");
+    EXPECT_EQ(Line(4), L"name");
+    EXPECT_EQ(Line(7), L"") << "too large for a letter";
+}
+
+TEST_F(TerminalCanvasTest, WhatIsGreyedIsToldInLettersWhereThereIsNoGrey) {
+    for (const bool grey : {true, false}) {
+        TerminalCanvas other{20, 10, true, grey};
+        SetScreenSize(other.ScreenSize());
+        other.BeginFrame({});
+        other.Fill({0, TitleHeight(), 600, TitleHeight() + 212}, MenuColor, 255);
+        PaintMarks marks;
+        marks.role = PaintMarks::Role::Menu;
+        marks.greyed = true;
+        other.SetMarks(marks);
+        other.Text(8, TitleHeight() + 3, L"1 Edit", ListFont, GetSysColor(COLOR_GRAYTEXT));
+        EXPECT_EQ(other.Grid().At(0, 7).text, grey ? L"1" : L"-");
+        EXPECT_TRUE(other.Grid().At(0, 7).dim);
+    }
+}
+
+TEST_F(TerminalCanvasTest, HintsStandBesideTheNamesWhereThereIsRoom) {
+    for (const auto& [columns, label, expected] : {std::tuple{40, L"New", L"   Alt+1 New                 New Alt+2"},
+             {40, L"Remind Later", L"Alt+1 Remind Later    Remind Later Alt+2"},
+             {20, L"Cancel", L"  Cancel    Cancel"}}) {
+        TerminalCanvas other{columns, 10, true, true};
+        SetScreenSize(other.ScreenSize());
+        other.ShowHints(true);
+        other.BeginFrame({});
+        const int half = columns * 25;
+        const int width = other.Measurer().Width(ListFont, label);
+        for (const bool left : {true, false}) {
+            PaintMarks marks;
+            marks.role = left ? PaintMarks::Role::LeftSoftKey : PaintMarks::Role::RightSoftKey;
+            other.SetMarks(marks);
+            other.Text((left ? 0 : half) + (half - width) / 2, other.ScreenSize().cy - 20, label, ListFont, 0);
+        }
+        std::wstring line;
+        for (int column = 0; column < columns; ++column)
+            line += other.Grid().At(column, 9).text.empty() ? L" " : other.Grid().At(column, 9).text;
+        EXPECT_EQ(line.substr(0, line.find_last_not_of(L' ') + 1), expected);
+    }
+}
+
+TEST_F(TerminalCanvasTest, AClickGoesWhereTheTextOfItsCellStands) {
+    const SIZE screen = canvas.ScreenSize();
+    const int title = TitleHeight();
+    for (int row = 0; row < 10; ++row)
+        Draw(0, 203 * row, L"date");
+    for (int row = 0; row < 10; ++row) {
+        const POINT beside = canvas.PointOf(9, 1 + 2 * row);
+        EXPECT_EQ(beside.x, 475);
+        EXPECT_TRUE(beside.y >= title + 203 * row && beside.y < title + 203 * (row + 1)) << row;
+    }
+    EXPECT_EQ(canvas.PointOf(0, 20).y, canvas.PointOf(0, 19).y + 100) << "below a text, where none stands";
+    EXPECT_LT(canvas.PointOf(0, 0).y, title);
+    EXPECT_GE(canvas.PointOf(0, 23).y, screen.cy - SoftKeyBarHeight());
+    // Ten items are higher on the screen than ten cells.
+    const LONG top = screen.cy - SoftKeyBarHeight() - 1064;
+    canvas.Fill({200, top, screen.cx, top + 1064}, MenuColor, 255);
+    for (int item = 0; item < 10; ++item)
+        EXPECT_EQ((canvas.PointOf(5, 13 + item).y - top) / 106, item);
+    EXPECT_LT(canvas.PointOf(5, 12).y, top);
+    EXPECT_LT(canvas.PointOf(0, 15).x, 200);
 }
 
 TEST_F(TerminalCanvasTest, TinyScreensKeepTheirBounds) {

@@ -17,11 +17,12 @@ std::deque<InputEvent> Events(const TerminalKey& key, bool typing = false) {
 }
 
 TEST(TerminalKeysTest, KeysComeDownAndUp) {
+    const auto code = [](int number) { return TerminalKeys::OfCode(number).value(); };
+    const auto typed = [](wchar_t character) { return TerminalKey::OfCharacter(character); };
     const std::tuple<TerminalKey, bool, WORD, unsigned> cases[]
-        = {{{true, 0, KEY_F(1)}, true, VK_TSOFT1, 0}, {{false, L'[', 0}, false, VK_TSOFT1, 0},
-            {{false, L']', 0}, false, VK_TSOFT2, 0}, {{false, L'\r', 0}, true, VK_TACTION, 0},
-            {{false, 0x1B, 0}, true, VK_TBACK, 0}, {{false, 0x7F, 0}, true, VK_BACK, 0},
-            {{false, 1, 0}, true, 'A', MOD_CONTROL}, {{true, 0, KEY_SF}, false, VK_DOWN, MOD_SHIFT}};
+        = {{code(KEY_F(1)), true, VK_TSOFT1, 0}, {typed(L'['), false, VK_TSOFT1, 0}, {typed(L']'), false, VK_TSOFT2, 0},
+            {typed(L'\r'), true, VK_TACTION, 0}, {typed(0x1B), true, VK_TBACK, 0}, {typed(0x7F), true, VK_BACK, 0},
+            {typed(1), true, 'A', MOD_CONTROL}, {code(KEY_SF), false, VK_DOWN, MOD_SHIFT}};
     for (const auto& [key, typing, expected, modifiers] : cases) {
         const auto events = Events(key, typing);
         ASSERT_EQ(events.size(), 2U) << expected;
@@ -33,14 +34,14 @@ TEST(TerminalKeysTest, KeysComeDownAndUp) {
 
 TEST(TerminalKeysTest, TextIsText) {
     for (const wchar_t character : {L'a', L' ', L'\u00DC', L'\u6C7D', L'[', L']'}) {
-        const auto events = Events({false, character, 0}, true);
+        const auto events = Events(TerminalKey::OfCharacter(character), true);
         ASSERT_EQ(events.size(), 1U);
         EXPECT_EQ(events[0].kind, InputEvent::Kind::Text);
         EXPECT_EQ(events[0].character, character);
     }
-    EXPECT_TRUE(Events({true, 0, KEY_F(9)}).empty() && Events({false, 0, 0}).empty());
+    EXPECT_TRUE(!TerminalKeys::OfCode(KEY_F(9)) && Events(TerminalKey::OfCharacter(0)).empty());
     for (const wchar_t control : {L'C', L'Q'})
-        EXPECT_EQ(Events({false, control - L'@', 0}).at(0).kind, InputEvent::Kind::Close);
+        EXPECT_EQ(Events(TerminalKey::OfCharacter(control - L'@')).at(0).kind, InputEvent::Kind::Close);
 }
 
 } // namespace

@@ -18,6 +18,11 @@ see() { until_true "never saw: $1" screen_has "$1"; }
 press() { tm send-keys -t main "$1"; }
 write() { tm send-keys -t main -l "$1"; }
 resize() { tm resize-window -t main -x "$1" -y "$2"; }
+send_bytes() { tm send-keys -t main -H "$@"; }
+# click COLUMN ROW: down and up, counted from 1.
+click() { send_bytes $(printf '\033[<0;%d;%dM\033[<0;%d;%dm' "$1" "$2" "$1" "$2" | od -An -tx1); }
+# modes: full screen, pointer told.
+modes() { tm display-message -t main -p '#{alternate_on} #{mouse_any_flag}'; }
 process_ended() { ! kill -0 "$(cat "$place/pid")" 2>/dev/null; }
 # on KEY TEXT: what the key brings up.
 on() { press "$1"; see "$2"; }
@@ -35,7 +40,7 @@ end_with() {
   kill "-$1" "$(cat "$place/pid")"
   until_true "still runs after SIG$1" process_ended
   see "status=[0-9]+"
-  [ "$(tm display-message -t main -p '#{alternate_on}')" = 0 ] || fail "the full-screen mode is still on"
+  [ "$(modes)" = "0 0" ] || fail "the terminal's modes are still on"
   press C-l
   write "clear; stty -a | grep -qE ' icanon.* echo ' && stty -a | grep -qE ' ixon ' && echo cooked-again"
   on Enter "^cooked-again"
@@ -69,10 +74,9 @@ write 10
 see "^10( |$)"
 on F1 "1,200"
 
-# What is no key does nothing: the Menu key, a key told by its character, focus, a late answer. A paste is text in a
+# What is no key does nothing: F12, Alt and a character, focus, a late answer. A paste is text in a
 # field and nothing elsewhere.
-send_bytes() { tm send-keys -t main -H "$@"; }
-send_bytes 1b 5b 32 39 7e 1b 5b 39 37 3b 35 75 1b 5b 49
+send_bytes 1b 5b 32 34 7e 1b 5b 39 37 3b 33 75 1b 5b 49
 send_bytes 1b 5d 31 31 3b 72 67 62 3a
 sleep 0.1
 send_bytes 30 2f 31 2f 5d 1b 5c
@@ -97,6 +101,36 @@ see "…"
 resize 80 24
 see "1,200"
 
+# Soft keys and the pointer: the right key's menu, a click into the list beside it, a double click on the row.
+on M-1 "2 Fuel Entry"
+send_bytes 1b
+sleep 0.15 # Alt and a digit may come as two keys
+send_bytes 32
+see "2 Delete"
+click 20 24
+see "2 Fuel Entry"
+click 70 5 # beside the menu: it closes
+click 5 3
+click 5 3
+see "Fuel Entry +123"
+on F2 "3 Cancel"
+click 70 23
+see "1,200"
+
+# A job that is stopped gives the terminal back, and takes it again in the size that it has then.
+on C-z "Stopped"
+[ "$(modes)" = "0 0" ] || fail "a stopped job keeps the terminal's modes"
+write "clear; stty -a | grep -qE ' icanon.* echo ' && echo cooked-again"
+on Enter "^cooked-again"
+resize 60 20
+write 'fg; echo status=$?'
+press Enter
+see "New +Menu"
+[ "$(modes)" = "1 1" ] || fail "the modes do not come back"
+on F2 "2 Delete"
+resize 80 24
+see "^ +1 Edit"
+
 # The terminal goes away under a form that is half filled in: what was stored before stays, the form does not.
 on F1 "2 Fuel Entry"
 on 2 "Fuel Entry +123"
@@ -118,10 +152,12 @@ press C-c
 until_true "still runs after Ctrl+C" process_ended
 see "status=[0-9]"
 
-# A terminal of plain ASCII, without colours.
-launch LC_ALL=C TERM=vt100
-see "^[?]berauto"
-on F2 "View Date Range >"
-on 4 "[*] "
+# Without colours, without a pointer, in a locale that knows no letters but ASCII's; and a type that has no cursor.
+launch LC_ALL=C TERM=vt100 HANDSET_MOUSE=0
+see "^Überauto"
+[ "$(modes)" = "0 0" ] || fail "the pointer is told though it is not wanted"
 end_with TERM
+launch TERM=dumb
+see "cannot place its cursor"
+see "status=2"
 echo "all is well"

@@ -6,13 +6,14 @@ namespace {
 using device::ParseEnvironment;
 
 TEST(EnvironmentText, AMalformedVariableIsOneLineThatNamesIt) {
-    const std::pair<const char*, const char*> cases[] = {{"HANDSET_SCREEN", "320"}, {"HANDSET_SCREEN", "0x480"},
-        {"HANDSET_SCREEN", "320x-1"}, {"HANDSET_SCREEN", "320x480 "}, {"HANDSET_SCREEN", "16385x1"},
-        {"HANDSET_SCREEN", "99999999999x1"}, {"HANDSET_DPI", "0"}, {"HANDSET_DPI", "96.5"}, {"HANDSET_DPI", "961"},
-        {"HANDSET_ZOOM", "nan"}, {"HANDSET_ZOOM", "0.2"}, {"HANDSET_ZOOM", "2x"}, {"HANDSET_LOCALE", "english"},
-        {"HANDSET_CLOCK", "2026-02-29T10:00:00Z"}, {"HANDSET_CLOCK", "2026-03-01T10:00:00"},
-        {"HANDSET_CLOCK", "2026-03-01T24:00:00Z"}, {"HANDSET_CLOCK", "1600-03-01T10:00:00Z"}, {"HANDSET_SYNC", "yes"},
-        {"HANDSET_STORAGE", "/dev/null"}, {"TZ", "Europe/Nowhere"}, {"TZ", "two\nlines"}};
+    const std::pair<const char*, const char*> cases[]
+        = {{"HANDSET_SCREEN", "320"}, {"HANDSET_SCREEN", "0x480"}, {"HANDSET_SCREEN", "320x-1"},
+            {"HANDSET_SCREEN", "320x480 "}, {"HANDSET_SCREEN", "16385x1"}, {"HANDSET_SCREEN", "99999999999x1"},
+            {"HANDSET_DPI", "0"}, {"HANDSET_DPI", "96.5"}, {"HANDSET_DPI", "961"}, {"HANDSET_ZOOM", "nan"},
+            {"HANDSET_ZOOM", "0.2"}, {"HANDSET_ZOOM", "2x"}, {"HANDSET_MOUSE", "no"}, {"HANDSET_LOCALE", "english"},
+            {"HANDSET_CLOCK", "2026-02-29T10:00:00Z"}, {"HANDSET_CLOCK", "2026-03-01T10:00:00"},
+            {"HANDSET_CLOCK", "2026-03-01T24:00:00Z"}, {"HANDSET_CLOCK", "1600-03-01T10:00:00Z"},
+            {"HANDSET_SYNC", "yes"}, {"HANDSET_STORAGE", "/dev/null"}, {"TZ", "Europe/Nowhere"}, {"TZ", "two\nlines"}};
     for (const auto& [name, value] : cases) {
         const auto error = ParseEnvironment({{"HOME", "/home/ann"}, {name, value}}).error;
         ASSERT_TRUE(error) << name << '=' << value;
@@ -29,12 +30,13 @@ TEST(EnvironmentText, IsReadWithItsBoundsAndDefaults) {
     EXPECT_EQ(plain.environment.documentsFolder, "/home/ann/Documents");
 
     const auto full = ParseEnvironment({{"HANDSET_SCREEN", "1x16384"}, {"HANDSET_DPI", "960"}, {"HANDSET_ZOOM", "0.25"},
-        {"HANDSET_SYNC", "1"}, {"HANDSET_STORAGE", "/tmp/a/../b/"}, {"TZ", ":Europe/Berlin"},
+        {"HANDSET_MOUSE", "0"}, {"HANDSET_SYNC", "1"}, {"HANDSET_STORAGE", "/tmp/a/../b/"}, {"TZ", ":Europe/Berlin"},
         {"HANDSET_CLOCK", "2026-03-01T10:00:00.617Z"}, {"LC_ALL", ""}, {"LC_TIME", "sv_SE"},
         {"LANG", "de_DE.UTF-8@euro"}});
     EXPECT_EQ(full.error, std::nullopt);
     EXPECT_EQ(full.environment.documentsFolder, "/tmp/b/My Documents");
     EXPECT_EQ(device::CalendarTime(full.environment.clock.value()).wMilliseconds, 617);
+    EXPECT_TRUE(plain.environment.mouse && !full.environment.mouse);
     EXPECT_EQ(full.environment.numberLocale, "de_DE");
     EXPECT_EQ(full.environment.dateLocale, "sv_SE");
 }
