@@ -9,7 +9,6 @@ inline constexpr int LF_FACESIZE = 32;
 inline constexpr LONG FW_NORMAL = 400;
 inline constexpr LONG FW_BOLD = 700;
 inline constexpr int PS_SOLID = 0;
-inline constexpr int LOGPIXELSX = 88;
 inline constexpr int LOGPIXELSY = 90;
 inline constexpr int TRANSPARENT = 1;
 inline constexpr int OPAQUE = 2;
@@ -28,7 +27,6 @@ inline constexpr UINT DI_NORMAL = 3;
 inline constexpr UINT ILC_MASK = 0x1;
 inline constexpr UINT ILC_COLOR32 = 0x20;
 inline constexpr UINT IMAGE_BITMAP = 0;
-inline constexpr UINT IMAGE_ICON = 1;
 
 struct LOGFONTW {
     LONG lfHeight = 0; ///< below 0: height of the characters; above 0: of the cell
@@ -39,8 +37,6 @@ struct LOGFONTW {
 
 struct TEXTMETRICW {
     LONG tmHeight = 0;
-    LONG tmAscent = 0;
-    LONG tmDescent = 0;
     LONG tmExternalLeading = 0;
     LONG tmAveCharWidth = 0;
 };
@@ -87,7 +83,6 @@ HIMAGELIST ImageList_Create(int width, int height, UINT flags, int initial, int 
 BOOL ImageList_Destroy(HIMAGELIST list); // NOLINT
 int ImageList_ReplaceIcon(HIMAGELIST list, int index, HICON icon); // NOLINT
 BOOL ImageList_RemoveAll(HIMAGELIST list); // NOLINT
-int ImageList_GetImageCount(HIMAGELIST list); // NOLINT
 /// An icon of the list's own; DrawIconEx takes it, DestroyIcon frees it. Null for a bad index.
 HICON ImageList_GetIcon(HIMAGELIST list, int index, UINT flags); // NOLINT
 

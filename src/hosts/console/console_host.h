@@ -44,7 +44,6 @@ private:
     bool ExecutePost(const std::string& rest);
     bool ExecuteResize(const std::string& rest);
     void ExecuteQuery(const std::string& verb, const std::string& rest);
-    void ExecuteRegistry(const std::string& rest);
     void Shot(const std::string& file);
     void Refuse(const std::string& reason);
     void Finish();

@@ -98,8 +98,6 @@ BOOL GetTextMetricsW(HDC context, TEXTMETRICW* metrics) {
         return FALSE;
     const FontMetrics known = found->canvas->Measurer().Metrics(*found->state.fontDescription);
     metrics->tmHeight = known.Height();
-    metrics->tmAscent = known.ascent;
-    metrics->tmDescent = known.descent;
     metrics->tmExternalLeading = known.externalLeading;
     metrics->tmAveCharWidth = known.averageWidth;
     return TRUE;

@@ -84,11 +84,8 @@ HBRUSH WhiteBrush() {
 }
 
 const FontDescription& FontOf(HFONT font) {
-    static const FontDescription& plain = *new FontDescription;
     const FontDescription* found = FindFont(font);
-    if (found == nullptr)
-        found = FindFont(SystemFont());
-    return found != nullptr ? *found : plain;
+    return found != nullptr ? *found : *FindFont(SystemFont());
 }
 
 bool BrushColor(HBRUSH brush, COLORREF& color) {

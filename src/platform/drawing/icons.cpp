@@ -108,11 +108,6 @@ BOOL ImageList_RemoveAll(HIMAGELIST list) { // NOLINT
     return TRUE;
 }
 
-int ImageList_GetImageCount(HIMAGELIST list) { // NOLINT
-    const ImageList* found = ImageLists().Find(list);
-    return found != nullptr ? static_cast<int>(found->pictures.size()) : 0;
-}
-
 HICON ImageList_GetIcon(HIMAGELIST list, int index, UINT /*flags*/) { // NOLINT
     const Picture* picture = ImageListPicture(list, index);
     return picture != nullptr ? Icons().Add(*picture) : nullptr;

@@ -22,14 +22,6 @@ inline bool Contains(const RECT& outer, const RECT& inner) {
         && inner.bottom <= outer.bottom;
 }
 
-inline bool SameRectangle(const RECT& a, const RECT& b) {
-    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
-}
-
-inline int WidthOf(const RECT& rectangle) {
-    return static_cast<int>(rectangle.right - rectangle.left);
-}
-
 inline int HeightOf(const RECT& rectangle) {
     return static_cast<int>(rectangle.bottom - rectangle.top);
 }

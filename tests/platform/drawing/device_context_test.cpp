@@ -62,7 +62,7 @@ TEST_F(DeviceContextTest, RestoreGoesBackToTheStateThatIsNamed) {
     }
     for (const auto& [state, restored, right] : {std::tuple{-1, 3U, 117}, {1, 1U, 400}}) {
         EXPECT_TRUE(RestoreDC(context, state));
-        EXPECT_EQ(ContextTextColor(context), restored);
+        EXPECT_EQ(SetTextColor(context, 0), restored);
         EXPECT_EQ(ContextClip(context).right, right);
     }
     for (const int bad : {-1, 0, 1, INT_MIN})
