@@ -11,7 +11,6 @@ inline constexpr LONG FW_BOLD = 700;
 inline constexpr int PS_SOLID = 0;
 inline constexpr int LOGPIXELSY = 90;
 inline constexpr int TRANSPARENT = 1;
-inline constexpr int OPAQUE = 2;
 
 inline constexpr UINT DT_CENTER = 0x1;
 inline constexpr UINT DT_RIGHT = 0x2;
@@ -19,7 +18,6 @@ inline constexpr UINT DT_VCENTER = 0x4;
 inline constexpr UINT DT_WORDBREAK = 0x10;
 inline constexpr UINT DT_SINGLELINE = 0x20;
 inline constexpr UINT DT_NOCLIP = 0x100;
-inline constexpr UINT DT_CALCRECT = 0x400;
 inline constexpr UINT DT_NOPREFIX = 0x800;
 inline constexpr UINT DT_END_ELLIPSIS = 0x8000;
 
@@ -63,6 +61,7 @@ int GetDeviceCaps(HDC context, int index);
 
 COLORREF SetTextColor(HDC context, COLORREF color);
 COLORREF SetBkColor(HDC context, COLORREF color);
+/// Texts are always drawn on what is there.
 int SetBkMode(HDC context, int mode);
 
 BOOL GetTextMetricsW(HDC context, TEXTMETRICW* metrics);
@@ -81,6 +80,7 @@ BOOL DrawIconEx(HDC context, int x, int y, HICON icon, int width, int height, UI
 
 HIMAGELIST ImageList_Create(int width, int height, UINT flags, int initial, int grow); // NOLINT: the handset's names
 BOOL ImageList_Destroy(HIMAGELIST list); // NOLINT
+/// Adds the icon at the end: the index is always -1. Returns the index that it got, -1 on failure.
 int ImageList_ReplaceIcon(HIMAGELIST list, int index, HICON icon); // NOLINT
 BOOL ImageList_RemoveAll(HIMAGELIST list); // NOLINT
 /// An icon of the list's own; DrawIconEx takes it, DestroyIcon frees it. Null for a bad index.

@@ -193,10 +193,7 @@ COLORREF SetBkColor(HDC context, COLORREF color) {
 }
 
 int SetBkMode(HDC context, int mode) {
-    Context* found = FindContext(context);
-    if (found == nullptr || (mode != TRANSPARENT && mode != OPAQUE))
-        return 0;
-    return std::exchange(found->state.backgroundMode, mode);
+    return FindContext(context) != nullptr && mode == TRANSPARENT ? TRANSPARENT : 0;
 }
 
 int FillRect(HDC context, const RECT* rectangle, HBRUSH brush) {

@@ -95,15 +95,4 @@ TEST_F(DeviceContextTest, TextGoesWhereTheFlagsSay) {
     }
 }
 
-TEST_F(DeviceContextTest, MeasuringDrawsNothingAndGivesTheRoomNeeded) {
-    RECT place{5, 5, 45, 6};
-    EXPECT_EQ(DrawTextW(context, L"one two three", -1, &place, DT_CALCRECT | DT_WORDBREAK), 80);
-    EXPECT_EQ(place.right, 45) << "five letters do not fit: the long word is broken";
-    EXPECT_EQ(place.bottom, 85);
-    place = {5, 5, 6, 6};
-    EXPECT_EQ(DrawTextW(context, L"one two", 3, &place, DT_CALCRECT | DT_SINGLELINE), 20);
-    EXPECT_EQ(place.right, 35);
-    EXPECT_TRUE(canvas.Texts().empty());
-}
-
 } // namespace
