@@ -31,14 +31,6 @@ LPARAM CCustomListView::GetRowData(int row) const {
     return DefaultMessage(LVM_GETITEMW, 0, Address(&item)) ? item.lParam : 0;
 }
 
-bool CCustomListView::SetRowData(int row, LPARAM data) {
-    LVITEMW item;
-    item.mask = LVIF_PARAM;
-    item.iItem = row;
-    item.lParam = data;
-    return SendMessageW(GetHandle(), LVM_SETITEMW, 0, Address(&item)) != 0;
-}
-
 bool CCustomListView::SetCellText(int row, int column, const wchar_t* text) {
     LVITEMW item;
     item.mask = LVIF_TEXT;
@@ -62,8 +54,8 @@ bool CCustomListView::DeleteRow(int row) {
     return SendMessageW(GetHandle(), LVM_DELETEITEM, static_cast<WPARAM>(row), 0) != 0;
 }
 
-void CCustomListView::RemoveRow(const CBaseObject* record) {
-    DeleteRow(FindRowByData(reinterpret_cast<LPARAM>(record)));
+bool CCustomListView::RemoveRow(const CBaseObject* record) {
+    return DeleteRow(FindRowByData(Address(record)));
 }
 
 int CCustomListView::FindRowByData(LPARAM data) const {
