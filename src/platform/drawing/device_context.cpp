@@ -72,7 +72,7 @@ HDC CreateContext(const ContextTarget& target) {
     for (HGDIOBJ object : {SystemFont(), ThinPen(), WhiteBrush()})
         Select(state, object, *FindObject(object));
     const GdiObject* font = FindObject(target.font);
-    if (font != nullptr && std::holds_alternative<FontReference>(*font))
+    if (std::get_if<FontReference>(font))
         Select(state, target.font, *font);
     state.clip = target.clip;
     state.marks = target.marks;

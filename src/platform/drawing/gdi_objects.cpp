@@ -53,8 +53,7 @@ Objects& TheObjects() {
 }
 
 const FontDescription* FindFont(HFONT font) {
-    const GdiObject* object = FindObject(font);
-    const auto* reference = object == nullptr ? nullptr : std::get_if<FontReference>(object);
+    const auto* reference = std::get_if<FontReference>(FindObject(font));
     return reference == nullptr ? nullptr : reference->get();
 }
 
@@ -85,12 +84,11 @@ HBRUSH WhiteBrush() {
 
 const FontDescription& FontOf(HFONT font) {
     const FontDescription* found = FindFont(font);
-    return found != nullptr ? *found : *FindFont(SystemFont());
+    return found != nullptr ? *found : *std::get<FontReference>(*FindObject(SystemFont()));
 }
 
 bool BrushColor(HBRUSH brush, COLORREF& color) {
-    const GdiObject* object = FindObject(brush);
-    const auto* found = object == nullptr ? nullptr : std::get_if<Brush>(object);
+    const auto* found = std::get_if<Brush>(FindObject(brush));
     if (found == nullptr)
         return false;
     color = found->color;
