@@ -21,8 +21,10 @@ inline constexpr WORD VK_UP = 0x26;
 inline constexpr WORD VK_RIGHT = 0x27;
 inline constexpr WORD VK_DOWN = 0x28;
 inline constexpr WORD VK_DELETE = 0x2E;
-inline constexpr WORD VK_TSOFT1 = 0x70; ///< the left soft key
-inline constexpr WORD VK_TSOFT2 = 0x71; ///< the right soft key
+inline constexpr WORD VK_F1 = 0x70;
+inline constexpr WORD VK_F2 = 0x71;
+inline constexpr WORD VK_TSOFT1 = VK_F1; ///< the left soft key
+inline constexpr WORD VK_TSOFT2 = VK_F2; ///< the right soft key
 
 inline constexpr unsigned MOD_CONTROL = 2;
 inline constexpr unsigned MOD_SHIFT = 4;
