@@ -1,6 +1,7 @@
 #include "forms/dialog_helpers.h"
 
 #include "lists/app_fonts.h"
+#include "lists/client_context.h"
 #include "platform/dialog.h"
 #include "platform/input.h"
 #include "platform/metrics.h"
@@ -59,14 +60,6 @@ void SetNumericInputMode(HWND dialog, std::span<const UINT> ids) {
         SendDlgItemMessageW(dialog, static_cast<int>(id), EM_SETINPUTMODE, 0, EIM_NUMBERS);
 }
 
-RECT ControlPlace(HWND dialog, HWND control) {
-    RECT place;
-    GetWindowRect(control, &place);
-    POINT corner{place.left, place.top};
-    ScreenToClient(dialog, &corner);
-    return {corner.x, corner.y, corner.x + place.right - place.left, corner.y + place.bottom - place.top};
-}
-
 void StretchControls(HWND dialog, std::span<const UINT> ids) {
     const int edge = GetSystemMetrics(SM_CXEDGE);
     RECT client;
@@ -77,7 +70,7 @@ void StretchControls(HWND dialog, std::span<const UINT> ids) {
         const HWND control = GetDlgItem(dialog, static_cast<int>(id));
         if (!control)
             continue;
-        const RECT place = ControlPlace(dialog, control);
+        const RECT place = PlaceIn(dialog, control);
         MoveWindow(control, 2 * edge, place.top, width, place.bottom - place.top, TRUE);
     }
 }

@@ -17,8 +17,6 @@ void ApplyLabelFont(HWND dialog);
 bool InitFullScreen(HWND dialog);
 /// The keypad types digits into these edits to begin with.
 void SetNumericInputMode(HWND dialog, std::span<const UINT> ids);
-/// A control's place in its dialog's client area.
-RECT ControlPlace(HWND dialog, HWND control);
 /// Gives these controls the width of the dialog but for a margin on both sides; they keep their tops and heights.
 void StretchControls(HWND dialog, std::span<const UINT> ids);
 /// Gives the control all of the dialog from `top` (pixels) downwards.

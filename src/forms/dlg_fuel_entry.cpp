@@ -47,23 +47,12 @@ void CDlgFuelEntry::OnOpening() {
 }
 
 void CDlgFuelEntry::OnDateShown() {
-    UINT volumeLabel = 0;
-    UINT priceLabel = 0;
-    switch (theSettings.UnitVolume) {
-    case VolumeGallonsUS:
-    case VolumeGallonsUK:
-        volumeLabel = strings::NumGallons;
-        priceLabel = strings::CostPerGallon;
-        break;
-    case VolumeLitres:
-        volumeLabel = strings::NumLitres;
-        priceLabel = strings::CostPerLitre;
-        break;
-    default:
+    const int unit = theSettings.UnitVolume;
+    const bool isLitres = unit == VolumeLitres;
+    if (!isLitres && unit != VolumeGallonsUS && unit != VolumeGallonsUK)
         return;
-    }
-    ShowText(controls::VolumeLabel, LoadText(volumeLabel));
-    ShowText(controls::UnitPriceLabel, LoadText(priceLabel));
+    ShowText(controls::VolumeLabel, LoadText(isLitres ? strings::NumLitres : strings::NumGallons));
+    ShowText(controls::UnitPriceLabel, LoadText(isLitres ? strings::CostPerLitre : strings::CostPerGallon));
 }
 
 bool CDlgFuelEntry::AcceptFields() {

@@ -8,8 +8,16 @@
 #include "resources/load_text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
+
+constexpr std::pair<CKeyword::Type, UINT> Titles[] = {
+    {CKeyword::KeywordTripCategory, strings::TripCategories},
+    {CKeyword::KeywordRepair, strings::RepairKeywords},
+    {CKeyword::KeywordExpense, strings::ExpenseKeywords},
+    {CKeyword::KeywordFuelVendor, strings::FuelVendors},
+};
 
 bool HasName(const CObjectListT<CKeyword>& keywords, const std::wstring& name) {
     for (int index = 0; index < keywords.GetCount(); ++index)
@@ -60,24 +68,9 @@ bool CDlgKeywords::OnCommand(UINT id, UINT code, HWND sender) {
 }
 
 void CDlgKeywords::ShowTitle() const {
-    UINT title = 0;
-    switch (KeywordType) {
-    case CKeyword::KeywordTripCategory:
-        title = strings::TripCategories;
-        break;
-    case CKeyword::KeywordRepair:
-        title = strings::RepairKeywords;
-        break;
-    case CKeyword::KeywordExpense:
-        title = strings::ExpenseKeywords;
-        break;
-    case CKeyword::KeywordFuelVendor:
-        title = strings::FuelVendors;
-        break;
-    default:
-        return;
-    }
-    SetWindowTextW(GetHandle(), LoadText(title).c_str());
+    for (const auto& [type, title] : Titles)
+        if (type == KeywordType)
+            SetWindowTextW(GetHandle(), LoadText(title).c_str());
 }
 
 void CDlgKeywords::LoadList() const {

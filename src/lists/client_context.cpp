@@ -2,6 +2,14 @@
 
 #include <cwchar>
 
+RECT PlaceIn(HWND parent, HWND child) {
+    RECT place;
+    GetWindowRect(child, &place);
+    POINT corner{place.left, place.top};
+    ScreenToClient(parent, &corner);
+    return {corner.x, corner.y, corner.x + place.right - place.left, corner.y + place.bottom - place.top};
+}
+
 LONG LineHeight(HDC context, HFONT font) {
     const HGDIOBJ former = SelectObject(context, font);
     TEXTMETRICW metrics;

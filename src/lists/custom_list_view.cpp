@@ -1,5 +1,6 @@
 #include "lists/custom_list_view.h"
 
+#include "lists/client_context.h"
 #include "platform/metrics.h"
 #include "platform/wait_cursor.h"
 #include "records/data_layer.h"
@@ -38,7 +39,10 @@ LRESULT CCustomListView::ProcessWindowMessage(UINT message, WPARAM wParam, LPARA
         return result;
     if (message == WM_ERASEBKGND && DrawEmptyText(reinterpret_cast<HDC>(wParam))) // NOLINT(performance-no-int-to-ptr)
         return 1;
-    return DefaultMessage(message, wParam, lParam);
+    result = DefaultMessage(message, wParam, lParam);
+    if (message == WM_SIZE)
+        OnSize();
+    return result;
 }
 
 bool CCustomListView::DispatchReflected(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
@@ -62,19 +66,11 @@ bool CCustomListView::DispatchReflected(UINT message, WPARAM wParam, LPARAM lPar
     return true;
 }
 
-RECT CCustomListView::EmptyTextPlace() const {
-    RECT window;
-    GetWindowRect(GetHandle(), &window);
-    POINT corner{window.left, window.top};
-    ScreenToClient(GetHandle(), &corner);
-    return {corner.x, corner.y, corner.x + window.right - window.left, corner.y + window.bottom - window.top};
-}
-
 bool CCustomListView::DrawEmptyText(HDC context) const {
     if (GetRowCount() > 0)
         return false;
     const int state = SaveDC(context);
-    RECT place = EmptyTextPlace();
+    RECT place = PlaceIn(GetHandle(), GetHandle());
     FillRect(context, &place, GetSysColorBrush(COLOR_WINDOW));
     SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
     SetBkColor(context, GetSysColor(COLOR_WINDOW));
@@ -123,14 +119,11 @@ void CCustomListView::FitColumnToHeader() {
 }
 
 void CCustomListView::RemeasureRows() {
-    RECT window;
-    GetWindowRect(GetHandle(), &window);
-    POINT corner{window.left, window.top};
-    ScreenToClient(GetParent(GetHandle()), &corner);
-    const LONG width = window.right - window.left;
-    const LONG height = window.bottom - window.top;
-    MoveWindow(GetHandle(), corner.x, corner.y + 1, width, height - 1, TRUE);
-    MoveWindow(GetHandle(), corner.x, corner.y, width, height, TRUE);
+    const RECT place = PlaceIn(GetParent(GetHandle()), GetHandle());
+    const LONG width = place.right - place.left;
+    const LONG height = place.bottom - place.top;
+    MoveWindow(GetHandle(), place.left, place.top + 1, width, height - 1, TRUE);
+    MoveWindow(GetHandle(), place.left, place.top, width, height, TRUE);
 }
 
 void CCustomListView::AddIcon(UINT id) {

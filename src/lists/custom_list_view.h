@@ -15,9 +15,9 @@ public:
     ~CCustomListView() override;
 
     /// One row, for a list that draws its rows itself.
-    virtual void DrawItem(const DRAWITEMSTRUCT* request) = 0;
+    virtual void DrawItem(const DRAWITEMSTRUCT* /*request*/) { }
     /// Sets itemHeight, for a list that draws its rows itself.
-    virtual void MeasureItem(MEASUREITEMSTRUCT* request) = 0;
+    virtual void MeasureItem(MEASUREITEMSTRUCT* /*request*/) { }
 
     // Rows. A row or column that is not there makes the operation fail.
 
@@ -25,13 +25,13 @@ public:
     int GetRowText(int row, int column, wchar_t* buffer, int size) const;
     /// The record of a row, as it was given; 0 without one.
     LPARAM GetRowData(int row) const;
-    bool SetRowData(int row, LPARAM data);
     bool SetCellText(int row, int column, const wchar_t* text);
     /// Returns the index that the row got, or -1. In a sorted list that is not `row`. `data` is the row's record.
     int InsertRow(int row, const wchar_t* text, int image, LPARAM data = 0);
     bool DeleteRow(int row);
-    /// The row of a record goes; the record stays.
-    void RemoveRow(const CBaseObject* record);
+    bool SetRowData(int row, LPARAM data);
+    /// The row of a record goes; the record stays. False when it has none.
+    bool RemoveRow(const CBaseObject* record);
     /// The index of the row with this record, or -1.
     int FindRowByData(LPARAM data) const;
     int GetRowCount() const;
@@ -57,6 +57,8 @@ protected:
     static constexpr UINT SelectedAndFocused = LVIS_FOCUSED | LVIS_SELECTED;
 
     LRESULT ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    /// The control has its new size, which its columns are to fit.
+    virtual void OnSize() = 0;
 
     /// An icon of the program at the end of the image list.
     void AddIcon(UINT id);
@@ -87,7 +89,6 @@ protected:
 
 private:
     bool DrawEmptyText(HDC context) const;
-    RECT EmptyTextPlace() const;
     bool DispatchReflected(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
 
     HIMAGELIST imageList_;

@@ -163,11 +163,7 @@ void CEntryListView::DrawIcon(const DRAWITEMSTRUCT& request, int image) const {
     DestroyIcon(icon);
 }
 
-LRESULT CEntryListView::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    const LRESULT result = CCustomListView::ProcessWindowMessage(message, wParam, lParam);
-    if (message == WM_SIZE) {
-        FitColumn(0);
-        RedrawIfEmpty();
-    }
-    return result;
+void CEntryListView::OnSize() {
+    FitColumn(0);
+    RedrawIfEmpty();
 }

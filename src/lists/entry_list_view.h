@@ -33,7 +33,7 @@ public:
     void MeasureItem(MEASUREITEMSTRUCT* request) override;
 
 protected:
-    LRESULT ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnSize() override;
 
 private:
     int AppendRow(CEntry* entry);

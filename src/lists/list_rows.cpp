@@ -62,8 +62,8 @@ bool CCustomListView::DeleteRow(int row) {
     return SendMessageW(GetHandle(), LVM_DELETEITEM, static_cast<WPARAM>(row), 0) != 0;
 }
 
-void CCustomListView::RemoveRow(const CBaseObject* record) {
-    DeleteRow(FindRowByData(reinterpret_cast<LPARAM>(record)));
+bool CCustomListView::RemoveRow(const CBaseObject* record) {
+    return DeleteRow(FindRowByData(Address(record)));
 }
 
 int CCustomListView::FindRowByData(LPARAM data) const {

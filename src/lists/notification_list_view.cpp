@@ -19,10 +19,6 @@ constexpr WORD WideOdometer = 80;
 constexpr WORD NarrowDate = 50;
 constexpr WORD NarrowOdometer = 40;
 
-LPARAM DataOf(CNotification* reminder) {
-    return reinterpret_cast<LPARAM>(reminder);
-}
-
 } // namespace
 
 void CNotificationListView::InitColumns() {
@@ -45,16 +41,12 @@ int CNotificationListView::Reload(ULONG vehicleId) {
 }
 
 int CNotificationListView::AddRow(CNotification* reminder, int update) {
-    if (update) {
-        const int former = FindRowByData(DataOf(reminder));
-        if (former == -1)
-            return -1;
-        DeleteRow(former);
-    }
+    if (update && !RemoveRow(reminder))
+        return -1;
     const int row = InsertRow(0, reminder->GetName(), 0);
     SetCellText(row, DateColumn, DateText(reminder->GetDate()).c_str());
     SetCellText(row, OdometerColumn, NumberText(static_cast<float>(reminder->GetOdometer()), false, false).c_str());
-    SetRowData(row, DataOf(reminder));
+    SetRowData(row, reinterpret_cast<LPARAM>(reminder));
     if (update)
         SelectRow(row);
     return row;
@@ -65,13 +57,9 @@ CNotification* CNotificationListView::GetSelectedReminder() const {
     return row == -1 ? nullptr : reinterpret_cast<CNotification*>(GetRowData(row)); // NOLINT(performance-no-int-to-ptr)
 }
 
-LRESULT CNotificationListView::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    const LRESULT result = CCustomListView::ProcessWindowMessage(message, wParam, lParam);
-    if (message == WM_SIZE) {
-        DivideColumns();
-        RedrawIfEmpty();
-    }
-    return result;
+void CNotificationListView::OnSize() {
+    DivideColumns();
+    RedrawIfEmpty();
 }
 
 void CNotificationListView::DivideColumns() {
@@ -86,10 +74,4 @@ void CNotificationListView::DivideColumns() {
     for (const auto& [column, width] :
         {std::pair{DescriptionColumn, description}, {DateColumn, date}, {OdometerColumn, odometer}})
         SendMessageW(GetHandle(), LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(width, 0));
-}
-
-// The control draws these rows itself.
-void CNotificationListView::DrawItem(const DRAWITEMSTRUCT* /*request*/) {
-}
-void CNotificationListView::MeasureItem(MEASUREITEMSTRUCT* /*request*/) {
 }

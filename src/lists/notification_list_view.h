@@ -20,11 +20,8 @@ public:
     /// The list's own record, null when no row is selected; valid until the next Reload.
     CNotification* GetSelectedReminder() const;
 
-    void DrawItem(const DRAWITEMSTRUCT* request) override;
-    void MeasureItem(MEASUREITEMSTRUCT* request) override;
-
 protected:
-    LRESULT ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnSize() override;
 
 private:
     void DivideColumns();

@@ -9,10 +9,6 @@ namespace {
 
 constexpr int FirstColumnWidth = 50;
 
-LPARAM DataOf(CVehicle* vehicle) {
-    return reinterpret_cast<LPARAM>(vehicle);
-}
-
 } // namespace
 
 void CVehicleListView::InitColumns() {
@@ -34,14 +30,9 @@ int CVehicleListView::Reload() {
 }
 
 int CVehicleListView::AddRow(CVehicle* vehicle, int update) {
-    if (update) {
-        const int former = FindRowByData(DataOf(vehicle));
-        if (former == -1)
-            return -1;
-        DeleteRow(former);
-    }
-    const int row = InsertRow(0, VehicleTitleText(vehicle).c_str(), 0);
-    SetRowData(row, DataOf(vehicle));
+    if (update && !RemoveRow(vehicle))
+        return -1;
+    const int row = InsertRow(0, VehicleTitleText(vehicle).c_str(), 0, reinterpret_cast<LPARAM>(vehicle));
     if (update)
         SelectRow(row);
     return row;
@@ -64,17 +55,7 @@ CVehicle* CVehicleListView::FindVehicle(ULONG refId) const {
     return nullptr;
 }
 
-LRESULT CVehicleListView::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    const LRESULT result = CCustomListView::ProcessWindowMessage(message, wParam, lParam);
-    if (message == WM_SIZE) {
-        FitColumnToHeader();
-        RedrawIfEmpty();
-    }
-    return result;
-}
-
-// The control draws these rows itself.
-void CVehicleListView::DrawItem(const DRAWITEMSTRUCT* /*request*/) {
-}
-void CVehicleListView::MeasureItem(MEASUREITEMSTRUCT* /*request*/) {
+void CVehicleListView::OnSize() {
+    FitColumnToHeader();
+    RedrawIfEmpty();
 }

@@ -23,11 +23,8 @@ public:
     CVehicle* GetSelectedVehicle() const;
     CVehicle* FindVehicle(ULONG refId) const;
 
-    void DrawItem(const DRAWITEMSTRUCT* request) override;
-    void MeasureItem(MEASUREITEMSTRUCT* request) override;
-
 protected:
-    LRESULT ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnSize() override;
 
 private:
     CObjectListT<CVehicle> vehicles_;

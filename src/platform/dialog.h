@@ -70,7 +70,6 @@ BOOL SHHandleWMSettingChange(HWND dialog, WPARAM wParam, LPARAM lParam, void* re
 
 // Menus of the bar.
 
-inline constexpr UINT MF_BYCOMMAND = 0;
 inline constexpr UINT MF_GRAYED = 1;
 inline constexpr UINT MF_ENABLED = 0;
 inline constexpr UINT MF_CHECKED = 8;

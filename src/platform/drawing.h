@@ -9,10 +9,8 @@ inline constexpr int LF_FACESIZE = 32;
 inline constexpr LONG FW_NORMAL = 400;
 inline constexpr LONG FW_BOLD = 700;
 inline constexpr int PS_SOLID = 0;
-inline constexpr int LOGPIXELSX = 88;
 inline constexpr int LOGPIXELSY = 90;
 inline constexpr int TRANSPARENT = 1;
-inline constexpr int OPAQUE = 2;
 
 inline constexpr UINT DT_CENTER = 0x1;
 inline constexpr UINT DT_RIGHT = 0x2;
@@ -20,7 +18,6 @@ inline constexpr UINT DT_VCENTER = 0x4;
 inline constexpr UINT DT_WORDBREAK = 0x10;
 inline constexpr UINT DT_SINGLELINE = 0x20;
 inline constexpr UINT DT_NOCLIP = 0x100;
-inline constexpr UINT DT_CALCRECT = 0x400;
 inline constexpr UINT DT_NOPREFIX = 0x800;
 inline constexpr UINT DT_END_ELLIPSIS = 0x8000;
 
@@ -28,7 +25,6 @@ inline constexpr UINT DI_NORMAL = 3;
 inline constexpr UINT ILC_MASK = 0x1;
 inline constexpr UINT ILC_COLOR32 = 0x20;
 inline constexpr UINT IMAGE_BITMAP = 0;
-inline constexpr UINT IMAGE_ICON = 1;
 
 struct LOGFONTW {
     LONG lfHeight = 0; ///< below 0: height of the characters; above 0: of the cell
@@ -39,8 +35,6 @@ struct LOGFONTW {
 
 struct TEXTMETRICW {
     LONG tmHeight = 0;
-    LONG tmAscent = 0;
-    LONG tmDescent = 0;
     LONG tmExternalLeading = 0;
     LONG tmAveCharWidth = 0;
 };
@@ -67,6 +61,7 @@ int GetDeviceCaps(HDC context, int index);
 
 COLORREF SetTextColor(HDC context, COLORREF color);
 COLORREF SetBkColor(HDC context, COLORREF color);
+/// Texts are always drawn on what is there.
 int SetBkMode(HDC context, int mode);
 
 BOOL GetTextMetricsW(HDC context, TEXTMETRICW* metrics);
@@ -85,9 +80,9 @@ BOOL DrawIconEx(HDC context, int x, int y, HICON icon, int width, int height, UI
 
 HIMAGELIST ImageList_Create(int width, int height, UINT flags, int initial, int grow); // NOLINT: the handset's names
 BOOL ImageList_Destroy(HIMAGELIST list); // NOLINT
+/// Adds the icon at the end: the index is always -1. Returns the index that it got, -1 on failure.
 int ImageList_ReplaceIcon(HIMAGELIST list, int index, HICON icon); // NOLINT
 BOOL ImageList_RemoveAll(HIMAGELIST list); // NOLINT
-int ImageList_GetImageCount(HIMAGELIST list); // NOLINT
 /// An icon of the list's own; DrawIconEx takes it, DestroyIcon frees it. Null for a bad index.
 HICON ImageList_GetIcon(HIMAGELIST list, int index, UINT flags); // NOLINT
 

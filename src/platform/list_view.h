@@ -26,12 +26,10 @@ inline constexpr UINT LVM_INSERTCOLUMNW = 4193;
 inline constexpr UINT LVM_GETITEMTEXTW = 4211;
 
 inline constexpr INT LVN_KEYDOWN = -155;
-inline constexpr INT LVN_ITEMCHANGED = -101;
 inline constexpr INT NM_CLICK = -2;
 
 inline constexpr DWORD LVS_REPORT = 0x1;
 inline constexpr DWORD LVS_SINGLESEL = 0x4;
-inline constexpr DWORD LVS_SHOWSELALWAYS = 0x8;
 inline constexpr DWORD LVS_SORTASCENDING = 0x10;
 inline constexpr DWORD LVS_AUTOARRANGE = 0x100;
 inline constexpr DWORD LVS_OWNERDRAWFIXED = 0x400;
@@ -56,10 +54,8 @@ inline constexpr UINT LVCF_TEXT = 4;
 inline constexpr int LVCFMT_LEFT = 0;
 inline constexpr int LVCFMT_RIGHT = 1;
 inline constexpr int LVSIL_SMALL = 1;
-inline constexpr int LVIR_BOUNDS = 0;
 inline constexpr int LVIR_ICON = 1;
 inline constexpr int LVIR_LABEL = 2;
-inline constexpr int LVSCW_AUTOSIZE = -1;
 inline constexpr int LVSCW_AUTOSIZE_USEHEADER = -2;
 
 struct LVITEMW {
@@ -113,6 +109,5 @@ struct DRAWITEMSTRUCT {
 struct MEASUREITEMSTRUCT {
     UINT CtlType = 0;
     UINT CtlID = 0;
-    UINT itemWidth = 0;
     UINT itemHeight = 0;
 };

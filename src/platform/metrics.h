@@ -10,19 +10,13 @@ inline constexpr int COLOR_HIGHLIGHT = 13;
 inline constexpr int COLOR_HIGHLIGHTTEXT = 14;
 inline constexpr int COLOR_3DFACE = 15;
 inline constexpr int COLOR_GRAYTEXT = 17;
-inline constexpr int COLOR_CAPTIONTEXT = 9;
-inline constexpr int COLOR_ACTIVECAPTION = 2;
-inline constexpr int COLOR_BTNTEXT = 18;
 
-inline constexpr int SM_CXSCREEN = 0;
-inline constexpr int SM_CYSCREEN = 1;
 inline constexpr int SM_CXVSCROLL = 2;
 inline constexpr int SM_CXEDGE = 45;
-inline constexpr int SM_CYEDGE = 46;
 
 inline constexpr UINT SPI_GETWORKAREA = 48;
 
-/// 0 for an unknown index.
+/// 0, black among the colours, for an unknown index.
 COLORREF GetSysColor(int index);
 int GetSystemMetrics(int index);
 /// SPI_GETWORKAREA alone: `data` is a RECT, the screen between title line and soft-key bar.

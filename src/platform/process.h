@@ -11,9 +11,6 @@ BOOL CloseHandle(HANDLE handle);
 inline constexpr const wchar_t* DesktopSyncMutex = L"{7E734BFE-168E-46bb-81BF-C6D0F0C0FAF6}";
 void Sleep(DWORD milliseconds);
 
-HRESULT CoInitializeEx(void* reserved, DWORD flags);
-void CoUninitialize();
-
 /// The fixed part of a version record: four 16-bit numbers in two double words.
 struct VS_FIXEDFILEINFO {
     DWORD dwSignature = 0xFEEF04BD;

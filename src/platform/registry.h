@@ -23,7 +23,6 @@ inline constexpr DWORD REG_DWORD = 4;
 
 inline constexpr DWORD KEY_READ = 0x20019;
 inline constexpr DWORD KEY_WRITE = 0x20006;
-inline constexpr DWORD KEY_READ_WRITE = 0x2001F;
 
 LONG RegCreateKeyExW(HKEY parent, const wchar_t* name, DWORD reserved, const wchar_t* keyClass, DWORD options,
     DWORD access, const void* security, HKEY* key, DWORD* disposition);

@@ -2,7 +2,7 @@
 
 #include "platform/types.h"
 
-// The device has all its control classes from the start; these report so.
+// The device has its libraries and all its control classes from the start; these report so.
 
 struct INITCOMMONCONTROLSEX {
     DWORD dwSize = 0;
@@ -17,4 +17,11 @@ inline BOOL InitCommonControlsEx(const INITCOMMONCONTROLSEX* classes) {
 
 inline BOOL SHInitExtraControls() {
     return TRUE;
+}
+
+inline HRESULT CoInitializeEx(void* /*reserved*/, DWORD /*flags*/) {
+    return 0;
+}
+
+inline void CoUninitialize() {
 }

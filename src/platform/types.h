@@ -39,7 +39,6 @@ using HGDIOBJ = struct HGDIOBJ__*;
 using HFONT = HGDIOBJ;
 using HPEN = HGDIOBJ;
 using HBRUSH = HGDIOBJ;
-using HBITMAP = HGDIOBJ;
 using HICON = struct HICON__*;
 using HCURSOR = struct HCURSOR__*;
 using HIMAGELIST = struct HIMAGELIST__*;
@@ -47,8 +46,6 @@ using HKEY = struct HKEY__*;
 /// A module: its strings, menus, templates and icons (resources.h).
 struct Module;
 using HINSTANCE = const Module*;
-
-inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(-1)); // NOLINT
 
 struct POINT {
     LONG x = 0;

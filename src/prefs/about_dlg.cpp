@@ -1,6 +1,7 @@
 #include "prefs/about_dlg.h"
 
 #include "forms/dialog_helpers.h"
+#include "lists/client_context.h"
 #include "messages/show_message.h"
 #include "platform/drawing.h"
 #include "platform/files.h"
@@ -81,11 +82,11 @@ void CAboutDlg::OnSize() const {
     const HWND pictureControl = Item(controls::AboutPicture);
     RECT client;
     GetClientRect(dialog, &client);
-    const RECT picture = ControlPlace(dialog, pictureControl);
+    const RECT picture = PlaceIn(dialog, pictureControl);
     MoveTo(pictureControl, picture, (client.right - (picture.right - picture.left)) / 2, 0);
-    const LONG move = picture.bottom - picture.top + Gap - ControlPlace(dialog, Item(controls::AboutName)).top;
+    const LONG move = picture.bottom - picture.top + Gap - PlaceIn(dialog, Item(controls::AboutName)).top;
     for (const UINT id : Texts) {
-        const RECT place = ControlPlace(dialog, Item(id));
+        const RECT place = PlaceIn(dialog, Item(id));
         MoveTo(Item(id), place, place.left, place.top + move);
     }
 }

@@ -24,8 +24,7 @@ ConnectionHandle OpenToRead(const std::string& path) {
 
 bool IsSound(const std::string& path) {
     const ConnectionHandle connection = OpenToRead(path);
-    bool indexesLie = false;
-    return connection && filecheck::CheckPages(connection.get(), &indexesLie) == SQLITE_OK && !indexesLie;
+    return connection && filecheck::CheckPages(connection.get());
 }
 
 /// A log without a vehicle: one that was made because there was none, or in the place of a spoilt one.

@@ -90,34 +90,34 @@ int WaitForLock(void* /*context*/, int trials) {
     return 1;
 }
 
-int OpenConnection(const std::string& path, ConnectionHandle* connection) {
+ConnectionHandle OpenConnection(const std::string& path) {
     sqlite3* raw = nullptr;
     const int opened = sqlite3_open_v2(
         path.c_str(), &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
-    connection->reset(raw);
-    if (opened != SQLITE_OK)
-        return opened;
+    ConnectionHandle connection(raw);
+    Require(opened);
     Distrust(raw);
-    return sqlite3_busy_handler(raw, WaitForLock, nullptr);
+    Require(sqlite3_busy_handler(raw, WaitForLock, nullptr));
+    return connection;
 }
 
 /// Settings of the connection that cannot change within a transaction.
-int Prepare(sqlite3* connection) {
+void Prepare(sqlite3* connection) {
     // EXTRA: after a commit the folder is synced too, or a power cut would bring the journal back, and it the state
     // before. Without spilling nothing reaches the file before its journal holds the first page, by which the journal
     // is known to belong to the file. A cell that lies about its size is met as damage.
-    return sqlite3_exec(connection,
+    Require(sqlite3_exec(connection,
         "PRAGMA synchronous = EXTRA; PRAGMA cache_spill = OFF; PRAGMA cell_size_check = ON;"
         "PRAGMA ignore_check_constraints = ON",
-        nullptr, nullptr, nullptr);
+        nullptr, nullptr, nullptr));
 }
 
 /// At rest there is to be one file; somebody's tool may have left another mode behind.
-int UseRollbackJournal(sqlite3* connection) {
+void UseRollbackJournal(sqlite3* connection) {
     bool isUsed = false;
-    const int result = Query(connection, "PRAGMA journal_mode = DELETE", {},
+    Query(connection, "PRAGMA journal_mode = DELETE", {},
         [&](sqlite3_stmt* row) { isUsed = TextColumn(row, 0) == "delete"; });
-    return result == SQLITE_OK && !isUsed ? SQLITE_BUSY : result;
+    Require(isUsed ? SQLITE_OK : SQLITE_BUSY);
 }
 
 } // namespace
@@ -132,58 +132,44 @@ CDataFile::CDataFile(ConnectionHandle connection, dev_t device, ino_t inode)
     , connection_(std::move(connection)) {
 }
 
-std::unique_ptr<CDataFile> CDataFile::Open(const std::string& path, Status* status) {
+std::unique_ptr<CDataFile> CDataFile::Open(const std::string& path, Status* status) try {
     struct stat info { };
     *status = LookAt(path, &info);
     if (*status != Status::Ok)
         return nullptr;
-    ConnectionHandle connection;
-    int result = OpenConnection(path, &connection);
-    std::unique_ptr<CDataFile> file(new CDataFile(std::move(connection), info.st_dev, info.st_ino));
-    bool indexesLie = false;
-    if (result == SQLITE_OK)
-        result = file->CheckAndPrepare(&indexesLie);
-    *status = StatusOf(result);
-    if (*status != Status::Ok)
-        return nullptr;
-    // Last, since a file that is refused is not to be changed.
-    if (indexesLie)
-        filecheck::MendIndexes(file->connection_.get());
+    std::unique_ptr<CDataFile> file(new CDataFile(OpenConnection(path), info.st_dev, info.st_ino));
+    file->CheckAndPrepare();
     return file;
+} catch (const SqliteFailure& failure) {
+    *status = StatusOf(failure.code);
+    return nullptr;
 }
 
-int CDataFile::CheckAndPrepare(bool* indexesLie) {
+void CDataFile::CheckAndPrepare() {
     sqlite3* connection = connection_.get();
-    int result = ::Prepare(connection);
-    if (result == SQLITE_OK)
-        result = ::Execute(connection, "BEGIN");
-    if (result == SQLITE_OK)
-        result = filecheck::CheckSchema(connection);
+    ::Prepare(connection);
+    ::Execute(connection, "BEGIN");
+    filecheck::CheckSchema(connection);
     // On a disk, or of an owner, that lets nobody write.
-    if (result == SQLITE_OK && sqlite3_db_readonly(connection, "main") != 0)
-        result = SQLITE_READONLY;
-    if (result == SQLITE_OK)
-        result = filecheck::CheckPages(connection, indexesLie);
-    if (result == SQLITE_OK)
-        result = filecheck::MendKeys(connection);
-    if (result == SQLITE_OK)
-        result = Prepare();
-    if (result == SQLITE_OK)
-        result = ::Execute(connection, "COMMIT");
-    if (result == SQLITE_OK)
-        result = ::Execute(connection, "PRAGMA ignore_check_constraints = OFF");
-    return result == SQLITE_OK ? UseRollbackJournal(connection) : result;
+    Require(sqlite3_db_readonly(connection, "main") == 0 ? SQLITE_OK : SQLITE_READONLY);
+    const bool areIndexesTrue = filecheck::CheckPages(connection);
+    filecheck::MendKeys(connection);
+    Prepare();
+    ::Execute(connection, "COMMIT");
+    ::Execute(connection, "PRAGMA ignore_check_constraints = OFF");
+    UseRollbackJournal(connection);
+    // Last, since a file that is refused is not to be changed.
+    if (!areIndexesTrue)
+        filecheck::MendIndexes(connection);
 }
 
-int CDataFile::Prepare() {
-    int result = SQLITE_OK;
-    for (std::size_t i = 0; result == SQLITE_OK && i < statements_.size(); ++i) {
+void CDataFile::Prepare() {
+    for (std::size_t i = 0; i < statements_.size(); ++i) {
         sqlite3_stmt* raw = nullptr;
-        result = sqlite3_prepare_v3(
-            connection_.get(), SqlText(static_cast<Sql>(i)), -1, SQLITE_PREPARE_PERSISTENT, &raw, nullptr);
+        Require(sqlite3_prepare_v3(
+            connection_.get(), SqlText(static_cast<Sql>(i)), -1, SQLITE_PREPARE_PERSISTENT, &raw, nullptr));
         statements_[i].reset(raw);
     }
-    return result;
 }
 
 bool CDataFile::IsReplacedAt(const std::string& path) const {
@@ -191,19 +177,18 @@ bool CDataFile::IsReplacedAt(const std::string& path) const {
     return stat(path.c_str(), &info) == 0 && (info.st_dev != device_ || info.st_ino != inode_);
 }
 
-bool CDataFile::Create(const std::string& path) {
+bool CDataFile::Create(const std::string& path) try {
     const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor < 0)
         return false;
     close(descriptor);
-    ConnectionHandle connection;
     const std::string script = "PRAGMA application_id = " + std::to_string(DataFileApplicationId)
         + "; PRAGMA user_version = " + std::to_string(DataFileVersion) + "; BEGIN;" + DataFileSchema + "COMMIT;";
-    const bool made = OpenConnection(path, &connection) == SQLITE_OK
-        && sqlite3_exec(connection.get(), script.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
-    if (!made)
-        unlink(path.c_str());
-    return made;
+    Require(sqlite3_exec(OpenConnection(path).get(), script.c_str(), nullptr, nullptr, nullptr));
+    return true;
+} catch (const SqliteFailure&) {
+    unlink(path.c_str());
+    return false;
 }
 
 bool CDataFile::Execute(Sql statement) {

@@ -41,8 +41,8 @@ public:
 
 private:
     CDataFile(ConnectionHandle connection, dev_t device, ino_t inode);
-    int CheckAndPrepare(bool* indexesLie);
-    int Prepare();
+    void CheckAndPrepare();
+    void Prepare();
 
     CTextCodec codec_;
     StoreFailure failure_ = StoreFailure::None;

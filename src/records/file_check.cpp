@@ -28,28 +28,35 @@ struct SchemaEntry {
     bool hasPages = false;
 };
 
-int ReadSchema(sqlite3* connection, std::vector<SchemaEntry>* schema) {
-    return Query(connection, "SELECT type, name, sql, rootpage FROM sqlite_schema", {}, [schema](sqlite3_stmt* row) {
-        schema->push_back(
+std::vector<SchemaEntry> ReadSchema(sqlite3* connection) {
+    std::vector<SchemaEntry> schema;
+    Query(connection, "SELECT type, name, sql, rootpage FROM sqlite_schema", {}, [&schema](sqlite3_stmt* row) {
+        schema.push_back(
             {TextColumn(row, 0), TextColumn(row, 1), TextColumn(row, 2), sqlite3_column_int64(row, 3) != 0});
     });
+    return schema;
 }
 
 /// What we put into a file ourselves, by name.
 using OwnSchema = std::map<std::string, SchemaEntry>;
 
-int ReadOwnSchema(OwnSchema* own) {
+OwnSchema ReadOwnSchema() {
     sqlite3* raw = nullptr;
-    int result = sqlite3_open(":memory:", &raw);
+    const int opened = sqlite3_open(":memory:", &raw);
     const std::unique_ptr<sqlite3, int (*)(sqlite3*)> connection(raw, sqlite3_close_v2);
-    std::vector<SchemaEntry> schema;
-    if (result == SQLITE_OK)
-        result = sqlite3_exec(raw, DataFileSchema, nullptr, nullptr, nullptr);
-    if (result == SQLITE_OK)
-        result = ReadSchema(raw, &schema);
-    for (const SchemaEntry& entry : schema)
-        own->emplace(entry.name, entry);
-    return result;
+    Require(opened);
+    Require(sqlite3_exec(raw, DataFileSchema, nullptr, nullptr, nullptr));
+    OwnSchema own;
+    for (const SchemaEntry& entry : ReadSchema(raw))
+        own.emplace(entry.name, entry);
+    return own;
+}
+
+std::string Quoted(const std::string& name) {
+    std::string quoted = "\"";
+    for (const char character : name)
+        quoted.append(character == '"' ? 2 : 1, character);
+    return quoted + '"';
 }
 
 /// Behind our own columns others may stand. An expression would need a parenthesis.
@@ -61,20 +68,15 @@ bool IsOwnTable(const std::string& sql, const std::string& ownSql) {
 }
 
 /// Nothing in a plain table runs while it is checked, as long as the check leaves out what it wants of its values.
-int CheckTable(sqlite3* connection, const SchemaEntry& table, const OwnSchema& own) {
+void CheckTable(sqlite3* connection, const SchemaEntry& table, const OwnSchema& own) {
     const auto ours = own.find(table.name);
     if (!table.hasPages || (ours != own.end() && !IsOwnTable(table.sql, ours->second.sql)))
-        return SQLITE_CORRUPT;
-    bool hasGeneratedColumn = false;
-    char* name = sqlite3_mprintf("PRAGMA table_xinfo(%Q)", table.name.c_str());
-    const int result = name ? Query(connection, name, {},
-                           [&](sqlite3_stmt* row) {
-                               constexpr int HiddenColumn = 6;
-                               hasGeneratedColumn |= sqlite3_column_int(row, HiddenColumn) != 0;
-                           })
-                            : SQLITE_NOMEM;
-    sqlite3_free(name);
-    return result == SQLITE_OK && hasGeneratedColumn ? SQLITE_CORRUPT : result;
+        throw SqliteFailure{SQLITE_CORRUPT};
+    Query(connection, "PRAGMA table_xinfo(" + Quoted(table.name) + ')', {}, [](sqlite3_stmt* row) {
+        constexpr int HiddenColumn = 6; // it is generated
+        if (sqlite3_column_int(row, HiddenColumn) != 0)
+            throw SqliteFailure{SQLITE_CORRUPT};
+    });
 }
 
 bool IsOwnIndex(const SchemaEntry& index, const OwnSchema& own) {
@@ -82,14 +84,11 @@ bool IsOwnIndex(const SchemaEntry& index, const OwnSchema& own) {
     return ours != own.end() && Plain(ours->second.sql) == Plain(index.sql);
 }
 
-int TakeOut(sqlite3* connection, const SchemaEntry& entry) {
+void TakeOut(sqlite3* connection, const SchemaEntry& entry) {
     // What SQLite does not make anew from its statement it takes under any type, which may be a statement itself.
     if (entry.type != "index" && entry.type != "trigger" && entry.type != "view")
-        return SQLITE_CORRUPT;
-    char* sql = sqlite3_mprintf("DROP %s IF EXISTS \"%w\"", entry.type.c_str(), entry.name.c_str());
-    const int result = sql ? sqlite3_exec(connection, sql, nullptr, nullptr, nullptr) : SQLITE_NOMEM;
-    sqlite3_free(sql);
-    return result;
+        throw SqliteFailure{SQLITE_CORRUPT};
+    Execute(connection, "DROP " + entry.type + " IF EXISTS " + Quoted(entry.name));
 }
 
 /// Whether the disk gives every byte of the file, whatever they are.
@@ -108,11 +107,16 @@ bool CanBeRead(sqlite3* connection) {
     return true;
 }
 
-/// A check that says "ok", or else what is wrong.
-int RunCheck(sqlite3* connection, const char* pragma) {
-    bool isSound = false;
-    const int result = Query(connection, pragma, {}, [&](sqlite3_stmt* row) { isSound = TextColumn(row, 0) == "ok"; });
-    return result == SQLITE_OK && !isSound ? SQLITE_CORRUPT : result;
+/// A check that says "ok", or else what is wrong, a row each. `passedOver` begins a row that does not count.
+int RunCheck(sqlite3* connection, const char* pragma, const std::string& passedOver) try {
+    bool isSound = true;
+    Query(connection, pragma, {}, [&](sqlite3_stmt* row) {
+        const std::string told = TextColumn(row, 0);
+        isSound = isSound && (told == "ok" || told.rfind(passedOver, 0) == 0);
+    });
+    return isSound ? SQLITE_OK : SQLITE_CORRUPT;
+} catch (const SqliteFailure& failure) {
+    return failure.code;
 }
 
 struct Keys {
@@ -133,21 +137,18 @@ class KeyTable {
 public:
     KeyTable(sqlite3* connection, const char* name)
         : connection_(connection)
-        , name_(name) { }
-
-    int Load() {
-        return Query(connection_, "SELECT id, ref FROM " + name_, {}, [this](sqlite3_stmt* row) {
+        , name_(name) {
+        Query(connection, "SELECT id, ref FROM " + name_, {}, [this](sqlite3_stmt* row) {
             keys_.push_back({sqlite3_column_int64(row, 0), sqlite3_column_int64(row, 1)});
         });
     }
 
     LONGLONG HighestRef() const { return Highest(&Keys::ref); }
 
-    int MendRefs(LONGLONG* nextRef) {
+    void MendRefs(LONGLONG* nextRef) {
         std::sort(keys_.begin(), keys_.end(), [](const Keys& left, const Keys& right) {
             return left.ref != right.ref ? left.ref < right.ref : left.id < right.id;
         });
-        int result = SQLITE_OK;
         const Keys* before = nullptr;
         for (const Keys& keys : keys_) {
             const bool isTaken = before && before->ref == keys.ref;
@@ -155,29 +156,24 @@ public:
             if (!isTaken && IsUsable(keys.ref))
                 continue;
             const LONGLONG ref = (*nextRef)++;
-            result = Set("ref", ref, keys.id);
+            Set("ref", ref, keys.id);
             // A log follows its vehicle.
             for (const char* owned : {"entries", "reminders"})
-                if (result == SQLITE_OK && !isTaken && name_ == "vehicles")
-                    result = Execute(connection_, std::string("UPDATE ") + owned + " SET vehicle = ? WHERE vehicle = ?",
+                if (!isTaken && name_ == "vehicles")
+                    Execute(connection_, std::string("UPDATE ") + owned + " SET vehicle = ? WHERE vehicle = ?",
                         {ref, keys.ref});
-            if (result != SQLITE_OK)
-                return result;
         }
-        return result;
     }
 
-    int MendIds() {
+    void MendIds() {
         // From the lowest one above the limit up, so that none takes the place of another; those below 1 come last.
         std::sort(keys_.begin(), keys_.end(), [](const Keys& left, const Keys& right) {
             return static_cast<std::uint64_t>(left.id - 1) < static_cast<std::uint64_t>(right.id - 1);
         });
         LONGLONG nextId = Highest(&Keys::id) + 1;
-        int result = SQLITE_OK;
         for (const Keys& keys : keys_)
-            if (result == SQLITE_OK && !IsUsable(keys.id))
-                result = Set("id", nextId++, keys.id);
-        return result;
+            if (!IsUsable(keys.id))
+                Set("id", nextId++, keys.id);
     }
 
 private:
@@ -189,8 +185,8 @@ private:
         return highest;
     }
 
-    int Set(const char* key, LONGLONG value, LONGLONG id) {
-        return Execute(connection_, "UPDATE " + name_ + " SET " + key + " = ? WHERE id = ?", {value, id});
+    void Set(const char* key, LONGLONG value, LONGLONG id) {
+        Execute(connection_, "UPDATE " + name_ + " SET " + key + " = ? WHERE id = ?", {value, id});
     }
 
     sqlite3* connection_;
@@ -199,75 +195,60 @@ private:
 };
 
 /// A vehicle that is gone may have left entries behind, which no new one is to show.
-int RaiseAboveOwners(sqlite3* connection, LONGLONG* nextRef) {
-    int result = SQLITE_OK;
+void RaiseAboveOwners(sqlite3* connection, LONGLONG* nextRef) {
     for (const char* table : {"entries", "reminders"})
-        if (result == SQLITE_OK)
-            result = Query(connection, std::string("SELECT max(vehicle) FROM ") + table + " WHERE vehicle <= ?",
-                {HighestKey},
-                [&](sqlite3_stmt* row) { *nextRef = std::max(*nextRef, LONGLONG{sqlite3_column_int64(row, 0)} + 1); });
-    return result;
+        Query(connection, std::string("SELECT max(vehicle) FROM ") + table + " WHERE vehicle <= ?", {HighestKey},
+            [&](sqlite3_stmt* row) { *nextRef = std::max(*nextRef, LONGLONG{sqlite3_column_int64(row, 0)} + 1); });
 }
 
 } // namespace
 
-int filecheck::CheckSchema(sqlite3* connection) {
-    OwnSchema own;
-    std::vector<SchemaEntry> schema;
-    int result = ReadOwnSchema(&own);
-    if (result == SQLITE_OK)
-        result = ReadSchema(connection, &schema);
-    for (const SchemaEntry& entry : schema) {
-        if (result != SQLITE_OK)
-            return result;
+void filecheck::CheckSchema(sqlite3* connection) {
+    OwnSchema own = ReadOwnSchema();
+    for (const SchemaEntry& entry : ReadSchema(connection))
         if (entry.type == "table")
-            result = CheckTable(connection, entry, own);
+            CheckTable(connection, entry, own);
         else if (IsOwnIndex(entry, own))
             own.erase(entry.name);
         else if (entry.type != "index" || !entry.sql.empty())
-            result = TakeOut(connection, entry);
-    }
+            TakeOut(connection, entry);
     for (const auto& [name, missing] : own)
-        if (result == SQLITE_OK && missing.type == "index")
-            result = sqlite3_exec(connection, missing.sql.c_str(), nullptr, nullptr, nullptr);
-    return result;
+        if (missing.type == "index")
+            Execute(connection, missing.sql);
 }
 
-int filecheck::CheckPages(sqlite3* connection, bool* indexesLie) {
-    const auto check = [connection] { return RunCheck(connection, "PRAGMA quick_check(1)"); };
-    // All that the other check sees, and the indexes.
-    *indexesLie = RunCheck(connection, "PRAGMA integrity_check(1)") != SQLITE_OK;
-    const int result = *indexesLie ? check() : SQLITE_OK;
-    if (result == SQLITE_OK || CanBeRead(connection))
-        return result == SQLITE_OK ? result : check();
-    return SQLITE_IOERR;
+bool filecheck::CheckPages(sqlite3* connection) {
+    // It sees all that the other check does, and the indexes.
+    if (RunCheck(connection, "PRAGMA integrity_check(1)", "ok") == SQLITE_OK)
+        return true;
+    // Newer releases of SQLite count the entries of an index here as well.
+    const auto check
+        = [connection] { return RunCheck(connection, "PRAGMA quick_check", "wrong # of entries in index"); };
+    if (check() != SQLITE_OK)
+        Require(CanBeRead(connection) ? check() : SQLITE_IOERR);
+    return false;
 }
 
-int filecheck::MendKeys(sqlite3* connection) {
+void filecheck::MendKeys(sqlite3* connection) {
     std::array<KeyTable, 4> tables{KeyTable(connection, "vehicles"), KeyTable(connection, "entries"),
         KeyTable(connection, "keywords"), KeyTable(connection, "reminders")};
     LONGLONG nextRef = FirstRef;
-    int result = SQLITE_OK;
-    for (KeyTable& table : tables) {
-        result = result == SQLITE_OK ? table.Load() : result;
+    for (const KeyTable& table : tables)
         nextRef = std::max(nextRef, table.HighestRef() + 1);
-    }
-    if (result == SQLITE_OK)
-        result = RaiseAboveOwners(connection, &nextRef);
+    RaiseAboveOwners(connection, &nextRef);
     std::vector<LONGLONG> sequence;
-    if (result == SQLITE_OK)
-        result = Query(connection, "SELECT next_ref FROM sequence", {},
-            [&](sqlite3_stmt* row) { sequence.push_back(sqlite3_column_int64(row, 0)); });
+    Query(connection, "SELECT next_ref FROM sequence", {},
+        [&](sqlite3_stmt* row) { sequence.push_back(sqlite3_column_int64(row, 0)); });
     for (const LONGLONG next : sequence)
         nextRef = IsUsable(next) ? std::max(nextRef, next) : nextRef;
     for (KeyTable& table : tables) {
-        result = result == SQLITE_OK ? table.MendRefs(&nextRef) : result;
-        result = result == SQLITE_OK ? table.MendIds() : result;
+        table.MendRefs(&nextRef);
+        table.MendIds();
     }
-    if (result != SQLITE_OK || (sequence.size() == 1 && sequence[0] == nextRef))
-        return result;
-    result = Execute(connection, "DELETE FROM sequence");
-    return result == SQLITE_OK ? Execute(connection, "INSERT INTO sequence (next_ref) VALUES (?)", {nextRef}) : result;
+    if (sequence.size() == 1 && sequence[0] == nextRef)
+        return;
+    Execute(connection, "DELETE FROM sequence");
+    Execute(connection, "INSERT INTO sequence (next_ref) VALUES (?)", {nextRef});
 }
 
 void filecheck::MendIndexes(sqlite3* connection) {

@@ -1,5 +1,8 @@
 #include "records/statements.h"
 
+#include <algorithm>
+#include <iterator>
+
 // The keys are 32 bits wide, which SQLite would not see to. RefIDs come from one sequence and start far from the IDs,
 // so that the one taken for the other finds nothing. The index delivers a vehicle's entries in order: every index of
 // SQLite ends in the row's id.
@@ -64,71 +67,66 @@ INSERT INTO sequence (next_ref) VALUES (1001);
 #define ODOLEDGER_WHERE_KEYS " WHERE id = ? AND ref = ifnull(nullif(?, 0), ref)"
 #define ODOLEDGER_DELETE(table) "DELETE FROM " table ODOLEDGER_WHERE_KEYS " RETURNING ref"
 
+namespace {
+
+struct Row {
+    Sql statement;
+    const char* text;
+};
+
+constexpr Row Statements[] = {
+    {Sql::Begin, "BEGIN IMMEDIATE"},
+    {Sql::Commit, "COMMIT"},
+    {Sql::Rollback, "ROLLBACK"},
+    {Sql::TakeRef, "UPDATE sequence SET next_ref = next_ref + 1 RETURNING next_ref - 1"},
+    {Sql::LoadVehicles,
+        "SELECT id, ref, name, notes, license_plate, vin, odometer, year, insurance_policy, insurance_agent,"
+        " insurance_phone, insurance_coverage, insurance_expires, dealer_name, dealer_phone, dealer_address"
+        " FROM vehicles ORDER BY id"},
+    {Sql::InsertVehicle,
+        "INSERT INTO vehicles (ref, name, notes, license_plate, vin, odometer, year, insurance_policy,"
+        " insurance_agent, insurance_phone, insurance_coverage, insurance_expires, dealer_name, dealer_phone,"
+        " dealer_address) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING id"},
+    {Sql::UpdateVehicle,
+        "UPDATE vehicles SET name = ?, notes = ?, license_plate = ?, vin = ?, odometer = ?, year = ?,"
+        " insurance_policy = ?, insurance_agent = ?, insurance_phone = ?, insurance_coverage = ?,"
+        " insurance_expires = ?, dealer_name = ?, dealer_phone = ?, dealer_address = ?" ODOLEDGER_WHERE_KEYS
+        " RETURNING ref"},
+    {Sql::DeleteVehicle, ODOLEDGER_DELETE("vehicles")},
+    {Sql::LoadEntries,
+        "SELECT id, ref, name, notes, vehicle, date, type, odometer, amount, custom1, custom2, vendor"
+        " FROM entries WHERE vehicle = ?1 AND (?2 = 0 OR type = ?2) AND date BETWEEN ?3 AND ?4"
+        " ORDER BY date, odometer, id"},
+    {Sql::InsertEntry,
+        "INSERT INTO entries (ref, name, notes, vehicle, date, type, odometer, amount, custom1, custom2, vendor)"
+        " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING id"},
+    {Sql::UpdateEntry,
+        "UPDATE entries SET name = ?, notes = ?, vehicle = ?, date = ?, type = ?, odometer = ?, amount = ?,"
+        " custom1 = ?, custom2 = ?, vendor = ?" ODOLEDGER_WHERE_KEYS " RETURNING ref"},
+    {Sql::DeleteEntry, ODOLEDGER_DELETE("entries")},
+    {Sql::LoadKeywords, "SELECT id, ref, name, notes, type FROM keywords WHERE type = ? ORDER BY id"},
+    {Sql::InsertKeyword, "INSERT INTO keywords (ref, name, notes, type) VALUES (?, ?, ?, ?) RETURNING id"},
+    {Sql::UpdateKeyword, "UPDATE keywords SET name = ?, notes = ?, type = ?" ODOLEDGER_WHERE_KEYS " RETURNING ref"},
+    {Sql::DeleteKeyword, ODOLEDGER_DELETE("keywords")},
+    {Sql::LoadReminders,
+        "SELECT id, ref, name, notes, vehicle, date, odometer FROM reminders WHERE vehicle = ? ORDER BY id"},
+    {Sql::InsertReminder,
+        "INSERT INTO reminders (ref, name, notes, vehicle, date, odometer) VALUES (?, ?, ?, ?, ?, ?)"
+        " RETURNING id"},
+    {Sql::UpdateReminder,
+        "UPDATE reminders SET name = ?, notes = ?, vehicle = ?, date = ?, odometer = ?" ODOLEDGER_WHERE_KEYS
+        " RETURNING ref"},
+    {Sql::DeleteReminder, ODOLEDGER_DELETE("reminders")},
+    {Sql::DeleteEntriesOfVehicle, "DELETE FROM entries WHERE vehicle = ?"},
+    {Sql::DeleteRemindersOfVehicle, "DELETE FROM reminders WHERE vehicle = ?"},
+    {Sql::MaxOdometer, "SELECT max(odometer) FROM entries WHERE vehicle = ?"},
+    {Sql::SetOdometer, "UPDATE vehicles SET odometer = ?" ODOLEDGER_WHERE_KEYS " RETURNING ref"},
+};
+
+} // namespace
+
 const char* SqlText(Sql statement) {
-    switch (statement) {
-    case Sql::Begin:
-        return "BEGIN IMMEDIATE";
-    case Sql::Commit:
-        return "COMMIT";
-    case Sql::Rollback:
-        return "ROLLBACK";
-    case Sql::TakeRef:
-        return "UPDATE sequence SET next_ref = next_ref + 1 RETURNING next_ref - 1";
-    case Sql::LoadVehicles:
-        return "SELECT id, ref, name, notes, license_plate, vin, odometer, year, insurance_policy, insurance_agent,"
-               " insurance_phone, insurance_coverage, insurance_expires, dealer_name, dealer_phone, dealer_address"
-               " FROM vehicles ORDER BY id";
-    case Sql::InsertVehicle:
-        return "INSERT INTO vehicles (ref, name, notes, license_plate, vin, odometer, year, insurance_policy,"
-               " insurance_agent, insurance_phone, insurance_coverage, insurance_expires, dealer_name, dealer_phone,"
-               " dealer_address) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING id";
-    case Sql::UpdateVehicle:
-        return "UPDATE vehicles SET name = ?, notes = ?, license_plate = ?, vin = ?, odometer = ?, year = ?,"
-               " insurance_policy = ?, insurance_agent = ?, insurance_phone = ?, insurance_coverage = ?,"
-               " insurance_expires = ?, dealer_name = ?, dealer_phone = ?, dealer_address = ?" ODOLEDGER_WHERE_KEYS
-               " RETURNING ref";
-    case Sql::DeleteVehicle:
-        return ODOLEDGER_DELETE("vehicles");
-    case Sql::LoadEntries:
-        return "SELECT id, ref, name, notes, vehicle, date, type, odometer, amount, custom1, custom2, vendor"
-               " FROM entries WHERE vehicle = ?1 AND (?2 = 0 OR type = ?2) AND date BETWEEN ?3 AND ?4"
-               " ORDER BY date, odometer, id";
-    case Sql::InsertEntry:
-        return "INSERT INTO entries (ref, name, notes, vehicle, date, type, odometer, amount, custom1, custom2, vendor)"
-               " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING id";
-    case Sql::UpdateEntry:
-        return "UPDATE entries SET name = ?, notes = ?, vehicle = ?, date = ?, type = ?, odometer = ?, amount = ?,"
-               " custom1 = ?, custom2 = ?, vendor = ?" ODOLEDGER_WHERE_KEYS " RETURNING ref";
-    case Sql::DeleteEntry:
-        return ODOLEDGER_DELETE("entries");
-    case Sql::LoadKeywords:
-        return "SELECT id, ref, name, notes, type FROM keywords WHERE type = ? ORDER BY id";
-    case Sql::InsertKeyword:
-        return "INSERT INTO keywords (ref, name, notes, type) VALUES (?, ?, ?, ?) RETURNING id";
-    case Sql::UpdateKeyword:
-        return "UPDATE keywords SET name = ?, notes = ?, type = ?" ODOLEDGER_WHERE_KEYS " RETURNING ref";
-    case Sql::DeleteKeyword:
-        return ODOLEDGER_DELETE("keywords");
-    case Sql::LoadReminders:
-        return "SELECT id, ref, name, notes, vehicle, date, odometer FROM reminders WHERE vehicle = ? ORDER BY id";
-    case Sql::InsertReminder:
-        return "INSERT INTO reminders (ref, name, notes, vehicle, date, odometer) VALUES (?, ?, ?, ?, ?, ?)"
-               " RETURNING id";
-    case Sql::UpdateReminder:
-        return "UPDATE reminders SET name = ?, notes = ?, vehicle = ?, date = ?, odometer = ?" ODOLEDGER_WHERE_KEYS
-               " RETURNING ref";
-    case Sql::DeleteReminder:
-        return ODOLEDGER_DELETE("reminders");
-    case Sql::DeleteEntriesOfVehicle:
-        return "DELETE FROM entries WHERE vehicle = ?";
-    case Sql::DeleteRemindersOfVehicle:
-        return "DELETE FROM reminders WHERE vehicle = ?";
-    case Sql::MaxOdometer:
-        return "SELECT max(odometer) FROM entries WHERE vehicle = ?";
-    case Sql::SetOdometer:
-        return "UPDATE vehicles SET odometer = ?" ODOLEDGER_WHERE_KEYS " RETURNING ref";
-    case Sql::Count:
-        break;
-    }
-    return "";
+    const auto* const row = std::find_if(
+        std::begin(Statements), std::end(Statements), [=](const Row& each) { return each.statement == statement; });
+    return row == std::end(Statements) ? "" : row->text;
 }

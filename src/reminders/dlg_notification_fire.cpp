@@ -55,7 +55,7 @@ void CDlgNotificationFire::ShowVehicleInBold() const {
     const HWND vehicle = Item(controls::DueVehicle);
     SendMessageW(vehicle, WM_SETFONT, reinterpret_cast<WPARAM>(BoldTextFont), TRUE);
     // One line whatever the text size: the tops of a second one would look like a fault of the screen.
-    const RECT place = ControlPlace(GetHandle(), vehicle);
+    const RECT place = PlaceIn(GetHandle(), vehicle);
     const CClientContext context(vehicle);
     MoveWindow(vehicle, place.left, place.top, place.right - place.left,
         std::min(place.bottom - place.top, LineHeight(context.GetHandle(), BoldTextFont)), TRUE);

@@ -2,6 +2,7 @@
 
 #include "forms/dialog_helpers.h"
 #include "lists/app_fonts.h"
+#include "lists/client_context.h"
 #include "messages/store_record.h"
 #include "platform/input.h"
 #include "reminders/edit_reminder.h"
@@ -57,8 +58,8 @@ void CDlgReminders::OnSize() const {
     if (!list || !GetClientRect(dialog, &client))
         return;
     StretchControls(dialog, Stretched);
-    const RECT heading = ControlPlace(dialog, Item(controls::FirstText));
-    const LONG top = ControlPlace(dialog, list).top;
+    const RECT heading = PlaceIn(dialog, Item(controls::FirstText));
+    const LONG top = PlaceIn(dialog, list).top;
     MoveWindow(list, heading.left, top, heading.right - heading.left,
         std::max<LONG>(0, client.bottom - top - heading.left), TRUE);
 }

@@ -3,7 +3,6 @@
 #include "lists/app_fonts.h"
 #include "messages/show_message.h"
 #include "platform/dialog.h"
-#include "platform/process.h"
 #include "platform/registry.h"
 #include "platform/resources.h"
 #include "platform/system_libraries.h"

@@ -25,8 +25,9 @@ void Prepare(CEntry& entry, UINT command) {
         break;
     case commands::NewTrip: {
         const auto start = static_cast<float>(theSettings.ActiveVehicleOdometer);
+        const float end = start + NewTripDistance;
         entry.SetCustom1(start);
-        entry.SetCustom2(start + NewTripDistance);
+        entry.SetCustom2(end);
         entry.SetType(CEntry::EntryTypeTrip);
         break;
     }

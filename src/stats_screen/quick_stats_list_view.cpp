@@ -85,11 +85,7 @@ void CQuickStatsListView::DrawSeparator(HDC context, LONG right, LONG y) const {
     SelectObject(context, former);
 }
 
-LRESULT CQuickStatsListView::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    const LRESULT result = CCustomListView::ProcessWindowMessage(message, wParam, lParam);
-    if (message == WM_SIZE) {
-        FitColumnToHeader();
-        RemoveHorizontalScrollBar();
-    }
-    return result;
+void CQuickStatsListView::OnSize() {
+    FitColumnToHeader();
+    RemoveHorizontalScrollBar();
 }

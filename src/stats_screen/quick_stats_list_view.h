@@ -19,7 +19,7 @@ public:
     void MeasureItem(MEASUREITEMSTRUCT* request) override;
 
 protected:
-    LRESULT ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnSize() override;
 
 private:
     void DrawTexts(HDC context, const RECT& place, LONG gap, int row) const;

@@ -7,54 +7,14 @@
 #include <cwchar>
 #include <iomanip>
 #include <locale>
+#include <regex>
 #include <sstream>
 
 namespace {
 
-bool IsDigit(wchar_t character) {
-    return character >= L'0' && character <= L'9';
-}
-
-const wchar_t* SkipBlanks(const wchar_t* text) {
-    while (*text == L' ' || *text == L'\t')
-        ++text;
-    return text;
-}
-
-const wchar_t* SkipDigits(const wchar_t* text) {
-    while (IsDigit(*text))
-        ++text;
-    return text;
-}
-
-const wchar_t* SkipSign(const wchar_t* text) {
-    return *text == L'+' || *text == L'-' ? text + 1 : text;
-}
-
-/// The end of the decimal number at the head of `text`; `text` itself where there is none. The runtime's own reader
-/// would also take hexadecimal digits and words such as "inf".
-const wchar_t* EndOfNumber(const wchar_t* text) {
-    const wchar_t* digits = SkipSign(text);
-    const wchar_t* end = SkipDigits(digits);
-    bool any = end != digits;
-    if (*end == L'.') {
-        const wchar_t* fraction = end + 1;
-        end = SkipDigits(fraction);
-        any |= end != fraction;
-    }
-    if (!any)
-        return text;
-    if (*end == L'e' || *end == L'E') {
-        const wchar_t* exponent = SkipSign(end + 1);
-        if (IsDigit(*exponent))
-            end = SkipDigits(exponent);
-    }
-    return end;
-}
-
 /// With a point whatever locale the process runs in. Beyond a double, infinite.
-double NumberOf(const wchar_t* first, const wchar_t* last) {
-    std::istringstream stream(std::string(first, last));
+double NumberOf(const std::wstring& text) {
+    std::wistringstream stream(text);
     stream.imbue(std::locale::classic());
     double value = 0;
     stream >> value;
@@ -97,15 +57,14 @@ std::wstring PrintFieldFloat(float value, int precision) {
 }
 
 bool ParsePlainFloat(const wchar_t* text, double* result) {
-    if (!text)
+    // The runtime's own reader would also take hexadecimal digits and words such as "inf".
+    static const std::wregex Number(L"[ \\t]*([+-]?([0-9]+[.]?[0-9]*|[.][0-9]+)([eE][+-]?[0-9]+)?)[ \\t]*");
+    std::wcmatch parts;
+    if (!text || std::wcslen(text) >= FieldTextSize || !std::regex_match(text, parts, Number))
         return false;
-    const wchar_t* first = SkipBlanks(text);
-    const wchar_t* last = EndOfNumber(first);
-    if (last == first || *SkipBlanks(last) != L'\0')
-        return false;
-    const double value = NumberOf(first, last);
+    const double value = NumberOf(parts[1]);
     // An empty field is no zero, so a zero has to be written as one. This refuses ".0" and "-0" as well.
-    if (value == 0 && *first != L'0')
+    if (value == 0 && *parts[1].first != L'0')
         return false;
     if (!std::isfinite(value) || !std::isfinite(static_cast<float>(value)))
         return false;

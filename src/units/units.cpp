@@ -5,60 +5,75 @@
 #include "resources/string_ids.h"
 #include "settings/app_settings.h"
 
+#include <cstddef>
+#include <utility>
+
 namespace {
+
+struct UnitTexts {
+    UINT name;
+    UINT abbreviation;
+};
+
+// By the unit.
+constexpr UnitTexts DistanceTexts[]
+    = {{strings::Miles, strings::MilesShort}, {strings::Kilometres, strings::KilometresShort}};
+constexpr UnitTexts VolumeTexts[] = {{strings::GallonsUS, strings::GallonsUSShort},
+    {strings::GallonsUK, strings::GallonsUKShort}, {strings::Litres, strings::LitresShort}};
+
+// From the unit.
+constexpr float ToUSGallonsFactors[] = {1.0F, 1.20095F, 0.2642F};
+constexpr float ToUKGallonsFactors[] = {0.8327F, 1.0F, 0.22F};
+constexpr float ToLitresFactors[] = {3.785F, 4.54609F, 1.0F};
+
+struct Economy {
+    UINT distanceText;
+    UINT volumeText;
+    float (*toDistance)(float distance);
+    float (*toVolume)(float volume);
+};
+
+constexpr Economy Economies[] = {
+    {strings::MilesShort, strings::GallonsUKShort, ToMiles, ToUSGallons},
+    {strings::MilesShort, strings::GallonsUKShort, ToMiles, ToUKGallons},
+    {strings::KilometresShort, strings::LitresShort, ToKilometres, ToLitres},
+    {strings::MilesShort, strings::LitresShort, ToMiles, ToLitres},
+};
+
+/// The setting's row of a table; null for a setting out of range.
+template <typename Row, std::size_t Count> const Row* RowOf(int setting, const Row (&table)[Count]) {
+    return setting >= 0 && setting < static_cast<int>(Count) ? &table[setting] : nullptr;
+}
 
 std::wstring LowerCase(std::wstring text) {
     CharLowerW(text.data());
     return text;
 }
 
-std::wstring UnitText(UINT name, UINT shortName, bool abbreviated, bool lowerCase) {
-    std::wstring text = LoadText(abbreviated ? shortName : name);
+std::wstring UnitText(const UnitTexts* unit, bool abbreviated, bool lowerCase) {
+    if (!unit)
+        return {};
+    std::wstring text = LoadText(abbreviated ? unit->abbreviation : unit->name);
     return lowerCase ? LowerCase(std::move(text)) : text;
 }
 
-std::wstring EconomyLabel(UINT distance, UINT volume) {
-    return LowerCase(LoadText(distance) + L"/" + LoadText(volume));
+float Converted(float volume, const float* factor) {
+    return factor ? volume * *factor : 0;
 }
 
 } // namespace
 
 std::wstring DistanceUnitName(bool abbreviated, bool lowerCase) {
-    switch (theSettings.UnitDistance) {
-    case DistanceMiles:
-        return UnitText(strings::Miles, strings::MilesShort, abbreviated, lowerCase);
-    case DistanceKilometres:
-        return UnitText(strings::Kilometres, strings::KilometresShort, abbreviated, lowerCase);
-    default:
-        return {};
-    }
+    return UnitText(RowOf(theSettings.UnitDistance, DistanceTexts), abbreviated, lowerCase);
 }
 
 std::wstring VolumeUnitName(bool abbreviated, bool lowerCase) {
-    switch (theSettings.UnitVolume) {
-    case VolumeGallonsUS:
-        return UnitText(strings::GallonsUS, strings::GallonsUSShort, abbreviated, lowerCase);
-    case VolumeGallonsUK:
-        return UnitText(strings::GallonsUK, strings::GallonsUKShort, abbreviated, lowerCase);
-    case VolumeLitres:
-        return UnitText(strings::Litres, strings::LitresShort, abbreviated, lowerCase);
-    default:
-        return {};
-    }
+    return UnitText(RowOf(theSettings.UnitVolume, VolumeTexts), abbreviated, lowerCase);
 }
 
 std::wstring FuelEconomyUnitLabel() {
-    switch (theSettings.UnitFuelEconomy) {
-    case EconomyMilesPerGallonUS:
-    case EconomyMilesPerGallonUK:
-        return EconomyLabel(strings::MilesShort, strings::GallonsUKShort);
-    case EconomyKilometresPerLitre:
-        return EconomyLabel(strings::KilometresShort, strings::LitresShort);
-    case EconomyMilesPerLitre:
-        return EconomyLabel(strings::MilesShort, strings::LitresShort);
-    default:
-        return {};
-    }
+    const Economy* economy = RowOf(theSettings.UnitFuelEconomy, Economies);
+    return economy ? LowerCase(LoadText(economy->distanceText) + L"/" + LoadText(economy->volumeText)) : std::wstring();
 }
 
 float ToMiles(float distance) {
@@ -70,69 +85,21 @@ float ToKilometres(float distance) {
 }
 
 float ToUSGallons(float volume) {
-    switch (theSettings.UnitVolume) {
-    case VolumeGallonsUS:
-        return volume;
-    case VolumeGallonsUK:
-        return volume * 1.20095F;
-    case VolumeLitres:
-        return volume * 0.2642F;
-    default:
-        return 0;
-    }
+    return Converted(volume, RowOf(theSettings.UnitVolume, ToUSGallonsFactors));
 }
 
 float ToUKGallons(float volume) {
-    switch (theSettings.UnitVolume) {
-    case VolumeGallonsUS:
-        return volume * 0.8327F;
-    case VolumeGallonsUK:
-        return volume;
-    case VolumeLitres:
-        return volume * 0.22F;
-    default:
-        return 0;
-    }
+    return Converted(volume, RowOf(theSettings.UnitVolume, ToUKGallonsFactors));
 }
 
 float ToLitres(float volume) {
-    switch (theSettings.UnitVolume) {
-    case VolumeGallonsUS:
-        return volume * 3.785F;
-    case VolumeGallonsUK:
-        return volume * 4.54609F;
-    case VolumeLitres:
-        return volume;
-    default:
-        return 0;
-    }
+    return Converted(volume, RowOf(theSettings.UnitVolume, ToLitresFactors));
 }
 
 float FuelEconomy(LONG distance, float volume) {
-    if (distance < 1 || volume <= 0)
+    const Economy* economy = RowOf(theSettings.UnitFuelEconomy, Economies);
+    if (distance < 1 || volume <= 0 || !economy)
         return NoFuelEconomy;
-    const auto travelled = static_cast<float>(distance);
-    float converted = 0;
-    float fuel = 0;
-    switch (theSettings.UnitFuelEconomy) {
-    case EconomyMilesPerGallonUS:
-        converted = ToMiles(travelled);
-        fuel = ToUSGallons(volume);
-        break;
-    case EconomyMilesPerGallonUK:
-        converted = ToMiles(travelled);
-        fuel = ToUKGallons(volume);
-        break;
-    case EconomyKilometresPerLitre:
-        converted = ToKilometres(travelled);
-        fuel = ToLitres(volume);
-        break;
-    case EconomyMilesPerLitre:
-        converted = ToMiles(travelled);
-        fuel = ToLitres(volume);
-        break;
-    default:
-        return NoFuelEconomy;
-    }
-    return fuel == 0 ? NoFuelEconomy : converted / fuel;
+    const float fuel = economy->toVolume(volume);
+    return fuel == 0 ? NoFuelEconomy : economy->toDistance(static_cast<float>(distance)) / fuel;
 }

@@ -53,15 +53,44 @@ bool IsPlainQuery(const std::string& verb) {
     return false;
 }
 
-bool IsInput(const std::string& verb) {
-    for (const char* each : {"key", "keydown", "keyup", "type", "paste", "mouse", "post", "resize"})
-        if (verb == each)
-            return true;
-    return false;
-}
-
 bool MayComeBeforeBoot(const std::string& verb) {
     return verb == "registry" || verb == "clock" || verb == "now" || verb == "files";
+}
+
+std::vector<std::string> Refusal(const std::string& reason) {
+    return {"? " + reason};
+}
+
+std::vector<std::string> TimeLines() {
+    SYSTEMTIME utc;
+    SYSTEMTIME local;
+    GetSystemTime(&utc);
+    GetLocalTime(&local);
+    return {"utc " + TimeText(utc), "local " + TimeText(local)};
+}
+
+std::vector<std::string> FileLines() {
+    std::vector<std::string> lines;
+    for (const DocumentFile& file : ListDocuments())
+        lines.push_back(
+            Quoted(FromUtf8(file.name)) + " " + std::to_string(file.size) + (file.readOnly ? " readonly" : ""));
+    return lines;
+}
+
+std::vector<std::string> SetClock(const std::string& text) {
+    const auto time = ParseUtcTime(text);
+    if (!time)
+        return Refusal("a time looks like 2026-03-01T10:00:00Z");
+    StopClock(*time);
+    return {};
+}
+
+std::vector<std::string> Shot(const std::string& file) {
+    if (file.empty())
+        return Refusal("shot takes a file");
+    CairoCanvas picture(ScreenSize(), TheEnvironment().zoom.value_or(1.0));
+    Desktop::The().PaintAll(picture);
+    return picture.WritePng(file) ? std::vector<std::string>() : Refusal("the file cannot be written");
 }
 
 } // namespace
@@ -74,10 +103,6 @@ ConsoleHost::ConsoleHost(ProgramFacts facts)
 void ConsoleHost::Answer(const std::string& line) {
     std::fwrite(line.data(), 1, line.size(), stdout);
     std::fputc('\n', stdout);
-}
-
-void ConsoleHost::Refuse(const std::string& reason) {
-    Answer("? " + reason);
 }
 
 void ConsoleHost::Finish() {
@@ -111,26 +136,13 @@ bool ConsoleHost::WaitForBoot() {
 }
 
 bool ConsoleHost::TakeQueued(InputEvent& event) {
-    if (!events_.empty()) {
-        event = std::move(events_.front());
-        events_.pop_front();
-        return true;
-    }
-    if (keys_.times > 0) {
-        const bool up = keys_.isDown || !keys_.sendDown;
-        event = up ? keys_.up : keys_.down;
-        keys_.isDown = !up && keys_.sendUp;
-        if (!keys_.isDown)
-            --keys_.times;
-        return true;
-    }
-    if (nextTyped_ < typed_.size()) {
-        event = {};
-        event.kind = InputEvent::Kind::Text;
-        event.character = typed_[nextTyped_++];
-        return true;
-    }
-    return false;
+    if (times_ == 0)
+        return false;
+    event = gesture_[next_];
+    next_ = (next_ + 1) % gesture_.size();
+    if (next_ == 0)
+        --times_;
+    return true;
 }
 
 bool ConsoleHost::NextEvent(InputEvent& event, bool wait) {
@@ -138,196 +150,155 @@ bool ConsoleHost::NextEvent(InputEvent& event, bool wait) {
         return true;
     if (!wait)
         return false;
+    // The program has done whatever the last command gave it to do.
     if (open_)
         Finish();
     std::string line;
-    for (;;) {
-        const LineReader::Result result = reader_.Next(line);
-        if (result == LineReader::Result::End)
-            LosePower();
-        if (result == LineReader::Result::Woken)
-            return false;
-        if (line.empty() || line.front() == '#')
-            continue;
-        open_ = true;
-        if (Execute(line))
-            return TakeQueued(event);
-        Finish();
-    }
+    const LineReader::Result result = reader_.Next(line);
+    if (result == LineReader::Result::End)
+        LosePower();
+    if (result == LineReader::Result::Woken || line.empty() || line.front() == '#')
+        return false;
+    open_ = true;
+    Execute(line);
+    return TakeQueued(event);
 }
 
 // Commands
 
-bool ConsoleHost::Execute(const std::string& line) {
+void ConsoleHost::Execute(const std::string& line) {
     const std::size_t space = line.find(' ');
     const std::string verb = line.substr(0, space);
     const std::string rest = space == std::string::npos ? std::string() : line.substr(space + 1);
-    if (!booted_ && !MayComeBeforeBoot(verb)) {
-        Refuse("not booted");
-        return false;
-    }
-    if (IsInput(verb))
-        return ExecuteInput(verb, rest);
-    ExecuteQuery(verb, rest);
-    return false;
+    for (const std::string& each : AnswerTo(verb, rest))
+        Answer(each);
 }
 
-bool ConsoleHost::ExecuteInput(const std::string& verb, const std::string& rest) {
+std::vector<std::string> ConsoleHost::AnswerTo(const std::string& verb, const std::string& rest) {
+    if (!booted_ && !MayComeBeforeBoot(verb))
+        return Refusal("not booted");
+    if (verb == "key" || verb == "keydown" || verb == "keyup")
+        return Key(verb, rest);
+    if (verb == "type")
+        return Type(rest);
     if (verb == "post")
-        return ExecutePost(rest);
+        return Post(rest);
     if (verb == "resize")
-        return ExecuteResize(rest);
+        return Resize(rest);
     if (verb == "mouse")
-        return ExecuteMouse(rest);
+        return Mouse(rest);
     if (verb == "paste")
-        return ExecutePaste(rest);
-    if (verb != "type")
-        return ExecuteKey(verb, rest);
-    typed_ = FromUtf8(rest);
-    nextTyped_ = 0;
-    return !typed_.empty();
+        return Paste(rest);
+    if (verb == "registry")
+        return RegistryCommand(facts_.registryKey, rest);
+    if (verb == "clock")
+        return SetClock(rest);
+    if (verb == "shot")
+        return Shot(rest);
+    if (!IsPlainQuery(verb))
+        return Refusal("unknown command");
+    return rest.empty() ? Query(verb) : Refusal(verb + " takes nothing");
 }
 
-bool ConsoleHost::ExecuteKey(const std::string& verb, const std::string& rest) {
+std::vector<std::string> ConsoleHost::Query(const std::string& verb) {
+    if (verb == "screen")
+        return ScreenLines(canvas_);
+    if (verb == "controls")
+        return ControlLines();
+    if (verb == "now")
+        return TimeLines();
+    if (verb == "files")
+        return FileLines();
+    if (verb == "boot")
+        return Refusal("already booted");
+    Desktop& desktop = Desktop::The();
+    if (verb == "beeps")
+        return {std::to_string(desktop.beeps - std::exchange(toldBeeps_, desktop.beeps))};
+    return {"beep " + std::to_string(desktop.beeps - std::exchange(toldEventBeeps_, desktop.beeps)),
+        "front " + std::to_string(std::exchange(desktop.fronts, 0)),
+        "goback " + std::to_string(std::exchange(desktop.goBacks, 0)),
+        "waitcursor " + std::to_string(std::exchange(desktop.waitCursors, 0))};
+}
+
+void ConsoleHost::GiveOut(std::vector<InputEvent> gesture, long times) {
+    gesture_ = std::move(gesture);
+    next_ = 0;
+    times_ = gesture_.empty() ? 0 : times;
+}
+
+std::vector<std::string> ConsoleHost::Key(const std::string& verb, const std::string& rest) {
     const std::size_t space = rest.find(' ', rest.empty() ? 0 : 1);
-    const std::string name = rest.substr(0, space);
-    const auto down = KeyOfName(name);
-    if (!down) {
-        Refuse("unknown key");
-        return false;
-    }
+    const auto down = KeyOfName(rest.substr(0, space));
+    if (!down)
+        return Refusal("unknown key");
     long times = 1;
     if (space != std::string::npos
-        && (verb != "key" || !ParseCount(rest.substr(space + 1), times) || times < 1 || times > MostPresses)) {
-        Refuse("wrong number of presses");
-        return false;
-    }
-    keys_ = {};
-    keys_.down = *down;
-    keys_.up = *down;
-    keys_.up.kind = InputEvent::Kind::KeyUp;
-    keys_.up.character = 0;
-    keys_.sendDown = verb != "keyup";
-    keys_.sendUp = verb != "keydown";
-    keys_.times = times;
-    return times > 0;
+        && (verb != "key" || !ParseCount(rest.substr(space + 1), times) || times < 1 || times > MostPresses))
+        return Refusal("wrong number of presses");
+    InputEvent up = *down;
+    up.kind = InputEvent::Kind::KeyUp;
+    up.character = 0;
+    if (verb == "key")
+        GiveOut({*down, up}, times);
+    else
+        GiveOut({verb == "keydown" ? *down : up});
+    return {};
 }
 
-bool ConsoleHost::ExecutePost(const std::string& rest) {
+std::vector<std::string> ConsoleHost::Type(const std::string& rest) {
+    std::vector<InputEvent> gesture;
+    for (const wchar_t character : FromUtf8(rest)) {
+        InputEvent& event = gesture.emplace_back();
+        event.kind = InputEvent::Kind::Text;
+        event.character = character;
+    }
+    GiveOut(std::move(gesture));
+    return {};
+}
+
+std::vector<std::string> ConsoleHost::Post(const std::string& rest) {
     const std::wstring* name = rest == "reload" ? &facts_.reloadMessage
         : rest == "close"                       ? &facts_.closeMessage
                                                 : nullptr;
-    if (!name) {
-        Refuse("post reload or post close");
-        return false;
-    }
+    if (!name)
+        return Refusal("post reload or post close");
     const HWND window = FindWindowW(facts_.windowClass.c_str(), nullptr);
-    if (!PostMessageW(window, RegisterWindowMessageW(name->c_str()), 0, 0)) {
-        Refuse("the program has no window");
-        return false;
-    }
-    return true;
+    if (!PostMessageW(window, RegisterWindowMessageW(name->c_str()), 0, 0))
+        return Refusal("the program has no window");
+    return {};
 }
 
-bool ConsoleHost::ExecuteResize(const std::string& rest) {
+std::vector<std::string> ConsoleHost::Mouse(const std::string& rest) {
+    std::vector<InputEvent> gesture = MouseOfWords(rest);
+    if (gesture.empty())
+        return Refusal("mouse click|double|down|move|up X Y [left|middle|right], mouse wheel X Y LINES");
+    GiveOut(std::move(gesture));
+    return {};
+}
+
+std::vector<std::string> ConsoleHost::Paste(const std::string& rest) {
+    InputEvent pasted;
+    pasted.kind = InputEvent::Kind::Paste;
+    pasted.text = FromUtf8(rest);
+    GiveOut({pasted});
+    return {};
+}
+
+std::vector<std::string> ConsoleHost::Resize(const std::string& rest) {
     const std::size_t cross = std::min(rest.find('x'), rest.size());
     long width = 0;
     long height = 0;
     const bool isSize = ParseCount(rest.substr(0, cross), width)
         && ParseCount(rest.substr(std::min(cross + 1, rest.size())), height) && std::min(width, height) >= 1
         && std::max(width, height) <= LargestScreen;
-    if (!isSize) {
-        Refuse("a size looks like 320x480");
-        return false;
-    }
-    InputEvent resized;
-    resized.kind = InputEvent::Kind::Resize;
-    resized.x = static_cast<int>(width);
-    resized.y = static_cast<int>(height);
-    events_.push_back(resized);
-    return true;
-}
-
-bool ConsoleHost::ExecuteMouse(const std::string& rest) {
-    const std::vector<InputEvent> events = MouseOfWords(rest);
-    if (events.empty())
-        Refuse("mouse click|double|down|move|up X Y [left|middle|right], mouse wheel X Y LINES");
-    events_.insert(events_.end(), events.begin(), events.end());
-    return !events.empty();
-}
-
-bool ConsoleHost::ExecutePaste(const std::string& rest) {
-    InputEvent pasted;
-    pasted.kind = InputEvent::Kind::Paste;
-    pasted.text = FromUtf8(rest);
-    events_.push_back(pasted);
-    return true;
-}
-
-void ConsoleHost::ExecuteQuery(const std::string& verb, const std::string& rest) {
-    Desktop& desktop = Desktop::The();
-    if (verb == "registry") {
-        for (const std::string& line : RegistryCommand(facts_.registryKey, rest))
-            Answer(line);
-        return;
-    }
-    if (verb == "clock") {
-        if (const auto time = ParseUtcTime(rest))
-            StopClock(*time);
-        else
-            Refuse("a time looks like 2026-03-01T10:00:00Z");
-        return;
-    }
-    if (verb == "shot") {
-        Shot(rest);
-        return;
-    }
-    if (!rest.empty()) {
-        Refuse(IsPlainQuery(verb) ? verb + " takes nothing" : "unknown command");
-        return;
-    }
-    if (verb == "screen") {
-        for (const std::string& line : ScreenLines(canvas_))
-            Answer(line);
-    } else if (verb == "controls") {
-        for (const std::string& line : ControlLines())
-            Answer(line);
-    } else if (verb == "beeps") {
-        Answer(std::to_string(desktop.beeps - toldBeeps_));
-        toldBeeps_ = desktop.beeps;
-    } else if (verb == "events") {
-        Answer("beep " + std::to_string(desktop.beeps - toldEventBeeps_));
-        Answer("front " + std::to_string(desktop.fronts));
-        Answer("goback " + std::to_string(desktop.goBacks));
-        Answer("waitcursor " + std::to_string(desktop.waitCursors));
-        toldEventBeeps_ = desktop.beeps;
-        desktop.fronts = desktop.goBacks = desktop.waitCursors = 0;
-    } else if (verb == "now") {
-        SYSTEMTIME utc;
-        SYSTEMTIME local;
-        GetSystemTime(&utc);
-        GetLocalTime(&local);
-        Answer("utc " + TimeText(utc));
-        Answer("local " + TimeText(local));
-    } else if (verb == "files") {
-        for (const DocumentFile& file : ListDocuments())
-            Answer(Quoted(FromUtf8(file.name)) + " " + std::to_string(file.size) + (file.readOnly ? " readonly" : ""));
-    } else if (verb == "boot") {
-        Refuse("already booted");
-    } else {
-        Refuse("unknown command");
-    }
-}
-
-void ConsoleHost::Shot(const std::string& file) {
-    if (file.empty()) {
-        Refuse("shot takes a file");
-        return;
-    }
-    CairoCanvas picture(ScreenSize(), TheEnvironment().zoom.value_or(1.0));
-    Desktop::The().PaintAll(picture);
-    if (!picture.WritePng(file))
-        Refuse("the file cannot be written");
+    if (!isSize)
+        return Refusal("a size looks like 320x480");
+    InputEvent event;
+    event.kind = InputEvent::Kind::Resize;
+    event.x = static_cast<int>(width);
+    event.y = static_cast<int>(height);
+    GiveOut({event});
+    return {};
 }
 
 } // namespace device

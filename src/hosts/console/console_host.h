@@ -5,7 +5,6 @@
 #include "platform/drawing/recording_canvas.h"
 #include "platform/windowing/host.h"
 
-#include <deque>
 #include <string>
 #include <vector>
 
@@ -26,40 +25,29 @@ public:
     void Wake() override { reader_.Wake(); }
 
 private:
-    /// A key, or its halves, still to be given out.
-    struct Keys {
-        InputEvent down;
-        InputEvent up;
-        bool sendDown = false;
-        bool sendUp = false;
-        long times = 0;
-        bool isDown = false; ///< the next half is the one that comes up
-    };
-
     bool TakeQueued(InputEvent& event);
-    void Answer(const std::string& line);
-    /// Runs a command. True when the program has something to do now, so that the answer is finished later.
-    bool Execute(const std::string& line);
-    bool ExecuteInput(const std::string& verb, const std::string& rest);
-    bool ExecuteKey(const std::string& verb, const std::string& rest);
-    bool ExecutePost(const std::string& rest);
-    bool ExecuteResize(const std::string& rest);
-    bool ExecuteMouse(const std::string& rest);
-    bool ExecutePaste(const std::string& rest);
-    void ExecuteQuery(const std::string& verb, const std::string& rest);
-    void ExecuteRegistry(const std::string& rest);
-    void Shot(const std::string& file);
-    void Refuse(const std::string& reason);
+    /// The events of one command, given out before the next one is read.
+    void GiveOut(std::vector<InputEvent> gesture, long times = 1);
+    static void Answer(const std::string& line);
     void Finish();
-    [[noreturn]] void LosePower();
+    void Execute(const std::string& line);
+    // The lines that answer a command.
+    std::vector<std::string> AnswerTo(const std::string& verb, const std::string& rest);
+    std::vector<std::string> Query(const std::string& verb);
+    std::vector<std::string> Key(const std::string& verb, const std::string& rest);
+    std::vector<std::string> Type(const std::string& rest);
+    std::vector<std::string> Post(const std::string& rest);
+    std::vector<std::string> Resize(const std::string& rest);
+    std::vector<std::string> Mouse(const std::string& rest);
+    std::vector<std::string> Paste(const std::string& rest);
+    [[noreturn]] static void LosePower();
 
     ProgramFacts facts_;
     LineReader reader_;
     RecordingCanvas canvas_;
-    Keys keys_;
-    std::deque<InputEvent> events_; ///< still to be given out, before keys and typed texts
-    std::wstring typed_;
-    std::size_t nextTyped_ = 0;
+    std::vector<InputEvent> gesture_;
+    std::size_t next_ = 0; ///< of the gesture
+    long times_ = 0; ///< that the gesture is still to be given out
     bool booted_ = false;
     bool open_ = false; ///< an answer waits for the program to become idle
     int toldBeeps_ = 0;

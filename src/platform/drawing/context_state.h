@@ -16,7 +16,6 @@ struct ContextState {
     Pen penDescription;
     COLORREF textColor = RGB(0, 0, 0);
     COLORREF backgroundColor = RGB(255, 255, 255);
-    int backgroundMode = TRANSPARENT;
     POINT position;
     RECT clip; ///< the canvas's coordinates
     PaintMarks marks;

@@ -2,6 +2,7 @@
 
 #include "platform/drawing/canvas.h"
 #include "platform/drawing/handle_table.h"
+#include "platform/drawing/recording_canvas.h"
 #include "platform/drawing/rectangles.h"
 #include "platform/metrics.h"
 
@@ -12,26 +13,9 @@ namespace device {
 
 namespace {
 
-/// Stands in where there is no screen: measures, and draws nothing.
-class MeasuringCanvas final : public Canvas {
-public:
-    TextMeasurer& Measurer() override { return DeviceMeasurer(); }
-    void BeginFrame(const RECT& /*dirty*/) override { }
-    void EndFrame() override { }
-    void PushClip(const RECT& /*clip*/) override { }
-    void PopClip() override { }
-    void SetMarks(const PaintMarks& /*marks*/) override { }
-    void Fill(const RECT& /*rectangle*/, COLORREF /*color*/, int /*alpha*/) override { }
-    void Line(POINT /*from*/, POINT /*to*/, COLORREF /*color*/, int /*width*/) override { }
-    void Frame(const RECT& /*rectangle*/, COLORREF /*color*/, int /*width*/) override { }
-    void Polygon(std::span<const POINT> /*points*/, COLORREF /*color*/) override { }
-    void Text(int /*x*/, int /*y*/, std::wstring_view /*text*/, const FontDescription& /*font*/,
-        COLORREF /*color*/) override { }
-    void DrawPicture(const RECT& /*place*/, const Picture& /*picture*/) override { }
-};
-
+/// Stands in where there is no screen: for measuring, and nobody looks at it.
 Canvas& NoScreen() {
-    static MeasuringCanvas canvas;
+    static RecordingCanvas canvas(DeviceMeasurer());
     return canvas;
 }
 
@@ -88,7 +72,7 @@ HDC CreateContext(const ContextTarget& target) {
     for (HGDIOBJ object : {SystemFont(), ThinPen(), WhiteBrush()})
         Select(state, object, *FindObject(object));
     const GdiObject* font = FindObject(target.font);
-    if (font != nullptr && std::holds_alternative<FontReference>(*font))
+    if (std::get_if<FontReference>(font))
         Select(state, target.font, *font);
     state.clip = target.clip;
     state.marks = target.marks;
@@ -138,19 +122,9 @@ RECT ContextClip(HDC context) {
     return found != nullptr ? found->state.clip : RECT{};
 }
 
-HFONT ContextFontHandle(HDC context) {
-    const Context* found = FindContext(context);
-    return found != nullptr ? found->state.font : nullptr;
-}
-
 const FontDescription& ContextFont(HDC context) {
     const Context* found = FindContext(context);
     return found != nullptr ? *found->state.fontDescription : FontOf(nullptr);
-}
-
-COLORREF ContextTextColor(HDC context) {
-    const Context* found = FindContext(context);
-    return found != nullptr ? found->state.textColor : RGB(0, 0, 0);
 }
 
 RECT ToCanvas(HDC context, const RECT& rectangle) {
@@ -205,8 +179,7 @@ HGDIOBJ SelectObject(HDC context, HGDIOBJ object) {
 }
 
 int GetDeviceCaps(HDC context, int index) {
-    const bool isDensity = index == LOGPIXELSX || index == LOGPIXELSY;
-    return FindContext(context) != nullptr && isDensity ? Dpi() : 0;
+    return FindContext(context) != nullptr && index == LOGPIXELSY ? Dpi() : 0;
 }
 
 COLORREF SetTextColor(HDC context, COLORREF color) {
@@ -220,10 +193,7 @@ COLORREF SetBkColor(HDC context, COLORREF color) {
 }
 
 int SetBkMode(HDC context, int mode) {
-    Context* found = FindContext(context);
-    if (found == nullptr || (mode != TRANSPARENT && mode != OPAQUE))
-        return 0;
-    return std::exchange(found->state.backgroundMode, mode);
+    return FindContext(context) != nullptr && mode == TRANSPARENT ? TRANSPARENT : 0;
 }
 
 int FillRect(HDC context, const RECT* rectangle, HBRUSH brush) {

@@ -35,15 +35,13 @@ PaintMarks ContextMarks(HDC context);
 /// Narrows the clip (the context's coordinates) until RestoreDC goes back behind it.
 void ClipContext(HDC context, const RECT& clip);
 
-/// A canvas that draws nothing for a stale handle.
+/// A canvas that nobody sees for a stale handle.
 Canvas& ContextCanvas(HDC context);
 POINT ContextOrigin(HDC context);
 /// In the canvas's coordinates.
 RECT ContextClip(HDC context);
-/// The font that is selected, as a handle and as it was asked for.
-HFONT ContextFontHandle(HDC context);
+/// The font that is selected, as it was asked for.
 const FontDescription& ContextFont(HDC context);
-COLORREF ContextTextColor(HDC context);
 
 /// The system font's for anything that is not a font.
 const FontDescription& FontOf(HFONT font);

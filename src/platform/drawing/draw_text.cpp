@@ -40,12 +40,6 @@ int AlignedLeft(const RECT& place, int width, UINT format) {
     return place.left;
 }
 
-void DrawRun(const ContextPainter& painter, const ContextState& state, POINT at, std::wstring_view run, SIZE size) {
-    if (state.backgroundMode == OPAQUE)
-        painter->Fill({at.x, at.y, at.x + size.cx, at.y + size.cy}, state.backgroundColor);
-    painter->Text(at.x, at.y, run, *state.fontDescription, state.textColor);
-}
-
 /// One call of DrawTextW: where and how its lines go. `place` is in the canvas's coordinates.
 struct TextBlock {
     const Context& context;
@@ -57,16 +51,8 @@ struct TextBlock {
 
     int LineHeight() const { return metrics.Height() + metrics.externalLeading; }
     int Height(const std::vector<TextLine>& lines) const { return static_cast<int>(lines.size()) * LineHeight(); }
-    int WidestLine(std::wstring_view text, const std::vector<TextLine>& lines) const;
     void Draw(std::wstring_view text, const std::vector<TextLine>& lines) const;
 };
-
-int TextBlock::WidestLine(std::wstring_view text, const std::vector<TextLine>& lines) const {
-    int widest = 0;
-    for (const TextLine& line : lines)
-        widest = std::max(widest, measurer.Width(font, text.substr(line.start, line.end - line.start)));
-    return widest;
-}
 
 void TextBlock::Draw(std::wstring_view text, const std::vector<TextLine>& lines) const {
     const ContextPainter painter(context, (format & DT_NOCLIP) != 0 ? context.state.clip : place);
@@ -80,8 +66,7 @@ void TextBlock::Draw(std::wstring_view text, const std::vector<TextLine>& lines)
         std::wstring run(text.substr(line.start, line.end - line.start));
         if ((format & DT_END_ELLIPSIS) != 0)
             run = EllipsisText(measurer, font, run, room);
-        const int width = measurer.Width(font, run);
-        DrawRun(painter, context.state, {AlignedLeft(place, width, format), top}, run, {width, metrics.Height()});
+        painter->Text(AlignedLeft(place, measurer.Width(font, run), format), top, run, font, context.state.textColor);
         top += LineHeight();
     }
 }
@@ -98,8 +83,6 @@ BOOL GetTextMetricsW(HDC context, TEXTMETRICW* metrics) {
         return FALSE;
     const FontMetrics known = found->canvas->Measurer().Metrics(*found->state.fontDescription);
     metrics->tmHeight = known.Height();
-    metrics->tmAscent = known.ascent;
-    metrics->tmDescent = known.descent;
     metrics->tmExternalLeading = known.externalLeading;
     metrics->tmAveCharWidth = known.averageWidth;
     return TRUE;
@@ -126,12 +109,7 @@ int DrawTextW(HDC context, const wchar_t* text, int length, RECT* rectangle, UIN
     const TextBlock block{*found, Moved(*rectangle, found->origin), format};
     const std::vector<TextLine> lines
         = LinesToDraw(block.measurer, block.font, shown, rectangle->right - rectangle->left, format);
-    const int height = block.Height(lines);
-    if ((format & DT_CALCRECT) != 0) {
-        rectangle->right = rectangle->left + block.WidestLine(shown, lines);
-        rectangle->bottom = rectangle->top + height;
-    } else if (!shown.empty()) {
+    if (!shown.empty())
         block.Draw(shown, lines);
-    }
-    return height;
+    return block.Height(lines);
 }

@@ -53,8 +53,7 @@ Objects& TheObjects() {
 }
 
 const FontDescription* FindFont(HFONT font) {
-    const GdiObject* object = FindObject(font);
-    const auto* reference = object == nullptr ? nullptr : std::get_if<FontReference>(object);
+    const auto* reference = std::get_if<FontReference>(FindObject(font));
     return reference == nullptr ? nullptr : reference->get();
 }
 
@@ -84,16 +83,12 @@ HBRUSH WhiteBrush() {
 }
 
 const FontDescription& FontOf(HFONT font) {
-    static const FontDescription& plain = *new FontDescription;
     const FontDescription* found = FindFont(font);
-    if (found == nullptr)
-        found = FindFont(SystemFont());
-    return found != nullptr ? *found : plain;
+    return found != nullptr ? *found : *std::get<FontReference>(*FindObject(SystemFont()));
 }
 
 bool BrushColor(HBRUSH brush, COLORREF& color) {
-    const GdiObject* object = FindObject(brush);
-    const auto* found = object == nullptr ? nullptr : std::get_if<Brush>(object);
+    const auto* found = std::get_if<Brush>(FindObject(brush));
     if (found == nullptr)
         return false;
     color = found->color;

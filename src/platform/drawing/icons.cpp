@@ -11,15 +11,11 @@ namespace device {
 
 namespace {
 
-constexpr int DefaultIconSize = 32;
 constexpr int MaximumImageEdge = 1024;
 
 struct ImageList {
     SIZE size;
     std::vector<Picture> pictures;
-
-    bool Has(int index) const { return index >= 0 && index < static_cast<int>(pictures.size()); }
-    Picture& At(int index) { return pictures[static_cast<std::size_t>(index)]; }
 };
 
 // Neither table is ever destroyed: static objects of a program may hold icons to the end.
@@ -41,7 +37,8 @@ const Picture* IconPicture(HICON icon) {
 
 const Picture* ImageListPicture(HIMAGELIST list, int index) {
     ImageList* found = ImageLists().Find(list);
-    return found != nullptr && found->Has(index) ? &found->At(index) : nullptr;
+    const bool isThere = found != nullptr && index >= 0 && index < static_cast<int>(found->pictures.size());
+    return isThere ? &found->pictures[static_cast<std::size_t>(index)] : nullptr;
 }
 
 SIZE ImageListSize(HIMAGELIST list) {
@@ -66,12 +63,11 @@ BOOL DrawIconEx(
     HDC context, int x, int y, HICON icon, int width, int height, UINT /*step*/, HBRUSH /*brush*/, UINT flags) {
     const Context* found = FindContext(context);
     const Picture* picture = IconPicture(icon);
-    if (found == nullptr || picture == nullptr || width < 0 || height < 0 || (flags & DI_NORMAL) == 0)
+    if (found == nullptr || picture == nullptr || width < 1 || height < 1 || (flags & DI_NORMAL) == 0)
         return FALSE;
-    const RECT place{x, y, x + (width != 0 ? width : DefaultIconSize), y + (height != 0 ? height : DefaultIconSize)};
     const ContextPainter painter(*found);
     if (painter.Shows())
-        painter->DrawPicture(Moved(place, found->origin), *picture);
+        painter->DrawPicture(Moved({x, y, x + width, y + height}, found->origin), *picture);
     return TRUE;
 }
 
@@ -88,16 +84,10 @@ BOOL ImageList_Destroy(HIMAGELIST list) { // NOLINT
 int ImageList_ReplaceIcon(HIMAGELIST list, int index, HICON icon) { // NOLINT
     ImageList* found = ImageLists().Find(list);
     const Picture* picture = IconPicture(icon);
-    if (found == nullptr || picture == nullptr)
+    if (found == nullptr || picture == nullptr || index != -1)
         return -1;
-    if (index == -1) {
-        found->pictures.push_back(*picture);
-        return static_cast<int>(found->pictures.size()) - 1;
-    }
-    if (!found->Has(index))
-        return -1;
-    found->At(index) = *picture;
-    return index;
+    found->pictures.push_back(*picture);
+    return static_cast<int>(found->pictures.size()) - 1;
 }
 
 BOOL ImageList_RemoveAll(HIMAGELIST list) { // NOLINT
@@ -106,11 +96,6 @@ BOOL ImageList_RemoveAll(HIMAGELIST list) { // NOLINT
         return FALSE;
     found->pictures.clear();
     return TRUE;
-}
-
-int ImageList_GetImageCount(HIMAGELIST list) { // NOLINT
-    const ImageList* found = ImageLists().Find(list);
-    return found != nullptr ? static_cast<int>(found->pictures.size()) : 0;
 }
 
 HICON ImageList_GetIcon(HIMAGELIST list, int index, UINT /*flags*/) { // NOLINT

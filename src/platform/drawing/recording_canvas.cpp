@@ -40,28 +40,16 @@ void RecordingCanvas::Fill(const RECT& rectangle, COLORREF /*color*/, int alpha)
     std::erase_if(texts_, [&](const PaintedText& text) { return Contains(covered, text.place); });
 }
 
-void RecordingCanvas::Line(POINT /*from*/, POINT /*to*/, COLORREF /*color*/, int /*width*/) {
-}
-
-void RecordingCanvas::Frame(const RECT& /*rectangle*/, COLORREF /*color*/, int /*width*/) {
-}
-
-void RecordingCanvas::Polygon(std::span<const POINT> /*points*/, COLORREF /*color*/) {
-}
-
 void RecordingCanvas::Text(int x, int y, std::wstring_view text, const FontDescription& font, COLORREF color) {
     const RECT place{x, y, x + measurer_.Width(font, text), y + measurer_.Metrics(font).Height()};
     if (IsRectEmpty(place) || (!clips_.empty() && !Intersects(place, clips_.back())))
         return;
-    const auto same = std::find_if(texts_.begin(), texts_.end(), [&](const PaintedText& known) {
-        return SameRectangle(known.place, place) && known.text == text && known.marks.control == marks_.control;
+    // What is painted in its own place again stands there once.
+    std::erase_if(texts_, [&](const PaintedText& known) {
+        return Contains(known.place, place) && Contains(place, known.place) && known.text == text
+            && known.marks.control == marks_.control;
     });
-    if (same != texts_.end())
-        texts_.erase(same);
     texts_.push_back({place, std::wstring(text), font, color, marks_});
-}
-
-void RecordingCanvas::DrawPicture(const RECT& /*place*/, const Picture& /*picture*/) {
 }
 
 } // namespace device

@@ -33,11 +33,11 @@ public:
     void PopClip() override;
     void SetMarks(const PaintMarks& marks) override;
     void Fill(const RECT& rectangle, COLORREF color, int alpha) override;
-    void Line(POINT from, POINT to, COLORREF color, int width) override;
-    void Frame(const RECT& rectangle, COLORREF color, int width) override;
-    void Polygon(std::span<const POINT> points, COLORREF color) override;
+    void Line(POINT /*from*/, POINT /*to*/, COLORREF /*color*/, int /*width*/) override { }
+    void Frame(const RECT& /*rectangle*/, COLORREF /*color*/, int /*width*/) override { }
+    void Polygon(std::span<const POINT> /*points*/, COLORREF /*color*/) override { }
     void Text(int x, int y, std::wstring_view text, const FontDescription& font, COLORREF color) override;
-    void DrawPicture(const RECT& place, const Picture& picture) override;
+    void DrawPicture(const RECT& /*place*/, const Picture& /*picture*/) override { }
 
 private:
     TextMeasurer& measurer_;

@@ -26,14 +26,6 @@ inline bool Contains(const RECT& outer, POINT point) {
     return point.x >= outer.left && point.x < outer.right && point.y >= outer.top && point.y < outer.bottom;
 }
 
-inline bool SameRectangle(const RECT& a, const RECT& b) {
-    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
-}
-
-inline int WidthOf(const RECT& rectangle) {
-    return static_cast<int>(rectangle.right - rectangle.left);
-}
-
 inline int HeightOf(const RECT& rectangle) {
     return static_cast<int>(rectangle.bottom - rectangle.top);
 }

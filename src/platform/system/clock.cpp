@@ -3,8 +3,9 @@
 #include "platform/system/environment.h"
 #include "platform/time.h"
 
-#include <charconv>
 #include <ctime>
+#include <regex>
+#include <string>
 
 namespace device {
 namespace {
@@ -19,52 +20,22 @@ Clock& TheClock() {
     return MadeForEnvironment<Clock>();
 }
 
-/// Takes exactly `digits` decimal digits off the front of `text`.
-bool TakeNumber(std::string_view& text, std::size_t digits, int& value) {
-    if (text.size() < digits || text.find_first_not_of("0123456789") < digits)
-        return false;
-    std::from_chars(text.data(), text.data() + digits, value);
-    text.remove_prefix(digits);
-    return true;
-}
-
-bool TakeCharacter(std::string_view& text, char character) {
-    if (text.empty() || text.front() != character)
-        return false;
-    text.remove_prefix(1);
-    return true;
-}
-
-bool TakeFraction(std::string_view& text, int& milliseconds) {
-    if (!TakeCharacter(text, '.'))
-        return true;
-    const std::size_t digits = std::min<std::size_t>(text.find_first_not_of("0123456789"), text.size());
-    if (digits == 0 || digits > 3 || !TakeNumber(text, digits, milliseconds))
-        return false;
-    for (std::size_t i = digits; i < 3; ++i)
-        milliseconds *= 10;
-    return true;
-}
-
 } // namespace
 
 std::optional<UtcTime> ParseUtcTime(std::string_view text) {
-    int year = 0;
-    int month = 0;
-    int day = 0;
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    int fraction = 0;
-    const bool read = TakeNumber(text, 4, year) && TakeCharacter(text, '-') && TakeNumber(text, 2, month)
-        && TakeCharacter(text, '-') && TakeNumber(text, 2, day) && TakeCharacter(text, 'T') && TakeNumber(text, 2, hour)
-        && TakeCharacter(text, ':') && TakeNumber(text, 2, minute) && TakeCharacter(text, ':')
-        && TakeNumber(text, 2, second) && TakeFraction(text, fraction) && text == "Z";
-    const year_month_day date{std::chrono::year{year}, std::chrono::month{static_cast<unsigned>(month)},
-        std::chrono::day{static_cast<unsigned>(day)}};
-    if (!read || !date.ok() || year < 1601 || hour > 23 || minute > 59 || second > 59)
+    static const char* const Pattern = "([0-9]{4})-([0-9]{2})-([0-9]{2})T([0-9]{2}):([0-9]{2}):([0-9]{2})"
+                                       "([.][0-9]{1,3})?Z";
+    std::cmatch parts;
+    if (!std::regex_match(text.data(), text.data() + text.size(), parts, std::regex{Pattern}))
         return std::nullopt;
-    return sys_days{date} + hours{hour} + minutes{minute} + seconds{second} + milliseconds{fraction};
+    const auto number = [&parts](std::size_t part) { return std::stoi(parts[part]); };
+    const year_month_day date{
+        year{number(1)}, month{static_cast<unsigned>(number(2))}, day{static_cast<unsigned>(number(3))}};
+    if (!date.ok() || number(1) < 1601 || number(4) > 23 || number(5) > 59 || number(6) > 59)
+        return std::nullopt;
+    const std::string fraction = parts[7].length() == 0 ? "0" : (parts[7].str() + "00").substr(1, 3);
+    return sys_days{date} + hours{number(4)} + minutes{number(5)} + seconds{number(6)}
+    + milliseconds{std::stoi(fraction)};
 }
 
 UtcTime UtcNow() {

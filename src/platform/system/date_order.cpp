@@ -13,24 +13,19 @@ const std::vector<ShortDatePart>& ShortDateOrder() {
     return TheLocale().DateOrder();
 }
 
-void AppendShortDatePart(const ShortDatePart& part, const SYSTEMTIME& date, std::wstring* text) {
+std::wstring ShortDatePartText(const ShortDatePart& part, const SYSTEMTIME& date) {
     const std::size_t least = part.leadingZero ? 2 : 1;
     switch (part.kind) {
     case ShortDatePart::Kind::Day:
-        return TheLocale().AppendDateDigits(date.wDay, least, text);
+        return TheLocale().DateDigits(date.wDay, least);
     case ShortDatePart::Kind::Month:
-        return TheLocale().AppendDateDigits(date.wMonth, least, text);
+        return TheLocale().DateDigits(date.wMonth, least);
     case ShortDatePart::Kind::Year:
-        return TheLocale().AppendDateDigits(date.wYear, YearDigits, text);
+        return TheLocale().DateDigits(date.wYear, YearDigits);
     case ShortDatePart::Kind::Literal:
-        *text += part.text;
+        break;
     }
-}
-
-std::wstring ShortDatePartText(const ShortDatePart& part, const SYSTEMTIME& date) {
-    std::wstring text;
-    AppendShortDatePart(part, date, &text);
-    return text;
+    return part.text;
 }
 
 } // namespace device

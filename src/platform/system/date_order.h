@@ -18,6 +18,5 @@ struct ShortDatePart {
 /// The locale's short date from front to back. It has each of day, month and year once.
 const std::vector<ShortDatePart>& ShortDateOrder();
 /// One piece as GetDateFormatW writes it, in the locale's digits. The year has four.
-void AppendShortDatePart(const ShortDatePart& part, const SYSTEMTIME& date, std::wstring* text);
 std::wstring ShortDatePartText(const ShortDatePart& part, const SYSTEMTIME& date);
 } // namespace device

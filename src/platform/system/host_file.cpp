@@ -37,8 +37,6 @@ LONG ErrorOf(int hostError) {
     case EEXIST:
     case ENOTEMPTY:
         return ERROR_ALREADY_EXISTS;
-    case EXDEV:
-        return ERROR_NOT_SAME_DEVICE;
     case ENOSPC:
     case EDQUOT:
     case EFBIG:

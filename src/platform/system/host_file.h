@@ -8,9 +8,7 @@
 #include <utility>
 
 namespace device {
-inline constexpr LONG ERROR_NOT_SAME_DEVICE = 17;
 inline constexpr LONG ERROR_LOCK_VIOLATION = 33;
-inline constexpr LONG ERROR_NOT_SUPPORTED = 50;
 inline constexpr LONG ERROR_DISK_FULL = 112;
 inline constexpr LONG ERROR_INSUFFICIENT_BUFFER = 122;
 

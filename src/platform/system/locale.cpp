@@ -92,7 +92,7 @@ int GetDateFormatW(
         return Fail(ERROR_INVALID_PARAMETER);
     std::wstring text;
     for (const device::ShortDatePart& part : device::ShortDateOrder())
-        device::AppendShortDatePart(part, shown, &text);
+        text += device::ShortDatePartText(part, shown);
     return Deliver(text, buffer, size);
 }
 

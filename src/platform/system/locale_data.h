@@ -27,7 +27,7 @@ public:
     const std::wstring& DecimalSeparator() const;
     const std::vector<ShortDatePart>& DateOrder() const;
     /// In the digits that the locale writes dates with, at least `digits` of them.
-    void AppendDateDigits(unsigned number, std::size_t digits, std::wstring* text) const;
+    std::wstring DateDigits(unsigned number, std::size_t digits) const;
 
 private:
     struct Library;

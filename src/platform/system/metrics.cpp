@@ -31,7 +31,6 @@ COLORREF GetSysColor(int index) {
     switch (index) {
     case COLOR_WINDOW:
     case COLOR_HIGHLIGHTTEXT:
-    case COLOR_CAPTIONTEXT:
         return RGB(0xFF, 0xFF, 0xFF);
     case COLOR_HIGHLIGHT:
         return RGB(0x1A, 0x4F, 0x9C);
@@ -39,25 +38,16 @@ COLORREF GetSysColor(int index) {
         return RGB(0xE4, 0xE6, 0xEA);
     case COLOR_GRAYTEXT:
         return RGB(0x6B, 0x6F, 0x76);
-    case COLOR_ACTIVECAPTION:
-        return RGB(0x2B, 0x34, 0x42);
-    case COLOR_WINDOWTEXT:
-    case COLOR_BTNTEXT:
-    default:
+    default: // the window's text among them
         return RGB(0, 0, 0);
     }
 }
 
 int GetSystemMetrics(int index) {
     switch (index) {
-    case SM_CXSCREEN:
-        return device::ScreenSize().cx;
-    case SM_CYSCREEN:
-        return device::ScreenSize().cy;
     case SM_CXVSCROLL:
         return device::Scaled(ScrollBarWidth);
     case SM_CXEDGE:
-    case SM_CYEDGE:
         return device::Scaled(EdgeWidth);
     default:
         return 0;

@@ -16,9 +16,6 @@
 
 namespace {
 
-constexpr HRESULT FirstTime = 0;
-constexpr HRESULT AgainDone = 1;
-
 /// Handles are numbers; a mutex lives as long as its number.
 struct OpenMutexes {
     std::map<std::uintptr_t, std::unique_ptr<device::NamedMutex>> byHandle;
@@ -28,8 +25,6 @@ struct OpenMutexes {
 OpenMutexes& TheMutexes() {
     return device::MadeForEnvironment<OpenMutexes>();
 }
-
-int initialisations = 0;
 
 /// The version of the program's own file; null for every other file, and for a program without one.
 const VersionResource* VersionOf(const wchar_t* path) {
@@ -69,15 +64,6 @@ BOOL CloseHandle(HANDLE handle) {
 
 void Sleep(DWORD milliseconds) {
     std::this_thread::sleep_for(std::chrono::milliseconds{milliseconds});
-}
-
-HRESULT CoInitializeEx(void* /*reserved*/, DWORD /*flags*/) {
-    return initialisations++ == 0 ? FirstTime : AgainDone;
-}
-
-void CoUninitialize() {
-    if (initialisations > 0)
-        --initialisations;
 }
 
 DWORD GetFileVersionInfoSizeW(const wchar_t* path, DWORD* handle) {

@@ -19,6 +19,9 @@ constexpr const char* HexDigits = "0123456789abcdef";
 /// A name of its own meaning to readers of key files, and the value without a name.
 constexpr std::string_view ReservedName = "Encoding";
 constexpr std::string_view NoName = "@";
+/// What may follow a backslash in a text, and what it stands for.
+constexpr std::string_view Letters = "snrt\\";
+constexpr std::string_view Meanings = " \n\r\t\\";
 
 bool IsPlain(char character) {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z')
@@ -48,34 +51,18 @@ bool TakePrefix(std::string_view& text, std::string_view prefix) {
 std::string EscapedText(std::string_view text) {
     std::string result;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        // Editors and readers cut blanks off the end of a line.
-        const bool lastBlank = text[i] == ' ' && i + 1 == text.size();
-        switch (lastBlank ? 's' : text[i]) {
-        case 's':
-            result += lastBlank ? "\\s" : "s";
-            break;
-        case '\n':
-            result += "\\n";
-            break;
-        case '\r':
-            result += "\\r";
-            break;
-        case '\t':
-            result += "\\t";
-            break;
-        case '\\':
-            result += "\\\\";
-            break;
-        default:
+        // A blank stands for itself but at the end of a line, where editors and readers cut it off.
+        const bool isPlainBlank = text[i] == ' ' && i + 1 < text.size();
+        const std::size_t meaning = isPlainBlank ? std::string_view::npos : Meanings.find(text[i]);
+        if (meaning == std::string_view::npos)
             result += text[i];
-        }
+        else
+            result.append({'\\', Letters[meaning]});
     }
     return result;
 }
 
 std::optional<std::string> UnescapedText(std::string_view text) {
-    static constexpr std::string_view Letters = "snrt\\";
-    static constexpr std::string_view Meanings = " \n\r\t\\";
     std::string result;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] != '\\') {
@@ -150,21 +137,16 @@ std::string EscapedName(const std::wstring& name, const char* alsoAllowed) {
     const std::string bytes = ToUtf8(name);
     if (bytes.empty())
         return std::string{NoName};
+    const bool isReserved = SameKeyName(bytes, ReservedName);
     std::string escaped;
     for (const char byte : bytes) {
-        if (IsPlain(byte) || (byte != '\0' && std::strchr(alsoAllowed, byte) != nullptr)) {
+        const bool isAllowed = IsPlain(byte) || (byte != '\0' && std::strchr(alsoAllowed, byte) != nullptr);
+        if (isAllowed && !(isReserved && escaped.empty())) {
             escaped += byte;
         } else {
             escaped += '%';
             AppendHex(escaped, byte);
         }
-    }
-    if (SameKeyName(escaped, std::string{ReservedName})) {
-        const char first = escaped.front();
-        escaped.erase(0, 1);
-        std::string head = "%";
-        AppendHex(head, first);
-        escaped.insert(0, head);
     }
     return escaped;
 }

@@ -62,7 +62,7 @@ TEST_F(DeviceContextTest, RestoreGoesBackToTheStateThatIsNamed) {
     }
     for (const auto& [state, restored, right] : {std::tuple{-1, 3U, 117}, {1, 1U, 400}}) {
         EXPECT_TRUE(RestoreDC(context, state));
-        EXPECT_EQ(ContextTextColor(context), restored);
+        EXPECT_EQ(SetTextColor(context, 0), restored);
         EXPECT_EQ(ContextClip(context).right, right);
     }
     for (const int bad : {-1, 0, 1, INT_MIN})
@@ -93,17 +93,6 @@ TEST_F(DeviceContextTest, TextGoesWhereTheFlagsSay) {
             runs += run.text + L'@' + std::to_wstring(run.place.left) + L',' + std::to_wstring(run.place.top) + L' ';
         EXPECT_EQ(runs, expected) << format;
     }
-}
-
-TEST_F(DeviceContextTest, MeasuringDrawsNothingAndGivesTheRoomNeeded) {
-    RECT place{5, 5, 45, 6};
-    EXPECT_EQ(DrawTextW(context, L"one two three", -1, &place, DT_CALCRECT | DT_WORDBREAK), 80);
-    EXPECT_EQ(place.right, 45) << "five letters do not fit: the long word is broken";
-    EXPECT_EQ(place.bottom, 85);
-    place = {5, 5, 6, 6};
-    EXPECT_EQ(DrawTextW(context, L"one two", 3, &place, DT_CALCRECT | DT_SINGLELINE), 20);
-    EXPECT_EQ(place.right, 35);
-    EXPECT_TRUE(canvas.Texts().empty());
 }
 
 } // namespace

@@ -107,7 +107,8 @@ TEST_F(LocaleTest, CaseIsMappedCharacterByCharacter) {
 
 TEST(Utf8, KeepsWhatItCanAndReplacesTheRest) {
     const std::pair<const char*, const wchar_t*> cases[] = {{"\xF0\x9F\x9A\x97!", L"\U0001F697!"},
-        {"\xE2\x82", L"\uFFFD\uFFFD"}, {"\xED\xA0\x80x", L"\uFFFD\uFFFD\uFFFDx"}, {"\xC3(", L"\uFFFD("}};
+        {"\xE2\x82", L"\uFFFD\uFFFD"}, {"\xED\xA0\x80x", L"\uFFFD\uFFFD\uFFFDx"}, {"\xC3(", L"\uFFFD("},
+        {"\xE0\x80\xAF", L"\uFFFD\uFFFD\uFFFD"}, {"\xF4\x90\x80\x80", L"\uFFFD\uFFFD\uFFFD\uFFFD"}};
     for (const auto& [bytes, text] : cases)
         EXPECT_EQ(device::FromUtf8(bytes), text);
     const std::wstring broken{static_cast<wchar_t>(0xD83D), static_cast<wchar_t>(0x110000), L'\0', L'ß'};

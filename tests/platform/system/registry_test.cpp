@@ -21,7 +21,7 @@ class RegistryTest : public DeviceTest {
 protected:
     static HKEY Create() {
         HKEY key = nullptr;
-        EXPECT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, Key, 0, nullptr, 0, KEY_READ_WRITE, nullptr, &key, nullptr),
+        EXPECT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, Key, 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr, &key, nullptr),
             ERROR_SUCCESS);
         return key;
     }

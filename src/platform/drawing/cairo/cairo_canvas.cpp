@@ -151,9 +151,6 @@ void CairoCanvas::PopClip() {
     surface_->PopClip();
 }
 
-void CairoCanvas::SetMarks(const PaintMarks& /*marks*/) {
-}
-
 void CairoCanvas::Fill(const RECT& rectangle, COLORREF color, int alpha) {
     surface_->SetColor(color, alpha);
     surface_->FillImage(surface_->Snap(rectangle));

@@ -29,7 +29,7 @@ public:
     void EndFrame() override;
     void PushClip(const RECT& clip) override;
     void PopClip() override;
-    void SetMarks(const PaintMarks& marks) override;
+    void SetMarks(const PaintMarks& /*marks*/) override { }
     void Fill(const RECT& rectangle, COLORREF color, int alpha) override;
     void Line(POINT from, POINT to, COLORREF color, int width) override;
     void Frame(const RECT& rectangle, COLORREF color, int width) override;

@@ -170,11 +170,11 @@ const std::vector<ShortDatePart>& LocaleData::DateOrder() const {
     return library_->dateOrder;
 }
 
-void LocaleData::AppendDateDigits(unsigned number, std::size_t digits, std::wstring* text) const {
-    const std::size_t start = text->size();
-    for (std::size_t count = 0; number != 0 || count < digits; number /= 10, ++count)
-        *text += library_->dateDigits[number % 10];
-    std::reverse(text->begin() + static_cast<std::ptrdiff_t>(start), text->end());
+std::wstring LocaleData::DateDigits(unsigned number, std::size_t digits) const {
+    std::wstring text;
+    for (; number != 0 || text.size() < digits; number /= 10)
+        text.insert(text.begin(), library_->dateDigits[number % 10]);
+    return text;
 }
 
 const LocaleData& TheLocale() {
