@@ -39,6 +39,8 @@ Status StatusOf(int code) {
         return Status::Invalid;
     case SQLITE_NOMEM: // so is one that asks for more than there is anywhere
         return HasMemory() ? Status::Invalid : Status::Failed;
+    case SQLITE_BUSY:
+        return Status::Locked;
     default:
         return Status::Failed;
     }
@@ -56,25 +58,12 @@ Status LookAt(const std::string& path, struct stat* info) {
     close(descriptor);
     if (reading == CFileHeader::Reading::TooShort || (reading == CFileHeader::Reading::Done && !header.IsOurs()))
         return Status::Invalid;
-    const bool isClear
-        = reading == CFileHeader::Reading::Done && PutStrangeJournalsAside(place.get()) == StoreFailure::None;
-    return isClear ? Status::Ok : Status::Failed;
-}
-
-/// The file may come from anywhere, so nothing that lies in it gets to run.
-void Distrust(sqlite3* connection) {
-    sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-    sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-    sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
-    sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
-    sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
-    sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_FKEY, 0, nullptr);
-    // What a -wal holds goes into the file only when the file was found to be good.
-    sqlite3_db_config(connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
-    // The file's own schema is parsed all the same. The length of texts stays unlimited.
-    sqlite3_limit(connection, SQLITE_LIMIT_ATTACHED, 0);
-    sqlite3_limit(connection, SQLITE_LIMIT_EXPR_DEPTH, DeepestExpression);
-    sqlite3_limit(connection, SQLITE_LIMIT_SQL_LENGTH, LongestStatement);
+    if (reading != CFileHeader::Reading::Done)
+        return Status::Failed;
+    const StoreFailure failure = PutStrangeJournalsAside(place.get());
+    if (failure == StoreFailure::Locked)
+        return Status::Locked;
+    return failure == StoreFailure::None ? Status::Ok : Status::Failed;
 }
 
 /// Tries again all the time: the library's own wait grows to tenths of a second, in which another program that writes
@@ -96,7 +85,7 @@ ConnectionHandle OpenConnection(const std::string& path) {
         path.c_str(), &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     ConnectionHandle connection(raw);
     Require(opened);
-    Distrust(raw);
+    PrepareForStrangers(raw);
     Require(sqlite3_busy_handler(raw, WaitForLock, nullptr));
     return connection;
 }
@@ -121,6 +110,21 @@ void UseRollbackJournal(sqlite3* connection) {
 }
 
 } // namespace
+
+void PrepareForStrangers(sqlite3* connection) {
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_FKEY, 0, nullptr);
+    // What a -wal holds goes into the file only when the file was found to be good.
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    // The file's own schema is parsed all the same. The length of texts stays unlimited.
+    sqlite3_limit(connection, SQLITE_LIMIT_ATTACHED, 0);
+    sqlite3_limit(connection, SQLITE_LIMIT_EXPR_DEPTH, DeepestExpression);
+    sqlite3_limit(connection, SQLITE_LIMIT_SQL_LENGTH, LongestStatement);
+}
 
 void CloseConnection::operator()(sqlite3* connection) const {
     sqlite3_close_v2(connection);

@@ -14,10 +14,14 @@ struct CloseConnection {
 };
 using ConnectionHandle = std::unique_ptr<sqlite3, CloseConnection>;
 
+/// What a connection to a file that may come from anywhere gets before its first statement: nothing that lies in the
+/// file gets to run.
+void PrepareForStrangers(sqlite3* connection);
+
 /// An open data file with its statements.
 class CDataFile {
 public:
-    enum class Status { Ok, Invalid, Failed };
+    enum class Status { Ok, Invalid, Locked, Failed };
 
     /// Opens a regular file of the host, and mends what would do harm later. Null, and the reason in `status`, where it
     /// cannot be used; then it is as it was.

@@ -16,7 +16,10 @@ CDataLayer::ConnectStatus StatusOfPath(const std::string& path) {
     struct stat info { };
     if (stat(path.c_str(), &info) != 0)
         return errno == ENOENT || errno == ENOTDIR ? CDataLayer::ConnectNotFound : CDataLayer::ConnectFailed;
-    return S_ISREG(info.st_mode) ? CDataLayer::ConnectOK : CDataLayer::ConnectInvalid;
+    if (!S_ISREG(info.st_mode))
+        return CDataLayer::ConnectInvalid;
+    constexpr mode_t AnybodyWrites = S_IWUSR | S_IWGRP | S_IWOTH;
+    return (info.st_mode & AnybodyWrites) == 0 ? CDataLayer::ConnectReadOnly : CDataLayer::ConnectOK;
 }
 
 /// Runs a statement whose two last parameters are the record's keys; true when it met the record.
@@ -83,20 +86,29 @@ template <typename Operation> int CDataLayer::Perform(Operation operation) {
 
 CDataLayer::ConnectStatus CDataLayer::Connect(const wchar_t* path) try {
     Disconnect();
-    path_ = path ? path : L"";
-    const std::optional<std::string> hostPath = HostPathOf(path_);
-    const ConnectStatus status = hostPath ? StatusOfPath(*hostPath) : ConnectNotFound;
+    const std::optional<std::string> hostPath = HostPathOf(path ? path : L"");
+    const ConnectStatus status = hostPath ? ConnectHostFile(*hostPath) : ConnectNotFound;
+    if (file_)
+        KeepDocumentsFolderOf(*hostPath);
+    return status;
+} catch (const std::exception&) {
+    return ConnectFailed;
+}
+
+CDataLayer::ConnectStatus CDataLayer::ConnectHostFile(const std::string& path) try {
+    Disconnect();
+    hostPath_ = path;
+    failure_ = StoreFailure::None;
+    const ConnectStatus status = StatusOfPath(hostPath_);
     if (status != ConnectOK)
         return status;
-    if ((GetFileAttributesW(path_.c_str()) & FILE_ATTRIBUTE_READONLY) != 0)
-        return ConnectReadOnly;
     auto opened = CDataFile::Status::Failed;
-    file_ = CDataFile::Open(*hostPath, &opened);
-    if (file_) {
+    file_ = CDataFile::Open(hostPath_, &opened);
+    if (file_)
         file_->Codec().Use(factory_.get());
-        KeepDocumentsFolderOf(*hostPath);
-    }
-    if (opened == CDataFile::Status::Failed)
+    if (opened == CDataFile::Status::Locked)
+        failure_ = StoreFailure::Locked;
+    if (opened == CDataFile::Status::Locked || opened == CDataFile::Status::Failed)
         return ConnectFailed;
     return file_ ? ConnectOK : ConnectInvalid;
 } catch (const std::exception&) {
@@ -105,12 +117,11 @@ CDataLayer::ConnectStatus CDataLayer::Connect(const wchar_t* path) try {
 
 void CDataLayer::Disconnect() {
     file_.reset();
-    path_.clear();
+    hostPath_.clear();
 }
 
 bool CDataLayer::IsReplaced() const try {
-    const std::optional<std::string> hostPath = HostPathOf(path_);
-    return hostPath && (file_ ? file_->IsReplacedAt(*hostPath) : StatusOfPath(*hostPath) == ConnectOK);
+    return file_ ? file_->IsReplacedAt(hostPath_) : StatusOfPath(hostPath_) == ConnectOK;
 } catch (const std::exception&) {
     return false;
 }
@@ -138,7 +149,7 @@ template <typename Record, typename... Keys> int CDataLayer::LoadAll(CObjectList
 
 int CDataLayer::Load(CObjectListT<CVehicle>* vehicles) {
     if (IsReplaced())
-        Connect(std::wstring(path_).c_str());
+        ConnectHostFile(std::string(hostPath_));
     return LoadAll(vehicles);
 }
 

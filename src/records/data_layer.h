@@ -34,6 +34,8 @@ public:
 
     /// Opens the data file at a device path; a file that was open is closed first. Never makes or overwrites a file.
     ConnectStatus Connect(const wchar_t* path);
+    /// The same for a file anywhere on the host. LastFailure() tells of ConnectFailed whether the file was locked.
+    ConnectStatus ConnectHostFile(const std::string& path);
     void Disconnect();
     /// Whether another file bears the name of the open one by now. The next Load of the vehicles opens that one; until
     /// then nothing can be stored.
@@ -84,7 +86,7 @@ private:
 
     CDefaultStringHelperFactory defaultFactory_;
     std::unique_ptr<CStringHelperFactory> factory_;
-    std::wstring path_; ///< that Connect was given
+    std::string hostPath_; ///< of the file that was to be opened last
     std::unique_ptr<CDataFile> file_; ///< null while not connected
     StoreFailure failure_ = StoreFailure::None;
 };

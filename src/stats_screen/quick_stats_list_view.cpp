@@ -4,7 +4,7 @@
 #include "lists/client_context.h"
 #include "platform/metrics.h"
 #include "resources/load_text.h"
-#include "stats_screen/quick_stats_rows.h"
+#include "stats/quick_stats_rows.h"
 
 namespace {
 

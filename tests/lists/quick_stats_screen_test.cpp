@@ -1,6 +1,6 @@
 #include "list_device.h"
 #include "stats/quick_stats.h"
-#include "stats_screen/quick_stats_rows.h"
+#include "stats/quick_stats_rows.h"
 
 using QuickStatsScreen = ListDevice;
 

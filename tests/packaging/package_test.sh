@@ -21,6 +21,16 @@ check() {
     if have "$1"; then "$@" || fail "$*"; fi
 }
 
+# The companion in `$1`/bin and its completion; the log is the one that the console has just made.
+tally_runs() {
+    HANDSET_STORAGE=$place/device "$1/bin/odoledger-tally" check >/dev/null || fail "the companion's check"
+    local words
+    words=$(PATH=$1/bin:$PATH bash -c "source '$1/share/bash-completion/completions/odoledger-tally'
+        COMP_WORDS=(odoledger-tally stats --for) COMP_CWORD=2; _odoledger_tally; echo \"\${COMPREPLY[*]}\"
+        COMP_WORDS=(odoledger-tally st) COMP_CWORD=1; _odoledger_tally; echo \"\${COMPREPLY[*]}\"")
+    [ "$words" = "--format"$'\n'"stats" ] || fail "completion: $words"
+}
+
 # The program in `$1`/bin makes its data file from the template that was installed with it.
 console_boots() {
     rm -rf "$place/device"
@@ -84,6 +94,7 @@ support_text_is_true() {
 
 cmake --install "$build" --prefix "$place/installed" >/dev/null
 console_boots "$place/installed"
+tally_runs "$place/installed"
 texts_are_valid "$place/installed"
 
 have dpkg-deb && have dpkg-shlibdeps || exit 0

@@ -1,4 +1,4 @@
-#include "stats_screen/quick_stats_rows.h"
+#include "stats/quick_stats_rows.h"
 
 #include "resources/ids.h"
 #include "resources/load_text.h"

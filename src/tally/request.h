@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <ostream>
+#include <string>
+
+namespace tally {
+
+/// Where results and words go.
+struct Surroundings {
+    std::ostream& out;
+    std::ostream& err;
+    bool hasColours = false; ///< on `out`
+    /// Tells a running program that its data file has changed.
+    std::function<void()> tellProgram = [] {};
+};
+
+/// What the ends of commands mean beside EX_OK and the failures of sysexits.h.
+inline constexpr int NothingToDo = 1;
+inline constexpr int SomethingSoon = 1;
+inline constexpr int SomethingOverdue = 2;
+
+enum class Format { Text, Csv, Json };
+
+/// A command line that was understood. Dates are OLE dates of whole days.
+struct Request {
+    std::string command;
+    std::string file; ///< the data file; empty for the program's
+    std::string vehicle; ///< by name; empty for all, or the only one
+    std::string output; ///< a file for the result; empty for standard output
+    Format format = Format::Text;
+    std::optional<double> from;
+    std::optional<double> to;
+    std::string period; ///< month, quarter or year; empty for none
+    int withinDays = 30;
+    int withinDistance = 500;
+    std::string target; ///< of a backup
+};
+
+} // namespace tally

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "../records/log_file.h"
+#include "../records/test_device.h"
+#include "resources/module.h"
+#include "settings/app_settings.h"
+#include "tally/commands.h"
+
+#include <sstream>
+#include <sysexits.h>
+
+struct Outcome {
+    int status;
+    std::string out;
+    std::string err;
+};
+
+/// A device with an empty log, on which the companion is run.
+class TallyDevice : public TestDevice {
+protected:
+    TallyDevice() {
+        device::SetModule(OdoledgerModule());
+        theSettings.DBPath[0] = L'\0';
+        theSettings.UnitDistance = theSettings.UnitVolume = theSettings.UnitFuelEconomy = 0;
+        CDataFile::Create(HostPath());
+    }
+    ~TallyDevice() override { device::SetModule(nullptr); }
+
+    Outcome Run(const std::vector<std::string>& arguments) {
+        std::ostringstream out;
+        std::ostringstream err;
+        tally::Surroundings surroundings{out, err, false, [this] { ++Told; }};
+        const int status = tally::Run(arguments, surroundings);
+        return {status, out.str(), err.str()};
+    }
+    static std::string Sql(const std::string& sql) { return LogFile(HostPath()).Run(sql); }
+
+    int Told = 0; ///< how often the running program was told of a change
+};
