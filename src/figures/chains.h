@@ -22,6 +22,7 @@ struct Chain {
     double date; ///< of the fill that ends it
     LONGLONG distance; ///< greater than 0
     double volume; ///< greater than 0
+    bool followsGap; ///< it does not begin where the one before it ended
 };
 
 /// Of a vehicle's entries, which are the whole log, oldest first. A fill that was missed, and a reading that is not

@@ -2,6 +2,7 @@
 
 #include "exchange/plain_text.h"
 #include "resources/module.h"
+#include "tally/commands.h"
 
 #include <CLI/CLI.hpp>
 #include <array>
@@ -61,6 +62,7 @@ public:
         AddBackup();
         AddList();
         AddStats();
+        AddChart();
         AddDue();
     }
 
@@ -133,6 +135,17 @@ private:
             ->type_name("PERIOD")
             ->check(OneOf({"month", "quarter", "year"}));
         AddFormat(command);
+    }
+
+    void AddChart() {
+        CLI::App& command = Add("chart", "Draw a vehicle's figures as SVG", "chart economy -o economy.svg");
+        std::string kinds;
+        for (const std::string& kind : ChartKinds())
+            kinds += (kinds.empty() ? "" : ", ") + kind;
+        command.add_option("KIND", request_.target, kinds)->required()->type_name("")->check(OneOf(ChartKinds()));
+        AddVehicle(command);
+        AddDays(command);
+        AddOutput(command);
     }
 
     void AddDue() {

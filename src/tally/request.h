@@ -35,7 +35,7 @@ struct Request {
     std::string period; ///< month, quarter or year; empty for none
     int withinDays = 30;
     int withinDistance = 500;
-    std::string target; ///< of a backup
+    std::string target; ///< the file of a backup, the kind of a chart
 };
 
 } // namespace tally

@@ -161,4 +161,31 @@ TEST_F(Commands, StatsAreThoseOfTheQuickStatsScreen) {
     }
 }
 
+TEST_F(Commands, ChartsOfALogAreTrueToIt) {
+    Sql(Roadster);
+    Sql("INSERT INTO entries VALUES (3, 1004, 1001, 39095, 1, 1400, 45, 15, 3, '', '', '');"
+        "INSERT INTO entries VALUES (4, 1005, 1001, 39100, 1, 1300, 45, 15, 3, '', '', '');" // a reading that is wrong
+        "INSERT INTO entries VALUES (5, 1006, 1001, 39110, 1, 1500, 30, 10, 3, '', '', '')");
+    const auto count = [](const std::string& text, const std::string& part) {
+        std::size_t found = 0;
+        for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+            ++found;
+        return found;
+    };
+    const std::string economy = Run({"chart", "economy"}).out;
+    EXPECT_EQ(count(economy, "<circle"), 2U);
+    EXPECT_EQ(count(economy, "2007-01-13: 26.67 mi/gal"), 1U) << economy;
+    EXPECT_EQ(count(Run({"chart", "price", "--from", "2007-01-14"}).out, "3.00 $/gal"), 2U);
+    // December 2006 has no entry and is there all the same.
+    const std::string costs = Run({"chart", "costs"}).out;
+    EXPECT_EQ(count(costs, "2006-12"), 1U) << costs;
+    EXPECT_EQ(count(costs, "2007-01 Fuel: 120.00 $"), 1U);
+    EXPECT_EQ(count(costs, "2006-10 Repair: 120.00 $"), 1U);
+    const std::string shares = Run({"chart", "shares"}).out;
+    EXPECT_LT(shares.find("55.6 % (150.00 $)"), shares.find("44.4 % (120.00 $)"));
+    for (const char* kind : {"economy", "price", "costs", "cost-per-distance", "distance", "shares"})
+        EXPECT_EQ(count(Run({"chart", kind, "--from", "2020-01-01"}).out, "Nothing to show"), 1U) << kind;
+    EXPECT_EQ(Run({"chart", "colours"}).status, EX_USAGE);
+}
+
 } // namespace
