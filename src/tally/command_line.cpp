@@ -64,6 +64,7 @@ public:
         AddStats();
         AddChart();
         AddDue();
+        AddCalendar();
     }
 
     CLI::App& App() { return app_; }
@@ -162,6 +163,13 @@ private:
             ->type_name("DISTANCE")
             ->check(CLI::NonNegativeNumber.description(""));
         AddFormat(command);
+    }
+
+    void AddCalendar() {
+        CLI::App& command
+            = Add("calendar", "Tell the reminders that have a date as iCalendar", "calendar -o vehicles.ics");
+        AddVehicle(command);
+        AddOutput(command);
     }
 
     Request& request_;

@@ -11,6 +11,7 @@ int Check(const Request& request, Surroundings& surroundings);
 int Backup(const Request& request, Surroundings& surroundings);
 int List(const Request& request, Surroundings& surroundings);
 int Stats(const Request& request, Surroundings& surroundings);
+int Calendar(const Request& request, Surroundings& surroundings);
 int Chart(const Request& request, Surroundings& surroundings);
 int Due(const Request& request, Surroundings& surroundings);
 

@@ -16,10 +16,6 @@
 namespace tally {
 namespace {
 
-/// A reminder by one of the two alone has, for the other, what is never reached.
-constexpr LONG NoOdometer = 2'000'000'000;
-constexpr double NoDate = 2957000; // in the year 9995
-
 enum class State { Later, Soon, Overdue };
 
 /// In UTC, as the dates of reminders are. Before every date where the clock shows none.

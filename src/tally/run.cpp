@@ -15,8 +15,8 @@ struct Command {
     int (*run)(const Request& request, Surroundings& surroundings);
 };
 
-constexpr Command Commands[]
-    = {{"check", Check}, {"backup", Backup}, {"list", List}, {"stats", Stats}, {"chart", Chart}, {"due", Due}};
+constexpr Command Commands[] = {{"check", Check}, {"backup", Backup}, {"list", List}, {"stats", Stats},
+    {"chart", Chart}, {"due", Due}, {"calendar", Calendar}};
 
 int Perform(const Request& request, Surroundings& surroundings) {
     theSettings.LoadSettings();

@@ -188,4 +188,23 @@ TEST_F(Commands, ChartsOfALogAreTrueToIt) {
     EXPECT_EQ(Run({"chart", "colours"}).status, EX_USAGE);
 }
 
+TEST_F(Commands, CalendarsHoldTheRemindersThatHaveADate) {
+    Sql(Roadster);
+    EXPECT_EQ(Run({"calendar"}).status, tally::NothingToDo);
+    Sql("INSERT INTO reminders VALUES (1, 1010, 1001, 46100.5, 2000000000, 'Belt; new, \\ ' || char(10) || '2', ''),"
+        "(2, 1011, 1001, 2958465, 9000, 'by reading alone', ''),"
+        "(3, 1012, 1001, 46101, 9000, printf('%.*c', 90, 'x') || char(8364) || char(8364), '')");
+    EXPECT_EQ(Run({"calendar"}).out,
+        "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//Odoledger//odoledger-tally//EN\r\n"
+        "BEGIN:VEVENT\r\nUID:reminder-1010-of-1001@odoledger.invalid\r\nDTSTAMP:20260315T100000Z\r\n"
+        "DTSTART;VALUE=DATE:20260319\r\nSUMMARY:Roadster (2007): Belt\\; new\\, \\\\ \\n2\r\nTRANSP:TRANSPARENT\r\n"
+        "END:VEVENT\r\n"
+        "BEGIN:VEVENT\r\nUID:reminder-1012-of-1001@odoledger.invalid\r\nDTSTAMP:20260315T100000Z\r\n"
+        "DTSTART;VALUE=DATE:20260320\r\n"
+        "SUMMARY:Roadster (2007): "
+            + std::string(50, 'x') + "\r\n " + std::string(40, 'x')
+            + "\xE2\x82\xAC\xE2\x82\xAC\r\n"
+              "DESCRIPTION:Or at 9\\,000 miles\r\nTRANSP:TRANSPARENT\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
+}
+
 } // namespace
