@@ -10,6 +10,7 @@
 namespace charts {
 
 struct Words {
+    std::string id; ///< of letters; on a page with several pictures each has its own
     std::string title;
     std::string description; ///< what the picture shows, in a sentence or two
     std::string unit; ///< of the values, such as "L/100 km"

@@ -70,7 +70,7 @@ void DrawColumn(Svg& svg, const Columns& chart, const ValueAxis& axis, std::size
 std::string ToSvg(const Columns& chart) {
     if (IsEmpty(chart))
         return Nothing(chart.words);
-    Svg svg(chart.words.title, chart.words.description);
+    Svg svg(chart.words.id, chart.words.title, chart.words.description);
     const ValueAxis axis = AxisOf(chart);
     DrawAxis(svg, axis, chart.words.unit);
     if (chart.kinds.size() > 1)

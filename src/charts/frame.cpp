@@ -26,7 +26,7 @@ std::string ColorOf(std::size_t part) {
 }
 
 std::string Nothing(const Words& words) {
-    Svg svg(words.title, words.description);
+    Svg svg(words.id, words.title, words.description);
     svg.Text(Svg::Width / 2, Svg::Height / 2, "Nothing to show yet.", Svg::Anchor::Middle);
     return svg.Finish();
 }

@@ -51,7 +51,7 @@ std::string ToSvg(const Lines& chart) {
     const Extent extent(chart);
     if (extent.count == 0)
         return Nothing(chart.words);
-    Svg svg(chart.words.title, chart.words.description);
+    Svg svg(chart.words.id, chart.words.title, chart.words.description);
     const ValueAxis axis = ValueAxis::For(extent.least, extent.most);
     DrawAxis(svg, axis, chart.words.unit);
     for (const DayTick& tick : DayTicks(extent.first, extent.last, MostDayTicks)) {

@@ -10,7 +10,7 @@ std::string ToSvg(const Shares& chart) {
         [](double sum, const Shares::Part& part) { return sum + part.value; });
     if (whole <= 0)
         return Nothing(chart.words);
-    Svg svg(chart.words.title, chart.words.description);
+    Svg svg(chart.words.id, chart.words.title, chart.words.description);
     std::size_t longest = 0;
     for (const Shares::Part& part : chart.parts)
         longest = std::max(longest, part.name.size());

@@ -53,10 +53,11 @@ std::string Escaped(const std::string& text) {
     return result;
 }
 
-Svg::Svg(const std::string& title, const std::string& description)
+Svg::Svg(const std::string& id, const std::string& title, const std::string& description)
     : text_("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " + NumberText(Width, 0) + ' '
-        + NumberText(Height, 0) + "\" role=\"img\" aria-labelledby=\"title description\">\n<title id=\"title\">"
-        + Escaped(title) + "</title>\n<desc id=\"description\">" + Escaped(description) + "</desc>\n" + Style) {
+        + NumberText(Height, 0) + "\" role=\"img\" aria-labelledby=\"" + id + "-title " + id + "-text\">\n<title id=\""
+        + id + "-title\">" + Escaped(title) + "</title>\n<desc id=\"" + id + "-text\">" + Escaped(description)
+        + "</desc>\n" + Style) {
     Text(16, 24, title, Anchor::Start, "title");
 }
 

@@ -13,7 +13,7 @@ public:
     static constexpr double Width = 720;
     static constexpr double Height = 360;
 
-    Svg(const std::string& title, const std::string& description);
+    Svg(const std::string& id, const std::string& title, const std::string& description);
 
     enum class Anchor { Start, Middle, End };
     void Text(double x, double y, const std::string& text, Anchor anchor, const char* style = "");

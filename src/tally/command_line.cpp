@@ -2,7 +2,7 @@
 
 #include "exchange/plain_text.h"
 #include "resources/module.h"
-#include "tally/commands.h"
+#include "tally/vehicle_charts.h"
 
 #include <CLI/CLI.hpp>
 #include <array>
@@ -63,6 +63,7 @@ public:
         AddList();
         AddStats();
         AddChart();
+        AddReport();
         AddDue();
         AddCalendar();
     }
@@ -144,6 +145,14 @@ private:
         for (const std::string& kind : ChartKinds())
             kinds += (kinds.empty() ? "" : ", ") + kind;
         command.add_option("KIND", request_.target, kinds)->required()->type_name("")->check(OneOf(ChartKinds()));
+        AddVehicle(command);
+        AddDays(command);
+        AddOutput(command);
+    }
+
+    void AddReport() {
+        CLI::App& command
+            = Add("report", "Put a vehicle's figures, charts, log and reminders on a page", "report -o car.html");
         AddVehicle(command);
         AddDays(command);
         AddOutput(command);

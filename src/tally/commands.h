@@ -13,10 +13,8 @@ int List(const Request& request, Surroundings& surroundings);
 int Stats(const Request& request, Surroundings& surroundings);
 int Calendar(const Request& request, Surroundings& surroundings);
 int Chart(const Request& request, Surroundings& surroundings);
+int Report(const Request& request, Surroundings& surroundings);
 int Due(const Request& request, Surroundings& surroundings);
-
-/// What a chart may show.
-std::vector<std::string> ChartKinds();
 
 /// A whole run, from the arguments (without the program's name) to the status.
 int Run(const std::vector<std::string>& arguments, Surroundings& surroundings);

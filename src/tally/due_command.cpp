@@ -4,8 +4,8 @@
 #include "records/record_dates.h"
 #include "tally/commands.h"
 #include "tally/log_entries.h"
+#include "tally/log_tables.h"
 #include "tally/open_log.h"
-#include "tally/table.h"
 #include "units/date_text.h"
 #include "units/number_text.h"
 #include "units/record_text.h"
@@ -87,6 +87,17 @@ State AddReminders(const CVehicle& vehicle, const Request& request, Table* table
 }
 
 } // namespace
+
+Table ReminderTable(const CVehicle& vehicle) {
+    Table table({{"reminder", L"Reminder"}, {"odometer", L"Due at", true}, {"date", L"Due on", true}});
+    CObjectListT<CNotification> reminders;
+    RequireLoaded(theDataLayer.Load(&reminders, vehicle.GetRefID()));
+    for (int i = 0; i < reminders.GetCount(); ++i) {
+        const CNotification& reminder = *reminders.Get(i);
+        table.Add({TextCell(reminder.GetName()), OdometerCell(reminder.GetOdometer()), DateCell(reminder.GetDate())});
+    }
+    return table;
+}
 
 int Due(const Request& request, Surroundings& surroundings) {
     const OpenLog log(PathOfLog(request.file));

@@ -2,8 +2,8 @@
 #include "platform/utf8.h"
 #include "tally/commands.h"
 #include "tally/log_entries.h"
+#include "tally/log_tables.h"
 #include "tally/open_log.h"
-#include "tally/table.h"
 #include "units/date_text.h"
 #include "units/number_text.h"
 #include "units/record_text.h"
@@ -40,9 +40,7 @@ void AddEntry(const CVehicle& vehicle, const CEntry& entry, Table* table) {
 
 } // namespace
 
-int List(const Request& request, Surroundings& surroundings) {
-    const OpenLog log(PathOfLog(request.file));
-    const std::vector<const CVehicle*> vehicles = log.Chosen(request.vehicle);
+Table EntryTable(const std::vector<const CVehicle*>& vehicles, const Request& request) {
     Table table = MakeTable(vehicles.size() > 1);
     for (const CVehicle* vehicle : vehicles) {
         const CEntryFilter filter = FilterOf(*vehicle, request);
@@ -51,6 +49,12 @@ int List(const Request& request, Surroundings& surroundings) {
         for (int i = 0; i < entries.GetCount(); ++i)
             AddEntry(*vehicle, *entries.Get(i), &table);
     }
+    return table;
+}
+
+int List(const Request& request, Surroundings& surroundings) {
+    const OpenLog log(PathOfLog(request.file));
+    const Table table = EntryTable(log.Chosen(request.vehicle), request);
     Deliver(table.Write(request.format, surroundings.hasColours && request.output.empty()), request, surroundings);
     return EX_OK;
 }

@@ -16,7 +16,7 @@ struct Command {
 };
 
 constexpr Command Commands[] = {{"check", Check}, {"backup", Backup}, {"list", List}, {"stats", Stats},
-    {"chart", Chart}, {"due", Due}, {"calendar", Calendar}};
+    {"chart", Chart}, {"report", Report}, {"due", Due}, {"calendar", Calendar}};
 
 int Perform(const Request& request, Surroundings& surroundings) {
     theSettings.LoadSettings();

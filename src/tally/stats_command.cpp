@@ -5,8 +5,8 @@
 #include "stats/quick_stats_rows.h"
 #include "tally/commands.h"
 #include "tally/log_entries.h"
+#include "tally/log_tables.h"
 #include "tally/open_log.h"
-#include "tally/table.h"
 #include "units/date_text.h"
 #include "units/number_text.h"
 #include "units/units.h"
@@ -70,23 +70,6 @@ std::wstring OpenRange(const Request& request) {
     return request.to && !request.from ? L"until " + DateText(*request.to) : L"";
 }
 
-Table TenFigures(const CVehicle& vehicle, const Request& request) {
-    CEntryFilter filter = FilterOf(vehicle, request);
-    CQuickStats stats;
-    RequireLoaded(stats.Calculate(&filter));
-    using For = Table::For;
-    Table table({{"figure", L"", false, For::Programs}, {"label", L"", false, For::People},
-        {"value", L"", true, For::Programs}, {"unit", L"", false, For::Programs}, {"text", L""}});
-    for (int row = 0; row < QuickStatsRowCount; ++row) {
-        const Figure& figure = Figures[row];
-        const std::wstring range = row == 0 ? OpenRange(request) : L"";
-        table.Add({{L"", std::string(figure.key)}, {LoadText(QuickStatsLabelId(row)), {}},
-            {L"", range.empty() ? figure.value(stats) : Value(device::ToUtf8(range))}, TextCell(figure.unit()),
-            TextCell(range.empty() ? QuickStatsValueText(row, &stats) : range)});
-    }
-    return table;
-}
-
 Cell Money(double value) {
     return NumberCell(NumberText(static_cast<float>(value), true, true), static_cast<float>(value));
 }
@@ -138,10 +121,27 @@ Table ByPeriods(const CVehicle& vehicle, const Request& request) {
 
 } // namespace
 
+Table FigureTable(const CVehicle& vehicle, const Request& request) {
+    CEntryFilter filter = FilterOf(vehicle, request);
+    CQuickStats stats;
+    RequireLoaded(stats.Calculate(&filter));
+    using For = Table::For;
+    Table table({{"figure", L"", false, For::Programs}, {"label", L"", false, For::People},
+        {"value", L"", true, For::Programs}, {"unit", L"", false, For::Programs}, {"text", L""}});
+    for (int row = 0; row < QuickStatsRowCount; ++row) {
+        const Figure& figure = Figures[row];
+        const std::wstring range = row == 0 ? OpenRange(request) : L"";
+        table.Add({{L"", std::string(figure.key)}, {LoadText(QuickStatsLabelId(row)), {}},
+            {L"", range.empty() ? figure.value(stats) : Value(device::ToUtf8(range))}, TextCell(figure.unit()),
+            TextCell(range.empty() ? QuickStatsValueText(row, &stats) : range)});
+    }
+    return table;
+}
+
 int Stats(const Request& request, Surroundings& surroundings) {
     const OpenLog log(PathOfLog(request.file));
     const CVehicle& vehicle = log.TheOne(request.vehicle);
-    const Table table = request.period.empty() ? TenFigures(vehicle, request) : ByPeriods(vehicle, request);
+    const Table table = request.period.empty() ? FigureTable(vehicle, request) : ByPeriods(vehicle, request);
     Deliver(table.Write(request.format, surroundings.hasColours && request.output.empty()), request, surroundings);
     return EX_OK;
 }

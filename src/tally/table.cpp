@@ -1,5 +1,7 @@
 #include "tally/table.h"
 
+#include "charts/svg.h"
+
 #include "exchange/plain_text.h"
 #include "platform/utf8.h"
 #include "tally/failure.h"
@@ -121,6 +123,28 @@ std::string Table::WriteCsv() const {
     for (const auto& row : rows_)
         addLine([&](std::size_t column) { return CsvValue(row[column].value); });
     return result;
+}
+
+std::string Table::Html() const {
+    std::string result = "<table>\n";
+    const auto addRow = [&](const char* tag, const auto& textOf) {
+        result += "<tr>";
+        for (std::size_t column = 0; column < columns_.size(); ++column) {
+            if (columns_[column].whom == For::Programs)
+                continue;
+            const std::string name = tag;
+            result += '<' + name + (columns_[column].isNumber ? " class=\"number\">" : ">")
+                + charts::Escaped(device::ToUtf8(textOf(column))) + "</" + name + '>';
+        }
+        result += "</tr>\n";
+    };
+    const bool hasTitles = std::any_of(columns_.begin(), columns_.end(),
+        [](const Column& column) { return column.whom != For::Programs && !column.title.empty(); });
+    if (hasTitles)
+        addRow("th", [&](std::size_t column) { return columns_[column].title; });
+    for (const auto& row : rows_)
+        addRow("td", [&](std::size_t column) { return row[column].shown; });
+    return result + "</table>\n";
 }
 
 std::string Table::WriteJson() const {

@@ -39,6 +39,8 @@ public:
     /// A cell for each column.
     void Add(std::vector<Cell> row);
     bool IsEmpty() const { return rows_.empty(); }
+    /// The rows and columns that are for people, as an HTML table.
+    std::string Html() const;
     std::string Write(Format format, bool hasColours) const;
 
 private:

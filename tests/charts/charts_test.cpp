@@ -50,13 +50,13 @@ TEST(Scale, DaysAreMarkedByMonthsOrYears) {
 }
 
 TEST(Charts, LinesBreakWhereNothingIsKnown) {
-    Lines chart{{"A & B", "<none>", "L/100 km"}, {}};
+    Lines chart{{"a", "A & B", "<none>", "L/100 km"}, {}};
     EXPECT_EQ(Count(ToSvg(chart), "Nothing to show"), 1U);
     chart.runs = {{{Day{2026y / 1 / 1}, 6}, {Day{2026y / 1 / 9}, 8}}, {{Day{2026y / 2 / 1}, 7}}};
     const std::string svg = ToSvg(chart);
     EXPECT_EQ(Count(svg, "M[0-9]"), 2U);
     EXPECT_EQ(Count(svg, "<circle"), 3U);
-    EXPECT_EQ(Count(svg, "<title id=\"title\">A &amp; B</title>\n<desc id=\"description\">&lt;none&gt;"), 1U);
+    EXPECT_EQ(Count(svg, "<title id=\"a-title\">A &amp; B</title>\n<desc id=\"a-text\">&lt;none&gt;"), 1U);
     EXPECT_EQ(Count(svg, "2026-01-09: 8.00 L/100 km"), 1U);
     // The first and the last day stand at the ends.
     EXPECT_EQ(Count(svg, "M64.00 "), 1U);
@@ -68,17 +68,18 @@ TEST(Charts, LinesBreakWhereNothingIsKnown) {
 }
 
 TEST(Charts, ColumnsStandOnEachOtherAndCountDownwardsBelowZero) {
-    const Columns chart{{"Cost", "By kind.", "EUR"}, {"2026-01", "2026-02"}, {{"Fuel", {30, 0}}, {"Other", {20, -50}}}};
+    const Columns chart{
+        {"c", "Cost", "By kind.", "EUR"}, {"2026-01", "2026-02"}, {{"Fuel", {30, 0}}, {"Other", {20, -50}}}};
     const std::string svg = ToSvg(chart);
     // -60 to 60 over 264 pixels from 56 on: 2.2 a unit.
     EXPECT_EQ(Count(svg, "y=\"122.00\" width=\"[0-9.]*\" height=\"66.00\" class=\"k0\""), 1U);
     EXPECT_EQ(Count(svg, "y=\"78.00\" width=\"[0-9.]*\" height=\"44.00\" class=\"k1\""), 1U);
     EXPECT_EQ(Count(svg, "y=\"188.00\" width=\"[0-9.]*\" height=\"110.00\" class=\"k1\""), 1U);
-    EXPECT_EQ(Count(ToSvg(Columns{{"Cost", "", "EUR"}, {"2026"}, {{"Fuel", {0}}}}), "Nothing to show"), 1U);
+    EXPECT_EQ(Count(ToSvg(Columns{{"c", "Cost", "", "EUR"}, {"2026"}, {{"Fuel", {0}}}}), "Nothing to show"), 1U);
 }
 
 TEST(Charts, SharesAreOfTheWhole) {
-    const std::string svg = ToSvg(Shares{{"Share", "", "EUR"}, {{"Fuel", 300}, {"Other", 100}}});
+    const std::string svg = ToSvg(Shares{{"s", "Share", "", "EUR"}, {{"Fuel", 300}, {"Other", 100}}});
     EXPECT_EQ(Count(svg, "75.0 % \\(300.00 EUR\\)</text>"), 1U);
     EXPECT_EQ(Count(svg, "25.0 % \\(100.00 EUR\\)</text>"), 1U);
 }

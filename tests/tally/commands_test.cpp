@@ -207,4 +207,18 @@ TEST_F(Commands, CalendarsHoldTheRemindersThatHaveADate) {
               "DESCRIPTION:Or at 9\\,000 miles\r\nTRANSP:TRANSPARENT\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
 }
 
+TEST_F(Commands, AReportIsOneWholePage) {
+    Sql(Roadster);
+    Sql("UPDATE vehicles SET name = '<b>&'; INSERT INTO reminders VALUES (1, 1010, 1001, 46100, 2000000000, 'Belt', "
+        "'')");
+    const Outcome outcome = Run({"report"});
+    EXPECT_EQ(outcome.status, 0);
+    // Nothing is loaded from elsewhere, no text is taken for markup, and no name stands for two things.
+    for (const char* wanted : {"<h1>&lt;b&gt;&amp; (2007)</h1>", "<td>Belt</td><td class=\"number\">no odometer</td>",
+             "<td>Oil (Gar age)</td>", "<td>Average fuel economy:</td>", "id=\"economy-title\"", "id=\"shares-title\""})
+        EXPECT_NE(outcome.out.find(wanted), std::string::npos) << wanted;
+    for (const char* unwanted : {"src=", "href=", "<b>&", "url("})
+        EXPECT_EQ(outcome.out.find(unwanted), std::string::npos) << unwanted;
+}
+
 } // namespace

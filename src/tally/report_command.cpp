@@ -1,0 +1,65 @@
+#include "charts/svg.h"
+#include "platform/utf8.h"
+#include "tally/commands.h"
+#include "tally/log_tables.h"
+#include "tally/open_log.h"
+#include "tally/vehicle_charts.h"
+#include "units/date_text.h"
+#include "units/number_text.h"
+#include "units/record_text.h"
+#include "units/units.h"
+
+#include <sysexits.h>
+
+namespace tally {
+namespace {
+
+/// For A4 and Letter: nothing is wider than the page, and no chart, row or heading alone is torn.
+constexpr const char* Style = R"(<style>
+:root { color-scheme: light dark }
+body { font: 16px sans-serif; max-width: 760px; margin: 1em auto; padding: 0 1em; color: #222; background: #fff }
+h2 { margin-top: 1.6em } svg { display: block; width: 100%; margin: 1em 0 } p { color: inherit }
+table { border-collapse: collapse; width: 100%; font-size: 14px }
+td, th { padding: 3px 8px; border-bottom: 1px solid #ccc; text-align: left; vertical-align: top; overflow-wrap: anywhere }
+.number { text-align: right; white-space: nowrap }
+@media (prefers-color-scheme: dark) { body { color: #ddd; background: #1b1b1b } td, th { border-color: #444 } }
+@media print {
+@page { margin: 15mm }
+:root { color-scheme: light } body { max-width: none; margin: 0; padding: 0; font-size: 11pt; color: #000; background: #fff }
+svg, tr { break-inside: avoid } h2 { break-after: avoid } table { font-size: 9pt }
+}
+</style>
+)";
+
+std::string Section(const char* title, const std::string& content) {
+    return std::string("<h2>") + title + "</h2>\n" + content;
+}
+
+std::string About(const CVehicle& vehicle) {
+    const std::wstring reading = NumberText(static_cast<float>(vehicle.GetCurrentOdometer()), false, false);
+    return "<p>" + charts::Escaped(device::ToUtf8(reading + L' ' + DistanceUnitName(false, true))) + "</p>\n";
+}
+
+} // namespace
+
+int Report(const Request& request, Surroundings& surroundings) {
+    const OpenLog log(PathOfLog(request.file));
+    const CVehicle& vehicle = log.TheOne(request.vehicle);
+    const std::string name = charts::Escaped(device::ToUtf8(VehicleTitleText(&vehicle)));
+    std::string charts;
+    const VehicleLog entries(vehicle, request);
+    for (const std::string& kind : ChartKinds())
+        charts += DrawChart(kind, entries);
+    std::string page = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+                       "<meta name=\"viewport\" content=\"width=device-width\">\n<title>"
+        + name + "</title>\n" + Style + "</head>\n<body>\n<h1>" + name + "</h1>\n" + About(vehicle);
+    page += Section("Figures", FigureTable(vehicle, request).Html());
+    page += Section("Charts", charts);
+    if (const Table reminders = ReminderTable(vehicle); !reminders.IsEmpty())
+        page += Section("Reminders", reminders.Html());
+    page += Section("Log", EntryTable({&vehicle}, request).Html());
+    Deliver(page + "</body>\n</html>\n", request, surroundings);
+    return EX_OK;
+}
+
+} // namespace tally
