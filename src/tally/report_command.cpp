@@ -31,13 +31,21 @@ svg, tr { break-inside: avoid } h2 { break-after: avoid } table { font-size: 9pt
 </style>
 )";
 
-std::string Section(const char* title, const std::string& content) {
-    return std::string("<h2>") + title + "</h2>\n" + content;
+void AddSection(std::string* page, const char* title, const std::string& content) {
+    page->append("<h2>").append(title).append("</h2>\n").append(content);
 }
 
 std::string About(const CVehicle& vehicle) {
     const std::wstring reading = NumberText(static_cast<float>(vehicle.GetCurrentOdometer()), false, false);
     return "<p>" + charts::Escaped(device::ToUtf8(reading + L' ' + DistanceUnitName(false, true))) + "</p>\n";
+}
+
+std::string Charts(const CVehicle& vehicle, const Request& request) {
+    const VehicleLog log(vehicle, request);
+    std::string charts;
+    for (const std::string& kind : ChartKinds())
+        charts += DrawChart(kind, log);
+    return charts;
 }
 
 } // namespace
@@ -46,19 +54,16 @@ int Report(const Request& request, Surroundings& surroundings) {
     const OpenLog log(PathOfLog(request.file));
     const CVehicle& vehicle = log.TheOne(request.vehicle);
     const std::string name = charts::Escaped(device::ToUtf8(VehicleTitleText(&vehicle)));
-    std::string charts;
-    const VehicleLog entries(vehicle, request);
-    for (const std::string& kind : ChartKinds())
-        charts += DrawChart(kind, entries);
     std::string page = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
                        "<meta name=\"viewport\" content=\"width=device-width\">\n<title>"
         + name + "</title>\n" + Style + "</head>\n<body>\n<h1>" + name + "</h1>\n" + About(vehicle);
-    page += Section("Figures", FigureTable(vehicle, request).Html());
-    page += Section("Charts", charts);
+    AddSection(&page, "Figures", FigureTable(vehicle, request).Html());
+    AddSection(&page, "Charts", Charts(vehicle, request));
     if (const Table reminders = ReminderTable(vehicle); !reminders.IsEmpty())
-        page += Section("Reminders", reminders.Html());
-    page += Section("Log", EntryTable({&vehicle}, request).Html());
-    Deliver(page + "</body>\n</html>\n", request, surroundings);
+        AddSection(&page, "Reminders", reminders.Html());
+    AddSection(&page, "Log", EntryTable({&vehicle}, request).Html());
+    page += "</body>\n</html>\n";
+    Deliver(page, request, surroundings);
     return EX_OK;
 }
 
