@@ -103,6 +103,7 @@ private:
     void RouteSoftKey(bool left, bool down);
     void RouteBack(Window& top, bool down);
     void DropMessagesOf(HWND window);
+    void Bury(HWND handle);
     void ClearGraveyard();
     void TellTitle();
 

@@ -50,7 +50,7 @@ SoftKeyBar* SoftKeyBar::Of(HWND topLevel) {
 
 LRESULT SoftKeyBar::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != SHCMBM_OVERRIDEKEY)
-        return DefWindowProcW(Handle(), message, wParam, lParam);
+        return Control::Message(message, wParam, lParam);
     const auto key = static_cast<WORD>(wParam);
     const auto mask = static_cast<DWORD>(lParam) >> 16U;
     const auto flags = static_cast<DWORD>(lParam) & 0xFFFFU;

@@ -35,8 +35,10 @@ public:
     /// Opens the right soft key's popup; nothing happens where that key has none.
     static void OpenMenu(HWND topLevel, std::optional<POINT> at);
 
-    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool TakesFocus() const override { return false; }
+
+protected:
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
     HWND owner_ = nullptr;

@@ -10,12 +10,7 @@ DialogItemTemplate EditItem(UINT id, int y, DWORD style = 0, const wchar_t* text
 
 } // namespace
 
-class EditTest : public ControlTest {
-protected:
-    static void ExpectSelection(HWND window, std::size_t start, std::size_t end) {
-        EXPECT_EQ(SendMessageW(window, EM_GETSEL, 0, 0), MAKELPARAM(start, end));
-    }
-};
+using EditTest = ControlTest;
 
 TEST_F(EditTest, KeysMoveSelectAndDelete) {
     Run({EditItem(10, 0, 0, L"abcdef")},

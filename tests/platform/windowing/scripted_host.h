@@ -108,11 +108,7 @@ public:
     std::vector<device::PointerShape> shapes;
 };
 
-inline std::wstring TextOf(HWND window) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');
-    GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1);
-    return text;
-}
+using device::TextOf;
 
 /// Ends a dialog from inside a step: its loop looks up when a message comes.
 inline void Close(HWND dialog, LONG_PTR result) {
