@@ -24,10 +24,7 @@ HandleTable<HDC, Context>& Contexts() {
     return *contexts;
 }
 
-DrawingHooks& Hooks() {
-    static DrawingHooks hooks;
-    return hooks;
-}
+bool (*describeWindow)(HWND window, ContextTarget& target) = nullptr;
 
 /// Puts an object that was selected before back into `handle`, and gives what stood there.
 HGDIOBJ Select(ContextState& state, HGDIOBJ handle, const GdiObject& object) {
@@ -62,8 +59,8 @@ ContextPainter::~ContextPainter() {
         canvas_->PopClip();
 }
 
-void SetDrawingHooks(const DrawingHooks& hooks) {
-    Hooks() = hooks;
+void SetWindowTarget(bool (*describe)(HWND window, ContextTarget& target)) {
+    describeWindow = describe;
 }
 
 HDC CreateContext(const ContextTarget& target) {
@@ -77,15 +74,6 @@ HDC CreateContext(const ContextTarget& target) {
     state.clip = target.clip;
     state.marks = target.marks;
     return Contexts().Add(std::move(context));
-}
-
-HDC CreateContext(Canvas& canvas, POINT origin, const RECT& clip, HFONT font) {
-    ContextTarget target;
-    target.canvas = &canvas;
-    target.origin = origin;
-    target.clip = clip;
-    target.font = font;
-    return CreateContext(target);
 }
 
 bool DestroyContext(HDC context) {
@@ -142,8 +130,7 @@ using namespace device;
 
 HDC GetDC(HWND window) {
     ContextTarget target;
-    const auto describe = Hooks().windowTarget;
-    const bool found = describe != nullptr ? describe(window, target) : window == nullptr;
+    const bool found = describeWindow != nullptr ? describeWindow(window, target) : window == nullptr;
     return found ? CreateContext(target) : nullptr;
 }
 

@@ -88,6 +88,10 @@ inline POINT PointOf(LPARAM packed) {
 
 using ControlFactory = std::unique_ptr<Control> (*)(HWND window);
 
+template <typename Kind> std::unique_ptr<Control> MakeControl(HWND window) {
+    return std::make_unique<Kind>(window);
+}
+
 /// Makes a class of the device's own known; done once, when the device is switched on.
 void RegisterControlClass(const wchar_t* className, ControlFactory factory);
 /// All classes of controls/.

@@ -190,8 +190,7 @@ int MessageBoxW(HWND owner, const wchar_t* text, const wchar_t* caption, UINT st
     Desktop& desktop = Desktop::The();
     if (!desktop.IsOn())
         return 0;
-    RegisterControlClass(
-        BoxClass, [](HWND window) -> std::unique_ptr<Control> { return std::make_unique<MessagePanel>(window); });
+    RegisterControlClass(BoxClass, MakeControl<MessagePanel>);
     if (!IsWindow(owner))
         owner = desktop.Active();
     const HWND handle = CreateWindowExW(

@@ -9,6 +9,10 @@
 
 namespace device {
 
+/// Where a click presses a soft key, and which one.
+bool IsOnSoftKeys(POINT point);
+bool IsLeftSoftKey(POINT point);
+
 /// The bar of two soft keys of one top-level window, with its popups.
 class SoftKeyBar final : public Control {
 public:

@@ -57,7 +57,7 @@ protected:
             steps);
     }
     Step Pasting(const wchar_t* text) {
-        return [this, text] { host.events.push_back({Kind::Paste, 0, 0, 0, false, 0, 0, 0, Button::Left, text}); };
+        return [this, text] { host.events.push_back({.kind = Kind::Paste, .text = text}); };
     }
 
     RECT ClientOf(UINT id) const { return ScreenClient(*device::FindWindowRecord(Item(static_cast<int>(id)))); }
