@@ -24,6 +24,13 @@ HandleTable<HDC, Context>& Contexts() {
     return *contexts;
 }
 
+/// A stale handle's draws where nobody looks.
+const Context& ContextOrBlank(HDC context) {
+    static const Context blank{&NoScreen(), {}, {}, {}};
+    const Context* found = FindContext(context);
+    return found != nullptr ? *found : blank;
+}
+
 bool (*describeWindow)(HWND window, ContextTarget& target) = nullptr;
 
 /// Puts an object that was selected before back into `handle`, and gives what stood there.
@@ -86,8 +93,7 @@ void SetContextMarks(HDC context, const PaintMarks& marks) {
 }
 
 PaintMarks ContextMarks(HDC context) {
-    const Context* found = FindContext(context);
-    return found != nullptr ? found->state.marks : PaintMarks{};
+    return ContextOrBlank(context).state.marks;
 }
 
 void ClipContext(HDC context, const RECT& clip) {
@@ -96,23 +102,15 @@ void ClipContext(HDC context, const RECT& clip) {
 }
 
 Canvas& ContextCanvas(HDC context) {
-    const Context* found = FindContext(context);
-    return found != nullptr ? *found->canvas : NoScreen();
+    return *ContextOrBlank(context).canvas;
 }
 
 POINT ContextOrigin(HDC context) {
-    const Context* found = FindContext(context);
-    return found != nullptr ? found->origin : POINT{};
+    return ContextOrBlank(context).origin;
 }
 
 RECT ContextClip(HDC context) {
-    const Context* found = FindContext(context);
-    return found != nullptr ? found->state.clip : RECT{};
-}
-
-const FontDescription& ContextFont(HDC context) {
-    const Context* found = FindContext(context);
-    return found != nullptr ? *found->state.fontDescription : FontOf(nullptr);
+    return ContextOrBlank(context).state.clip;
 }
 
 RECT ToCanvas(HDC context, const RECT& rectangle) {

@@ -35,8 +35,6 @@ Canvas& ContextCanvas(HDC context);
 POINT ContextOrigin(HDC context);
 /// In the canvas's coordinates.
 RECT ContextClip(HDC context);
-/// The font that is selected, as it was asked for.
-const FontDescription& ContextFont(HDC context);
 
 /// The system font's for anything that is not a font.
 const FontDescription& FontOf(HFONT font);

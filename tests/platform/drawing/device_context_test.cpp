@@ -48,7 +48,9 @@ TEST_F(DeviceContextTest, FontsKeepTheirDescriptionAndOutliveTheirHandleInAConte
     EXPECT_EQ(FontOf(font).face, std::wstring(LF_FACESIZE, L'W')) << "a face name may fill its field without a NUL";
     EXPECT_EQ(SelectObject(context, font), system);
     EXPECT_TRUE(DeleteObject(font));
-    EXPECT_EQ(ContextFont(context).height, 20);
+    RECT place{0, 0, 50, 50};
+    DrawTextW(context, L"x", -1, &place, 0);
+    EXPECT_EQ(canvas.Texts().back().font.height, 20);
     EXPECT_EQ(SelectObject(context, system), font);
     DeleteObject(system);
     EXPECT_NE(GetObjectW(system, sizeof(description), &description), 0) << "it is never deleted";
