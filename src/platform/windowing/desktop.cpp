@@ -40,7 +40,7 @@ void Desktop::SwitchOn(Host& host) {
     beeps = messageBoxBeeps = goBacks = fronts = waitCursors = 0;
     toldTitle_.clear();
     RegisterControls();
-    SetDrawingHooks({WindowTarget});
+    SetWindowTarget(WindowTarget);
     InvalidateAll();
 }
 

@@ -78,10 +78,6 @@ TEST_F(DialogTest, AKeyThatClosesAMessageBoxReachesNobodyElse) {
 }
 
 TEST_F(DialogTest, AHeldKeyActsInTheControlThatHeardItFirst) {
-    const auto hold = [this](WORD key) {
-        for (int times = 0; times < 3; ++times)
-            host.events.push_back({ScriptedHost::Event::Kind::KeyDown, key});
-    };
     const auto hold1 = [this] {
         for (const bool isRepeat : {false, true, true}) {
             host.Type(L"1");
@@ -89,16 +85,17 @@ TEST_F(DialogTest, AHeldKeyActsInTheControlThatHeardItFirst) {
         }
     };
     Run(Fields(3),
-        {Keys({VK_END}), [&] { hold(VK_BACK); }, [&] { EXPECT_EQ(TextOf(100), L"t"); }, [&] { hold(VK_DOWN); },
+        {Keys({VK_END}), [&] { host.Hold(VK_BACK, 3); }, [&] { EXPECT_EQ(TextOf(100), L"t"); },
+            [&] { host.Hold(VK_DOWN, 3); },
             [&] {
                 EXPECT_EQ(Focused(), 101);
                 host.events.push_back({ScriptedHost::Event::Kind::KeyUp, VK_DOWN});
-                hold(VK_DOWN);
+                host.Hold(VK_DOWN, 3);
             },
             [&] {
                 EXPECT_EQ(Focused(), 102);
                 SetFocus(Item(101));
-                hold(VK_BACK); // gone meanwhile and back: no more
+                host.Hold(VK_BACK, 3); // gone meanwhile and back: no more
                 hold1();
             },
             [&] {
