@@ -6,6 +6,7 @@
 #include "hosts/window/tone.h"
 #include "hosts/window/window_host.h"
 #include "platform/drawing/cairo/cairo_canvas.h"
+#include "platform/windowing/zoom_rule.h"
 
 #include <SDL.h>
 #include <array>
@@ -22,10 +23,15 @@ struct WindowHost::Window {
     Window& operator=(const Window&) = delete;
 
     bool Create();
+    void ChooseFirstZoom();
+    SIZE AskedSize() const;
     bool ApplyZoom();
+    void MoveInside() const;
+    void ApplyRoom();
     void ApplyResize();
-    void ChangeZoom(double chosen);
-    void NoteSize(SIZE now);
+    void FixZoom(double fixed);
+    void FreeZoom();
+    void NoteSize(const ZoomedScreen& now);
     bool Obey(Keyboard::HostCommand command);
     bool IsFree() const;
     void Remember() const;
@@ -54,11 +60,11 @@ struct WindowHost::Window {
     bool hasVideo = false;
     SDL_Window* handle = nullptr;
     SIZE screen;
-    double zoom = 1.0; ///< image pixels a device pixel: the display's own by what was chosen
-    double displayZoom = 1.0;
-    SIZE asked{}; ///< what the window was asked to be, in points
-    SIZE askedFor{}; ///< the screen that would need
-    RememberedSize chosen; ///< the zoom that was chosen, and the screen while the window had no display to fill
+    double zoom = 1.0; ///< image pixels a device pixel
+    DisplayRoom room;
+    SIZE asked{}; ///< what the window was asked to be, in points; nothing once a person gave it another size
+    RememberedSize chosen; ///< as the window was, or was asked to be, while it had no display to fill
+    bool isRemembered = false; ///< from a former run
     bool isGiven = false; ///< size or zoom were told from outside: nothing is remembered then
     std::unique_ptr<CairoCanvas> canvas;
     bool isPainted = false; ///< the canvas shows something worth copying

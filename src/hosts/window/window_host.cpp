@@ -41,10 +41,11 @@ bool WindowHost::Window::Create() {
     handle = SDL_CreateWindow(FirstTitle, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, screen.cx, screen.cy, Flags);
     if (handle == nullptr)
         return false;
-    displayZoom = ZoomOfDisplay(handle, TheEnvironment().screen);
+    ChooseFirstZoom();
     if (ApplyZoom())
         SDL_SetWindowPosition(handle, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
     wakeEvent = SDL_RegisterEvents(1);
+    zoom = std::min(chosen.zoom * room.zoom, LargestZoom(room));
     canvas = std::make_unique<CairoCanvas>(screen, zoom);
     // What the desktop made of the wish comes as a resize like any other.
     isResized = true;
@@ -181,6 +182,7 @@ void WindowHost::Window::TranslateWheel(const SDL_MouseWheelEvent& event) {
 void WindowHost::Window::TranslateWindow(const SDL_WindowEvent& event) {
     switch (event.event) {
     case SDL_WINDOWEVENT_DISPLAY_CHANGED:
+    case SDL_WINDOWEVENT_SHOWN:
         isMoved = true;
         isResized = true;
         break;
@@ -189,7 +191,6 @@ void WindowHost::Window::TranslateWindow(const SDL_WindowEvent& event) {
         isResized = true;
         break;
     case SDL_WINDOWEVENT_EXPOSED:
-    case SDL_WINDOWEVENT_SHOWN:
     case SDL_WINDOWEVENT_RESTORED:
         if (!isResized)
             CopyAll();
