@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hosts/window/end_signals.h"
+#include "hosts/window/flash.h"
 #include "hosts/window/keyboard.h"
 #include "hosts/window/remembered_size.h"
 #include "hosts/window/tone.h"
@@ -42,6 +43,9 @@ struct WindowHost::Window {
     /// From any thread: a signal came.
     void Tell(int signal);
     bool WaitForEvent(SDL_Event& event);
+    /// What a beep has left to do. Milliseconds until there is more of that; below 0: nothing is left.
+    int AttendToBeep();
+    void ShowFlash(bool shown);
     /// An event that its kind says all of; none for None.
     void Add(InputEvent::Kind kind);
     void Translate(const SDL_Event& event);
@@ -74,6 +78,9 @@ struct WindowHost::Window {
     float wheelRest = 0;
     Keyboard keyboard;
     Tone tone;
+    Flash flash;
+    bool isFlashShown = false;
+    RECT flashPlace{}; ///< pixels
     std::array<SDL_Cursor*, SDL_NUM_SYSTEM_CURSORS> cursors{}; ///< by SDL_SystemCursor; made when they are first shown
     bool isWaiting = false;
     PointerShape pointer = PointerShape::Arrow;

@@ -182,6 +182,7 @@ void WindowHost::Window::ApplyResize() {
     screen = size;
     canvas->Resize(screen, zoom);
     isPainted = false;
+    isFlashShown = false;
     InputEvent event;
     event.kind = InputEvent::Kind::Resize;
     event.x = size.cx;

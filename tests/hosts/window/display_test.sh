@@ -77,7 +77,7 @@ for signal in TERM HUP INT; do
   "$program" &
   pid=$!
   until_true "no window" find_window
-  until_true "not the program's window" titled "My Vehicles"
+  until_true "not the program's window" titled "My Vehicles - Odoledger"
   press F1                     # the units message
   sleep 0.3
   press F1 1                   # New > Vehicle
