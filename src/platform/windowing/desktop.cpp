@@ -62,6 +62,14 @@ Window* Desktop::FrontFull() const {
     return nullptr;
 }
 
+RECT Desktop::BeepPlace() const {
+    Window* field = FindWindowRecord(focus_);
+    const Window* top = TopLevelOf(field);
+    if (field == top || !top->dialogProcedure)
+        return {0, 0, ScreenSize().cx, TitleHeight()};
+    return Intersect(ScreenPlace(*field), ScreenClient(*top));
+}
+
 RECT Desktop::WorkArea() const {
     const SIZE screen = ScreenSize();
     const LONG top = std::min<LONG>(TitleHeight(), screen.cy);

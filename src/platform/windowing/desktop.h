@@ -78,6 +78,8 @@ public:
     /// Paints the whole screen onto another canvas, changing nothing.
     void PaintAll(Canvas& canvas);
     Canvas& Screen();
+    /// What a beep concerns, on the screen: the focused field of a dialog, else the title line.
+    RECT BeepPlace() const;
 
     // What the console tells
     OpenMenu* Menu() const { return menu_; }

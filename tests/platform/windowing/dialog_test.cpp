@@ -77,6 +77,23 @@ TEST_F(DialogTest, AKeyThatClosesAMessageBoxReachesNobodyElse) {
     EXPECT_EQ(answers, (std::vector{IDOK, IDOK, IDCANCEL, IDNO}));
 }
 
+TEST_F(DialogTest, ABeepConcernsTheFocusedFieldElseTheTitle) {
+    const auto concerns = [](const RECT& place) {
+        const RECT beep = device::Desktop::The().BeepPlace();
+        EXPECT_EQ(std::tuple(beep.left, beep.top, beep.right, beep.bottom),
+            std::tuple(place.left, place.top, place.right, place.bottom));
+    };
+    const RECT title{0, 0, 320, device::TitleHeight()};
+    concerns(title); // no window at all
+    onCommand = [&](int id, UINT, LPARAM) {
+        if (id == 1)
+            MessageBoxW(dialog, L"Text", L"Caption", MB_OK);
+    };
+    Run(Fields(2),
+        {Keys({VK_DOWN}), [&] { concerns(ScreenPlace(*device::FindWindowRecord(Item(101)))); },
+            [&] { PostMessageW(dialog, WM_COMMAND, 1, 0); }, [&] { concerns(title); }, Keys({VK_TACTION})});
+}
+
 TEST_F(DialogTest, AHeldKeyActsInTheControlThatHeardItFirst) {
     const auto hold1 = [this] {
         for (const bool isRepeat : {false, true, true}) {
