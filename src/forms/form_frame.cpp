@@ -68,7 +68,7 @@ void CFormFrame::SelectKeyword() const {
     if (description_.keywordField == 0 || !PickKeyword(KeywordType(), text))
         return;
     ShowText(description_.keywordField, text);
-    FocusControl(description_.keywordField, false);
+    FocusControl(description_.keywordField, true);
 }
 
 bool CFormFrame::RequireText(const std::wstring& text, UINT id, UINT message, UINT caption) const {

@@ -32,13 +32,10 @@ struct NMHDR {
 
 inline constexpr int GWL_WNDPROC = -4;
 inline constexpr int GWL_STYLE = -16;
-inline constexpr int GWL_EXSTYLE = -20;
 inline constexpr int GWL_USERDATA = -21;
-inline constexpr int GWL_ID = -12;
 inline constexpr int SW_HIDE = 0;
 inline constexpr int SW_SHOW = 5;
 inline constexpr UINT GW_HWNDNEXT = 2;
-inline constexpr UINT GW_OWNER = 4;
 inline constexpr UINT GW_CHILD = 5;
 inline constexpr UINT IDC_WAIT = 32514;
 inline constexpr int CW_USEDEFAULT = static_cast<int>(0x80000000U);
@@ -52,7 +49,6 @@ HWND CreateWindowExW(DWORD exStyle, const wchar_t* className, const wchar_t* tit
 BOOL DestroyWindow(HWND window);
 BOOL IsWindow(HWND window);
 BOOL ShowWindow(HWND window, int command);
-BOOL IsWindowVisible(HWND window);
 BOOL EnableWindow(HWND window, BOOL enable);
 BOOL IsWindowEnabled(HWND window);
 
@@ -72,11 +68,9 @@ BOOL SetForegroundWindow(HWND window);
 BOOL GetClientRect(HWND window, RECT* rectangle);
 BOOL GetWindowRect(HWND window, RECT* rectangle);
 BOOL ScreenToClient(HWND window, POINT* point);
-BOOL ClientToScreen(HWND window, POINT* point);
 BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
 /// A null rectangle is the whole client area.
 BOOL InvalidateRect(HWND window, const RECT* rectangle, BOOL erase);
-BOOL UpdateWindow(HWND window);
 
 HWND SetFocus(HWND window);
 HWND GetFocus();

@@ -3,8 +3,6 @@
 #include "records/copy_of_the_day.h"
 #include "test_device.h"
 
-#include <filesystem>
-#include <fstream>
 #include <set>
 
 namespace {
@@ -53,8 +51,7 @@ TEST_F(CopyOfTheDay, IsTheFileItselfAndMadeWhereItDiffersFromTheNewest) {
 }
 
 TEST_F(CopyOfTheDay, TenDaysAndTwelveMonthsStayAndNothingElseGoes) {
-    std::filesystem::create_directories(Copies());
-    const auto make = [&](const std::string& name) { std::ofstream(Copies() / name) << "x"; };
+    const auto make = [&](const std::string& name) { Write(Copies() / name, "x"); };
     for (int month = 1; month <= 12; ++month)
         for (const char* day : {"01", "20"})
             make("2025-" + std::to_string(100 + month).substr(1) + '-' + day + ".dat");
@@ -70,9 +67,8 @@ TEST_F(CopyOfTheDay, TenDaysAndTwelveMonthsStayAndNothingElseGoes) {
 }
 
 TEST_F(CopyOfTheDay, TogetherTheyHaveTwoHundredMegabytes) {
-    std::filesystem::create_directories(Copies());
     for (const char* name : {"2026-02-01.dat", "2026-02-02.dat", "2026-02-03.dat"}) {
-        std::ofstream(Copies() / name) << "x";
+        Write(Copies() / name, "x");
         std::filesystem::resize_file(Copies() / name, 80'000'000);
     }
     const std::string newest = Copied("2026-03-01");
@@ -82,7 +78,6 @@ TEST_F(CopyOfTheDay, TogetherTheyHaveTwoHundredMegabytes) {
 // The documents folder gets another name while there is a log in it, and later the log goes.
 TEST_F(CopyOfTheDay, TheLogStaysWhereItWasUntilItIsGone) {
     const std::filesystem::path home = folder_ / "home";
-    std::filesystem::create_directories(home / ".config");
     Set("HANDSET_STORAGE", "");
     Set("HOME", home);
     Set("XDG_CONFIG_HOME", home / ".config");
@@ -93,7 +88,7 @@ TEST_F(CopyOfTheDay, TheLogStaysWhereItWasUntilItIsGone) {
     Reconnect();
     Layer.Disconnect();
 
-    std::ofstream(home / ".config" / "user-dirs.dirs") << "XDG_DOCUMENTS_DIR=\"$HOME/Dokumente\"\n";
+    Write(home / ".config" / "user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"$HOME/Dokumente\"\n");
     Set("TZ", "UTC"); // reads the surroundings anew
     EXPECT_EQ(HostPath(), first);
     std::filesystem::remove(first);

@@ -51,9 +51,8 @@ public:
                 EXPECT_EQ(text, L"Close without storing what was typed?");
                 return;
             }
-            ScriptedHost::Event event;
-            event.kind = what == Close ? ScriptedHost::Event::Kind::Close : ScriptedHost::Event::Kind::End;
-            Host.events.push_back(event);
+            using Kind = ScriptedHost::Event::Kind;
+            Host.events.push_back({.kind = what == Close ? Kind::Close : Kind::End});
         });
         return *this;
     }

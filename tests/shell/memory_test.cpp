@@ -24,19 +24,20 @@ protected:
         Host.Pump();
     }
 
-    /// Answers the messages that stand open, and counts what they tell.
-    int TakeMessages() {
-        int told = 0;
-        const ScriptedHost::Step answer = [&] {
+    /// Answers the message that stands open, and counts what it tells.
+    ScriptedHost::Step Answer() {
+        return [this] {
             if (GetActiveWindow() == Frame.GetHandle())
                 return;
             const HWND text = GetWindow(GetActiveWindow(), GW_CHILD);
-            told += text && TextOf(text) == LoadText(strings::NotEnoughMemory) ? 1 : 0;
+            told_ += text && TextOf(text) == LoadText(strings::NotEnoughMemory) ? 1 : 0;
             Host.Press(VK_TSOFT1);
         };
-        Host.Then(answer).Then(answer);
-        Host.Pump();
-        return told;
+    }
+    int TakeMessages() {
+        told_ = 0;
+        Host.Then(Answer()).Then(Answer()).Pump();
+        return told_;
     }
     LRESULT Rows() {
         return SendMessageW(
@@ -50,6 +51,8 @@ protected:
         note.wVKey = VK_TACTION;
         SendMessageW(Frame.GetHandle(), WM_NOTIFY, note.hdr.idFrom, reinterpret_cast<LPARAM>(&note));
     }
+
+    int told_ = 0;
 };
 
 TEST_F(LittleMemory, ALogIsOpenedWholeOrNotAtAllAndTheNextTimeItIsWhole) {
@@ -86,15 +89,10 @@ class Dialog : public CDialogImpl {
 
 TEST_F(LittleMemory, ADialogGoesOn) {
     Dialog dialog;
-    int told = 0;
-    const auto answer = [&] {
-        told += TextOf(GetWindow(GetActiveWindow(), GW_CHILD)) == LoadText(strings::NotEnoughMemory) ? 1 : 0;
-        Host.Press(VK_TSOFT1);
-    };
     const auto command = [&](UINT id) { return [&, id] { PostMessageW(dialog.GetHandle(), WM_COMMAND, id, 0); }; };
-    Host.Then(answer).Then(command(commands::Edit)).Then(answer).Then(command(commands::Done));
+    Host.Then(Answer()).Then(command(commands::Edit)).Then(Answer()).Then(command(commands::Done));
     EXPECT_EQ(dialog.DoModal(), static_cast<LONG_PTR>(commands::Done));
-    EXPECT_EQ(told, 2);
+    EXPECT_EQ(told_, 2);
     EXPECT_TRUE(IsWindowEnabled(Frame.GetHandle()));
 }
 

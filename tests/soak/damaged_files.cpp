@@ -39,11 +39,6 @@ enum Outcome { MakesWay = 10, Usable, RefusesChanges };
 const std::map<int, const char*> outcomes{
     {MakesWay, "make way"}, {Usable, "are usable"}, {RefusesChanges, "refuse changes"}};
 
-std::string FileBytes(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 void WriteBytes(const fs::path& path, const std::string& bytes) {
     std::ofstream(path, std::ios::binary) << bytes;
 }

@@ -182,8 +182,7 @@ private:
             const bool isBeside = name.rfind("copies/", 0) == 0 || entry.path().filename() == "My Vehicles.dat-journal";
             if (!entry.is_regular_file() || isBeside)
                 continue;
-            std::ifstream file(entry.path(), std::ios::binary);
-            files[name] = isLog ? "" : std::string(std::istreambuf_iterator<char>(file), {});
+            files[name] = isLog ? "" : FileBytes(entry.path());
         }
         std::string told;
         for (const auto& [name, contents] : files)

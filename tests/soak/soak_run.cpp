@@ -1,6 +1,7 @@
 #include "soak_run.h"
 
 #include <cstdlib>
+#include <fstream>
 
 namespace fs = std::filesystem;
 
@@ -24,6 +25,11 @@ void Require(bool holds, const std::string& what) {
 
 void RequireSame(const std::string& what, const std::string& wanted, const std::string& got) {
     Require(wanted == got, what + " should be\n" + wanted + "\nbut is\n" + got);
+}
+
+std::string FileBytes(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 Round::Round(const std::string& program, unsigned long seed, std::string pattern)

@@ -14,6 +14,8 @@
 void Require(bool holds, const std::string& what);
 void RequireSame(const std::string& what, const std::string& wanted, const std::string& got);
 
+std::string FileBytes(const std::filesystem::path& path);
+
 inline void Append(Lines& lines, const Lines& more) {
     lines.insert(lines.end(), more.begin(), more.end());
 }

@@ -45,16 +45,8 @@ bool ParseCount(const std::string& text, long& count) {
     return true;
 }
 
-/// A command that stands alone.
-bool IsPlainQuery(const std::string& verb) {
-    for (const char* each : {"boot", "screen", "controls", "beeps", "events", "now", "files"})
-        if (verb == each)
-            return true;
-    return false;
-}
-
-bool MayComeBeforeBoot(const std::string& verb) {
-    return verb == "registry" || verb == "clock" || verb == "now" || verb == "files";
+bool IsOneOf(const std::string& verb, std::initializer_list<const char*> verbs) {
+    return std::find(verbs.begin(), verbs.end(), verb) != verbs.end();
 }
 
 std::vector<std::string> Refusal(const std::string& reason) {
@@ -175,9 +167,9 @@ void ConsoleHost::Execute(const std::string& line) {
 }
 
 std::vector<std::string> ConsoleHost::AnswerTo(const std::string& verb, const std::string& rest) {
-    if (!booted_ && !MayComeBeforeBoot(verb))
+    if (!booted_ && !IsOneOf(verb, {"registry", "clock", "now", "files"}))
         return Refusal("not booted");
-    if (verb == "key" || verb == "keydown" || verb == "keyup")
+    if (IsOneOf(verb, {"key", "keydown", "keyup"}))
         return Key(verb, rest);
     if (verb == "type")
         return Type(rest);
@@ -195,7 +187,7 @@ std::vector<std::string> ConsoleHost::AnswerTo(const std::string& verb, const st
         return SetClock(rest);
     if (verb == "shot")
         return Shot(rest);
-    if (!IsPlainQuery(verb))
+    if (!IsOneOf(verb, {"boot", "screen", "controls", "beeps", "events", "now", "files"}))
         return Refusal("unknown command");
     return rest.empty() ? Query(verb) : Refusal(verb + " takes nothing");
 }
@@ -247,11 +239,8 @@ std::vector<std::string> ConsoleHost::Key(const std::string& verb, const std::st
 
 std::vector<std::string> ConsoleHost::Type(const std::string& rest) {
     std::vector<InputEvent> gesture;
-    for (const wchar_t character : FromUtf8(rest)) {
-        InputEvent& event = gesture.emplace_back();
-        event.kind = InputEvent::Kind::Text;
-        event.character = character;
-    }
+    for (const wchar_t character : FromUtf8(rest))
+        gesture.push_back({.kind = InputEvent::Kind::Text, .character = character});
     GiveOut(std::move(gesture));
     return {};
 }
@@ -277,10 +266,7 @@ std::vector<std::string> ConsoleHost::Mouse(const std::string& rest) {
 }
 
 std::vector<std::string> ConsoleHost::Paste(const std::string& rest) {
-    InputEvent pasted;
-    pasted.kind = InputEvent::Kind::Paste;
-    pasted.text = FromUtf8(rest);
-    GiveOut({pasted});
+    GiveOut({{.kind = InputEvent::Kind::Paste, .text = FromUtf8(rest)}});
     return {};
 }
 
@@ -293,11 +279,7 @@ std::vector<std::string> ConsoleHost::Resize(const std::string& rest) {
         && std::max(width, height) <= LargestScreen;
     if (!isSize)
         return Refusal("a size looks like 320x480");
-    InputEvent event;
-    event.kind = InputEvent::Kind::Resize;
-    event.x = static_cast<int>(width);
-    event.y = static_cast<int>(height);
-    GiveOut({event});
+    GiveOut({{.kind = InputEvent::Kind::Resize, .x = static_cast<int>(width), .y = static_cast<int>(height)}});
     return {};
 }
 

@@ -15,15 +15,6 @@ namespace device {
 
 namespace {
 
-std::wstring TextOf(const Window& window) {
-    if (const auto* picker = dynamic_cast<const DatePicker*>(window.control.get()))
-        return picker->Text();
-    std::wstring text(static_cast<std::size_t>(std::max(0, GetWindowTextLengthW(window.handle))), L'\0');
-    if (!text.empty())
-        GetWindowTextW(window.handle, text.data(), static_cast<int>(text.size()) + 1);
-    return text;
-}
-
 std::string EditFlags(const Edit& edit, bool focused) {
     std::string flags;
     if (edit.IsReadOnly())
@@ -65,7 +56,7 @@ std::string ControlLine(const Window& window) {
         line += " client=" + std::to_string(client.right) + "," + std::to_string(client.bottom);
         line += " rowheight=" + std::to_string(list->RowHeight());
     }
-    return line + " " + Quoted(TextOf(window));
+    return line + " " + Quoted(TextOf(window.handle));
 }
 
 void AddListViewRows(std::vector<std::string>& lines, const ListView& list) {

@@ -1,6 +1,8 @@
 #include "hosts/console/screen_text.h"
 
 #include "hosts/console/text_form.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/list_view.h"
 #include "platform/controls/up_down.h"
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/open_menu.h"
@@ -15,10 +17,9 @@ namespace {
 constexpr std::size_t LeastGap = 2;
 
 bool IsList(HWND control) {
-    wchar_t name[32] = {};
-    GetClassNameW(control, name, 32);
-    const std::wstring_view view = name;
-    return view == L"SysListView32" || (view == L"ListBox" && !UpDown::PartnerOf(control, UDS_HORZ));
+    const Control* inside = ControlOf(control);
+    return dynamic_cast<const ListView*>(inside)
+        || (dynamic_cast<const ListBox*>(inside) && !UpDown::PartnerOf(control, UDS_HORZ));
 }
 
 LONG DoubledMiddle(const PaintedText& text) {

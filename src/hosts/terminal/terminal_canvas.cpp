@@ -86,10 +86,8 @@ int TerminalCanvas::Row(int top, int height) const {
         break;
     }
     const int cell = measurer_.Cell().cy;
-    if (menu_) {
-        const int item = MenuItemHeight();
-        return menuFirstRow_ + Floor(top + height / 2 - menu_->top, item);
-    }
+    if (menu_)
+        return menuFirstRow_ + Floor(top + height / 2 - menu_->top, MenuItemHeight());
     if (height > cell * 3 / 2)
         return BodyRow(top, height);
     return IsEdit() || IsOfClass(marks_.control, L"Static") ? ControlRow(top, height) : BodyRow(top, height);
@@ -189,18 +187,21 @@ void TerminalCanvas::SetMarks(const PaintMarks& marks) {
 
 // Grounds
 
+void TerminalCanvas::Cover(Span rows, Span columns, Ground ground) {
+    for (int row = rows.first; row < rows.end; ++row) {
+        for (int column = columns.first; column < columns.end; ++column) {
+            grid_.At(column, row) = {};
+            grid_.At(column, row).ground = ground;
+        }
+    }
+}
+
 void TerminalCanvas::OpenMenu(const RECT& place) {
     const int item = MenuItemHeight();
     const int rows = std::max(1, HeightOf(place) / item);
     menu_ = place;
     menuFirstRow_ = std::max(0, grid_.rows - 1 - rows);
-    const Span columns = Columns(place);
-    for (int row = menuFirstRow_; row < grid_.rows - 1; ++row) {
-        for (int column = columns.first; column < columns.end; ++column) {
-            grid_.At(column, row) = {};
-            grid_.At(column, row).ground = Ground::Menu;
-        }
-    }
+    Cover({menuFirstRow_, grid_.rows - 1}, Columns(place), Ground::Menu);
     grid_.caretShown = false;
 }
 
@@ -231,14 +232,7 @@ void TerminalCanvas::Dim(const RECT& area) {
 
 void TerminalCanvas::Paint(const RECT& area, Ground ground) {
     const Span rows = Rows(area);
-    const Span columns = Columns(area);
-    for (int row = std::max(0, rows.first); row < std::min(grid_.rows, rows.end); ++row) {
-        for (int column = columns.first; column < columns.end; ++column) {
-            Cell& cell = grid_.At(column, row);
-            cell = {};
-            cell.ground = ground;
-        }
-    }
+    Cover({std::max(0, rows.first), std::min(grid_.rows, rows.end)}, Columns(area), ground);
 }
 
 void TerminalCanvas::Fill(const RECT& rectangle, COLORREF color, int alpha) {

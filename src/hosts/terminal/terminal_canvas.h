@@ -56,6 +56,7 @@ private:
     Span Rows(const RECT& rectangle) const;
     Span Columns(const RECT& rectangle) const;
     RECT Clipped(const RECT& rectangle) const;
+    void Cover(Span rows, Span columns, Ground ground);
     void OpenMenu(const RECT& place);
     void PlaceCaret(const RECT& rectangle);
     void Dim(const RECT& area);

@@ -28,15 +28,7 @@ constexpr wchar_t ControlZ = 26;
 
 /// The focus is where a bracket is text.
 bool IsTyping() {
-    if (Desktop::The().Menu() != nullptr)
-        return false;
-    return TakesText(Desktop::The().Focus());
-}
-
-InputEvent EventOf(InputEvent::Kind kind) {
-    InputEvent event;
-    event.kind = kind;
-    return event;
+    return Desktop::The().Menu() == nullptr && TakesText(Desktop::The().Focus());
 }
 
 /// The sooner of two times to wait; below 0: for ever.
@@ -71,10 +63,8 @@ struct TerminalHost::Terminal {
 void TerminalHost::Terminal::ApplySize() {
     screen.Measure();
     canvas->Resize(screen.Columns(), screen.Rows());
-    InputEvent event = EventOf(InputEvent::Kind::Resize);
-    event.x = static_cast<int>(canvas->ScreenSize().cx);
-    event.y = static_cast<int>(canvas->ScreenSize().cy);
-    events.push_back(event);
+    const SIZE size = canvas->ScreenSize();
+    events.push_back({.kind = InputEvent::Kind::Resize, .x = size.cx, .y = size.cy});
 }
 
 void TerminalHost::Terminal::CollectSignal(Signals::Kind kind) {
@@ -86,17 +76,16 @@ void TerminalHost::Terminal::CollectSignal(Signals::Kind kind) {
         ApplySize();
         break;
     case Signals::Kind::Interrupted:
-        events.push_back(EventOf(InputEvent::Kind::Close));
+        events.push_back({.kind = InputEvent::Kind::Close});
         break;
     case Signals::Kind::HungUp:
         screen.GiveUp();
-        events.push_back(EventOf(InputEvent::Kind::End));
+        [[fallthrough]];
+    case Signals::Kind::Ended:
+        events.push_back({.kind = InputEvent::Kind::End});
         break;
     case Signals::Kind::Suspended:
         Suspend();
-        break;
-    case Signals::Kind::Ended:
-        events.push_back(EventOf(InputEvent::Kind::End));
         break;
     case Signals::Kind::None:
         break;

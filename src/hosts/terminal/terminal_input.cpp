@@ -154,11 +154,7 @@ void TerminalInput::Complete() {
 }
 
 void TerminalInput::EndPaste() {
-    TerminalKey key;
-    key.kind = TerminalKey::Kind::Event;
-    key.event.kind = InputEvent::Kind::Paste;
-    key.event.text = std::exchange(pasted_, {});
-    keys_.push_back(std::move(key));
+    keys_.push_back(TerminalKey::OfEvent({.kind = InputEvent::Kind::Paste, .text = std::exchange(pasted_, {})}));
 }
 
 /// The character that ends with the byte, if any; 0 for what is none in the encoding.

@@ -2,6 +2,8 @@
 
 #include "platform/windowing/host.h"
 
+#include <utility>
+
 namespace device {
 
 /// What a terminal tells: a key, a text that was pasted, what its pointer did.
@@ -21,6 +23,7 @@ struct TerminalKey {
 
     static TerminalKey OfCharacter(wchar_t character) { return {Kind::Character, character, 0, 0, {}}; }
     static TerminalKey OfKey(WORD key, unsigned modifiers = 0) { return {Kind::Key, 0, key, modifiers, {}}; }
+    static TerminalKey OfEvent(InputEvent event) { return {Kind::Event, 0, 0, 0, std::move(event)}; }
 };
 
 } // namespace device

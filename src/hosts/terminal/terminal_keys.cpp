@@ -48,20 +48,8 @@ constexpr wchar_t ControlC = 3;
 constexpr wchar_t ControlQ = 17;
 
 void AddPress(WORD key, unsigned modifiers, std::deque<InputEvent>& events) {
-    InputEvent event;
-    event.key = key;
-    event.modifiers = modifiers;
-    for (const auto kind : {InputEvent::Kind::KeyDown, InputEvent::Kind::KeyUp}) {
-        event.kind = kind;
-        events.push_back(event);
-    }
-}
-
-void AddText(wchar_t character, std::deque<InputEvent>& events) {
-    InputEvent event;
-    event.kind = InputEvent::Kind::Text;
-    event.character = character;
-    events.push_back(event);
+    for (const auto kind : {InputEvent::Kind::KeyDown, InputEvent::Kind::KeyUp})
+        events.push_back({.kind = kind, .key = key, .modifiers = modifiers});
 }
 
 /// 0 for a character that is text.
@@ -87,17 +75,14 @@ WORD KeyOf(wchar_t character, bool typing) {
 }
 
 void TranslateCharacter(wchar_t character, bool typing, std::deque<InputEvent>& events) {
-    if (const WORD key = KeyOf(character, typing)) {
+    if (const WORD key = KeyOf(character, typing))
         AddPress(key, 0, events);
-    } else if (character == ControlC || character == ControlQ) {
-        InputEvent close;
-        close.kind = InputEvent::Kind::Close;
-        events.push_back(close);
-    } else if (character > 0 && character <= 26) {
+    else if (character == ControlC || character == ControlQ)
+        events.push_back({.kind = InputEvent::Kind::Close});
+    else if (character > 0 && character <= 26)
         AddPress(static_cast<WORD>('A' + character - 1), MOD_CONTROL, events);
-    } else if (character >= L' ' && (character < 0x80 || character >= 0xA0)) {
-        AddText(character, events);
-    }
+    else if (character >= L' ' && (character < 0x80 || character >= 0xA0))
+        events.push_back({.kind = InputEvent::Kind::Text, .character = character});
 }
 
 } // namespace

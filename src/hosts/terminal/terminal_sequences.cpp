@@ -150,9 +150,7 @@ std::optional<TerminalKey> PointerOf(const Sequence& sequence) {
     constexpr int LinesPerWheelStep = 3;
     if (sequence.numbers.size() != MostNumbers || sequence.numbers[1] < 1 || sequence.numbers[2] < 1)
         return std::nullopt;
-    TerminalKey key;
-    key.kind = TerminalKey::Kind::Event;
-    InputEvent& event = key.event;
+    InputEvent event;
     auto bits = static_cast<unsigned>(sequence.numbers[0]);
     event.modifiers = ((bits & Shift) != 0 ? MOD_SHIFT : 0) | ((bits & Control) != 0 ? MOD_CONTROL : 0);
     event.x = sequence.numbers[1] - 1;
@@ -161,7 +159,7 @@ std::optional<TerminalKey> PointerOf(const Sequence& sequence) {
     if (sequence.end == 'M' && (bits == WheelUp || bits == WheelDown)) {
         event.kind = InputEvent::Kind::Wheel;
         event.delta = bits == WheelUp ? LinesPerWheelStep : -LinesPerWheelStep;
-        return key;
+        return TerminalKey::OfEvent(event);
     }
     if ((bits & ~Moves) >= Buttons)
         return std::nullopt;
@@ -169,7 +167,7 @@ std::optional<TerminalKey> PointerOf(const Sequence& sequence) {
     event.kind = sequence.end == 'm' ? InputEvent::Kind::MouseUp
         : (bits & Moves) != 0        ? InputEvent::Kind::MouseMove
                                      : InputEvent::Kind::MouseDown;
-    return key;
+    return TerminalKey::OfEvent(event);
 }
 
 std::optional<TerminalKey> KeyOfOnlyNumbers(const Sequence& sequence) {
@@ -206,11 +204,8 @@ std::optional<TerminalKey> KeyOfSequence(std::string_view text) {
         return std::nullopt;
     if (sequence->marker == '<' && (sequence->end == 'M' || sequence->end == 'm'))
         return PointerOf(*sequence);
-    if (sequence->marker == '?' && sequence->end == 'u') {
-        TerminalKey answer;
-        answer.kind = TerminalKey::Kind::CanTellKeys;
-        return answer;
-    }
+    if (sequence->marker == '?' && sequence->end == 'u')
+        return TerminalKey{TerminalKey::Kind::CanTellKeys, 0, 0, 0, {}};
     return std::nullopt;
 }
 

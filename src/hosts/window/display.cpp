@@ -23,6 +23,17 @@ bool IsBlindDriver(std::string_view driver) {
     return driver == "dummy" || driver == "offscreen" || driver == "evdev";
 }
 
+double ZoomByDensity(SDL_Window* window, int display) {
+    float physical = 0;
+    double dpi = DesktopDpi;
+    // What the user asked for counts before what the display is.
+    if (const auto asked = AskedDpi(window))
+        dpi = *asked;
+    else if (SDL_GetDisplayDPI(display, nullptr, nullptr, &physical) == 0)
+        dpi = double{physical};
+    return std::clamp(std::round(dpi / DesktopDpi * 2.0) / 2.0, 1.0, 4.0);
+}
+
 constexpr const char* NoDisplay = "no display answers; start it inside a desktop session, or set DISPLAY to one";
 
 } // namespace
@@ -56,10 +67,6 @@ bool InitVideo(std::string& error) {
     return false;
 }
 
-int InImage(LONG devicePixels, double zoom) {
-    return std::max(1, static_cast<int>(std::lround(devicePixels * zoom)));
-}
-
 double PixelsPerPoint(SDL_Window* window) {
     int points = 0;
     int pixels = 0;
@@ -68,25 +75,23 @@ double PixelsPerPoint(SDL_Window* window) {
     return points > 0 && pixels > 0 ? static_cast<double>(pixels) / points : 1.0;
 }
 
-double ZoomOfDisplay(SDL_Window* window, SIZE screen) {
+DisplayRoom RoomOfDisplay(SDL_Window* window, SIZE screen) {
+    DisplayRoom room;
     const double scale = PixelsPerPoint(window);
-    if (scale > 1.0)
-        return scale;
     const int display = std::max(SDL_GetWindowDisplayIndex(window), 0);
-    float physical = 0;
-    double dpi = DesktopDpi;
-    // What the user asked for counts before what the display is.
-    if (const auto asked = AskedDpi(window))
-        dpi = *asked;
-    else if (SDL_GetDisplayDPI(display, nullptr, nullptr, &physical) == 0)
-        dpi = double{physical};
-    double zoom = std::clamp(std::round(dpi / DesktopDpi * 2.0) / 2.0, 1.0, 4.0);
-    SDL_Rect room;
-    if (SDL_GetDisplayUsableBounds(display, &room) != 0)
-        return zoom;
-    while (zoom > 1.0 && (InImage(screen.cx, zoom) > room.w || InImage(screen.cy, zoom) > room.h))
-        zoom -= 0.5;
-    return zoom;
+    SDL_Rect usable;
+    if (SDL_GetDisplayUsableBounds(display, &usable) == 0)
+        room.usable = InPixels({usable.w, usable.h}, scale);
+    int top = 0;
+    int left = 0;
+    int bottom = 0;
+    int right = 0;
+    if (SDL_GetWindowBordersSize(window, &top, &left, &bottom, &right) == 0)
+        room.frame = InPixels({left + right, top + bottom}, scale);
+    room.zoom = scale > 1.0 ? scale : ZoomByDensity(window, display);
+    while (scale <= 1.0 && room.zoom > 1.0 && !Fits(InPixels(screen, room.zoom), room))
+        room.zoom -= 0.5;
+    return room;
 }
 
 void SetProgramIcon(SDL_Window* window) {

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "hosts/window/end_signals.h"
+#include "hosts/window/flash.h"
 #include "hosts/window/keyboard.h"
 #include "hosts/window/remembered_size.h"
 #include "hosts/window/tone.h"
 #include "hosts/window/window_host.h"
 #include "platform/drawing/cairo/cairo_canvas.h"
+#include "platform/windowing/zoom_rule.h"
 
 #include <SDL.h>
 #include <array>
@@ -22,10 +24,15 @@ struct WindowHost::Window {
     Window& operator=(const Window&) = delete;
 
     bool Create();
+    void ChooseFirstZoom();
+    SIZE AskedSize() const;
     bool ApplyZoom();
+    void MoveInside() const;
+    void ApplyRoom();
     void ApplyResize();
-    void ChangeZoom(double chosen);
-    void NoteSize(SIZE now);
+    void FixZoom(double fixed);
+    void FreeZoom();
+    void NoteSize(const ZoomedScreen& now);
     bool Obey(Keyboard::HostCommand command);
     bool IsFree() const;
     void Remember() const;
@@ -36,6 +43,9 @@ struct WindowHost::Window {
     /// From any thread: a signal came.
     void Tell(int signal);
     bool WaitForEvent(SDL_Event& event);
+    /// What a beep has left to do. Milliseconds until there is more of that; below 0: nothing is left.
+    int AttendToBeep();
+    void ShowFlash(bool shown);
     /// An event that its kind says all of; none for None.
     void Add(InputEvent::Kind kind);
     void Translate(const SDL_Event& event);
@@ -54,11 +64,11 @@ struct WindowHost::Window {
     bool hasVideo = false;
     SDL_Window* handle = nullptr;
     SIZE screen;
-    double zoom = 1.0; ///< image pixels a device pixel: the display's own by what was chosen
-    double displayZoom = 1.0;
-    SIZE asked{}; ///< what the window was asked to be, in points
-    SIZE askedFor{}; ///< the screen that would need
-    RememberedSize chosen; ///< the zoom that was chosen, and the screen while the window had no display to fill
+    double zoom = 1.0; ///< image pixels a device pixel
+    DisplayRoom room;
+    SIZE asked{}; ///< what the window was asked to be, in points; nothing once a person gave it another size
+    RememberedSize chosen; ///< as the window was, or was asked to be, while it had no display to fill
+    bool isRemembered = false; ///< from a former run
     bool isGiven = false; ///< size or zoom were told from outside: nothing is remembered then
     std::unique_ptr<CairoCanvas> canvas;
     bool isPainted = false; ///< the canvas shows something worth copying
@@ -68,6 +78,9 @@ struct WindowHost::Window {
     float wheelRest = 0;
     Keyboard keyboard;
     Tone tone;
+    Flash flash;
+    bool isFlashShown = false;
+    RECT flashPlace{}; ///< pixels
     std::array<SDL_Cursor*, SDL_NUM_SYSTEM_CURSORS> cursors{}; ///< by SDL_SystemCursor; made when they are first shown
     bool isWaiting = false;
     PointerShape pointer = PointerShape::Arrow;

@@ -15,7 +15,8 @@ namespace {
 constexpr LONG LeastSide = 64;
 constexpr LONG MostSide = 16384;
 /// In percent, so that what is written is what is read.
-constexpr std::array<int, 11> ZoomSteps = {50, 75, 100, 125, 150, 175, 200, 250, 300, 350, 400};
+constexpr std::array<int, 16> ZoomSteps
+    = {50, 75, 100, 125, 150, 175, 200, 250, 300, 350, 400, 500, 600, 800, 1200, 1600};
 constexpr std::size_t LargestFile = 256;
 
 int Percent(double zoom) {
@@ -39,18 +40,22 @@ bool Take(std::string_view& text, std::string_view before, LONG least, LONG most
 std::optional<RememberedSize> RememberedSize::Parse(std::string_view text) {
     RememberedSize size;
     LONG percent = 0;
-    const bool isWhole = Take(text, "screen=", LeastSide, MostSide, size.screen.cx)
+    const bool isOurs = Take(text, "screen=", LeastSide, MostSide, size.screen.cx)
         && Take(text, "x", LeastSide, MostSide, size.screen.cy)
-        && Take(text, "\nzoom=", ZoomSteps.front(), ZoomSteps.back(), percent) && text == "\n";
-    if (!isWhole)
+        && Take(text, "\nzoom=", ZoomSteps.front(), ZoomSteps.back(), percent);
+    LONG isFixed = percent != 100 ? 1 : 0;
+    if (text != "\n" && !Take(text, "\nfixed=", 0, 1, isFixed))
+        return std::nullopt;
+    if (!isOurs || text != "\n")
         return std::nullopt;
     size.zoom = percent / 100.0;
+    size.isFixed = isFixed != 0;
     return size;
 }
 
 std::string RememberedSize::ToText() const {
     return "screen=" + std::to_string(screen.cx) + "x" + std::to_string(screen.cy)
-        + "\nzoom=" + std::to_string(Percent(zoom)) + "\n";
+        + "\nzoom=" + std::to_string(Percent(zoom)) + "\nfixed=" + (isFixed ? "1" : "0") + "\n";
 }
 
 std::optional<RememberedSize> RememberedSize::Load(const std::string& file) {

@@ -4,8 +4,10 @@
 #include "hosts/window/native_window.h"
 #include "hosts/window/notification.h"
 #include "platform/drawing/rectangles.h"
+#include "platform/metrics.h"
 #include "platform/system/environment.h"
 #include "platform/utf8.h"
+#include "platform/windowing/desktop.h"
 
 #include <SDL.h>
 #include <algorithm>
@@ -13,15 +15,17 @@
 #include <cmath>
 #include <csignal>
 #include <deque>
+#include <iterator>
 #include <utility>
 
 namespace device {
 
 namespace {
 
-constexpr char FirstTitle[] = "Handset";
 constexpr float LinesPerWheelStep = 3.0F;
 constexpr int ToneCheckMilliseconds = 100;
+constexpr int FlashEdge = 3;
+constexpr char ProgramName[] = "Odoledger";
 
 } // namespace
 
@@ -38,13 +42,14 @@ WindowHost::Window::~Window() {
 
 bool WindowHost::Window::Create() {
     constexpr Uint32 Flags = SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
-    handle = SDL_CreateWindow(FirstTitle, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, screen.cx, screen.cy, Flags);
+    handle = SDL_CreateWindow(ProgramName, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, screen.cx, screen.cy, Flags);
     if (handle == nullptr)
         return false;
-    displayZoom = ZoomOfDisplay(handle, TheEnvironment().screen);
+    ChooseFirstZoom();
     if (ApplyZoom())
         SDL_SetWindowPosition(handle, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
     wakeEvent = SDL_RegisterEvents(1);
+    zoom = std::min(chosen.zoom * room.zoom, LargestZoom(room));
     canvas = std::make_unique<CairoCanvas>(screen, zoom);
     // What the desktop made of the wish comes as a resize like any other.
     isResized = true;
@@ -89,15 +94,48 @@ void WindowHost::Window::CopyAll() {
         }
     }
     CopyToWindow({0, 0, size.cx, size.cy});
+    isFlashShown = false;
+}
+
+/// Over what was presented: the canvas knows nothing of it.
+void WindowHost::Window::ShowFlash(bool shown) {
+    isFlashShown = shown;
+    if (!shown) {
+        CopyToWindow(flashPlace);
+        return;
+    }
+    const RECT device = Desktop::The().BeepPlace();
+    const SIZE from = InPixels({device.left, device.top}, zoom);
+    const SIZE to = InPixels({device.right, device.bottom}, zoom);
+    flashPlace = {from.cx, from.cy, to.cx, to.cy};
+    SDL_Surface* surface = SDL_GetWindowSurface(handle);
+    if (surface == nullptr || IsRectEmpty(flashPlace))
+        return;
+    const int edge = InPixels({Scaled(FlashEdge), 0}, zoom).cx;
+    const SDL_Rect edges[] = {{from.cx, from.cy, to.cx - from.cx, edge}, {from.cx, to.cy - edge, to.cx - from.cx, edge},
+        {from.cx, from.cy, edge, to.cy - from.cy}, {to.cx - edge, from.cy, edge, to.cy - from.cy}};
+    const Uint32 color = SDL_MapRGB(surface->format, 0xF5, 0x7C, 0x00);
+    SDL_FillRects(surface, edges, std::size(edges), color);
+    SDL_UpdateWindowSurfaceRects(handle, edges, std::size(edges));
+}
+
+int WindowHost::Window::AttendToBeep() {
+    tone.CloseWhenOver();
+    const Uint64 now = SDL_GetTicks64();
+    if (flash.IsOn(now) != isFlashShown)
+        ShowFlash(!isFlashShown);
+    const int flashing = flash.UntilChange(now);
+    return flashing == Flash::Over && tone.IsOpen() ? ToneCheckMilliseconds : flashing;
 }
 
 bool WindowHost::Window::WaitForEvent(SDL_Event& event) {
-    while (tone.IsOpen()) {
-        if (SDL_WaitEventTimeout(&event, ToneCheckMilliseconds) != 0)
+    for (;;) {
+        const int milliseconds = AttendToBeep();
+        if (milliseconds < 0)
+            return SDL_WaitEvent(&event) != 0;
+        if (SDL_WaitEventTimeout(&event, milliseconds) != 0)
             return true;
-        tone.CloseWhenOver();
     }
-    return SDL_WaitEvent(&event) != 0;
 }
 
 void WindowHost::Window::Wake() {
@@ -181,6 +219,7 @@ void WindowHost::Window::TranslateWheel(const SDL_MouseWheelEvent& event) {
 void WindowHost::Window::TranslateWindow(const SDL_WindowEvent& event) {
     switch (event.event) {
     case SDL_WINDOWEVENT_DISPLAY_CHANGED:
+    case SDL_WINDOWEVENT_SHOWN:
         isMoved = true;
         isResized = true;
         break;
@@ -189,7 +228,6 @@ void WindowHost::Window::TranslateWindow(const SDL_WindowEvent& event) {
         isResized = true;
         break;
     case SDL_WINDOWEVENT_EXPOSED:
-    case SDL_WINDOWEVENT_SHOWN:
     case SDL_WINDOWEVENT_RESTORED:
         if (!isResized)
             CopyAll();
@@ -208,6 +246,7 @@ void WindowHost::Window::Translate(const SDL_Event& event) {
         TranslateWindow(event.window);
         break;
     case SDL_KEYDOWN:
+        flash.End(); // seen
         if (!Obey(Keyboard::CommandOf(event.key)))
             keyboard.Translate(event.key, events);
         break;
@@ -298,6 +337,8 @@ Canvas& WindowHost::Screen() {
 
 void WindowHost::Present(const RECT& changed) {
     Window& window = *window_;
+    if (window.isFlashShown)
+        window.ShowFlash(false); // it comes back where it then belongs
     if (!window.isPainted) {
         window.isPainted = true;
         // Only now: a second start, which gives way to the first one, shows no window.
@@ -315,6 +356,7 @@ void WindowHost::Present(const RECT& changed) {
 void WindowHost::Beep() {
     SDL_FlashWindow(window_->handle, SDL_FLASH_BRIEFLY);
     window_->tone.Play();
+    window_->flash.Begin(SDL_GetTicks64());
 }
 
 void WindowHost::Wake() {
@@ -322,7 +364,8 @@ void WindowHost::Wake() {
 }
 
 void WindowHost::TitleChanged(const std::wstring& title) {
-    SDL_SetWindowTitle(window_->handle, ToUtf8(title).c_str());
+    // Among the windows of a desktop the name of a vehicle says nothing.
+    SDL_SetWindowTitle(window_->handle, (ToUtf8(title) + " - " + ProgramName).c_str());
 }
 
 void WindowHost::BringToFront() {

@@ -8,8 +8,8 @@
 namespace device {
 
 /// The device in a window of the desktop: its screen is the window's inside, `zoom` image pixels a device pixel. The
-/// window can be resized; the screen then holds more or less, at the same zoom. Its keys for the zoom and for the full
-/// screen are the host's own. Size and zoom are remembered from one run to the next, beside the registry, unless they
+/// zoom follows the window's size until a person fixes it. The keys for the zoom and for the full screen are the host's
+/// own. Size and zoom are remembered from one run to the next, beside the registry, unless they
 /// are told by HANDSET_SCREEN or HANDSET_ZOOM. One a process.
 class WindowHost final : public Host {
 public:
@@ -27,7 +27,7 @@ public:
     /// After a Resize event everything has to be painted anew.
     Canvas& Screen() override;
     void Present(const RECT& changed) override;
-    /// A flash of the window's mark in the task bar, and a short tone where there is a sound device.
+    /// A short tone where there is a sound device; what it concerns flashes, and the window's mark in the task bar.
     void Beep() override;
     void Wake() override;
 

@@ -1,10 +1,9 @@
 #include "hosts/window/display.h"
 #include "hosts/window/native_window.h"
-#include "platform/metrics.h"
 #include "platform/system/environment.h"
-#include "platform/windowing/look.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace device {
@@ -17,17 +16,8 @@ std::string MemoryFile() {
     return TheEnvironment().registryFile + ".window";
 }
 
-/// On which the soft keys and one row of a list can be read.
-SIZE LeastScreen() {
-    return {Scaled(176), TitleHeight() + Scaled(60) + SoftKeyBarHeight()};
-}
-
 SIZE Larger(SIZE first, SIZE second) {
     return {std::max(first.cx, second.cx), std::max(first.cy, second.cy)};
-}
-
-SIZE Smaller(SIZE first, SIZE second) {
-    return {std::min(first.cx, second.cx), std::min(first.cy, second.cy)};
 }
 
 } // namespace
@@ -38,9 +28,19 @@ WindowHost::Window::Window()
     if (const auto remembered = isGiven ? std::nullopt : RememberedSize::Load(MemoryFile())) {
         chosen = *remembered;
         screen = chosen.screen;
+        isRemembered = true;
     }
     screen = Larger(screen, LeastScreen());
     chosen.screen = screen;
+}
+
+/// Where neither a person nor a former run has said anything.
+void WindowHost::Window::ChooseFirstZoom() {
+    room = RoomOfDisplay(handle, TheEnvironment().screen);
+    if (isRemembered)
+        return;
+    chosen.zoom = TheEnvironment().zoom.value_or(FirstZoom(chosen.screen, room)) / room.zoom;
+    chosen.isFixed = isGiven;
 }
 
 /// The size is the person's own to choose, so it is worth keeping.
@@ -48,40 +48,59 @@ bool WindowHost::Window::IsFree() const {
     return (SDL_GetWindowFlags(handle) & FillsDisplay) == 0;
 }
 
+/// In pixels; by the chosen zoom as far as there is room.
+SIZE WindowHost::Window::AskedSize() const {
+    return FitRoom(InPixels(chosen.screen, std::min(chosen.zoom * room.zoom, LargestZoom(room))), room);
+}
+
 /// A free window grows and shrinks with the zoom, so that its screen holds as much as before, as far as there is room.
 /// Whether it does.
 bool WindowHost::Window::ApplyZoom() {
-    zoom = TheEnvironment().zoom.value_or(displayZoom) * chosen.zoom;
     isResized = true;
     if (!IsFree())
         return false;
-    const auto inPoints = [scale = PixelsPerPoint(handle), this](SIZE size) {
-        return SIZE{InImage(size.cx, zoom / scale), InImage(size.cy, zoom / scale)};
-    };
-    asked = inPoints(chosen.screen);
-    SIZE least = inPoints(LeastScreen());
-    SDL_Rect room;
-    const int display = std::max(SDL_GetWindowDisplayIndex(handle), 0);
-    if (SDL_GetDisplayUsableBounds(display, &room) == 0 && room.w > 0 && room.h > 0) {
-        least = Smaller(least, {room.w, room.h});
-        if (!isGiven)
-            asked = Smaller(asked, {room.w, room.h});
-    }
+    const auto inPoints = [scale = PixelsPerPoint(handle)](SIZE pixels) { return InPixels(pixels, 1.0 / scale); };
+    const double leastZoom = chosen.isFixed ? chosen.zoom * room.zoom : room.zoom;
+    const SIZE least = inPoints(FitRoom(InPixels(LeastScreen(), std::min(leastZoom, LargestZoom(room))), room));
     SDL_SetWindowMinimumSize(handle, least.cx, least.cy);
-    askedFor = chosen.screen;
+    asked = inPoints(AskedSize());
     int width = 0;
     int height = 0;
     SDL_GetWindowSize(handle, &width, &height);
     if (width == asked.cx && height == asked.cy)
         return false; // asking again costs a dozen answers of the display
     SDL_SetWindowSize(handle, asked.cx, asked.cy);
+    MoveInside();
     return true;
 }
 
-void WindowHost::Window::ChangeZoom(double chosenZoom) {
-    if (chosenZoom == chosen.zoom)
+/// A window that grew grew downwards and to the right, where its soft keys may be off the display.
+void WindowHost::Window::MoveInside() const {
+    SDL_Rect usable;
+    SDL_Rect frame{};
+    SDL_Rect window;
+    if (SDL_GetDisplayUsableBounds(std::max(SDL_GetWindowDisplayIndex(handle), 0), &usable) != 0)
         return;
-    chosen.zoom = chosenZoom;
+    SDL_GetWindowBordersSize(handle, &frame.y, &frame.x, &frame.h, &frame.w);
+    SDL_GetWindowPosition(handle, &window.x, &window.y);
+    SDL_GetWindowSize(handle, &window.w, &window.h);
+    const int x = std::max(usable.x + frame.x, std::min(window.x, usable.x + usable.w - frame.w - window.w));
+    const int y = std::max(usable.y + frame.y, std::min(window.y, usable.y + usable.h - frame.h - window.h));
+    if (x != window.x || y != window.y)
+        SDL_SetWindowPosition(handle, x, y);
+}
+
+void WindowHost::Window::FixZoom(double fixed) {
+    if (chosen.isFixed && std::min(fixed * room.zoom, LargestZoom(room)) == zoom)
+        return;
+    chosen.zoom = fixed;
+    chosen.isFixed = true;
+    ApplyZoom();
+}
+
+void WindowHost::Window::FreeZoom() {
+    chosen.zoom = FirstZoom(TheEnvironment().screen, room) / room.zoom;
+    chosen.isFixed = false;
     ApplyZoom();
 }
 
@@ -92,13 +111,13 @@ bool WindowHost::Window::Obey(Keyboard::HostCommand command) {
     case Keyboard::HostCommand::Held:
         break;
     case Keyboard::HostCommand::ZoomIn:
-        ChangeZoom(LargerZoom(chosen.zoom));
+        FixZoom(LargerZoom(zoom / room.zoom));
         break;
     case Keyboard::HostCommand::ZoomOut:
-        ChangeZoom(SmallerZoom(chosen.zoom));
+        FixZoom(SmallerZoom(zoom / room.zoom));
         break;
     case Keyboard::HostCommand::ZoomReset:
-        ChangeZoom(1.0);
+        FreeZoom();
         break;
     case Keyboard::HostCommand::Close:
         Add(InputEvent::Kind::Close);
@@ -121,28 +140,41 @@ void WindowHost::Window::Remember() const {
 
 /// A size that is not the one asked for is the person's own wish. One that is stands for the screen it was asked for,
 /// which may have been more than the display had room for.
-void WindowHost::Window::NoteSize(SIZE now) {
+void WindowHost::Window::NoteSize(const ZoomedScreen& now) {
     int width = 0;
     int height = 0;
     SDL_GetWindowSize(handle, &width, &height);
-    if (IsFree())
-        chosen.screen = width == asked.cx && height == asked.cy ? askedFor : now;
+    if (!IsFree() || (width == asked.cx && height == asked.cy))
+        return;
+    asked = {};
+    chosen.screen = now.screen;
+    if (!chosen.isFixed)
+        chosen.zoom = now.zoom / room.zoom;
+}
+
+/// The window was shown, and has a frame now, or stands on another display. Where the room is what it was, a person who
+/// makes the window larger than that is not corrected.
+void WindowHost::Window::ApplyRoom() {
+    const DisplayRoom before = std::exchange(room, RoomOfDisplay(handle, TheEnvironment().screen));
+    SIZE size;
+    SDL_GetWindowSizeInPixels(handle, &size.cx, &size.cy);
+    if (room.zoom != before.zoom || (Fits(size, before) && !Fits(size, room)))
+        ApplyZoom();
 }
 
 void WindowHost::Window::ApplyResize() {
-    if (isMoved) {
-        isMoved = false;
-        const double before = std::exchange(displayZoom, ZoomOfDisplay(handle, TheEnvironment().screen));
-        if (displayZoom != before)
-            ApplyZoom();
-    }
+    if (std::exchange(isMoved, false))
+        ApplyRoom();
     isResized = false;
     int width = 0;
     int height = 0;
     SDL_GetWindowSizeInPixels(handle, &width, &height);
-    const auto inDevice = [this](int pixels) { return std::max(1, static_cast<int>(pixels / zoom + 0.001)); };
-    const SIZE size{inDevice(width), inDevice(height)};
-    NoteSize(size);
+    const ZoomWish wish{
+        TheEnvironment().screen, chosen.isFixed ? std::optional(chosen.zoom * room.zoom) : std::nullopt};
+    const ZoomedScreen now = ZoomFor({width, height}, room, wish);
+    NoteSize(now);
+    zoom = now.zoom;
+    const SIZE size = now.screen;
     if (size.cx == screen.cx && size.cy == screen.cy && zoom == canvas->Zoom()) {
         CopyAll();
         return;
@@ -150,6 +182,7 @@ void WindowHost::Window::ApplyResize() {
     screen = size;
     canvas->Resize(screen, zoom);
     isPainted = false;
+    isFlashShown = false;
     InputEvent event;
     event.kind = InputEvent::Kind::Resize;
     event.x = size.cx;

@@ -14,10 +14,6 @@ namespace device {
 
 namespace {
 
-template <typename Kind> Kind* Pointer(LPARAM value) {
-    return reinterpret_cast<Kind*>(value); // NOLINT(performance-no-int-to-ptr): what the interface passes
-}
-
 /// -1 for what is no digit, neither the keypad's nor the locale's.
 int DigitOf(wchar_t character) {
     if (character >= L'0' && character <= L'9')
@@ -67,11 +63,7 @@ std::wstring DatePicker::Text() const {
     return text;
 }
 
-void DatePicker::Changed() {
-    InvalidateRect(Handle(), nullptr, TRUE);
-}
-
-void DatePicker::Key(WORD key) {
+void DatePicker::KeyDown(WORD key) {
     if (const UINT message = ClipboardMessage(key)) {
         SendMessageW(Handle(), message, 0, 0);
         return;
@@ -93,7 +85,7 @@ void DatePicker::Key(WORD key) {
     default:
         return;
     }
-    Changed();
+    Redraw();
 }
 
 void DatePicker::Character(wchar_t character) {
@@ -103,7 +95,7 @@ void DatePicker::Character(wchar_t character) {
         parts_.Type(digit);
     else
         return;
-    Changed();
+    Redraw();
 }
 
 // A whole date is taken or nothing: in the order shown or, with the year first, as year, month and day.
@@ -123,36 +115,27 @@ void DatePicker::Paste(std::wstring_view text) {
         part = static_cast<WORD>(std::stoi(numbers[index]));
     }
     if (numbers.size() == order.size() && parts_.Set(date))
-        Changed();
+        Redraw();
     else
         MessageBeep(static_cast<UINT>(-1));
 }
 
-void DatePicker::Click(int x) {
-    const Window* window = FindWindowRecord(Handle());
+void DatePicker::LeftPress(POINT point, WPARAM /*keys*/) {
     const std::vector<DateParts::Piece> pieces = parts_.Pieces();
-    const std::vector<RECT> places = PiecePlaces(pieces, FontOf(window ? window->font : nullptr));
+    const std::vector<RECT> places = PiecePlaces(pieces);
     for (std::size_t index = 0; index < pieces.size(); ++index) {
-        if (pieces[index].part > 0 && x >= places[index].left && x < places[index].right) {
+        if (pieces[index].part > 0 && point.x >= places[index].left && point.x < places[index].right) {
             parts_.Choose(pieces[index].part);
-            Changed();
+            Redraw();
             return;
         }
     }
 }
 
-LRESULT DatePicker::CopyText(wchar_t* buffer, std::size_t size) const {
-    if (!buffer || size == 0)
-        return 0;
-    const std::size_t length = Text().copy(buffer, size - 1);
-    buffer[length] = 0;
-    return static_cast<LRESULT>(length);
-}
-
 LRESULT DatePicker::SetDate(LRESULT validity, const SYSTEMTIME* date) {
     if (validity != GDT_VALID || !date || !parts_.Set(*date))
         return FALSE;
-    Changed();
+    Redraw();
     return TRUE;
 }
 
@@ -170,7 +153,7 @@ void DatePicker::Enter(bool hasFormerOwner) {
 
 void DatePicker::Leave() {
     parts_.Settle();
-    Changed();
+    Redraw();
 }
 
 LRESULT DatePicker::Message(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -181,27 +164,11 @@ LRESULT DatePicker::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         return GetDate(Pointer<SYSTEMTIME>(lParam));
     case WM_SETTEXT:
         return FALSE; // the text is the date's
-    case WM_GETTEXT:
-        return CopyText(Pointer<wchar_t>(lParam), wParam);
-    case WM_GETTEXTLENGTH:
-        return static_cast<LRESULT>(Text().size());
-    case WM_GETDLGCODE:
-        return DLGC_WANTCHARS;
     case WM_SETFOCUS:
         Enter(wParam != 0);
         return 0;
     case WM_KILLFOCUS:
         Leave();
-        return 0;
-    case WM_KEYDOWN:
-        Key(static_cast<WORD>(wParam));
-        return 0;
-    case WM_CHAR:
-        Character(static_cast<wchar_t>(wParam));
-        return 0;
-    case WM_LBUTTONDOWN:
-    case WM_LBUTTONDBLCLK:
-        Click(static_cast<int>(PointOf(lParam).x));
         return 0;
     case WM_COPY:
         Desktop::The().StoreText(Clipboard::Copied, Text());
@@ -209,43 +176,34 @@ LRESULT DatePicker::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_PASTE:
         Paste(lParam ? Pointer<const wchar_t>(lParam) : Desktop::The().StoredText(Clipboard::Copied));
         return 0;
-    case WM_ERASEBKGND:
-        return 1;
-    case WM_PAINT:
-        Paint(reinterpret_cast<HDC>(wParam)); // NOLINT(performance-no-int-to-ptr)
-        return 0;
     default:
-        return DefWindowProcW(Handle(), message, wParam, lParam);
+        return Control::Message(message, wParam, lParam);
     }
 }
 
 // Layout and painting
 
-std::vector<RECT> DatePicker::PiecePlaces(
-    const std::vector<DateParts::Piece>& pieces, const FontDescription& font) const {
-    RECT client;
-    GetClientRect(Handle(), &client);
+std::vector<RECT> DatePicker::PiecePlaces(const std::vector<DateParts::Piece>& pieces) const {
     TextMeasurer& measurer = Desktop::The().Screen().Measurer();
-    const LONG height = measurer.Metrics(font).Height();
-    const LONG top = (client.bottom - height) / 2;
+    const LONG height = TextHeight();
+    const LONG top = (Client().bottom - height) / 2;
     LONG left = FieldPadding();
     std::vector<RECT> places;
     for (const DateParts::Piece& piece : pieces) {
-        const LONG right = left + measurer.Width(font, piece.text);
+        const LONG right = left + measurer.Width(Font(), piece.text);
         places.push_back({left, top, right, top + height});
         left = right;
     }
     return places;
 }
 
-void DatePicker::Paint(HDC context) const {
-    RECT client;
-    GetClientRect(Handle(), &client);
+void DatePicker::Paint(HDC context) {
+    const RECT client = Client();
     const bool focused = GetFocus() == Handle();
     const bool enabled = IsWindowEnabled(Handle()) != FALSE;
     FillRect(context, &client, GetSysColorBrush(COLOR_WINDOW));
     const std::vector<DateParts::Piece> pieces = parts_.Pieces();
-    const std::vector<RECT> places = PiecePlaces(pieces, ContextFont(context));
+    const std::vector<RECT> places = PiecePlaces(pieces);
     SetBkMode(context, TRANSPARENT);
     for (std::size_t index = 0; index < pieces.size(); ++index) {
         RECT place = places[index];

@@ -15,28 +15,30 @@ public:
 
     /// The part that is chosen, from 1 in the order shown.
     int Part() const { return parts_.Part(); }
-    /// The whole date as it shows.
-    std::wstring Text() const;
 
-    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    /// The whole date as it shows.
+    std::wstring Text() const override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
     std::wstring Value() const override { return Text(); }
     const wchar_t* InputMark() const override { return L"123"; }
+
+protected:
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT WantedKeys(const MSG* /*pending*/) const override { return DLGC_WANTCHARS; }
+    void KeyDown(WORD key) override;
+    void Character(wchar_t character) override;
+    void LeftPress(POINT point, WPARAM keys) override;
+    void DoubleClick(POINT point) override { LeftPress(point, 0); }
+    void Paint(HDC context) override;
 
 private:
     LRESULT SetDate(LRESULT validity, const SYSTEMTIME* date);
     LRESULT GetDate(SYSTEMTIME* date) const;
     void Enter(bool hasFormerOwner);
     void Leave();
-    void Changed();
-    void Key(WORD key);
-    void Character(wchar_t character);
     void Paste(std::wstring_view text);
-    void Click(int x);
-    LRESULT CopyText(wchar_t* buffer, std::size_t size) const;
     /// What a piece takes from left to right, in client coordinates.
-    std::vector<RECT> PiecePlaces(const std::vector<DateParts::Piece>& pieces, const FontDescription& font) const;
-    void Paint(HDC context) const;
+    std::vector<RECT> PiecePlaces(const std::vector<DateParts::Piece>& pieces) const;
 
     DateParts parts_;
 };

@@ -13,31 +13,6 @@
 
 namespace device {
 
-namespace {
-
-template <typename Kind> Kind* Pointer(LPARAM value) {
-    return reinterpret_cast<Kind*>(value); // NOLINT(performance-no-int-to-ptr): what the interface passes
-}
-
-const wchar_t* TextAt(LPARAM pointer) {
-    const auto* text = Pointer<const wchar_t>(pointer);
-    return text ? text : L"";
-}
-
-/// The low word first, as two numbers of 16 bits; a number beyond them gives -1.
-LRESULT PackedSelection(std::size_t start, std::size_t end) {
-    constexpr std::size_t Most = 0xFFFF;
-    if (start > Most || end > Most)
-        return -1;
-    return MAKELPARAM(static_cast<unsigned>(start), static_cast<unsigned>(end));
-}
-
-} // namespace
-
-bool Edit::HasStyle(DWORD style) const {
-    return (static_cast<DWORD>(GetWindowLongW(Handle(), GWL_STYLE)) & style) != 0;
-}
-
 bool Edit::IsReadOnly() const {
     return HasStyle(ES_READONLY);
 }
@@ -66,18 +41,10 @@ EditText::Rules Edit::Rules() const {
     return {HasStyle(ES_NUMBER), HasStyle(ES_UPPERCASE), IsMultiline(), limit_};
 }
 
-void Edit::Notify(UINT code) const {
-    const HWND self = Handle();
-    SendMessageW(GetParent(self), WM_COMMAND,
-        static_cast<WPARAM>(LOWORD(static_cast<std::uintptr_t>(GetDlgCtrlID(self))))
-            | (static_cast<WPARAM>(code) << 16U),
-        reinterpret_cast<LPARAM>(self));
-}
-
 // Lines, and where they scroll to, are settled before they are asked for or painted, however much was typed until then.
 void Edit::Moved() {
     caretMoved_ = true;
-    InvalidateRect(Handle(), nullptr, TRUE);
+    Redraw();
 }
 
 void Edit::Settle() {
@@ -98,21 +65,13 @@ LRESULT Edit::SetText(const wchar_t* text) {
     goalX_ = -1;
     layout_.ScrollToStart();
     caretMoved_ = false;
-    InvalidateRect(Handle(), nullptr, TRUE);
+    Redraw();
     if (!IsMultiline())
         Notify(EN_CHANGE);
     return TRUE;
 }
 
-LRESULT Edit::CopyText(wchar_t* buffer, std::size_t size) const {
-    if (!buffer || size == 0)
-        return 0;
-    const std::size_t length = text_.Text().copy(buffer, size - 1);
-    buffer[length] = 0;
-    return static_cast<LRESULT>(length);
-}
-
-LRESULT Edit::DialogCode(const MSG* pending) const {
+LRESULT Edit::WantedKeys(const MSG* pending) const {
     LRESULT code = DLGC_HASSETSEL | DLGC_WANTCHARS;
     const bool isAction = pending && pending->message == WM_KEYDOWN && pending->wParam == VK_RETURN;
     if (HasStyle(EditWantsReturn))
@@ -138,87 +97,58 @@ void Edit::OpenFullScreen() {
 
 // Messages
 
-bool Edit::FieldMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    result = 0;
-    switch (message) {
-    case EM_SETSEL:
-        text_.Select(static_cast<std::int32_t>(wParam), static_cast<std::int32_t>(lParam));
-        goalX_ = -1;
-        InvalidateRect(Handle(), nullptr, TRUE);
-        return true;
-    case EM_GETSEL:
-        if (wParam != 0)
-            *Pointer<DWORD>(static_cast<LPARAM>(wParam)) = static_cast<DWORD>(text_.Start());
-        if (lParam != 0)
-            *Pointer<DWORD>(lParam) = static_cast<DWORD>(text_.End());
-        result = PackedSelection(text_.Start(), text_.End());
-        return true;
-    case EM_SCROLLCARET:
-        Moved();
-        return true;
-    case EM_REPLACESEL:
-        text_.Replace(TextAt(lParam), Rules());
-        Changed();
-        return true;
-    case WM_CUT:
-        Cut();
-        return true;
-    case WM_COPY:
-        StoreSelection(Clipboard::Copied);
-        return true;
-    case WM_PASTE:
-        Paste(lParam ? TextAt(lParam) : Desktop::The().StoredText(Clipboard::Copied));
-        return true;
-    case EM_LIMITTEXT:
-        limit_ = wParam;
-        return true;
-    case EM_SETINPUTMODE:
-        numbersMode_ = lParam == EIM_NUMBERS;
-        Desktop::The().InvalidateAll(); // the mark beside the title
-        return true;
-    case EM_SETREADONLY: {
-        const auto style = static_cast<DWORD>(GetWindowLongW(Handle(), GWL_STYLE));
-        SetWindowLongW(
-            Handle(), GWL_STYLE, static_cast<LONG_PTR>(wParam != 0 ? style | ES_READONLY : style & ~ES_READONLY));
-        InvalidateRect(Handle(), nullptr, TRUE);
-        result = TRUE;
-        return true;
-    }
-    default:
-        return false;
-    }
+void Edit::Create() {
+    text_.Set(Control::Text(), Rules());
+}
+
+LRESULT Edit::FocusChanged(UINT code) const {
+    Redraw();
+    Notify(code);
+    return 0;
+}
+
+LRESULT Edit::Select(std::int32_t start, std::int32_t end) {
+    text_.Select(start, end);
+    goalX_ = -1;
+    Redraw();
+    return 0;
+}
+
+LRESULT Edit::SetNumbersMode(bool isOn) {
+    numbersMode_ = isOn;
+    Desktop::The().InvalidateAll(); // the mark beside the title
+    return 0;
 }
 
 LRESULT Edit::Message(UINT message, WPARAM wParam, LPARAM lParam) {
-    LRESULT result = 0;
-    if (FieldMessage(message, wParam, lParam, result))
-        return result;
     switch (message) {
     case WM_CREATE:
-        if (const Window* window = FindWindowRecord(Handle()))
-            text_.Set(window->text, Rules());
+        Create();
         return 0;
     case WM_SETTEXT:
         return SetText(TextAt(lParam));
-    case WM_GETTEXT:
-        return CopyText(Pointer<wchar_t>(lParam), wParam);
-    case WM_GETTEXTLENGTH:
-        return static_cast<LRESULT>(text_.Text().size());
-    case WM_GETDLGCODE:
-        return DialogCode(Pointer<const MSG>(lParam));
     case WM_SETFOCUS:
+        return FocusChanged(EN_SETFOCUS);
     case WM_KILLFOCUS:
-        InvalidateRect(Handle(), nullptr, TRUE);
-        Notify(message == WM_SETFOCUS ? EN_SETFOCUS : EN_KILLFOCUS);
+        return FocusChanged(EN_KILLFOCUS);
+    case EM_SETSEL:
+        return Select(static_cast<std::int32_t>(wParam), static_cast<std::int32_t>(lParam));
+    case EM_SCROLLCARET:
+        Moved();
         return 0;
-    case WM_KEYDOWN:
-        Key(static_cast<WORD>(wParam));
+    case EM_LIMITTEXT:
+        limit_ = wParam;
         return 0;
-    case WM_CHAR:
-        Character(static_cast<wchar_t>(wParam));
+    case EM_SETINPUTMODE:
+        return SetNumbersMode(lParam == EIM_NUMBERS);
+    case WM_CUT:
+        Cut();
         return 0;
-    case WM_LBUTTONDOWN:
-        Click(PointOf(lParam), (wParam & MK_SHIFT) != 0);
+    case WM_COPY:
+        StoreSelection(Clipboard::Copied);
+        return 0;
+    case WM_PASTE:
+        Paste(lParam ? TextAt(lParam) : Desktop::The().StoredText(Clipboard::Copied));
         return 0;
     case WM_MOUSEMOVE:
         DragTo(PointOf(lParam));
@@ -226,25 +156,11 @@ LRESULT Edit::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONUP:
         EndDrag();
         return 0;
-    case WM_LBUTTONDBLCLK:
-        DoubleClick(PointOf(lParam));
-        return 0;
     case WM_MBUTTONDOWN:
         MiddleClick(PointOf(lParam));
         return 0;
-    case WM_MOUSEWHEEL:
-        return Wheel(wParam, lParam);
-    case WM_SIZE:
-        Moved();
-        return 0;
-    case WM_ERASEBKGND:
-        Settle();
-        return 1;
-    case WM_PAINT:
-        Paint(reinterpret_cast<HDC>(wParam)); // NOLINT(performance-no-int-to-ptr)
-        return 0;
     default:
-        return DefWindowProcW(Handle(), message, wParam, lParam);
+        return Control::Message(message, wParam, lParam);
     }
 }
 

@@ -32,7 +32,7 @@ public:
     /// The place of the caret, one of the two ends of the selection.
     std::size_t Caret() const { return text_.Caret(); }
 
-    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::wstring Text() const override { return text_.Text(); }
     ScrollBar Bar() const override;
     void ScrollTo(int position) override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
@@ -40,34 +40,40 @@ public:
     std::wstring Value() const override { return IsReadOnly() ? std::wstring() : text_.Text(); }
     const wchar_t* InputMark() const override;
 
+protected:
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT WantedKeys(const MSG* pending) const override;
+    void KeyDown(WORD key) override;
+    void Character(wchar_t character) override;
+    void LeftPress(POINT point, WPARAM keys) override;
+    void DoubleClick(POINT point) override;
+    bool Wheel(int lines) override;
+    void Sized() override { Moved(); }
+    void PaintGround(HDC /*context*/) override { Settle(); }
+    void Paint(HDC context) override;
+
 private:
-    bool HasStyle(DWORD style) const;
     bool OpensFullScreen() const;
     EditText::Rules Rules() const;
-    void Notify(UINT code) const;
     void Layout();
     /// The caret moved or the text changed: brings the caret into view.
     void Moved();
     void Changed();
     void Settle();
-    bool FieldMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
-    LRESULT DialogCode(const MSG* pending) const;
+    void Create();
     LRESULT SetText(const wchar_t* text);
-    LRESULT CopyText(wchar_t* buffer, std::size_t size) const;
-    void Key(WORD key);
+    LRESULT FocusChanged(UINT code) const;
+    LRESULT Select(std::int32_t start, std::int32_t end);
+    LRESULT SetNumbersMode(bool isOn);
     void MoveLines(int step, bool extend);
-    void Character(wchar_t character);
     void StoreSelection(Clipboard where) const;
     void Cut();
     void Paste(std::wstring_view text);
     void Click(POINT point, bool extend);
     void DragTo(POINT point);
     void EndDrag();
-    void DoubleClick(POINT point);
     void MiddleClick(POINT point);
-    LRESULT Wheel(WPARAM wParam, LPARAM lParam);
     void OpenFullScreen();
-    void Paint(HDC context);
     void PaintLine(HDC context, std::size_t line, bool focused) const;
 
     EditText text_;

@@ -21,14 +21,6 @@ struct Session {
     FullScreenText text;
 };
 
-std::wstring TextOf(HWND window) {
-    const int length = GetWindowTextLengthW(window);
-    std::wstring text(length > 0 ? static_cast<std::size_t>(length) : 0, L'\0');
-    if (!text.empty())
-        GetWindowTextW(window, text.data(), length + 1);
-    return text;
-}
-
 /// The label of a field stands before it.
 std::wstring LabelOf(HWND edit) {
     std::wstring label;

@@ -39,7 +39,7 @@ UINT ClipboardMessage(WORD key) {
     return (control && key == 'X') || (shift && key == VK_DELETE) ? WM_CUT : 0;
 }
 
-void Edit::Key(WORD key) {
+void Edit::KeyDown(WORD key) {
     const bool extend = IsHeld(VK_SHIFT);
     const bool control = IsHeld(VK_CONTROL);
     if (const UINT message = ClipboardMessage(key)) {
@@ -84,7 +84,7 @@ void Edit::Key(WORD key) {
         if (!control)
             return;
         text_.Select(0, -1);
-        InvalidateRect(Handle(), nullptr, TRUE);
+        Redraw();
         StoreSelection(Clipboard::Selected);
         return;
     default:
@@ -139,6 +139,10 @@ void Edit::Click(POINT point, bool extend) {
     Moved();
 }
 
+void Edit::LeftPress(POINT point, WPARAM keys) {
+    Click(point, (keys & MK_SHIFT) != 0);
+}
+
 // Beyond the edges the caret takes the text with it.
 void Edit::DragTo(POINT point) {
     if (isDragging_)
@@ -166,13 +170,13 @@ void Edit::MiddleClick(POINT point) {
     Paste(Desktop::The().StoredText(Clipboard::Selected));
 }
 
-LRESULT Edit::Wheel(WPARAM wParam, LPARAM lParam) {
+bool Edit::Wheel(int lines) {
     Settle();
     // A text that shows as a whole leaves the wheel to the dialog around it.
     if (static_cast<int>(layout_.Lines().size()) <= layout_.LinesShown())
-        return SendMessageW(GetParent(Handle()), WM_MOUSEWHEEL, wParam, lParam);
-    ScrollTo(layout_.FirstLine() - static_cast<std::int16_t>(HIWORD(wParam)));
-    return 0;
+        return false;
+    ScrollTo(layout_.FirstLine() - lines);
+    return true;
 }
 
 } // namespace device

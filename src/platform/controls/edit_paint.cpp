@@ -12,7 +12,7 @@ void Edit::Layout() {
     Window* window = FindWindowRecord(Handle());
     if (!window || !Desktop::The().IsOn())
         return;
-    EditLayout::Frame frame{&Desktop::The().Screen().Measurer(), FontOf(window->font),
+    EditLayout::Frame frame{&Desktop::The().Screen().Measurer(), Font(),
         {window->place.right - window->place.left, window->place.bottom - window->place.top}, FieldPadding(),
         IsMultiline()};
     if (IsMultiline() && HasStyle(WS_VSCROLL)) {
@@ -22,14 +22,12 @@ void Edit::Layout() {
         SetInsets(*window, {0, 0, bar, 0});
         caretMoved_ = caretMoved; // by nobody, though the window hears of a new size
     }
-    const RECT client = ScreenClient(*window);
-    frame.client = {client.right - client.left, client.bottom - client.top};
+    frame.client = {Client().right, Client().bottom};
     layout_.Update(frame, text_.Text());
 }
 
 void Edit::PaintLine(HDC context, std::size_t line, bool focused) const {
-    RECT client;
-    GetClientRect(Handle(), &client);
+    const RECT client = Client();
     const POINT at = layout_.LinePlace(line);
     const std::wstring text(layout_.LineText(line));
     RECT place{at.x, at.y, client.right, client.bottom};
@@ -50,8 +48,7 @@ void Edit::PaintLine(HDC context, std::size_t line, bool focused) const {
 
 void Edit::Paint(HDC context) {
     Layout();
-    RECT client;
-    GetClientRect(Handle(), &client);
+    const RECT client = Client();
     const bool focused = GetFocus() == Handle();
     FillRect(context, &client, GetSysColorBrush(IsReadOnly() ? COLOR_3DFACE : COLOR_WINDOW));
     if (layout_.Lines().empty())
@@ -87,7 +84,7 @@ ScrollBar Edit::Bar() const {
 void Edit::ScrollTo(int position) {
     Settle();
     layout_.ScrollBy(position - layout_.FirstLine());
-    InvalidateRect(Handle(), nullptr, TRUE);
+    Redraw();
 }
 
 void Edit::PaintFrame(Canvas& canvas, const RECT& place) {

@@ -112,21 +112,17 @@ void EditText::Step(bool forward, bool extend) {
         MoveTo(forward ? Next(caret_) : Previous(caret_), extend);
 }
 
-bool EditText::Insert(std::wstring_view text, bool limited, const Rules& rules) {
+void EditText::Insert(std::wstring_view text, const Rules& rules) {
     std::wstring added(text);
     if (rules.upperCase)
         CharUpperW(added.data());
     const std::size_t start = Start();
-    const std::size_t replaced = End() - start;
-    if (limited && rules.limit > 0 && text_.size() - replaced + added.size() > rules.limit)
-        return false;
-    text_.replace(start, replaced, added);
+    text_.replace(start, End() - start, added);
     // What combines with the text behind the caret makes one step with it: the caret goes behind that.
     caret_ = start + added.size();
     if (!IsStop(caret_))
         caret_ = Next(caret_);
     anchor_ = caret_;
-    return true;
 }
 
 bool EditText::Type(wchar_t character, const Rules& rules) {
@@ -135,7 +131,10 @@ bool EditText::Type(wchar_t character, const Rules& rules) {
         return false;
     if (rules.digitsOnly && !isLineEnd && !IsDigit(character))
         return false;
-    return Insert({&character, 1}, true, rules);
+    if (rules.limit > 0 && text_.size() - (End() - Start()) >= rules.limit)
+        return false;
+    Insert({&character, 1}, rules);
+    return true;
 }
 
 EditText::Pasted EditText::Paste(std::wstring_view text, const Rules& rules) {
@@ -148,12 +147,8 @@ EditText::Pasted EditText::Paste(std::wstring_view text, const Rules& rules) {
         added.resize(PreviousTextBoundary(added, room + 1));
     if (added.empty())
         return Pasted::Nothing;
-    Insert(added, false, rules);
+    Insert(added, rules);
     return added.size() < wanted ? Pasted::Part : Pasted::Whole;
-}
-
-void EditText::Replace(std::wstring_view text, const Rules& rules) {
-    Insert(text, false, rules);
 }
 
 bool EditText::Delete(bool forward) {

@@ -41,8 +41,6 @@ public:
     /// Puts a text in place of the selection as far as the rules take it: of a field of digits its digits; line ends
     /// within a text of one line become blanks, those around it go. Nothing: then nothing has changed.
     Pasted Paste(std::wstring_view text, const Rules& rules);
-    /// Puts a text in place of the selection, whatever the rules say but for capitals.
-    void Replace(std::wstring_view text, const Rules& rules);
     /// Deletes the selection or, without one, a step before or behind the caret. False when there is nothing.
     bool Delete(bool forward);
 
@@ -51,7 +49,7 @@ private:
     std::size_t Previous(std::size_t index) const;
     bool IsStop(std::size_t index) const;
     std::size_t Snap(std::size_t index) const;
-    bool Insert(std::wstring_view text, bool limited, const Rules& rules);
+    void Insert(std::wstring_view text, const Rules& rules);
 
     std::wstring text_;
     std::size_t caret_ = 0;

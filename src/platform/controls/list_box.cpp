@@ -1,10 +1,10 @@
 #include "platform/controls/list_box.h"
 
+#include "platform/controls/collation.h"
 #include "platform/controls/up_down.h"
 #include "platform/dialog.h"
 #include "platform/drawing/device_context.h"
 #include "platform/input.h"
-#include "platform/locale.h"
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/look.h"
@@ -13,26 +13,13 @@
 
 namespace device {
 
-namespace {
-
-const wchar_t* TextAt(LPARAM pointer) {
-    const auto* text = reinterpret_cast<const wchar_t*>(pointer); // NOLINT(performance-no-int-to-ptr)
-    return text ? text : L"";
-}
-
-int Compare(const std::wstring& first, const std::wstring& second) {
-    return CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, first.c_str(), -1, second.c_str(), -1) - CSTR_EQUAL;
-}
-
-} // namespace
-
 bool ListBox::IsSpinner() const {
     return UpDown::PartnerOf(Handle(), UDS_HORZ) != nullptr;
 }
 
 int ListBox::SortedPlace(const std::wstring& text) const {
     const auto place = std::upper_bound(rows_.begin(), rows_.end(), text,
-        [](const std::wstring& added, const Row& row) { return Compare(added, row.text) < 0; });
+        [](const std::wstring& added, const Row& row) { return IsBefore(added, row.text.c_str()); });
     return static_cast<int>(place - rows_.begin());
 }
 
@@ -77,7 +64,7 @@ void ListBox::Changed() {
         first_ = std::clamp(first_, selected_ - shown + 1, selected_);
     ScrollTo(first_);
     if (Window* window = FindWindowRecord(Handle())) {
-        const bool bar = window->Has(WS_VSCROLL) && !IsSpinner() && Count() > shown;
+        const bool bar = HasStyle(WS_VSCROLL) && !IsSpinner() && Count() > shown;
         SetInsets(*window, {0, 0, bar ? GetSystemMetrics(SM_CXVSCROLL) : 0, 0});
     }
 }
@@ -89,7 +76,7 @@ ScrollBar ListBox::Bar() const {
 
 void ListBox::ScrollTo(int position) {
     first_ = std::clamp(position, 0, std::max(0, Count() - RowsShown()));
-    InvalidateRect(Handle(), nullptr, TRUE);
+    Redraw();
 }
 
 void ListBox::Step(int step, bool wrap) {
@@ -107,56 +94,27 @@ void ListBox::Step(int step, bool wrap) {
 
 void ListBox::SelectAndNotify(int index) {
     Select(index);
-    const HWND self = Handle();
-    SendMessageW(GetParent(self), WM_COMMAND,
-        static_cast<WPARAM>(GetDlgCtrlID(self)) | (static_cast<WPARAM>(LBN_SELCHANGE) << 16U),
-        reinterpret_cast<LPARAM>(self));
+    Notify(LBN_SELCHANGE);
 }
 
-bool ListBox::Key(WORD key) {
+void ListBox::KeyDown(WORD key) {
     if (IsSpinner()) {
-        if (key != VK_LEFT && key != VK_RIGHT)
-            return false;
-        Step(key == VK_LEFT ? -1 : 1, true);
-        return true;
+        if (key == VK_LEFT || key == VK_RIGHT)
+            Step(key == VK_LEFT ? -1 : 1, true);
+        return;
     }
-    switch (key) {
-    case VK_UP:
-        Step(-1, false);
-        return true;
-    case VK_DOWN:
-        Step(1, false);
-        return true;
-    case VK_PRIOR:
-        Step(-RowsShown(), false);
-        return true;
-    case VK_NEXT:
-        Step(RowsShown(), false);
-        return true;
-    case VK_HOME:
-        Step(-Count(), false);
-        return true;
-    case VK_END:
-        Step(Count(), false);
-        return true;
-    default:
-        return false;
-    }
+    const std::pair<WORD, int> steps[] = {{VK_UP, -1}, {VK_DOWN, 1}, {VK_PRIOR, -RowsShown()}, {VK_NEXT, RowsShown()},
+        {VK_HOME, -Count()}, {VK_END, Count()}};
+    for (const auto& [each, step] : steps)
+        if (each == key)
+            Step(step, false);
 }
 
-void ListBox::TypeAhead(wchar_t character) {
-    wchar_t wanted[2] = {character, 0};
-    CharLowerW(wanted);
-    for (int tried = 1; tried <= Count(); ++tried) {
-        const int index = (std::max(selected_, -1) + tried) % Count();
-        wchar_t first[2] = {rows_[static_cast<std::size_t>(index)].text.c_str()[0], 0};
-        CharLowerW(first);
-        if (first[0] == wanted[0]) {
-            if (index != selected_)
-                Step(index - std::max(selected_, 0), false);
-            return;
-        }
-    }
+void ListBox::Character(wchar_t character) {
+    const int row = NextBeginningWith(character, Count(), selected_,
+        [this](int index) { return rows_[static_cast<std::size_t>(index)].text.c_str(); });
+    if (row >= 0 && row != selected_)
+        SelectAndNotify(row);
 }
 
 int ListBox::RowAt(POINT point) const {
@@ -164,37 +122,38 @@ int ListBox::RowAt(POINT point) const {
     return IsRow(static_cast<WPARAM>(row)) ? row : -1;
 }
 
-void ListBox::Click(POINT point) {
-    if (IsSpinner()) {
-        RECT client;
-        GetClientRect(Handle(), &client);
-        Step(point.x < client.right / 2 ? -1 : 1, true);
-    } else if (const int row = RowAt(point); row >= 0 && row != selected_) {
+void ListBox::LeftPress(POINT point, WPARAM /*keys*/) {
+    if (IsSpinner())
+        Step(point.x < Client().right / 2 ? -1 : 1, true);
+    else if (const int row = RowAt(point); row >= 0 && row != selected_)
         SelectAndNotify(row);
-    }
 }
 
 // A row that is chosen twice is taken, as the Action key takes it.
 void ListBox::DoubleClick(POINT point) {
-    Click(point);
+    LeftPress(point, 0);
     if (!IsSpinner() && RowAt(point) >= 0)
         PostMessageW(Handle(), WM_KEYDOWN, VK_RETURN, 0);
 }
 
+void ListBox::RightPress(POINT point) {
+    if (!IsSpinner())
+        LeftPress(point, 0);
+}
+
 // A spinner that is passed on the way through a form keeps its value.
-void ListBox::Wheel(WPARAM wParam, LPARAM lParam) {
-    const int lines = static_cast<std::int16_t>(HIWORD(wParam));
+bool ListBox::Wheel(int lines) {
     if (!IsSpinner())
         ScrollTo(first_ - lines);
     else if (GetFocus() == Handle())
         Step(lines > 0 ? -1 : 1, false);
     else
-        DefWindowProcW(Handle(), WM_MOUSEWHEEL, wParam, lParam);
+        return false;
+    return true;
 }
 
 LRESULT ListBox::Add(const wchar_t* text) {
-    const bool sorted = (static_cast<DWORD>(GetWindowLongW(Handle(), GWL_STYLE)) & LBS_SORT) != 0;
-    return Insert(sorted ? SortedPlace(text) : -1, text);
+    return Insert(HasStyle(LBS_SORT) ? SortedPlace(text) : -1, text);
 }
 
 void ListBox::Clear() {
@@ -244,40 +203,11 @@ LRESULT ListBox::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     case LB_GETTEXTLEN:
         return IsRow(wParam) ? static_cast<LRESULT>(rows_[wParam].text.size()) : LB_ERR;
     case LB_GETTEXT:
-        return CopyText(wParam, reinterpret_cast<wchar_t*>(lParam)); // NOLINT(performance-no-int-to-ptr)
+        return CopyText(wParam, Pointer<wchar_t>(lParam));
     case LB_SETITEMDATA:
         return SetData(wParam, lParam);
     case LB_GETITEMDATA:
         return IsRow(wParam) ? rows_[wParam].data : LB_ERR;
-    case WM_GETDLGCODE:
-        return WantedKeys(reinterpret_cast<const MSG*>(lParam)); // NOLINT(performance-no-int-to-ptr)
-    case WM_KEYDOWN:
-        Key(static_cast<WORD>(wParam));
-        return 0;
-    case WM_CHAR:
-        TypeAhead(static_cast<wchar_t>(wParam));
-        return 0;
-    case WM_LBUTTONDOWN:
-        Click(PointOf(lParam));
-        return 0;
-    case WM_LBUTTONDBLCLK:
-        DoubleClick(PointOf(lParam));
-        return 0;
-    case WM_RBUTTONDOWN:
-        if (!IsSpinner())
-            Click(PointOf(lParam));
-        return 0;
-    case WM_MOUSEWHEEL:
-        Wheel(wParam, lParam);
-        return 0;
-    case WM_SIZE:
-        Changed();
-        return 0;
-    case WM_ERASEBKGND:
-        return 1;
-    case WM_PAINT:
-        Paint(reinterpret_cast<HDC>(wParam)); // NOLINT(performance-no-int-to-ptr)
-        return 0;
     default:
         return DefWindowProcW(Handle(), message, wParam, lParam);
     }
@@ -286,14 +216,11 @@ LRESULT ListBox::Message(UINT message, WPARAM wParam, LPARAM lParam) {
 // Layout and painting
 
 int ListBox::RowHeight() const {
-    const Window* window = FindWindowRecord(Handle());
-    return Desktop::The().Screen().Measurer().Metrics(FontOf(window ? window->font : nullptr)).Height() + Scaled(4);
+    return TextHeight() + Scaled(4);
 }
 
 int ListBox::RowsShown() const {
-    RECT client;
-    GetClientRect(Handle(), &client);
-    return std::max(1, static_cast<int>(client.bottom) / RowHeight());
+    return std::max(1, static_cast<int>(Client().bottom) / RowHeight());
 }
 
 /// What an arrow of a spinner takes of its width.
@@ -356,14 +283,12 @@ void ListBox::PaintRows(HDC context, const RECT& client) const {
     }
 }
 
-void ListBox::Paint(HDC context) const {
-    RECT client;
-    GetClientRect(Handle(), &client);
+void ListBox::Paint(HDC context) {
     SetBkMode(context, TRANSPARENT);
     if (IsSpinner())
-        PaintSpinner(context, client);
+        PaintSpinner(context, Client());
     else
-        PaintRows(context, client);
+        PaintRows(context, Client());
 }
 
 void ListBox::PaintFrame(Canvas& canvas, const RECT& place) {

@@ -23,12 +23,23 @@ public:
     const std::vector<Row>& Rows() const { return rows_; }
     int Selected() const { return selected_; }
 
-    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
     ScrollBar Bar() const override;
     void ScrollTo(int position) override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
     /// A row of a list is not entered, but walked over.
     std::wstring Value() const override { return IsSpinner() ? std::to_wstring(selected_) : std::wstring(); }
+
+protected:
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT WantedKeys(const MSG* pending) const override;
+    void KeyDown(WORD key) override;
+    void Character(wchar_t character) override;
+    void LeftPress(POINT point, WPARAM keys) override;
+    void DoubleClick(POINT point) override;
+    void RightPress(POINT point) override;
+    bool Wheel(int lines) override;
+    void Sized() override { Changed(); }
+    void Paint(HDC context) override;
 
 private:
     bool IsSpinner() const;
@@ -41,20 +52,13 @@ private:
     void Clear();
     LRESULT CopyText(std::size_t row, wchar_t* buffer) const;
     LRESULT SetData(std::size_t row, LPARAM data);
-    LRESULT WantedKeys(const MSG* pending) const;
     LRESULT Select(int index);
     void Step(int step, bool wrap);
-    bool Key(WORD key);
-    void TypeAhead(wchar_t character);
     int RowAt(POINT point) const;
     void SelectAndNotify(int index);
-    void Click(POINT point);
-    void DoubleClick(POINT point);
-    void Wheel(WPARAM wParam, LPARAM lParam);
     void Changed();
     int RowHeight() const;
     int RowsShown() const;
-    void Paint(HDC context) const;
     static int ArrowRoom();
     static void PaintArrows(Canvas& canvas, const RECT& place, COLORREF color, bool focused);
     void PaintSpinner(HDC context, const RECT& client) const;

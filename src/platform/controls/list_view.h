@@ -23,29 +23,37 @@ public:
     const std::vector<Column>& Columns() const { return columns_; }
     int RowHeight() const { return rowHeight_; }
 
-    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
     ScrollBar Bar() const override;
     void ScrollTo(int position) override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
 
+protected:
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT WantedKeys(const MSG* /*pending*/) const override { return DLGC_WANTARROWS | DLGC_WANTCHARS; }
+    void KeyDown(WORD key) override;
+    void Character(wchar_t character) override;
+    void LeftPress(POINT point, WPARAM keys) override;
+    void DoubleClick(POINT point) override;
+    void RightPress(POINT point) override;
+    bool Wheel(int lines) override;
+    void Sized() override;
+    void PaintGround(HDC context) override;
+    void Paint(HDC context) override;
+
 private:
-    bool HasStyle(DWORD style) const;
     int HeaderHeight() const;
     int RowsShown() const;
     /// In client coordinates.
     RECT RowRect(int row) const;
-    bool ItemRect(int row, RECT* rectangle) const;
-    HFONT Font() const;
+    BOOL ItemRect(int row, RECT* rectangle) const;
     void Measure();
     /// Rows, size or scroll position changed.
     void Changed();
 
-    LRESULT ListMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT InsertItem(const LVITEMW& item);
     LRESULT SetItem(const LVITEMW& item);
     LRESULT GetItem(LVITEMW& item) const;
     LRESULT GetText(int row, LVITEMW& item) const;
-    UINT GetState(int row) const;
     LRESULT SetState(int row, const LVITEMW& item);
     LRESULT DeleteItem(int row);
     LRESULT DeleteAllItems();
@@ -55,24 +63,19 @@ private:
     bool HasColumn(int column) const;
     int InsertColumn(int place, const LVCOLUMNW& column);
     LRESULT SetColumnWidth(int column, int width);
-    bool HeaderRect(int column, RECT* place) const;
-    bool SetOrder(std::span<const int> order);
+    BOOL HeaderRect(int column, RECT* place) const;
+    BOOL SetOrder(std::span<const int> order);
 
-    void KeyDown(WORD key);
     void MoveKey(WORD key);
-    void TypeAhead(wchar_t character);
-    void Click(WPARAM keys, LPARAM point);
-    void DoubleClick(LPARAM point);
-    void RightClick(LPARAM point);
-    void DragTo(LPARAM point);
-    void LookChanged(bool isFont);
-    void SendKeyNotification(WORD key);
-    void SendNotification(INT code);
-    int RowAt(int y) const;
+    void DragTo(WPARAM keys, POINT point);
+    LRESULT LookChanged(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT ColumnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    void SendNotification(INT code, WORD key = 0) const;
+    int RowAt(LONG y) const;
 
-    void Paint(HDC context);
     void PaintHeader(HDC context, const RECT& client) const;
-    void PaintRow(HDC context, int row, RECT place) const;
+    void PaintRow(HDC context, int row, const RECT& place) const;
+    static void PaintCell(HDC context, const std::wstring& text, const Column& column, RECT cell);
     void AskOwnerToPaint(HDC context, int row, const RECT& place) const;
 
     ListViewRows rows_;

@@ -10,15 +10,8 @@ namespace device {
 
 // Keys and the mouse
 
-void ListView::SendNotification(INT code) {
-    NMHDR note{Handle(), static_cast<UINT>(GetDlgCtrlID(Handle())), code};
-    SendMessageW(GetParent(Handle()), WM_NOTIFY, note.idFrom, reinterpret_cast<LPARAM>(&note));
-}
-
-void ListView::SendKeyNotification(WORD key) {
-    NMLVKEYDOWN note;
-    note.hdr = {Handle(), static_cast<UINT>(GetDlgCtrlID(Handle())), LVN_KEYDOWN};
-    note.wVKey = key;
+void ListView::SendNotification(INT code, WORD key) const {
+    NMLVKEYDOWN note{{Handle(), static_cast<UINT>(GetDlgCtrlID(Handle())), code}, key};
     SendMessageW(GetParent(Handle()), WM_NOTIFY, note.hdr.idFrom, reinterpret_cast<LPARAM>(&note));
 }
 
@@ -26,18 +19,18 @@ void ListView::KeyDown(WORD key) {
     const unsigned modifiers = Desktop::The().Modifiers();
     if (key == VK_RETURN && (modifiers & MOD_SHIFT) != 0) {
         rows_.ToggleFocused();
-        InvalidateRect(Handle(), nullptr, FALSE);
+        Redraw();
         return;
     }
     const HWND self = Handle();
-    SendKeyNotification(key);
+    SendNotification(LVN_KEYDOWN, key);
     if (!IsWindow(self))
         return;
     if (key == L'A' && (modifiers & MOD_CONTROL) != 0)
         rows_.SelectAll();
     else
         MoveKey(key);
-    InvalidateRect(self, nullptr, FALSE);
+    Redraw();
 }
 
 void ListView::MoveKey(WORD key) {
@@ -71,8 +64,14 @@ void ListView::MoveKey(WORD key) {
     rows_.EnsureVisible(rows_.Focused(), RowsShown());
 }
 
-void ListView::Click(WPARAM keys, LPARAM point) {
-    const int row = RowAt(PointOf(point).y);
+void ListView::Character(wchar_t character) {
+    rows_.MoveTo(rows_.TypeAhead(character), ListViewRows::Move::Select);
+    rows_.EnsureVisible(rows_.Focused(), RowsShown());
+    Redraw();
+}
+
+void ListView::LeftPress(POINT point, WPARAM keys) {
+    const int row = RowAt(point.y);
     if (!rows_.Has(row))
         return;
     if ((keys & MK_CONTROL) != 0) {
@@ -83,35 +82,35 @@ void ListView::Click(WPARAM keys, LPARAM point) {
         rows_.MoveTo(row, (keys & MK_SHIFT) != 0 ? ListViewRows::Move::Extend : ListViewRows::Move::Select);
     }
     rows_.EnsureVisible(row, RowsShown());
-    InvalidateRect(Handle(), nullptr, FALSE);
+    Redraw();
     SendNotification(NM_CLICK);
 }
 
-void ListView::DoubleClick(LPARAM point) {
-    if (rows_.Has(RowAt(PointOf(point).y)))
-        SendKeyNotification(VK_RETURN);
+void ListView::DoubleClick(POINT point) {
+    if (rows_.Has(RowAt(point.y)))
+        SendNotification(LVN_KEYDOWN, VK_RETURN);
 }
 
-void ListView::RightClick(LPARAM point) {
-    const int row = RowAt(PointOf(point).y);
+void ListView::RightPress(POINT point) {
+    const int row = RowAt(point.y);
     if (!rows_.Has(row) || rows_.IsSelected(row))
         return;
     rows_.MoveTo(row, ListViewRows::Move::Select);
-    InvalidateRect(Handle(), nullptr, FALSE);
+    Redraw();
 }
 
 // Beyond the edges a row at a time comes into view.
-void ListView::DragTo(LPARAM point) {
-    if (HasStyle(LVS_SINGLESEL) || rows_.Count() == 0)
+void ListView::DragTo(WPARAM keys, POINT point) {
+    if ((keys & MK_CONTROL) != 0 || HasStyle(LVS_SINGLESEL) || rows_.Count() == 0)
         return;
     const int first = rows_.First();
-    const int row = std::clamp(RowAt(PointOf(point).y), first - 1, first + RowsShown());
+    const int row = std::clamp(RowAt(point.y), first - 1, first + RowsShown());
     const int target = std::clamp(row, 0, rows_.Count() - 1);
     if (target == rows_.Focused())
         return;
     rows_.MoveTo(target, ListViewRows::Move::Extend);
     rows_.EnsureVisible(target, RowsShown());
-    InvalidateRect(Handle(), nullptr, FALSE);
+    Redraw();
 }
 
 } // namespace device

@@ -20,14 +20,16 @@ int CellPadding() {
 } // namespace
 
 int ListView::HeaderHeight() const {
-    if (HasStyle(LVS_NOCOLUMNHEADER))
-        return 0;
-    return Desktop::The().Screen().Measurer().Metrics(FontOf(Font())).Height() + Scaled(6);
+    return HasStyle(LVS_NOCOLUMNHEADER) ? 0 : TextHeight() + Scaled(6);
+}
+
+void ListView::PaintGround(HDC context) {
+    const RECT client = Client();
+    FillRect(context, &client, GetSysColorBrush(COLOR_WINDOW));
 }
 
 void ListView::Paint(HDC context) {
-    RECT client;
-    GetClientRect(Handle(), &client);
+    const RECT client = Client();
     SetBkMode(context, TRANSPARENT);
     if (HeaderHeight() > 0)
         PaintHeader(context, client);
@@ -55,17 +57,21 @@ void ListView::Paint(HDC context) {
 }
 
 void ListView::PaintHeader(HDC context, const RECT& client) const {
-    RECT header{0, 0, client.right, HeaderHeight()};
+    const RECT header{0, 0, client.right, HeaderHeight()};
     FillRect(context, &header, GetSysColorBrush(COLOR_3DFACE));
     SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
     LONG left = 0;
     for (const Column& column : columns_) {
-        RECT cell{left + CellPadding(), 0, left + column.width - CellPadding(), header.bottom};
-        DrawTextW(context, column.heading.c_str(), -1, &cell,
-            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS
-                | (column.format == LVCFMT_RIGHT ? DT_RIGHT : 0));
+        PaintCell(context, column.heading, column, {left, 0, left + column.width, header.bottom});
         left += column.width;
     }
+}
+
+void ListView::PaintCell(HDC context, const std::wstring& text, const Column& column, RECT cell) {
+    cell.left += CellPadding();
+    cell.right -= CellPadding();
+    const UINT alignment = column.format == LVCFMT_RIGHT ? DT_RIGHT : 0;
+    DrawTextW(context, text.c_str(), -1, &cell, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS | alignment);
 }
 
 void ListView::AskOwnerToPaint(HDC context, int row, const RECT& place) const {
@@ -82,7 +88,7 @@ void ListView::AskOwnerToPaint(HDC context, int row, const RECT& place) const {
     RestoreDC(context, state);
 }
 
-void ListView::PaintRow(HDC context, int row, RECT place) const {
+void ListView::PaintRow(HDC context, int row, const RECT& place) const {
     const bool selected = rows_.IsSelected(row);
     FillRect(context, &place, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
     SetTextColor(context, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
@@ -98,12 +104,8 @@ void ListView::PaintRow(HDC context, int row, RECT place) const {
     LONG left = 0;
     for (std::size_t index = 0; index < columns_.size(); ++index) {
         const Column& column = columns_[index];
-        RECT cell{(index == 0 ? label.left : left) + CellPadding(), place.top, left + column.width - CellPadding(),
-            place.bottom};
-        const std::wstring text = rows_.Cell(row, static_cast<int>(index));
-        DrawTextW(context, text.c_str(), -1, &cell,
-            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS
-                | (column.format == LVCFMT_RIGHT ? DT_RIGHT : 0));
+        const RECT cell{index == 0 ? label.left : left, place.top, left + column.width, place.bottom};
+        PaintCell(context, rows_.Cell(row, static_cast<int>(index)), column, cell);
         left += column.width;
     }
 }

@@ -1,6 +1,6 @@
 #include "platform/controls/list_view_rows.h"
 
-#include "platform/locale.h"
+#include "platform/controls/collation.h"
 
 #include <algorithm>
 #include <utility>
@@ -17,12 +17,9 @@ int ListViewRows::FindData(LPARAM data, int after) const {
 int ListViewRows::Next(int after, UINT flags) const {
     if ((flags & LVNI_SELECTED) != 0 && selectedCount_ == 0)
         return -1;
-    for (int row = std::max(after, -1) + 1; row < Count(); ++row) {
-        const bool selected = (flags & LVNI_SELECTED) == 0 || At(row).selected;
-        const bool focused = (flags & LVNI_FOCUSED) == 0 || row == focused_;
-        if (selected && focused)
+    for (int row = std::max(after, -1) + 1; row < Count(); ++row)
+        if ((flags & LVNI_SELECTED) == 0 || At(row).selected)
             return row;
-    }
     return -1;
 }
 
@@ -43,11 +40,8 @@ int ListViewRows::Insert(int row, Row added) {
 }
 
 int ListViewRows::SortedPlace(const std::wstring& text) const {
-    const auto place = std::upper_bound(
-        rows_.begin(), rows_.end(), text, [](const std::wstring& added, const Row& other) {
-            const int order = CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, added.c_str(), -1, other.Text(), -1);
-            return order != 0 && order < CSTR_EQUAL;
-        });
+    const auto place = std::upper_bound(rows_.begin(), rows_.end(), text,
+        [](const std::wstring& added, const Row& other) { return IsBefore(added, other.Text()); });
     return static_cast<int>(place - rows_.begin());
 }
 
@@ -189,16 +183,7 @@ void ListViewRows::MoveTo(int row, Move move) {
 }
 
 int ListViewRows::TypeAhead(wchar_t character) const {
-    wchar_t wanted[2] = {character, 0};
-    CharLowerW(wanted);
-    for (int tried = 1; tried <= Count(); ++tried) {
-        const int row = (std::max(focused_, -1) + tried) % Count();
-        wchar_t first[2] = {At(row).Text()[0], 0};
-        CharLowerW(first);
-        if (first[0] != 0 && first[0] == wanted[0])
-            return row;
-    }
-    return -1;
+    return NextBeginningWith(character, Count(), focused_, [this](int row) { return At(row).Text(); });
 }
 
 void ListViewRows::ScrollTo(int first, int shown) {

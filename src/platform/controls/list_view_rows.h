@@ -35,7 +35,7 @@ public:
     int Focused() const { return focused_; }
     bool IsSelected(int row) const { return Has(row) && At(row).selected; }
     int FindData(LPARAM data, int after) const;
-    /// The first row behind `after` with all of the LVNI_ flags; -1 when there is none.
+    /// The first row behind `after`, with LVNI_SELECTED the first selected one; -1 when there is none.
     int Next(int after, UINT flags) const;
     /// Valid until the next change.
     const std::wstring& Cell(int row, int column) const;

@@ -7,21 +7,13 @@
 
 namespace device {
 
-namespace {
-
-template <typename Kind> std::unique_ptr<Control> Make(HWND window) {
-    return std::make_unique<Kind>(window);
-}
-
-} // namespace
-
 void RegisterControls() {
-    RegisterControlClass(L"Static", Make<StaticText>);
-    RegisterControlClass(L"Edit", Make<Edit>);
-    RegisterControlClass(L"ListBox", Make<ListBox>);
-    RegisterControlClass(L"SysListView32", Make<ListView>);
-    RegisterControlClass(L"SysDateTimePick32", Make<DatePicker>);
-    RegisterControlClass(L"msctls_updown32", Make<UpDown>);
+    RegisterControlClass(L"Static", MakeControl<StaticText>);
+    RegisterControlClass(L"Edit", MakeControl<Edit>);
+    RegisterControlClass(L"ListBox", MakeControl<ListBox>);
+    RegisterControlClass(L"SysListView32", MakeControl<ListView>);
+    RegisterControlClass(L"SysDateTimePick32", MakeControl<DatePicker>);
+    RegisterControlClass(L"msctls_updown32", MakeControl<UpDown>);
 }
 
 } // namespace device

@@ -11,12 +11,13 @@ public:
     explicit StaticText(HWND window)
         : Control(window) { }
 
-    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool TakesFocus() const override { return false; }
 
-private:
-    void Paint(HDC context) const;
+protected:
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void Paint(HDC context) override;
 
+private:
     HICON picture_ = nullptr;
 };
 

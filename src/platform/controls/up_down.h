@@ -11,12 +11,13 @@ public:
     explicit UpDown(HWND window)
         : Control(window) { }
 
-    HWND Buddy() const { return buddy_; }
-    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool TakesFocus() const override { return false; }
 
     /// The up-down whose buddy a control is, with these style bits; null when it has none.
     static HWND PartnerOf(HWND control, DWORD styleBits);
+
+protected:
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
     HWND buddy_ = nullptr;

@@ -9,12 +9,16 @@
 
 namespace device {
 
+/// What dialogs name as their face: the plain cut of the device's own, since a field has the width of the screen and
+/// its text is small. Titles and lists, whose columns are narrow, have the condensed cut.
+inline constexpr wchar_t DialogFace[] = L"MS Shell Dlg";
+
 /// A font as it is asked for. Equal descriptions are the same font.
 struct FontDescription {
     int height = -13; ///< device pixels; below 0: of the characters (em), above 0: of the cell
     int weight = 400;
     bool italic = false;
-    std::wstring face; ///< empty or unknown: the device's own sans-serif face
+    std::wstring face; ///< empty or unknown: the device's own sans-serif face, condensed
 
     bool operator==(const FontDescription&) const = default;
 };

@@ -24,10 +24,14 @@ HandleTable<HDC, Context>& Contexts() {
     return *contexts;
 }
 
-DrawingHooks& Hooks() {
-    static DrawingHooks hooks;
-    return hooks;
+/// A stale handle's draws where nobody looks.
+const Context& ContextOrBlank(HDC context) {
+    static const Context blank{&NoScreen(), {}, {}, {}};
+    const Context* found = FindContext(context);
+    return found != nullptr ? *found : blank;
 }
+
+bool (*describeWindow)(HWND window, ContextTarget& target) = nullptr;
 
 /// Puts an object that was selected before back into `handle`, and gives what stood there.
 HGDIOBJ Select(ContextState& state, HGDIOBJ handle, const GdiObject& object) {
@@ -62,8 +66,8 @@ ContextPainter::~ContextPainter() {
         canvas_->PopClip();
 }
 
-void SetDrawingHooks(const DrawingHooks& hooks) {
-    Hooks() = hooks;
+void SetWindowTarget(bool (*describe)(HWND window, ContextTarget& target)) {
+    describeWindow = describe;
 }
 
 HDC CreateContext(const ContextTarget& target) {
@@ -79,15 +83,6 @@ HDC CreateContext(const ContextTarget& target) {
     return Contexts().Add(std::move(context));
 }
 
-HDC CreateContext(Canvas& canvas, POINT origin, const RECT& clip, HFONT font) {
-    ContextTarget target;
-    target.canvas = &canvas;
-    target.origin = origin;
-    target.clip = clip;
-    target.font = font;
-    return CreateContext(target);
-}
-
 bool DestroyContext(HDC context) {
     return Contexts().Remove(context);
 }
@@ -98,8 +93,7 @@ void SetContextMarks(HDC context, const PaintMarks& marks) {
 }
 
 PaintMarks ContextMarks(HDC context) {
-    const Context* found = FindContext(context);
-    return found != nullptr ? found->state.marks : PaintMarks{};
+    return ContextOrBlank(context).state.marks;
 }
 
 void ClipContext(HDC context, const RECT& clip) {
@@ -108,23 +102,15 @@ void ClipContext(HDC context, const RECT& clip) {
 }
 
 Canvas& ContextCanvas(HDC context) {
-    const Context* found = FindContext(context);
-    return found != nullptr ? *found->canvas : NoScreen();
+    return *ContextOrBlank(context).canvas;
 }
 
 POINT ContextOrigin(HDC context) {
-    const Context* found = FindContext(context);
-    return found != nullptr ? found->origin : POINT{};
+    return ContextOrBlank(context).origin;
 }
 
 RECT ContextClip(HDC context) {
-    const Context* found = FindContext(context);
-    return found != nullptr ? found->state.clip : RECT{};
-}
-
-const FontDescription& ContextFont(HDC context) {
-    const Context* found = FindContext(context);
-    return found != nullptr ? *found->state.fontDescription : FontOf(nullptr);
+    return ContextOrBlank(context).state.clip;
 }
 
 RECT ToCanvas(HDC context, const RECT& rectangle) {
@@ -142,8 +128,7 @@ using namespace device;
 
 HDC GetDC(HWND window) {
     ContextTarget target;
-    const auto describe = Hooks().windowTarget;
-    const bool found = describe != nullptr ? describe(window, target) : window == nullptr;
+    const bool found = describeWindow != nullptr ? describeWindow(window, target) : window == nullptr;
     return found ? CreateContext(target) : nullptr;
 }
 

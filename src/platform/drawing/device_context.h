@@ -8,24 +8,19 @@ namespace device {
 /// What a context draws on. All in the canvas's own coordinates: device pixels of the screen.
 struct ContextTarget {
     Canvas* canvas = nullptr;
-    POINT origin; ///< where (0, 0) of the context stands
-    RECT clip; ///< nothing outside changes; an empty one makes a context that only measures
+    POINT origin{}; ///< where (0, 0) of the context stands
+    RECT clip{}; ///< nothing outside changes; an empty one makes a context that only measures
     HFONT font = nullptr; ///< the font to begin with; null: the system font
-    PaintMarks marks;
+    PaintMarks marks{};
 };
 
+/// Fills `target` for a window's client area, for the whole screen if `window` is null; false: no such window.
 /// Installed once by whoever owns the windows. Until then GetDC(nullptr) alone works, and only measures.
-struct DrawingHooks {
-    /// Fills `target` for a window's client area, for the whole screen if `window` is null; false: no such window.
-    bool (*windowTarget)(HWND window, ContextTarget& target) = nullptr;
-};
-
-void SetDrawingHooks(const DrawingHooks& hooks);
+void SetWindowTarget(bool (*describe)(HWND window, ContextTarget& target));
 
 /// A new context: black text on white, transparent background, the thin black pen, the white brush. Coordinates given
 /// to it are relative to its origin. Null when there are too many. The canvas must outlive it.
 HDC CreateContext(const ContextTarget& target);
-HDC CreateContext(Canvas& canvas, POINT origin, const RECT& clip, HFONT font);
 /// False for a stale handle.
 bool DestroyContext(HDC context);
 
@@ -40,8 +35,6 @@ Canvas& ContextCanvas(HDC context);
 POINT ContextOrigin(HDC context);
 /// In the canvas's coordinates.
 RECT ContextClip(HDC context);
-/// The font that is selected, as it was asked for.
-const FontDescription& ContextFont(HDC context);
 
 /// The system font's for anything that is not a font.
 const FontDescription& FontOf(HFONT font);

@@ -10,7 +10,8 @@
 namespace device {
 
 /// The one owner of what handles of one kind stand for. A handle is a number: the place, and how often the place was
-/// used before, so that the handle of something that is gone finds nothing. Values stay where they are.
+/// used before, so that the handle of something that is gone finds nothing. The lowest two bits are 0: some callers use
+/// them as flags. Values stay where they are.
 template <class Handle, class Value> class HandleTable {
 public:
     /// Null when there are too many.
@@ -45,12 +46,18 @@ public:
         return true;
     }
 
-    std::size_t Count() const { return slots_.size() - free_.size(); }
+    std::vector<Handle> Handles() const {
+        std::vector<Handle> handles;
+        for (std::size_t index = 0; index < slots_.size(); ++index)
+            if (slots_[index].value)
+                handles.push_back(Encode(index, slots_[index].generation));
+        return handles;
+    }
 
 private:
     static constexpr unsigned IndexBits = 16;
     static constexpr std::size_t MaximumSlots = (std::size_t{1} << IndexBits) - 1;
-    static constexpr std::uintptr_t GenerationMask = UINTPTR_MAX >> (IndexBits + 1);
+    static constexpr std::uintptr_t GenerationMask = UINTPTR_MAX >> (IndexBits + 3);
 
     struct Slot {
         std::optional<Value> value;
@@ -59,10 +66,10 @@ private:
 
     /// The place counts from 1, so that no handle is null.
     static Handle Encode(std::size_t index, std::uintptr_t generation) {
-        return reinterpret_cast<Handle>((generation << IndexBits) | (index + 1)); // NOLINT
+        return reinterpret_cast<Handle>(((generation << IndexBits) | (index + 1)) << 2U); // NOLINT
     }
     static std::size_t IndexOf(Handle handle) {
-        return (reinterpret_cast<std::uintptr_t>(handle) & MaximumSlots) - 1; // NOLINT
+        return ((reinterpret_cast<std::uintptr_t>(handle) >> 2U) & MaximumSlots) - 1; // NOLINT
     }
     Slot* FindSlot(Handle handle) {
         const std::size_t index = IndexOf(handle);

@@ -2,6 +2,7 @@
 
 #include "platform/drawing/context_state.h"
 #include "platform/drawing/handle_table.h"
+#include "platform/drawing/picture.h"
 #include "platform/drawing/rectangles.h"
 
 #include <utility>
@@ -31,16 +32,6 @@ HandleTable<HIMAGELIST, ImageList>& ImageLists() {
 
 } // namespace
 
-const Picture* IconPicture(HICON icon) {
-    return Icons().Find(icon);
-}
-
-const Picture* ImageListPicture(HIMAGELIST list, int index) {
-    ImageList* found = ImageLists().Find(list);
-    const bool isThere = found != nullptr && index >= 0 && index < static_cast<int>(found->pictures.size());
-    return isThere ? &found->pictures[static_cast<std::size_t>(index)] : nullptr;
-}
-
 SIZE ImageListSize(HIMAGELIST list) {
     const ImageList* found = ImageLists().Find(list);
     return found != nullptr ? found->size : SIZE{};
@@ -62,7 +53,7 @@ BOOL DestroyIcon(HICON icon) {
 BOOL DrawIconEx(
     HDC context, int x, int y, HICON icon, int width, int height, UINT /*step*/, HBRUSH /*brush*/, UINT flags) {
     const Context* found = FindContext(context);
-    const Picture* picture = IconPicture(icon);
+    const Picture* picture = Icons().Find(icon);
     if (found == nullptr || picture == nullptr || width < 1 || height < 1 || (flags & DI_NORMAL) == 0)
         return FALSE;
     const ContextPainter painter(*found);
@@ -83,7 +74,7 @@ BOOL ImageList_Destroy(HIMAGELIST list) { // NOLINT
 
 int ImageList_ReplaceIcon(HIMAGELIST list, int index, HICON icon) { // NOLINT
     ImageList* found = ImageLists().Find(list);
-    const Picture* picture = IconPicture(icon);
+    const Picture* picture = Icons().Find(icon);
     if (found == nullptr || picture == nullptr || index != -1)
         return -1;
     found->pictures.push_back(*picture);
@@ -99,6 +90,7 @@ BOOL ImageList_RemoveAll(HIMAGELIST list) { // NOLINT
 }
 
 HICON ImageList_GetIcon(HIMAGELIST list, int index, UINT /*flags*/) { // NOLINT
-    const Picture* picture = ImageListPicture(list, index);
-    return picture != nullptr ? Icons().Add(*picture) : nullptr;
+    const ImageList* found = ImageLists().Find(list);
+    const bool isThere = found != nullptr && index >= 0 && index < static_cast<int>(found->pictures.size());
+    return isThere ? Icons().Add(found->pictures[static_cast<std::size_t>(index)]) : nullptr;
 }

@@ -19,8 +19,10 @@ public:
     Control& operator=(const Control&) = delete;
 
     HWND Handle() const { return window_; }
-    /// Every message of the window that no subclass took; what is not the control's own goes on to DefWindowProcW.
-    virtual LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) = 0;
+    /// A message of the window that no subclass took: what every control may hear goes to the operations below.
+    LRESULT Hear(UINT message, WPARAM wParam, LPARAM lParam);
+    /// What the field says; of most controls the window's own text.
+    virtual std::wstring Text() const;
     /// The scroll bar as it shows now, if there is one.
     virtual ScrollBar Bar() const { return {}; }
     /// As far as there is content.
@@ -36,9 +38,47 @@ public:
     /// What typing means while the control has the focus, told beside the title; empty: nothing is typed.
     virtual const wchar_t* InputMark() const { return L""; }
 
+protected:
+    /// What is the control's own alone; all else goes on to DefWindowProcW.
+    virtual LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
+    /// DLGC_ bits; `pending` may be null.
+    virtual LRESULT WantedKeys(const MSG* /*pending*/) const { return 0; }
+    virtual void KeyDown(WORD /*key*/) { }
+    virtual void Character(wchar_t /*character*/) { }
+    /// The left button, with the MK_ keys that are held.
+    virtual void LeftPress(POINT /*point*/, WPARAM /*keys*/) { }
+    virtual void DoubleClick(POINT /*point*/) { }
+    virtual void RightPress(POINT /*point*/) { }
+    /// Up above 0. False leaves the wheel to the parent.
+    virtual bool Wheel(int /*lines*/) { return false; }
+    virtual void Sized() { }
+    /// Before Paint, which covers the whole ground of most controls.
+    virtual void PaintGround(HDC /*context*/) { }
+    virtual void Paint(HDC /*context*/) { }
+
+    /// Any of the bits.
+    bool HasStyle(DWORD styleBits) const;
+    RECT Client() const;
+    const FontDescription& Font() const;
+    /// Of the control's font.
+    int TextHeight() const;
+    void Redraw() const;
+    /// Tells the parent by WM_COMMAND.
+    void Notify(UINT code) const;
+
 private:
     HWND window_;
 };
+
+/// What stands behind a parameter of a message.
+template <typename Kind> Kind* Pointer(std::intptr_t value) {
+    return reinterpret_cast<Kind*>(value); // NOLINT(performance-no-int-to-ptr): what the interface passes
+}
+
+/// A text that a message passes; null is an empty one.
+inline const wchar_t* TextAt(LPARAM pointer) {
+    return pointer ? Pointer<const wchar_t>(pointer) : L"";
+}
 
 /// The point that a message of the mouse carries, in client coordinates.
 inline POINT PointOf(LPARAM packed) {
@@ -48,6 +88,10 @@ inline POINT PointOf(LPARAM packed) {
 
 using ControlFactory = std::unique_ptr<Control> (*)(HWND window);
 
+template <typename Kind> std::unique_ptr<Control> MakeControl(HWND window) {
+    return std::make_unique<Kind>(window);
+}
+
 /// Makes a class of the device's own known; done once, when the device is switched on.
 void RegisterControlClass(const wchar_t* className, ControlFactory factory);
 /// All classes of controls/.
@@ -56,5 +100,7 @@ void RegisterControls();
 Control* ControlOf(HWND window);
 /// Whether the window is a control that takes text.
 bool TakesText(HWND window);
+/// What GetWindowTextW gives.
+std::wstring TextOf(HWND window);
 
 } // namespace device

@@ -40,7 +40,7 @@ void Desktop::SwitchOn(Host& host) {
     beeps = messageBoxBeeps = goBacks = fronts = waitCursors = 0;
     toldTitle_.clear();
     RegisterControls();
-    SetDrawingHooks({WindowTarget});
+    SetWindowTarget(WindowTarget);
     InvalidateAll();
 }
 
@@ -60,6 +60,14 @@ Window* Desktop::FrontFull() const {
         if ((*window)->Has(WS_VISIBLE) && !(*window)->isMessageBox && !(*window)->destroying)
             return *window;
     return nullptr;
+}
+
+RECT Desktop::BeepPlace() const {
+    Window* field = FindWindowRecord(focus_);
+    const Window* top = TopLevelOf(field);
+    if (field == top || !top->dialogProcedure)
+        return {0, 0, ScreenSize().cx, TitleHeight()};
+    return Intersect(ScreenPlace(*field), ScreenClient(*top));
 }
 
 RECT Desktop::WorkArea() const {

@@ -78,6 +78,8 @@ public:
     /// Paints the whole screen onto another canvas, changing nothing.
     void PaintAll(Canvas& canvas);
     Canvas& Screen();
+    /// What a beep concerns, on the screen: the focused field of a dialog, else the title line.
+    RECT BeepPlace() const;
 
     // What the console tells
     OpenMenu* Menu() const { return menu_; }
@@ -92,6 +94,12 @@ public:
     void Wake();
 
 private:
+    struct HeldKey {
+        WORD key;
+        HWND listener; ///< the top-level window that heard it go down; null: a menu did
+        bool repeats; ///< while it is held it goes on acting
+    };
+
     Desktop() = default;
     void CollectInbox();
     bool Pull(InputEvent& event, bool wait);
@@ -100,9 +108,10 @@ private:
     bool NoteKeyUp(WORD key, HWND listener);
     bool NoteText(const InputEvent& event);
     void RouteKey(const InputEvent& event);
-    void RouteSoftKey(bool left, bool down);
+    HeldKey* FindHeld(WORD key);
     void RouteBack(Window& top, bool down);
     void DropMessagesOf(HWND window);
+    void Bury(HWND handle);
     void ClearGraveyard();
     void TellTitle();
 
@@ -118,11 +127,6 @@ private:
     int depth_ = 0;
     wchar_t pendingCharacter_ = 0;
     unsigned modifiers_ = 0;
-    struct HeldKey {
-        WORD key;
-        HWND listener; ///< the top-level window that heard it go down; null: a menu did
-        bool repeats; ///< while it is held it goes on acting
-    };
     std::vector<HeldKey> keysDown_;
     bool textRepeats_ = false; ///< the same of the key that typed last
     RECT dirty_;

@@ -4,7 +4,6 @@
 
 #include "platform/windowing/window_record.h"
 
-#include <algorithm>
 #include <limits>
 #include <string>
 
@@ -53,13 +52,6 @@ bool ParseWhole(const std::wstring& text, std::int64_t& value) {
     return true;
 }
 
-std::wstring TextOf(HWND window) {
-    std::wstring text(static_cast<std::size_t>(std::max(0, GetWindowTextLengthW(window))), L'\0');
-    if (!text.empty())
-        GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1);
-    return text;
-}
-
 } // namespace
 
 UINT GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned) {
@@ -67,7 +59,7 @@ UINT GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned) {
         *translated = FALSE;
     const HWND control = GetDlgItem(dialog, id);
     std::int64_t value = 0;
-    if (!control || !ParseWhole(TextOf(control), value))
+    if (!control || !ParseWhole(device::TextOf(control), value))
         return 0;
     const bool fits = isSigned ? value >= std::numeric_limits<LONG>::min() && value <= std::numeric_limits<LONG>::max()
                                : value >= 0 && value <= std::numeric_limits<UINT>::max();

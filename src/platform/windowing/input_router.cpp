@@ -4,8 +4,6 @@
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/soft_key_bar.h"
 
-#include <algorithm>
-
 namespace device {
 
 void Desktop::Route(const InputEvent& event) {
@@ -47,11 +45,16 @@ void Desktop::Route(const InputEvent& event) {
     }
 }
 
+Desktop::HeldKey* Desktop::FindHeld(WORD key) {
+    for (HeldKey& held : keysDown_)
+        if (held.key == key)
+            return &held;
+    return nullptr;
+}
+
 /// Whether it acts: pressed, or repeated where it was pressed.
 bool Desktop::NoteKeyDown(WORD key, HWND listener) {
-    const auto held
-        = std::find_if(keysDown_.begin(), keysDown_.end(), [&](const HeldKey& each) { return each.key == key; });
-    if (held != keysDown_.end())
+    if (const HeldKey* held = FindHeld(key))
         return held->repeats && held->listener == listener;
     keysDown_.push_back({key, listener, true});
     return true;
@@ -59,12 +62,9 @@ bool Desktop::NoteKeyDown(WORD key, HWND listener) {
 
 /// Whether the listener heard it go down.
 bool Desktop::NoteKeyUp(WORD key, HWND listener) {
-    const auto held
-        = std::find_if(keysDown_.begin(), keysDown_.end(), [&](const HeldKey& each) { return each.key == key; });
-    if (held == keysDown_.end())
-        return false;
-    const bool isOwn = held->listener == listener;
-    keysDown_.erase(held);
+    const HeldKey* held = FindHeld(key);
+    const bool isOwn = held && held->listener == listener;
+    std::erase_if(keysDown_, [key](const HeldKey& each) { return each.key == key; });
     return isOwn;
 }
 
@@ -111,7 +111,8 @@ void Desktop::RouteKey(const InputEvent& event) {
     if (!(down ? NoteKeyDown(event.key, active_) : NoteKeyUp(event.key, active_)) || !top)
         return;
     if (event.key == VK_TSOFT1 || event.key == VK_TSOFT2) {
-        RouteSoftKey(event.key == VK_TSOFT1, down);
+        if (SoftKeyBar* bar = SoftKeyBar::Of(active_); bar && down)
+            bar->Press(event.key == VK_TSOFT1);
         return;
     }
     if (event.key == VK_APPS || (event.key == VK_F10 && (modifiers_ & MOD_SHIFT) != 0)) {
@@ -127,13 +128,6 @@ void Desktop::RouteKey(const InputEvent& event) {
     Post({target, down ? WM_KEYDOWN : WM_KEYUP, event.key, 0});
     // Hosts give the key that deletes backwards as a key alone.
     pendingCharacter_ = !down ? L'\0' : event.key == VK_BACK ? L'\b' : event.character;
-}
-
-void Desktop::RouteSoftKey(bool left, bool down) {
-    if (!down)
-        return;
-    if (SoftKeyBar* bar = SoftKeyBar::Of(active_))
-        bar->Press(left);
 }
 
 void Desktop::RouteBack(Window& top, bool down) {
@@ -160,8 +154,6 @@ void Desktop::RouteBack(Window& top, bool down) {
 } // namespace device
 
 std::int16_t GetKeyState(int key) {
-    const unsigned modifiers = device::Desktop::The().Modifiers();
-    const bool down
-        = (key == VK_SHIFT && (modifiers & MOD_SHIFT) != 0) || (key == VK_CONTROL && (modifiers & MOD_CONTROL) != 0);
-    return down ? static_cast<std::int16_t>(-128) : static_cast<std::int16_t>(0);
+    const unsigned bit = key == VK_SHIFT ? MOD_SHIFT : key == VK_CONTROL ? MOD_CONTROL : 0;
+    return static_cast<std::int16_t>((device::Desktop::The().Modifiers() & bit) != 0 ? -128 : 0);
 }

@@ -1,30 +1,30 @@
 #include "platform/windowing/menu.h"
 
+#include "platform/drawing/handle_table.h"
 #include "platform/input.h"
 #include "platform/windowing/desktop.h"
 
 #include <algorithm>
-#include <map>
+#include <utility>
 
 namespace device {
 
 namespace {
 
-std::map<HMENU, PopupMenu*>& Popups() {
-    static auto& popups = *new std::map<HMENU, PopupMenu*>;
+HandleTable<HMENU, PopupMenu*>& Popups() {
+    static auto& popups = *new HandleTable<HMENU, PopupMenu*>;
     return popups;
 }
 
-HMENU NewHandle() {
-    static std::uintptr_t last = 0x10000;
-    last += 4;
-    return reinterpret_cast<HMENU>(last); // NOLINT(performance-no-int-to-ptr): an opaque number
+MenuItem* FindItem(HMENU menu, UINT command) {
+    PopupMenu** popup = Popups().Find(menu);
+    return popup ? (*popup)->Find(command) : nullptr;
 }
 
 } // namespace
 
 PopupMenu::PopupMenu(std::span<const MenuItemResource> items)
-    : handle_(NewHandle()) {
+    : handle_(Popups().Add(this)) {
     for (const MenuItemResource& item : items) {
         MenuItem added;
         added.separator = !item.text;
@@ -34,11 +34,10 @@ PopupMenu::PopupMenu(std::span<const MenuItemResource> items)
             added.popup = std::make_unique<PopupMenu>(item.popup);
         items_.push_back(std::move(added));
     }
-    Popups()[handle_] = this;
 }
 
 PopupMenu::~PopupMenu() {
-    Popups().erase(handle_);
+    Popups().Remove(handle_);
 }
 
 MenuItem* PopupMenu::Find(UINT command) {
@@ -64,31 +63,20 @@ int PopupMenu::NextEnabled(int from, int step) const {
     return -1;
 }
 
-PopupMenu* FindPopup(HMENU handle) {
-    const auto found = Popups().find(handle);
-    return found == Popups().end() ? nullptr : found->second;
-}
-
 } // namespace device
 
 int EnableMenuItem(HMENU menu, UINT command, UINT flags) {
-    device::PopupMenu* popup = device::FindPopup(menu);
-    device::MenuItem* item = popup ? popup->Find(command) : nullptr;
+    device::MenuItem* item = device::FindItem(menu, command);
     if (!item)
         return -1;
-    const int former = item->grayed ? static_cast<int>(MF_GRAYED) : static_cast<int>(MF_ENABLED);
-    item->grayed = (flags & MF_GRAYED) != 0;
-    return former;
+    return static_cast<int>(std::exchange(item->grayed, (flags & MF_GRAYED) != 0) ? MF_GRAYED : MF_ENABLED);
 }
 
 DWORD CheckMenuItem(HMENU menu, UINT command, UINT flags) {
-    device::PopupMenu* popup = device::FindPopup(menu);
-    device::MenuItem* item = popup ? popup->Find(command) : nullptr;
+    device::MenuItem* item = device::FindItem(menu, command);
     if (!item)
         return static_cast<DWORD>(-1);
-    const DWORD former = item->checked ? MF_CHECKED : MF_UNCHECKED;
-    item->checked = (flags & MF_CHECKED) != 0;
-    return former;
+    return std::exchange(item->checked, (flags & MF_CHECKED) != 0) ? MF_CHECKED : MF_UNCHECKED;
 }
 
 HACCEL LoadAcceleratorsW(HINSTANCE module, UINT id) {

@@ -40,6 +40,4 @@ private:
     std::vector<MenuItem> items_;
 };
 
-PopupMenu* FindPopup(HMENU handle);
-
 } // namespace device

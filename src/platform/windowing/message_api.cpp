@@ -6,9 +6,6 @@
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
 
-#include <algorithm>
-#include <map>
-
 using device::Desktop;
 using device::FindWindowRecord;
 using device::Window;
@@ -58,18 +55,12 @@ void keybd_event(BYTE key, BYTE /*scan*/, DWORD flags, DWORD /*extra*/) {
 
 namespace {
 
-LRESULT GetText(const Window& window, WPARAM size, LPARAM buffer) {
-    auto* target = reinterpret_cast<wchar_t*>(buffer); // NOLINT(performance-no-int-to-ptr)
-    if (!target || size == 0)
-        return 0;
-    const std::size_t length = window.text.copy(target, size - 1);
-    target[length] = 0;
-    return static_cast<LRESULT>(length);
+std::wstring TextOf(const Window& window) {
+    return window.control ? window.control->Text() : window.text;
 }
 
 LRESULT SetText(Window& window, LPARAM text) {
-    const auto* source = reinterpret_cast<const wchar_t*>(text); // NOLINT(performance-no-int-to-ptr)
-    window.text = source ? source : L"";
+    window.text = device::TextAt(text);
     if (window.IsTopLevel())
         Desktop::The().Invalidate({0, 0, device::ScreenSize().cx, device::TitleHeight()});
     else
@@ -87,9 +78,9 @@ LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) 
     case WM_SETTEXT:
         return SetText(*window, lParam);
     case WM_GETTEXT:
-        return GetText(*window, wParam, lParam);
+        return static_cast<LRESULT>(device::CopyText(TextOf(*window), device::Pointer<wchar_t>(lParam), wParam));
     case WM_GETTEXTLENGTH:
-        return static_cast<LRESULT>(window->text.size());
+        return static_cast<LRESULT>(TextOf(*window).size());
     case WM_SETFONT:
         window->font = reinterpret_cast<HFONT>(wParam); // NOLINT(performance-no-int-to-ptr)
         if (LOWORD(static_cast<std::uintptr_t>(lParam)) != 0)

@@ -49,16 +49,19 @@ public:
     bool HasOneButton() const { return (style_ & 0xFU) == MB_OK; }
     bool HasCancel() const { return (style_ & 0xFU) == MB_OKCANCEL; }
 
-    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
     ScrollBar Bar() const override;
     void ScrollTo(int position) override;
+
+protected:
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void KeyDown(WORD key) override;
+    bool Wheel(int lines) override;
+    void Paint(HDC context) override;
 
 private:
     void Layout();
     void Answer(int id) { EndDialog(Handle(), id); }
     void Command(int id, LPARAM sender);
-    void Paint(HDC context);
-    void ScrollLines(int lines);
 
     UINT style_ = 0;
     UINT picture_ = 0;
@@ -100,8 +103,16 @@ void MessagePanel::ScrollTo(int position) {
     Layout();
 }
 
-void MessagePanel::ScrollLines(int lines) {
-    ScrollTo(scroll_ + lines * Desktop::The().Screen().Measurer().Metrics(BoxFont()).Height());
+bool MessagePanel::Wheel(int lines) {
+    ScrollTo(scroll_ - lines * Desktop::The().Screen().Measurer().Metrics(BoxFont()).Height());
+    return true;
+}
+
+void MessagePanel::KeyDown(WORD key) {
+    if (key == VK_RETURN && HasOneButton())
+        Answer(IDOK);
+    else if (key == VK_UP || key == VK_DOWN)
+        Wheel(key == VK_UP ? 1 : -1);
 }
 
 ScrollBar MessagePanel::Bar() const {
@@ -125,8 +136,7 @@ void MessagePanel::Command(int id, LPARAM sender) {
 }
 
 void MessagePanel::Paint(HDC context) {
-    RECT client;
-    GetClientRect(Handle(), &client);
+    const RECT client = Client();
     Canvas& canvas = ContextCanvas(context);
     canvas.SetMarks(ContextMarks(context));
     canvas.Fill(ToCanvas(context, client), GetSysColor(COLOR_WINDOW));
@@ -143,21 +153,9 @@ LRESULT MessagePanel::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_COMMAND:
         Command(LOWORD(wParam), lParam);
         return 0;
-    case WM_KEYDOWN:
-        if (wParam == VK_RETURN && HasOneButton())
-            Answer(IDOK);
-        else if (wParam == VK_UP || wParam == VK_DOWN)
-            ScrollLines(wParam == VK_UP ? -1 : 1);
-        return 0;
-    case WM_MOUSEWHEEL:
-        ScrollLines(-static_cast<std::int16_t>(HIWORD(wParam)));
-        return 0;
     case WM_SETTINGCHANGE:
         Layout();
         return 0;
-    case WM_ERASEBKGND:
-        Paint(reinterpret_cast<HDC>(wParam)); // NOLINT(performance-no-int-to-ptr)
-        return 1;
     case WM_CLOSE:
         Command(IDCANCEL, 0);
         return 0;
@@ -165,7 +163,7 @@ LRESULT MessagePanel::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         DeleteObject(font_);
         return 0;
     default:
-        return DefWindowProcW(Handle(), message, wParam, lParam);
+        return Control::Message(message, wParam, lParam);
     }
 }
 
@@ -192,8 +190,7 @@ int MessageBoxW(HWND owner, const wchar_t* text, const wchar_t* caption, UINT st
     Desktop& desktop = Desktop::The();
     if (!desktop.IsOn())
         return 0;
-    RegisterControlClass(
-        BoxClass, [](HWND window) -> std::unique_ptr<Control> { return std::make_unique<MessagePanel>(window); });
+    RegisterControlClass(BoxClass, MakeControl<MessagePanel>);
     if (!IsWindow(owner))
         owner = desktop.Active();
     const HWND handle = CreateWindowExW(

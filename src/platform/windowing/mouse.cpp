@@ -48,14 +48,6 @@ UINT PressMessage(const InputEvent& event) {
     return event.kind == InputEvent::Kind::DoubleClick ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN;
 }
 
-bool IsOnSoftKeys(POINT point) {
-    return point.y >= ScreenSize().cy - SoftKeyBarHeight();
-}
-
-bool IsLeftSoftKey(POINT point) {
-    return point.x < ScreenSize().cx / 2;
-}
-
 PointerShape ShapeAt(POINT point) {
     const Desktop& desktop = Desktop::The();
     if (const OpenMenu* menu = desktop.Menu(); menu && !IsOnSoftKeys(point))

@@ -20,15 +20,6 @@ FontDescription MenuFont() {
 
 constexpr int DigitItems = 9; // the keypad's digits from 1 on
 
-/// The number that an item's digit key has among those that can be chosen by digit; 0 for none.
-int DigitOf(const std::vector<MenuItem>& items, int index) {
-    int digit = 0;
-    for (int each = 0; each <= index; ++each)
-        if (!items[static_cast<std::size_t>(each)].separator)
-            ++digit;
-    return digit <= DigitItems ? digit : 0;
-}
-
 } // namespace
 
 OpenMenu::OpenMenu(SoftKeyBar& bar, bool left, std::optional<POINT> at)
@@ -56,10 +47,15 @@ void OpenMenu::CloseInner() {
 }
 
 bool OpenMenu::CanChoose(int index) const {
-    if (index < 0 || index >= static_cast<int>(Popup().Items().size()))
-        return false;
-    const MenuItem& item = Popup().Items()[static_cast<std::size_t>(index)];
-    return !item.separator && !item.grayed;
+    return index >= 0 && index < CountItems() && !Item(index).separator && !Item(index).grayed;
+}
+
+/// The digit key that chooses an item; 0 for none.
+int OpenMenu::DigitOf(int index) const {
+    int digit = 0;
+    for (int each = 0; each <= index; ++each)
+        digit += Item(each).separator ? 0 : 1;
+    return Item(index).separator || digit > DigitItems ? 0 : digit;
 }
 
 bool OpenMenu::CanChoose(POINT point) const {
@@ -69,7 +65,7 @@ bool OpenMenu::CanChoose(POINT point) const {
 OpenMenu::Outcome OpenMenu::Choose(int index) {
     if (!CanChoose(index))
         return Outcome::Open;
-    MenuItem& item = levels_.back().popup->Items()[static_cast<std::size_t>(index)];
+    const MenuItem& item = Item(index);
     levels_.back().focused = index;
     if (item.popup) {
         Open(*item.popup);
@@ -87,9 +83,6 @@ void OpenMenu::Move(int step) {
 }
 
 OpenMenu::Outcome OpenMenu::HandleKey(WORD key) {
-    const Level& level = levels_.back();
-    const auto& items = level.popup->Items();
-    const bool onPopup = level.focused >= 0 && items[static_cast<std::size_t>(level.focused)].popup;
     switch (key) {
     case VK_UP:
         Move(-1);
@@ -98,23 +91,21 @@ OpenMenu::Outcome OpenMenu::HandleKey(WORD key) {
         Move(1);
         return Outcome::Open;
     case VK_RIGHT:
-        return onPopup ? Choose(level.focused) : Outcome::Open;
+        return Focused() >= 0 && Item(Focused()).popup ? Choose(Focused()) : Outcome::Open;
     case VK_LEFT:
         if (levels_.size() > 1)
             CloseInner();
         return Outcome::Open;
     case VK_RETURN:
-        return Choose(level.focused);
+        return Choose(Focused());
     case VK_ESCAPE:
         if (levels_.size() == 1)
             return Outcome::Closed;
         CloseInner();
         return Outcome::Open;
     case VK_TSOFT1:
-    case VK_TSOFT2: {
-        const bool left = key == VK_TSOFT1;
-        return left != left_ && bar_.At(left).popup ? Outcome::Switched : Outcome::Closed;
-    }
+    case VK_TSOFT2:
+        return HandleSoftKey(key == VK_TSOFT1);
     case VK_APPS:
         return Outcome::Closed;
     default:
@@ -122,12 +113,13 @@ OpenMenu::Outcome OpenMenu::HandleKey(WORD key) {
     }
 }
 
+OpenMenu::Outcome OpenMenu::HandleSoftKey(bool left) const {
+    return left != left_ && bar_.At(left).popup ? Outcome::Switched : Outcome::Closed;
+}
+
 OpenMenu::Outcome OpenMenu::PressMouse(POINT point) {
-    const SIZE screen = ScreenSize();
-    if (point.y >= screen.cy - SoftKeyBarHeight()) {
-        const bool left = point.x < screen.cx / 2;
-        return left != left_ && bar_.At(left).popup ? Outcome::Switched : Outcome::Closed;
-    }
+    if (IsOnSoftKeys(point))
+        return HandleSoftKey(IsLeftSoftKey(point));
     if (!Contains(Place(), point))
         return Outcome::Closed;
     releaseChooses_ = true;
@@ -153,20 +145,23 @@ OpenMenu::Outcome OpenMenu::ReleaseMouse(POINT point) {
     return std::exchange(releaseChooses_, false) ? Choose(ItemAt(point)) : Outcome::Open;
 }
 
+OpenMenu::Outcome OpenMenu::HandleCharacter(wchar_t character) {
+    for (int index = 0; index < CountItems(); ++index)
+        if (DigitOf(index) != 0 && character == L'0' + DigitOf(index))
+            return Choose(index);
+    return Outcome::Open;
+}
+
 OpenMenu::Outcome OpenMenu::Handle(const InputEvent& event) {
     const POINT point{event.x, event.y};
-    wchar_t character = 0;
     if (event.kind != InputEvent::Kind::MouseMove)
         Desktop::The().InvalidateAll();
     switch (event.kind) {
     case InputEvent::Kind::KeyDown:
-        character = event.character;
-        if (character < L'1' || character > L'9')
-            return HandleKey(event.key);
-        break;
+        return event.character < L'1' || event.character > L'9' ? HandleKey(event.key)
+                                                                : HandleCharacter(event.character);
     case InputEvent::Kind::Text:
-        character = event.character;
-        break;
+        return HandleCharacter(event.character);
     case InputEvent::Kind::MouseDown:
         return PressMouse(point);
     case InputEvent::Kind::MouseMove:
@@ -180,13 +175,6 @@ OpenMenu::Outcome OpenMenu::Handle(const InputEvent& event) {
     default:
         return Outcome::Open;
     }
-    const auto& items = Popup().Items();
-    for (int index = 0; index < static_cast<int>(items.size()); ++index) {
-        const int digit = items[static_cast<std::size_t>(index)].separator ? 0 : DigitOf(items, index);
-        if (digit != 0 && character == L'0' + digit)
-            return Choose(index);
-    }
-    return Outcome::Open;
 }
 
 // Layout and painting
@@ -199,12 +187,11 @@ int OpenMenu::RowHeight(const MenuItem& item) const {
 
 RECT OpenMenu::Place() const {
     const RECT area = Desktop::The().WorkArea();
-    const auto& items = Popup().Items();
     LONG height = 2 * Scaled(2);
     LONG width = 0;
     TextMeasurer& measurer = Desktop::The().Screen().Measurer();
-    for (int index = 0; index < static_cast<int>(items.size()); ++index) {
-        height += RowHeight(items[static_cast<std::size_t>(index)]);
+    for (int index = 0; index < CountItems(); ++index) {
+        height += RowHeight(Item(index));
         width = std::max<LONG>(width, measurer.Width(MenuFont(), PaintedText(index)));
     }
     width = std::min(std::max<LONG>(width + Scaled(28), (area.right - area.left) * 3 / 5), area.right - area.left);
@@ -221,16 +208,11 @@ RECT OpenMenu::Place() const {
 }
 
 int OpenMenu::CountShown() const {
-    const RECT place = Place();
-    const auto& items = Popup().Items();
-    LONG room = place.bottom - place.top - (2 * Scaled(2));
-    int count = 0;
-    for (auto index = static_cast<std::size_t>(FirstShown()); index < items.size(); ++index, ++count) {
-        room -= RowHeight(items[index]);
-        if (room < 0)
-            break;
-    }
-    return std::max(count, 1);
+    int room = HeightOf(Place()) - 2 * Scaled(2);
+    int end = FirstShown();
+    while (end < CountItems() && (room -= RowHeight(Item(end))) >= 0)
+        ++end;
+    return std::max(end - FirstShown(), 1);
 }
 
 void OpenMenu::ShowFocused() {
@@ -242,13 +224,13 @@ void OpenMenu::ShowFocused() {
 
 std::vector<RECT> OpenMenu::ItemPlaces() const {
     const RECT place = Place();
-    const auto& items = Popup().Items();
-    std::vector<RECT> places(items.size());
-    const auto end = std::min(items.size(), static_cast<std::size_t>(FirstShown() + CountShown()));
+    std::vector<RECT> places(Popup().Items().size());
+    const int end = std::min(CountItems(), FirstShown() + CountShown());
     LONG top = place.top + Scaled(2);
-    for (auto index = static_cast<std::size_t>(FirstShown()); index < end; ++index) {
-        places[index] = {place.left, top, place.right, top + RowHeight(items[index])};
-        top = places[index].bottom;
+    for (int index = FirstShown(); index < end; ++index) {
+        const LONG bottom = top + RowHeight(Item(index));
+        places[static_cast<std::size_t>(index)] = {place.left, top, place.right, bottom};
+        top = bottom;
     }
     return places;
 }
@@ -261,10 +243,9 @@ int OpenMenu::ItemAt(POINT point) const {
 }
 
 std::wstring OpenMenu::PaintedText(int index) const {
-    const auto& items = Popup().Items();
-    const MenuItem& item = items[static_cast<std::size_t>(index)];
+    const MenuItem& item = Item(index);
     std::wstring text;
-    if (const int digit = DigitOf(items, index))
+    if (const int digit = DigitOf(index))
         text = std::to_wstring(digit) + L" ";
     if (item.checked)
         text += L"\u2713 ";
@@ -274,37 +255,36 @@ std::wstring OpenMenu::PaintedText(int index) const {
     return text;
 }
 
+void OpenMenu::PaintItem(Canvas& canvas, int index, const RECT& row) const {
+    const MenuItem& item = Item(index);
+    if (item.separator) {
+        const LONG middle = (row.top + row.bottom) / 2;
+        canvas.Line({row.left + Scaled(6), middle}, {row.right - Scaled(6), middle}, MenuEdgeColor, 1);
+        return;
+    }
+    const bool focused = index == Focused();
+    if (focused)
+        canvas.Fill(row, GetSysColor(COLOR_HIGHLIGHT));
+    PaintMarks marks;
+    marks.role = PaintMarks::Role::Menu;
+    marks.selected = focused;
+    marks.greyed = item.grayed;
+    canvas.SetMarks(marks);
+    const int color = item.grayed ? COLOR_GRAYTEXT : focused ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT;
+    const int room = static_cast<int>(row.right - row.left) - Scaled(16);
+    canvas.Text(row.left + Scaled(8), row.top + Scaled(3),
+        EllipsisText(canvas.Measurer(), MenuFont(), PaintedText(index), room), MenuFont(), GetSysColor(color));
+}
+
 void OpenMenu::Paint(Canvas& canvas) const {
     const RECT place = Place();
     canvas.SetMarks({});
     canvas.Fill(place, MenuColor);
     canvas.PushClip(place);
     const std::vector<RECT> places = ItemPlaces();
-    for (int index = 0; index < static_cast<int>(places.size()); ++index) {
-        const MenuItem& item = Popup().Items()[static_cast<std::size_t>(index)];
-        const RECT& row = places[static_cast<std::size_t>(index)];
-        if (IsRectEmpty(row))
-            continue;
-        if (item.separator) {
-            const LONG middle = (row.top + row.bottom) / 2;
-            canvas.Line({place.left + Scaled(6), middle}, {place.right - Scaled(6), middle}, MenuEdgeColor, 1);
-        } else {
-            const bool focused = index == Focused();
-            if (focused)
-                canvas.Fill(row, GetSysColor(COLOR_HIGHLIGHT));
-            const COLORREF color = item.grayed ? GetSysColor(COLOR_GRAYTEXT)
-                : focused                      ? GetSysColor(COLOR_HIGHLIGHTTEXT)
-                                               : GetSysColor(COLOR_WINDOWTEXT);
-            PaintMarks marks;
-            marks.role = PaintMarks::Role::Menu;
-            marks.selected = focused;
-            marks.greyed = item.grayed;
-            canvas.SetMarks(marks);
-            const int room = static_cast<int>(place.right - place.left) - Scaled(16);
-            canvas.Text(row.left + Scaled(8), row.top + Scaled(3),
-                EllipsisText(canvas.Measurer(), MenuFont(), PaintedText(index), room), MenuFont(), color);
-        }
-    }
+    for (int index = 0; index < CountItems(); ++index)
+        if (const RECT& row = places[static_cast<std::size_t>(index)]; !IsRectEmpty(row))
+            PaintItem(canvas, index, row);
     canvas.SetMarks({});
     canvas.PopClip();
     canvas.Frame(place, MenuEdgeColor, 1);

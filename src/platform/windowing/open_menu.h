@@ -50,7 +50,13 @@ private:
     void CloseInner();
     Outcome Choose(int index);
     Outcome HandleKey(WORD key);
+    Outcome HandleSoftKey(bool left) const;
+    Outcome HandleCharacter(wchar_t character);
     Outcome PressMouse(POINT point);
+    const MenuItem& Item(int index) const { return Popup().Items()[static_cast<std::size_t>(index)]; }
+    int CountItems() const { return static_cast<int>(Popup().Items().size()); }
+    int DigitOf(int index) const;
+    void PaintItem(Canvas& canvas, int index, const RECT& row) const;
     void Focus(int index);
     void Hover(POINT point);
     Outcome ReleaseMouse(POINT point);

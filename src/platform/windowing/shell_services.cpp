@@ -43,10 +43,7 @@ BOOL SHInitDialog(HWND dialog, DWORD /*flags*/) {
     const RECT area = Desktop::The().WorkArea();
     window->place = area;
     device::UpdateDialogScroll(*window);
-    RECT client;
-    GetClientRect(dialog, &client);
-    SendMessageW(dialog, WM_SIZE, SIZE_RESTORED,
-        MAKELPARAM(static_cast<unsigned>(client.right), static_cast<unsigned>(client.bottom)));
+    device::SendSize(dialog);
     return TRUE;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/windowing/soft_key_bar.h"
 
+#include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/open_menu.h"
 
@@ -10,12 +11,19 @@ namespace {
 constexpr const wchar_t* BarClass = L"menu_worker";
 
 const WindowClass* TheBarClass() {
-    RegisterControlClass(
-        BarClass, [](HWND window) -> std::unique_ptr<Control> { return std::make_unique<SoftKeyBar>(window); });
+    RegisterControlClass(BarClass, MakeControl<SoftKeyBar>);
     return FindWindowClass(BarClass);
 }
 
 } // namespace
+
+bool IsOnSoftKeys(POINT point) {
+    return point.y >= ScreenSize().cy - SoftKeyBarHeight();
+}
+
+bool IsLeftSoftKey(POINT point) {
+    return point.x < ScreenSize().cx / 2;
+}
 
 SoftKeyBar* SoftKeyBar::Make(HWND owner, std::span<const MenuItemResource> keys) {
     Window* top = FindWindowRecord(owner);
@@ -50,7 +58,7 @@ SoftKeyBar* SoftKeyBar::Of(HWND topLevel) {
 
 LRESULT SoftKeyBar::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != SHCMBM_OVERRIDEKEY)
-        return DefWindowProcW(Handle(), message, wParam, lParam);
+        return Control::Message(message, wParam, lParam);
     const auto key = static_cast<WORD>(wParam);
     const auto mask = static_cast<DWORD>(lParam) >> 16U;
     const auto flags = static_cast<DWORD>(lParam) & 0xFFFFU;

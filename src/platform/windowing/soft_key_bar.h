@@ -9,6 +9,10 @@
 
 namespace device {
 
+/// Where a click presses a soft key, and which one.
+bool IsOnSoftKeys(POINT point);
+bool IsLeftSoftKey(POINT point);
+
 /// The bar of two soft keys of one top-level window, with its popups.
 class SoftKeyBar final : public Control {
 public:
@@ -35,8 +39,10 @@ public:
     /// Opens the right soft key's popup; nothing happens where that key has none.
     static void OpenMenu(HWND topLevel, std::optional<POINT> at);
 
-    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool TakesFocus() const override { return false; }
+
+protected:
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
     HWND owner_ = nullptr;

@@ -8,8 +8,7 @@
 #include "platform/windowing/process_windows.h"
 
 #include <algorithm>
-#include <cstring>
-#include <map>
+#include <utility>
 
 using device::Desktop;
 using device::FindWindowRecord;
@@ -19,18 +18,7 @@ ATOM RegisterClassW(const WNDCLASSW* windowClass) {
     return windowClass ? device::AddWindowClass(windowClass->lpszClassName, windowClass->lpfnWndProc, nullptr) : 0;
 }
 
-namespace {
-
-void SendSize(HWND handle) {
-    RECT client;
-    if (GetClientRect(handle, &client))
-        SendMessageW(handle, WM_SIZE, SIZE_RESTORED,
-            MAKELPARAM(static_cast<unsigned>(client.right), static_cast<unsigned>(client.bottom)));
-}
-
-} // namespace
-
-HWND CreateWindowExW(DWORD exStyle, const wchar_t* className, const wchar_t* title, DWORD style, int x, int y,
+HWND CreateWindowExW(DWORD /*exStyle*/, const wchar_t* className, const wchar_t* title, DWORD style, int x, int y,
     int width, int height, HWND parent, HMENU menu, HINSTANCE /*module*/, void* parameter) {
     Desktop& desktop = Desktop::The();
     const device::WindowClass* windowClass = device::FindWindowClass(className);
@@ -42,7 +30,6 @@ HWND CreateWindowExW(DWORD exStyle, const wchar_t* className, const wchar_t* tit
     if (!window)
         return nullptr;
     const HWND handle = window->handle;
-    window->exStyle = exStyle;
     // A top-level window shows with ShowWindow, so that nothing of it is painted before WM_CREATE is over.
     window->style = isChild ? style : style & ~WS_VISIBLE;
     window->text = title ? title : L"";
@@ -64,7 +51,7 @@ HWND CreateWindowExW(DWORD exStyle, const wchar_t* className, const wchar_t* tit
         return nullptr;
     if (!isChild && !windowClass->factory && !windowClass->isDialog)
         device::PublishWindow(handle);
-    SendSize(handle);
+    device::SendSize(handle);
     if (!isChild && (style & WS_VISIBLE) != 0)
         ShowWindow(handle, SW_SHOW);
     InvalidateRect(handle, nullptr, TRUE);
@@ -94,20 +81,14 @@ BOOL ShowWindow(HWND handle, int command) {
     if (!shown)
         InvalidateRect(handle, nullptr, TRUE);
     window->style = shown ? window->style | WS_VISIBLE : window->style & ~WS_VISIBLE;
-    SendMessageW(handle, WM_SHOWWINDOW, shown ? 1 : 0, 0);
     if (shown) {
         InvalidateRect(handle, nullptr, TRUE);
-        if (FindWindowRecord(handle) && window->IsTopLevel() && !window->Has(WS_DISABLED))
+        if (window->IsTopLevel() && !window->Has(WS_DISABLED))
             Desktop::The().Activate(handle);
     } else if (window->parent && Desktop::The().Focus() == handle) {
         Desktop::The().SetFocus(window->parent->handle);
     }
     return was ? TRUE : FALSE;
-}
-
-BOOL IsWindowVisible(HWND handle) {
-    const Window* window = FindWindowRecord(handle);
-    return window && device::IsShown(*window) ? TRUE : FALSE;
 }
 
 BOOL EnableWindow(HWND handle, BOOL enable) {
@@ -132,27 +113,17 @@ LONG_PTR SetWindowLongW(HWND handle, int index, LONG_PTR value) {
     Window* window = FindWindowRecord(handle);
     if (!window)
         return 0;
-    const LONG_PTR former = GetWindowLongW(handle, index);
     switch (index) {
     case GWL_WNDPROC:
-        window->procedure = reinterpret_cast<WNDPROC>(value); // NOLINT(performance-no-int-to-ptr)
-        break;
+        return reinterpret_cast<LONG_PTR>(
+            std::exchange(window->procedure, reinterpret_cast<WNDPROC>(value))); // NOLINT(performance-no-int-to-ptr)
     case GWL_STYLE:
-        window->style = static_cast<DWORD>(value);
-        break;
-    case GWL_EXSTYLE:
-        window->exStyle = static_cast<DWORD>(value);
-        break;
+        return static_cast<LONG_PTR>(std::exchange(window->style, static_cast<DWORD>(value)));
     case GWL_USERDATA:
-        window->userData = value;
-        break;
-    case GWL_ID:
-        window->id = value;
-        break;
+        return std::exchange(window->userData, value);
     default:
         return 0;
     }
-    return former;
 }
 
 LONG_PTR GetWindowLongW(HWND handle, int index) {
@@ -164,12 +135,8 @@ LONG_PTR GetWindowLongW(HWND handle, int index) {
         return reinterpret_cast<LONG_PTR>(window->procedure);
     case GWL_STYLE:
         return static_cast<LONG_PTR>(window->style);
-    case GWL_EXSTYLE:
-        return static_cast<LONG_PTR>(window->exStyle);
     case GWL_USERDATA:
         return window->userData;
-    case GWL_ID:
-        return window->id;
     default:
         return 0;
     }
@@ -193,11 +160,9 @@ int GetWindowTextW(HWND handle, wchar_t* buffer, int size) {
 
 int GetClassNameW(HWND handle, wchar_t* buffer, int size) {
     const Window* window = FindWindowRecord(handle);
-    if (!window || !buffer || size <= 0)
+    if (!window || size <= 0)
         return 0;
-    const std::size_t length = window->windowClass->name.copy(buffer, static_cast<std::size_t>(size) - 1);
-    buffer[length] = 0;
-    return static_cast<int>(length);
+    return static_cast<int>(device::CopyText(window->windowClass->name, buffer, static_cast<std::size_t>(size)));
 }
 
 HWND GetParent(HWND handle) {
@@ -211,8 +176,6 @@ HWND GetWindow(HWND handle, UINT command) {
     const Window* window = FindWindowRecord(handle);
     if (!window)
         return nullptr;
-    if (command == GW_OWNER)
-        return window->owner;
     if (command == GW_CHILD)
         return window->children.empty() ? nullptr : window->children.front()->handle;
     if (command != GW_HWNDNEXT || !window->parent)
@@ -248,15 +211,6 @@ BOOL ScreenToClient(HWND handle, POINT* point) {
     return TRUE;
 }
 
-BOOL ClientToScreen(HWND handle, POINT* point) {
-    const Window* window = FindWindowRecord(handle);
-    if (!window || !point)
-        return FALSE;
-    const RECT client = device::ScreenClient(*window);
-    *point = {point->x + client.left, point->y + client.top};
-    return TRUE;
-}
-
 BOOL MoveWindow(HWND handle, int x, int y, int width, int height, BOOL repaint) {
     Window* window = FindWindowRecord(handle);
     if (!window)
@@ -270,7 +224,7 @@ BOOL MoveWindow(HWND handle, int x, int y, int width, int height, BOOL repaint) 
     const bool sized = former.right - former.left != window->place.right - window->place.left
         || former.bottom - former.top != window->place.bottom - window->place.top;
     if (sized)
-        SendSize(handle);
+        device::SendSize(handle);
     return TRUE;
 }
 
@@ -291,13 +245,6 @@ BOOL InvalidateRect(HWND handle, const RECT* rectangle, BOOL /*erase*/) {
     for (const Window* above = window->parent; above; above = above->parent)
         part = device::Intersect(part, device::ScreenClient(*above));
     Desktop::The().Invalidate(part);
-    return TRUE;
-}
-
-BOOL UpdateWindow(HWND handle) {
-    if (!IsWindow(handle))
-        return FALSE;
-    Desktop::The().PaintInvalid();
     return TRUE;
 }
 

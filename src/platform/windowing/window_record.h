@@ -31,7 +31,6 @@ struct Window {
     HWND owner = nullptr;
     std::vector<Window*> children; ///< in order of creation, which is the order of a dialog template
     DWORD style = 0;
-    DWORD exStyle = 0;
     LONG_PTR id = 0;
     bool hasId = true;
     RECT place; ///< in the parent's client area; of a top-level window, on the screen
@@ -67,6 +66,10 @@ RECT ScreenClient(const Window& window);
 bool IsShown(const Window& window);
 /// `window` is `ancestor` or stands somewhere in it.
 bool IsWithin(const Window* window, const Window* ancestor);
+/// As much of a text as there is room for, and a NUL; how much that was.
+std::size_t CopyText(const std::wstring& text, wchar_t* buffer, std::size_t size);
+/// Tells a window the size of its client area.
+void SendSize(HWND window);
 /// Insets changed: tells the window its new client size.
 void SetInsets(Window& window, const RECT& insets);
 

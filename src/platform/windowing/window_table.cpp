@@ -1,5 +1,6 @@
 #include "platform/windowing/desktop.h"
 
+#include "platform/drawing/handle_table.h"
 #include "platform/locale.h"
 #include "platform/windowing/process_windows.h"
 
@@ -10,30 +11,15 @@ namespace device {
 
 namespace {
 
-struct Slot {
-    std::unique_ptr<Window> window;
-    std::uint32_t generation = 1;
-};
-
 // Leaked on purpose: destructors of static objects may still look windows up.
-std::vector<Slot>& Slots() {
-    static auto& slots = *new std::vector<Slot>;
-    return slots;
+HandleTable<HWND, std::unique_ptr<Window>>& Windows() {
+    static auto& windows = *new HandleTable<HWND, std::unique_ptr<Window>>;
+    return windows;
 }
 
-std::map<std::wstring, std::unique_ptr<WindowClass>>& Classes() {
-    static auto& classes = *new std::map<std::wstring, std::unique_ptr<WindowClass>>;
+std::map<std::wstring, WindowClass>& Classes() {
+    static auto& classes = *new std::map<std::wstring, WindowClass>;
     return classes;
-}
-
-constexpr std::uint32_t IndexBits = 14;
-constexpr std::uint32_t MaxWindows = 1U << IndexBits;
-
-// Handles are multiples of 4: callers may use the lowest bit as a flag.
-HWND HandleOf(std::size_t index, std::uint32_t generation) {
-    const std::uintptr_t value
-        = ((static_cast<std::uintptr_t>(generation) << IndexBits) | (static_cast<std::uintptr_t>(index) + 1)) << 2U;
-    return reinterpret_cast<HWND>(value); // NOLINT(performance-no-int-to-ptr): an opaque number
 }
 
 std::wstring ClassKey(const wchar_t* name) {
@@ -45,14 +31,8 @@ std::wstring ClassKey(const wchar_t* name) {
 } // namespace
 
 Window* FindWindowRecord(HWND handle) {
-    const auto value = reinterpret_cast<std::uintptr_t>(handle);
-    if (value == 0 || (value & 3U) != 0)
-        return nullptr;
-    const std::uintptr_t index = ((value >> 2U) & (MaxWindows - 1)) - 1;
-    auto& slots = Slots();
-    if (index >= slots.size() || !slots[index].window || HandleOf(index, slots[index].generation) != handle)
-        return nullptr;
-    return slots[index].window.get();
+    const std::unique_ptr<Window>* found = Windows().Find(handle);
+    return found ? found->get() : nullptr;
 }
 
 Window* TopLevelOf(Window* window) {
@@ -95,80 +75,61 @@ RECT ScreenClient(const Window& window) {
     return client;
 }
 
+std::size_t CopyText(const std::wstring& text, wchar_t* buffer, std::size_t size) {
+    if (!buffer || size == 0)
+        return 0;
+    const std::size_t length = text.copy(buffer, size - 1);
+    buffer[length] = 0;
+    return length;
+}
+
+void SendSize(HWND window) {
+    RECT client;
+    if (GetClientRect(window, &client))
+        SendMessageW(window, WM_SIZE, SIZE_RESTORED,
+            MAKELPARAM(static_cast<unsigned>(client.right), static_cast<unsigned>(client.bottom)));
+}
+
 void SetInsets(Window& window, const RECT& insets) {
     const RECT& old = window.insets;
     if (old.left == insets.left && old.top == insets.top && old.right == insets.right && old.bottom == insets.bottom)
         return;
     window.insets = insets;
     InvalidateRect(window.handle, nullptr, TRUE);
-    RECT client;
-    GetClientRect(window.handle, &client);
-    SendMessageW(window.handle, WM_SIZE, SIZE_RESTORED,
-        MAKELPARAM(static_cast<unsigned>(client.right), static_cast<unsigned>(client.bottom)));
-}
-
-Control* ControlOf(HWND window) {
-    Window* record = FindWindowRecord(window);
-    return record ? record->control.get() : nullptr;
-}
-
-bool TakesText(HWND window) {
-    const Control* control = ControlOf(window);
-    return control && control->TakesText();
+    SendSize(window.handle);
 }
 
 const WindowClass* FindWindowClass(const wchar_t* name) {
-    if (!name)
-        return nullptr;
-    const auto found = Classes().find(ClassKey(name));
-    return found == Classes().end() ? nullptr : found->second.get();
+    const auto found = Classes().find(ClassKey(name ? name : L""));
+    return found == Classes().end() ? nullptr : &found->second;
 }
 
 ATOM AddWindowClass(const wchar_t* name, WNDPROC procedure, ControlFactory factory, bool isDialog) {
     if (!name || !procedure || FindWindowClass(name))
         return 0;
-    auto added = std::make_unique<WindowClass>();
-    added->name = name;
-    added->procedure = procedure;
-    added->factory = factory;
-    added->isDialog = isDialog;
-    Classes()[ClassKey(name)] = std::move(added);
+    Classes()[ClassKey(name)] = {name, procedure, factory, isDialog};
     return static_cast<ATOM>(Classes().size());
 }
 
-namespace {
-
-LRESULT ControlProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-    Control* control = ControlOf(handle);
-    return control ? control->Message(message, wParam, lParam) : DefWindowProcW(handle, message, wParam, lParam);
-}
-
-} // namespace
-
-void RegisterControlClass(const wchar_t* className, ControlFactory factory) {
-    AddWindowClass(className, ControlProcedure, factory);
-}
-
 Window* Desktop::Create(const WindowClass& windowClass, Window* parent, HWND owner) {
-    auto& slots = Slots();
-    std::size_t index = 0;
-    while (index < slots.size() && slots[index].window)
-        ++index;
-    if (index >= MaxWindows - 1)
+    const HWND handle = Windows().Add(std::make_unique<Window>());
+    Window* window = FindWindowRecord(handle);
+    if (!window)
         return nullptr;
-    if (index == slots.size())
-        slots.emplace_back();
-    Slot& slot = slots[index];
-    slot.window = std::make_unique<Window>();
-    Window& window = *slot.window;
-    window.handle = HandleOf(index, slot.generation);
-    window.windowClass = &windowClass;
-    window.procedure = windowClass.procedure;
-    window.parent = parent;
-    window.owner = owner;
+    window->handle = handle;
+    window->windowClass = &windowClass;
+    window->procedure = windowClass.procedure;
+    window->parent = parent;
+    window->owner = owner;
     if (parent)
-        parent->children.push_back(&window);
-    return &window;
+        parent->children.push_back(window);
+    return window;
+}
+
+/// No handle finds it any more, but it lives on as long as a message procedure may be at work in it.
+void Desktop::Bury(HWND handle) {
+    graveyard_.push_back(std::move(*Windows().Find(handle)));
+    Windows().Remove(handle);
 }
 
 void Desktop::Destroy(Window& window) {
@@ -199,13 +160,7 @@ void Desktop::Destroy(Window& window) {
     if (window.IsTopLevel())
         WithdrawWindow(handle);
 
-    auto& slots = Slots();
-    for (Slot& slot : slots) {
-        if (slot.window.get() == &window) {
-            graveyard_.push_back(std::move(slot.window));
-            ++slot.generation;
-        }
-    }
+    Bury(handle);
     if (active_ == handle) {
         active_ = nullptr;
         if (Window* front = Front())
@@ -233,12 +188,8 @@ void Desktop::SwitchOff() {
     texts_ = {};
     keysDown_.clear();
     quit_ = false;
-    for (Slot& slot : Slots()) {
-        if (slot.window) {
-            graveyard_.push_back(std::move(slot.window));
-            ++slot.generation;
-        }
-    }
+    for (const HWND handle : Windows().Handles())
+        Bury(handle);
     ClearGraveyard();
 }
 

@@ -21,7 +21,8 @@ protected:
     void Draw(int x, int y, const std::wstring& text, const FontDescription& font = ListFont) {
         canvas.Text(x, TitleHeight() + y, text, font, RGB(0, 0, 0));
     }
-    std::wstring Line(int row) const {
+    std::wstring Line(int row) const { return Line(canvas, row); }
+    static std::wstring Line(const TerminalCanvas& canvas, int row) {
         std::wstring line;
         for (int column = 0; column < canvas.Grid().columns; ++column) {
             const Cell& cell = canvas.Grid().At(column, row);
@@ -71,10 +72,7 @@ TEST_F(TerminalCanvasTest, WhatAsciiDoesNotHaveLeavesItsNeighbours) {
     TerminalCanvas ascii{10, 24, false, true};
     ascii.BeginFrame({});
     ascii.Text(0, TitleHeight(), L"a\u6C7Db\u00E9c", ListFont, 0);
-    std::wstring line;
-    for (int column = 0; column < 5; ++column)
-        line += ascii.Grid().At(column, 1).text;
-    EXPECT_EQ(line, L"a?b?c");
+    EXPECT_EQ(Line(ascii, 1), L"a?b?c");
 }
 
 TEST_F(TerminalCanvasTest, CutsAtTheClipWithAnEllipsis) {
@@ -151,10 +149,7 @@ TEST_F(TerminalCanvasTest, HintsStandBesideTheNamesWhereThereIsRoom) {
             other.SetMarks(marks);
             other.Text((left ? 0 : half) + (half - width) / 2, other.ScreenSize().cy - 20, label, ListFont, 0);
         }
-        std::wstring line;
-        for (int column = 0; column < columns; ++column)
-            line += other.Grid().At(column, 9).text.empty() ? L" " : other.Grid().At(column, 9).text;
-        EXPECT_EQ(line.substr(0, line.find_last_not_of(L' ') + 1), expected);
+        EXPECT_EQ(Line(other, 9), expected);
     }
 }
 

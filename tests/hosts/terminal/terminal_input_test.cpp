@@ -68,6 +68,11 @@ std::wstring Read(const std::string& bytes) {
     return told;
 }
 
+void ExpectRead(const std::vector<std::pair<std::string, std::wstring>>& cases) {
+    for (const auto& [bytes, told] : cases)
+        EXPECT_EQ(Read(bytes), told) << testing::PrintToString(bytes);
+}
+
 TEST(TerminalInputTest, SequencesAreKeysOrNothing) {
     ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
     const std::tuple<const char*, std::string, std::wstring> cases[] = {
@@ -108,7 +113,7 @@ TEST(TerminalInputTest, SequencesAreKeysOrNothing) {
 
 TEST(TerminalInputTest, PastesAreText) {
     ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
-    const std::pair<std::string, std::wstring> cases[] = {
+    ExpectRead({
         {"\x1b[200~q]\xC3\xA9\x1b[201~]", L"'q]\u00E9']"},
         {"\x1b[200~a\r\nb\nc\rd\te\x1b[201~", L"'a\nb\nc\nd e'"},
         {"\x1b[200~a\x03\x1b[31m\xC2\x9B"
@@ -116,13 +121,11 @@ TEST(TerminalInputTest, PastesAreText) {
             L"'a31mb'x"},
         {"\x1b[200~a\x1b\x1b[201~x", L"'a'x"},
         {"\x1b[200~a|x", L"'ax'"},
-    };
-    for (const auto& [bytes, keys] : cases)
-        EXPECT_EQ(Read(bytes), keys) << testing::PrintToString(bytes);
+    });
 }
 
 TEST(TerminalInputTest, KeysAndTheirModifiersComeInManyForms) {
-    const std::pair<std::string, std::wstring> cases[] = {
+    ExpectRead({
         {"\x1b[A\x1bOB\x1b[1;2C\x1b[1;5D", L"<up><down><shift right><ctrl left>"},
         {"\x1b[a\x1bOb\x1b[5^\x1b[6@\x1b[7$", L"<shift up><ctrl down><ctrl page up><shift ctrl page down><shift home>"},
         {"\x1b[H\x1b[4~\x1b[3;2~\x1b[Z", L"<home><end><shift delete><shift tab>"},
@@ -137,13 +140,11 @@ TEST(TerminalInputTest, KeysAndTheirModifiersComeInManyForms) {
         {"\x1b[1;3A\x1b[1;9A\x1b[13;3u\x1b[97;7u\x1b[49;7u\x1b[97;0u\x1b[57358u", L""},
         {"\x1b[2A\x1b[1;2;3A\x1b[;2A\x1b[1;A\x1b[99999999999;2A\x1b[1:2A\x1b[-1A\x1b[9~\x1b[u\x1b[27;2;~", L""},
         {"\x1b[12;40R\x1b[?64;1c\x1b[>0;1;2c\x1b[8;24;80t\x1b[?2026;1$y", L""},
-    };
-    for (const auto& [bytes, keys] : cases)
-        EXPECT_EQ(Read(bytes), keys) << testing::PrintToString(bytes);
+    });
 }
 
 TEST(TerminalInputTest, ThePointerIsToldByItsCells) {
-    const std::pair<std::string, std::wstring> cases[] = {
+    ExpectRead({
         {"\x1b[<0;1;24M\x1b[<32;2;24M\x1b[<0;3;24m", L"<down 0 0,23><move 0 1,23><up 0 2,23>"},
         {"\x1b[<2;1;1M\x1b[<1;1;1M\x1b[<20;1;1M", L"<down 2 0,0><down 1 0,0><shift ctrl down 0 0,0>"},
         {"\x1b[<64;5;6M\x1b[<65;5;6M", L"<wheel 3 4,5><wheel -3 4,5>"},
@@ -151,9 +152,7 @@ TEST(TerminalInputTest, ThePointerIsToldByItsCells) {
         // form.
         {"\x1b[<66;1;1M\x1b[<128;1;1M\x1b[<35;1;1M\x1b[<0;0;1M\x1b[<0;1M\x1b[<0;1;1;1M\x1b[<0;1;1;M\x1b[<;1;1M", L""},
         {"\x1b[M q]\x1b[M\xC3\x1b[y", L"y"},
-    };
-    for (const auto& [bytes, told] : cases)
-        EXPECT_EQ(Read(bytes), told) << testing::PrintToString(bytes);
+    });
 }
 
 TEST(TerminalInputTest, APauseEndsAnEscapeSoonAndAPasteLate) {

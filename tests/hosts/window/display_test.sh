@@ -1,6 +1,7 @@
 #!/bin/bash
-# The window on a real display: it follows the scale that the desktop asks for, and told to end with a form open it
-# ends in order. The one argument is the program file. Run it with xvfb-run and a server that does not reset.
+# The window on a real display: it follows the scale that the desktop asks for, stays on the display, has larger text
+# when it is made larger, and told to end with a form open it ends in order. The one argument is the program file. Run it
+# with xvfb-run and a server that does not reset.
 set -u
 program=$(realpath "$1")
 pid=
@@ -18,8 +19,9 @@ find_window() { window=$(xdotool search --pid "$pid" 2>/dev/null | tail -n 1) &&
 
 is_sized() { xdotool getwindowgeometry "$window" 2>/dev/null | grep -q "Geometry: $1"; }
 
-export HANDSET_HOST=window HANDSET_LOCALE=en_US HANDSET_STORAGE=$place/device SDL_AUDIODRIVER=dummy
-mkdir "$place/device"
+device=$place/device
+export HANDSET_HOST=window HANDSET_LOCALE=en_US HANDSET_STORAGE=$device SDL_AUDIODRIVER=dummy
+mkdir "$device"
 xprop -root -f RESOURCE_MANAGER 8s -set RESOURCE_MANAGER "Xft.dpi:	144"
 "$program" &
 pid=$!
@@ -38,14 +40,44 @@ xprop -id "$window" WM_NORMAL_HINTS | grep -q "minimum size: 352 by 216" || fail
 kill "$pid"
 wait "$pid"
 
+# What was remembered of a larger display comes back inside, and is remembered as it was.
+kept=$device/registry.window
+printf 'screen=3000x2000\nzoom=100\nfixed=0\n' >"$kept"
+"$program" &
+pid=$!
+until_true "no window" find_window
+until_true "larger than the display" is_sized 1280x1024
+kill "$pid"
+wait "$pid"
+grep -q '^screen=3000x2000$' "$kept" || fail "forgot the size of the larger display"
+
+# A larger window has larger text until the zoom is fixed.
+remembers() { [ "$(tr '\n' ' ' <"$kept")" = "$1 " ]; }
+resized() { # WINDOW KEYS REMEMBERED
+  rm "$kept"
+  "$program" &
+  pid=$!
+  until_true "no window" find_window
+  until_true "not at its first size" is_sized 400x600
+  [ -z "$2" ] || xdotool windowfocus "$window" key $2
+  xdotool windowsize --sync "$window" ${1/x/ }
+  sleep 0.3
+  kill "$pid"
+  wait "$pid"
+  remembers "$3" || fail "after $2 and a size of $1: $(cat "$kept")"
+}
+resized 840x900 "" "screen=420x450 zoom=200 fixed=0"
+resized 840x900 "ctrl+plus ctrl+minus" "screen=672x720 zoom=125 fixed=1"
+resized 840x900 "ctrl+plus ctrl+0" "screen=420x450 zoom=200 fixed=0"
+
 for signal in TERM HUP INT; do
-  rm -rf "$place/device"
-  mkdir "$place/device"
+  rm -rf "$device"
+  mkdir "$device"
   # A background job of a script ignores SIGINT: the program must hear it nevertheless.
   "$program" &
   pid=$!
   until_true "no window" find_window
-  until_true "not the program's window" titled "My Vehicles"
+  until_true "not the program's window" titled "My Vehicles - Odoledger"
   press F1                     # the units message
   sleep 0.3
   press F1 1                   # New > Vehicle

@@ -3,6 +3,8 @@
 #include "../system/device_fixture.h"
 #include "../windowing/scripted_host.h"
 
+#include "platform/controls/edit.h"
+
 /// A dialog of the test's own controls, run with a script.
 class ControlTest : public DeviceTest {
 protected:
@@ -29,7 +31,11 @@ protected:
         return [this, text] { host.Type(text); };
     }
     HWND Item(int id) const { return GetDlgItem(dialog, id); }
-    std::wstring TextOf(int id) const { return ::TextOf(Item(id)); }
+    std::wstring TextOf(int id) const { return device::TextOf(Item(id)); }
+    static void ExpectSelection(HWND field, std::size_t start, std::size_t end) {
+        const auto& edit = dynamic_cast<const device::Edit&>(*device::ControlOf(field));
+        EXPECT_EQ(std::pair(edit.SelectionStart(), edit.SelectionEnd()), std::pair(start, end));
+    }
     /// The texts that stand on the screen for a control, from left to right as painted, joined.
     std::wstring Painted(HWND control) const {
         std::wstring joined;

@@ -26,6 +26,8 @@ TEST_F(ListBoxTest, SortedRowsAndTheSelectionThatFollowsThem) {
         EXPECT_EQ(Send(LB_GETCURSEL), LB_ERR) << "the selected row is gone";
         for (const UINT message : {LB_GETTEXTLEN, LB_GETITEMDATA, LB_DELETESTRING, LB_SETITEMDATA, LB_SETCURSEL})
             EXPECT_EQ(Send(message, 2), LB_ERR);
+        Send(WM_CHAR, L'B');
+        EXPECT_EQ(Send(LB_GETCURSEL), 1) << "a letter takes its row where none is selected, too";
     };
     Run({{L"ListBox", WS_CHILD | WS_VISIBLE | WS_TABSTOP | LBS_SORT, 2, 0, 90, 30, 10, L""}}, {});
 }

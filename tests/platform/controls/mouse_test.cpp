@@ -57,7 +57,7 @@ protected:
             steps);
     }
     Step Pasting(const wchar_t* text) {
-        return [this, text] { host.events.push_back({Kind::Paste, 0, 0, 0, false, 0, 0, 0, Button::Left, text}); };
+        return [this, text] { host.events.push_back({.kind = Kind::Paste, .text = text}); };
     }
 
     RECT ClientOf(UINT id) const { return ScreenClient(*device::FindWindowRecord(Item(static_cast<int>(id)))); }
@@ -66,11 +66,13 @@ protected:
         SendDlgItemMessageW(dialog, List, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
         return {ClientOf(List).left + 20, ClientOf(List).top + place.top + 3};
     }
+    LRESULT NextSelected(LRESULT row) const {
+        return SendDlgItemMessageW(dialog, List, LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED);
+    }
     std::vector<LRESULT> Selected() const {
         std::vector<LRESULT> rows;
-        for (WPARAM row = 0; row < 40; ++row)
-            if (SendDlgItemMessageW(dialog, List, LVM_GETITEMSTATE, row, LVIS_SELECTED) != 0)
-                rows.push_back(static_cast<LRESULT>(row));
+        for (LRESULT row = -1; (row = NextSelected(row)) >= 0;)
+            rows.push_back(row);
         return rows;
     }
     /// Behind the first characters of a field.
@@ -80,7 +82,7 @@ protected:
         return {ClientOf(field).left + device::Scaled(4) + width, CentreOf(ClientOf(field)).y};
     }
     void ExpectSelection(std::size_t start, std::size_t end) const {
-        EXPECT_EQ(SendDlgItemMessageW(dialog, Text, EM_GETSEL, 0, 0), MAKELPARAM(start, end));
+        ControlTest::ExpectSelection(Item(Text), start, end);
     }
     device::ScrollBar Bar(UINT id) const {
         return device::ScrollBarOf(*device::FindWindowRecord(id == 0 ? dialog : Item(static_cast<int>(id))));
@@ -253,7 +255,8 @@ TEST_F(MouseTest, DatesArePastedAsAWhole) {
 TEST_F(MouseTest, ThePointerSaysWhatAClickWouldDo) {
     const LONG low = device::ScreenSize().cy - 2;
     RunList(L"ListBox", 0, {[=, this] {
-        SendDlgItemMessageW(dialog, Other, EM_SETREADONLY, TRUE, 0);
+        const auto style = GetWindowLongW(Item(Other), GWL_STYLE);
+        SetWindowLongW(Item(Other), GWL_STYLE, style | ES_READONLY);
         for (const POINT at : {POINT{30, 40}, Behind(Text, L"one"), Behind(Text, L"o"), POINT{20, low},
                  POINT{device::ScreenSize().cx - 20, low}, Behind(Other, L"")})
             host.Mouse(Kind::MouseMove, at);

@@ -76,6 +76,12 @@ TEST(CairoCanvas, ATextTakesItsMeasuredWidthAtEveryZoom) {
     }
 }
 
+TEST(CairoCanvas, DialogsHaveThePlainCutOfTheFace) {
+    const FontDescription dialogs{-10, 400, false, L"MS Shell Dlg"};
+    EXPECT_GT(
+        DeviceMeasurer().Width(dialogs, L"1/21/2008"), DeviceMeasurer().Width({-10, 400, false, {}}, L"1/21/2008"));
+}
+
 TEST(CairoCanvas, PicturesFillTheirPlaceAndABadOneDrawsNothing) {
     CairoCanvas canvas({40, 40}, 1.5);
     canvas.Fill({0, 0, 40, 40}, White, 255);

@@ -16,7 +16,7 @@ protected:
 
     CellMeasurer measurer;
     RecordingCanvas canvas{measurer};
-    HDC context = CreateContext(canvas, {100, 50}, Screen, nullptr);
+    HDC context = CreateContext({.canvas = &canvas, .origin = {100, 50}, .clip = Screen});
 };
 
 TEST_F(DeviceContextTest, StaleHandlesGiveTheDocumentedFailure) {
@@ -31,7 +31,7 @@ TEST_F(DeviceContextTest, StaleHandlesGiveTheDocumentedFailure) {
     for (const std::intptr_t bad : {std::intptr_t{0}, std::intptr_t{-1}, INTPTR_MIN})
         EXPECT_EQ(SelectObject(context, reinterpret_cast<HBRUSH>(bad)), nullptr) << bad; // NOLINT
 
-    const HDC stale = CreateContext(canvas, {}, Screen, font);
+    const HDC stale = CreateContext({.canvas = &canvas, .clip = Screen, .font = font});
     EXPECT_TRUE(DestroyContext(stale));
     EXPECT_EQ(DrawTextW(stale, L"x", -1, &place, 0), 0);
     EXPECT_EQ(SaveDC(stale), 0);
@@ -48,7 +48,9 @@ TEST_F(DeviceContextTest, FontsKeepTheirDescriptionAndOutliveTheirHandleInAConte
     EXPECT_EQ(FontOf(font).face, std::wstring(LF_FACESIZE, L'W')) << "a face name may fill its field without a NUL";
     EXPECT_EQ(SelectObject(context, font), system);
     EXPECT_TRUE(DeleteObject(font));
-    EXPECT_EQ(ContextFont(context).height, 20);
+    RECT place{0, 0, 50, 50};
+    DrawTextW(context, L"x", -1, &place, 0);
+    EXPECT_EQ(canvas.Texts().back().font.height, 20);
     EXPECT_EQ(SelectObject(context, system), font);
     DeleteObject(system);
     EXPECT_NE(GetObjectW(system, sizeof(description), &description), 0) << "it is never deleted";

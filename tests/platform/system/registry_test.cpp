@@ -28,6 +28,12 @@ protected:
     static LONG Put(HKEY key, const wchar_t* name, const RegistryValue& value) {
         return RegSetValueExW(key, name, 0, value.type, value.data.data(), static_cast<DWORD>(value.data.size()));
     }
+    static DWORD NumberOf(HKEY key, const wchar_t* name) {
+        DWORD number = 0;
+        DWORD size = sizeof number;
+        RegQueryValueExW(key, name, nullptr, nullptr, reinterpret_cast<BYTE*>(&number), &size);
+        return number;
+    }
     /// As the console tells them: name, kind, value.
     static std::string All() {
         std::string all;
@@ -79,10 +85,7 @@ TEST_F(RegistryTest, WaitingChangesShowAtOnceAndLeaveAllElseAlone) {
     key = Create();
     for (const auto& [name, value] : {std::pair{L"New", 5U}, {L"OLD", 2}, {L"New", 6}})
         EXPECT_EQ(Put(key, name, RegistryValue::OfNumber(value)), ERROR_SUCCESS);
-    DWORD number = 0;
-    DWORD size = sizeof number;
-    RegQueryValueExW(key, L"New", nullptr, nullptr, reinterpret_cast<BYTE*>(&number), &size);
-    EXPECT_EQ(number, 6U);
+    EXPECT_EQ(NumberOf(key, L"New"), 6U);
     // Another program changes the file before the key is closed.
     EXPECT_EQ(device::SetRegistryValue(Key, L"Foreign", RegistryValue::OfNumber(9)), ERROR_SUCCESS);
     EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
@@ -159,10 +162,7 @@ TEST_F(RegistryTest, WhatCannotBeWrittenWaitsForTheNextWriteThatCan) {
         EXPECT_NE(RegCloseKey(key), ERROR_SUCCESS);
         EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds{5});
         key = Create();
-        DWORD number = 0;
-        DWORD size = sizeof number;
-        RegQueryValueExW(key, L"Waits", nullptr, nullptr, reinterpret_cast<BYTE*>(&number), &size);
-        EXPECT_EQ(number, count);
+        EXPECT_EQ(NumberOf(key, L"Waits"), count);
         ASSERT_TRUE(obstacle(false));
         ASSERT_EQ(Put(key, L"Next", RegistryValue::OfNumber(count)), ERROR_SUCCESS);
         EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);

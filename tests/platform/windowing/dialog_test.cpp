@@ -77,11 +77,24 @@ TEST_F(DialogTest, AKeyThatClosesAMessageBoxReachesNobodyElse) {
     EXPECT_EQ(answers, (std::vector{IDOK, IDOK, IDCANCEL, IDNO}));
 }
 
-TEST_F(DialogTest, AHeldKeyActsInTheControlThatHeardItFirst) {
-    const auto hold = [this](WORD key) {
-        for (int times = 0; times < 3; ++times)
-            host.events.push_back({ScriptedHost::Event::Kind::KeyDown, key});
+TEST_F(DialogTest, ABeepConcernsTheFocusedFieldElseTheTitle) {
+    const auto concerns = [](const RECT& place) {
+        const RECT beep = device::Desktop::The().BeepPlace();
+        EXPECT_EQ(std::tuple(beep.left, beep.top, beep.right, beep.bottom),
+            std::tuple(place.left, place.top, place.right, place.bottom));
     };
+    const RECT title{0, 0, 320, device::TitleHeight()};
+    concerns(title); // no window at all
+    onCommand = [&](int id, UINT, LPARAM) {
+        if (id == 1)
+            MessageBoxW(dialog, L"Text", L"Caption", MB_OK);
+    };
+    Run(Fields(2),
+        {Keys({VK_DOWN}), [&] { concerns(ScreenPlace(*device::FindWindowRecord(Item(101)))); },
+            [&] { PostMessageW(dialog, WM_COMMAND, 1, 0); }, [&] { concerns(title); }, Keys({VK_TACTION})});
+}
+
+TEST_F(DialogTest, AHeldKeyActsInTheControlThatHeardItFirst) {
     const auto hold1 = [this] {
         for (const bool isRepeat : {false, true, true}) {
             host.Type(L"1");
@@ -89,16 +102,17 @@ TEST_F(DialogTest, AHeldKeyActsInTheControlThatHeardItFirst) {
         }
     };
     Run(Fields(3),
-        {Keys({VK_END}), [&] { hold(VK_BACK); }, [&] { EXPECT_EQ(TextOf(100), L"t"); }, [&] { hold(VK_DOWN); },
+        {Keys({VK_END}), [&] { host.Hold(VK_BACK, 3); }, [&] { EXPECT_EQ(TextOf(100), L"t"); },
+            [&] { host.Hold(VK_DOWN, 3); },
             [&] {
                 EXPECT_EQ(Focused(), 101);
                 host.events.push_back({ScriptedHost::Event::Kind::KeyUp, VK_DOWN});
-                hold(VK_DOWN);
+                host.Hold(VK_DOWN, 3);
             },
             [&] {
                 EXPECT_EQ(Focused(), 102);
                 SetFocus(Item(101));
-                hold(VK_BACK); // gone meanwhile and back: no more
+                host.Hold(VK_BACK, 3); // gone meanwhile and back: no more
                 hold1();
             },
             [&] {

@@ -36,13 +36,7 @@ public:
             events.push_back({Event::Kind::Text, 0, character});
     }
     void Mouse(Event::Kind kind, POINT at, Event::Button button = Event::Button::Left, unsigned modifiers = 0) {
-        Event event;
-        event.kind = kind;
-        event.x = at.x;
-        event.y = at.y;
-        event.button = button;
-        event.modifiers = modifiers;
-        events.push_back(event);
+        events.push_back({.kind = kind, .modifiers = modifiers, .x = at.x, .y = at.y, .button = button});
     }
     void Click(POINT at, Event::Button button = Event::Button::Left, unsigned modifiers = 0) {
         Mouse(Event::Kind::MouseDown, at, button, modifiers);
@@ -58,12 +52,11 @@ public:
         Mouse(Event::Kind::MouseMove, to);
         Mouse(Event::Kind::MouseUp, to);
     }
-    void Resize(int width, int height) {
-        Event event;
-        event.kind = Event::Kind::Resize;
-        event.x = width;
-        event.y = height;
-        events.push_back(event);
+    void Resize(int width, int height) { events.push_back({.kind = Event::Kind::Resize, .x = width, .y = height}); }
+    /// Presses of a key that is held; its repeats are key-downs too.
+    void Hold(WORD key, int times, wchar_t character = 0) {
+        for (int time = 0; time < times; ++time)
+            events.push_back({Event::Kind::KeyDown, key, character});
     }
     /// Runs messages until all steps are over.
     void Pump() {
@@ -108,11 +101,7 @@ public:
     std::vector<device::PointerShape> shapes;
 };
 
-inline std::wstring TextOf(HWND window) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');
-    GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1);
-    return text;
-}
+using device::TextOf;
 
 /// Ends a dialog from inside a step: its loop looks up when a message comes.
 inline void Close(HWND dialog, LONG_PTR result) {

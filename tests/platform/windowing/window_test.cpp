@@ -30,6 +30,16 @@ Heard HeardBesidesPainting() {
     return heard;
 }
 
+wchar_t DigitOf(WORD key) {
+    return key >= '0' && key <= '9' ? wchar_t{key} : L'\0';
+}
+
+/// Item of the innermost popup; -1: no menu is open.
+int FocusedItem() {
+    const device::OpenMenu* menu = device::Desktop::The().Menu();
+    return menu ? menu->Focused() : -1;
+}
+
 class WindowTest : public DeviceTest {
 protected:
     void SetUp() override {
@@ -39,6 +49,21 @@ protected:
         frame = CreateWindowExW(
             0, L"windowundertest", L"Title", WS_POPUP | WS_VISIBLE, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
         ASSERT_NE(device::SoftKeyBar::Make(frame, Keys), nullptr);
+    }
+
+    using Step = ScriptedHost::Step;
+
+    /// What a menu that these steps open and close leaves: one command, or none (0).
+    void ExpectCommand(const std::vector<Step>& steps, UINT command) {
+        heard.clear();
+        host.steps.assign(steps.begin(), steps.end());
+        host.Pump();
+        EXPECT_EQ(device::Desktop::The().Menu(), nullptr);
+        EXPECT_EQ(HeardBesidesPainting(), command == 0 ? Heard{} : (Heard{{WM_COMMAND, command}}))
+            << "no half of a menu's key reaches the window";
+    }
+    Step Key(WORD key, unsigned modifiers = 0) {
+        return [=, this] { host.Press(key, modifiers, DigitOf(key)); };
     }
 
     ScriptedHost host;
@@ -56,22 +81,14 @@ TEST_F(WindowTest, MenusByArrowsDigitsAndBack) {
         {{VK_TSOFT2, '3', '1'}, 31}, {{VK_TSOFT2, VK_TBACK}, 0}, {{VK_TSOFT2, VK_TSOFT2}, 0},
         {{VK_TSOFT2, '3', VK_TBACK, VK_TBACK}, 0}};
     for (const auto& each : cases) {
-        heard.clear();
+        std::vector<Step> steps;
         for (const WORD key : each.keys)
-            host.Then([this, key] { host.Press(key, 0, key >= '0' && key <= '9' ? wchar_t{key} : L'\0'); });
-        host.Pump();
-        EXPECT_EQ(device::Desktop::The().Menu(), nullptr);
-        EXPECT_EQ(HeardBesidesPainting(), each.command == 0 ? Heard{} : (Heard{{WM_COMMAND, each.command}}))
-            << "no half of a menu's key reaches the window";
+            steps.push_back(Key(key));
+        ExpectCommand(steps, each.command);
     }
 }
 
 TEST_F(WindowTest, AHeldKeyThatOpenedOrClosedAMenuActsNoMore) {
-    const auto hold = [this](WORD key) {
-        const wchar_t character = key >= '0' && key <= '9' ? wchar_t{key} : L'\0';
-        for (int times = 0; times < 2; ++times)
-            host.events.push_back({ScriptedHost::Event::Kind::KeyDown, key, character});
-    };
     const struct {
         std::vector<WORD> pressed; ///< before the one that is held
         WORD held;
@@ -83,22 +100,20 @@ TEST_F(WindowTest, AHeldKeyThatOpenedOrClosedAMenuActsNoMore) {
         {{VK_TSOFT2}, VK_TACTION, -1, 22}};
     for (const auto& each : cases) {
         SCOPED_TRACE(each.held);
-        heard.clear();
-        host.Then([&, this] {
+        const Step hold = [&, this] {
             for (const WORD key : each.pressed)
-                host.Press(key, 0, key >= '0' && key <= '9' ? wchar_t{key} : L'\0');
-            hold(each.held);
-        });
-        host.Then([&, this] {
-            const device::OpenMenu* menu = device::Desktop::The().Menu();
-            EXPECT_EQ(menu ? menu->Focused() : -1, each.focused);
+                host.Press(key, 0, DigitOf(key));
+            host.Hold(each.held, 2, DigitOf(each.held));
+        };
+        const Step look = [&, this] {
+            EXPECT_EQ(FocusedItem(), each.focused);
             host.events.push_back({ScriptedHost::Event::Kind::KeyUp, each.held});
             PostMessageW(frame, WM_NULL, 0, 0); // closes it
-        });
-        host.Pump();
-        Heard commands = HeardBesidesPainting();
-        std::erase_if(commands, [](const auto& message) { return message.first != WM_COMMAND; });
-        EXPECT_EQ(commands, each.command == 0 ? Heard{} : (Heard{{WM_COMMAND, each.command}}));
+        };
+        heard.clear();
+        host.Then(hold).Then(look).Pump();
+        std::erase_if(heard, [](const auto& message) { return message.first != WM_COMMAND; });
+        EXPECT_EQ(heard, each.command == 0 ? Heard{} : (Heard{{WM_COMMAND, each.command}}));
     }
 }
 
@@ -106,94 +121,50 @@ TEST_F(WindowTest, MenusByTheMouse) {
     using Kind = ScriptedHost::Event::Kind;
     using Button = ScriptedHost::Event::Button;
     const SIZE screen = device::ScreenSize();
-    const POINT key{screen.cx - 20, screen.cy - 2};
-    const auto place = [](std::size_t index) { return device::Desktop::The().Menu()->ItemPlaces()[index]; };
-    const auto item = [&](std::size_t index) { return POINT{screen.cx - 20, place(index).top + 2}; };
-    const auto focused = [] {
-        const device::OpenMenu* menu = device::Desktop::The().Menu();
-        return menu ? menu->Focused() : -1;
+    using Place = std::function<POINT()>;
+    const auto rectangle = [](std::size_t index) { return device::Desktop::The().Menu()->ItemPlaces()[index]; };
+    const auto item = [&](std::size_t index) -> Place {
+        return [=] { return POINT{screen.cx - 20, rectangle(index).top + 2}; };
     };
-    using Steps = std::vector<ScriptedHost::Step>;
+    const auto at = [](LONG x, LONG y) -> Place { return [=] { return POINT{x, y}; }; };
+    const Place key = at(screen.cx - 20, screen.cy - 2);
+    const auto click = [this](const Place& place, Button button = Button::Left) -> Step {
+        return [=, this] { host.Click(place(), button); };
+    };
+    const auto mouse
+        = [this](Kind kind, const Place& place) -> Step { return [=, this] { host.Mouse(kind, place()); }; };
+    const auto expect = [](int focused) -> Step { return [=] { EXPECT_EQ(FocusedItem(), focused); }; };
+    const Step doubled = [&] { host.DoubleClick(item(3)()); };
+    const Step atThePointer = [&] {
+        EXPECT_EQ(rectangle(0).right, screen.cx) << "inside the screen";
+        EXPECT_NEAR(rectangle(0).top, 60, 4);
+    };
+    const Step upwards = [&] { EXPECT_LT(rectangle(4).bottom, screen.cy - 38) << "from the lower end"; };
     const struct {
         const char* what;
-        Steps steps;
+        std::vector<Step> steps;
         UINT command; ///< 0: none
-    } cases[] = {{"the button that opened it comes up, then chooses",
-                     {[&] { host.Click(key); }, [&] { host.Click(item(2)); }}, 22},
+    } cases[] = {{"the button that opened it comes up, then chooses", {click(key), click(item(2))}, 22},
         {"pressed on the key, released on an item",
-            {[&] { host.Mouse(Kind::MouseDown, key); },
-                [&] {
-                    host.Mouse(Kind::MouseMove, item(2));
-                    host.Mouse(Kind::MouseUp, item(2));
-                }},
-            22},
-        {"greyed", {[&] { host.Click(key); }, [&] { host.Click(item(0)); }, [&] { host.Press(VK_TBACK); }}, 0},
+            {mouse(Kind::MouseDown, key), mouse(Kind::MouseMove, item(2)), mouse(Kind::MouseUp, item(2))}, 22},
+        {"greyed", {click(key), click(item(0)), Key(VK_TBACK)}, 0},
         {"an inner popup, whose item under the pointer is not chosen with it",
-            {[&] { host.Click(key); }, [&] { host.DoubleClick(item(3)); },
-                [&] {
-                    EXPECT_EQ(focused(), 0);
-                    host.Click(item(1));
-                }},
-            32},
-        {"outside",
-            {[&] { host.Click(key); },
-                [&] {
-                    host.Click({5, 40});
-                },
-                [&] { EXPECT_EQ(focused(), -1); }},
-            0},
+            {click(key), doubled, expect(0), click(item(1))}, 32},
+        {"outside", {click(key), click(at(5, 40)), expect(-1)}, 0},
         {"hover",
-            {[&] { host.Click(key); },
-                [&] {
-                    host.Mouse(Kind::MouseMove, item(4));
-                    host.Mouse(Kind::MouseMove, item(1));
-                },
-                [&] {
-                    EXPECT_EQ(focused(), 4);
-                    host.Press(VK_TACTION);
-                }},
+            {click(key), mouse(Kind::MouseMove, item(4)), mouse(Kind::MouseMove, item(1)), expect(4), Key(VK_TACTION)},
             23},
-        {"at the pointer, inside the screen",
-            {[&] {
-                 host.Click({screen.cx - 1, 60}, Button::Right);
-             },
-                [&] {
-                    EXPECT_EQ(place(0).right, screen.cx);
-                    EXPECT_NEAR(place(0).top, 60, 4);
-                    host.Click(item(4));
-                }},
-            23},
-        {"upwards from the lower end",
-            {[&] {
-                 host.Click({20, screen.cy - 40}, Button::Right);
-             },
-                [&] {
-                    EXPECT_LT(place(4).bottom, screen.cy - 38);
-                    host.Press(VK_TBACK);
-                }},
-            0},
-        {"the keys of a keyboard",
-            {[&] { host.Press(VK_APPS); }, [&] { host.Press(VK_APPS); },
-                [&] {
-                    EXPECT_EQ(focused(), -1);
-                    host.Press(VK_F10, MOD_SHIFT);
-                },
-                [&] { host.Press(VK_TACTION); }},
+        {"at the pointer", {click(at(screen.cx - 1, 60), Button::Right), atThePointer, click(item(4))}, 23},
+        {"upwards", {click(at(20, screen.cy - 40), Button::Right), upwards, Key(VK_TBACK)}, 0},
+        {"the keys of a keyboard", {Key(VK_APPS), Key(VK_APPS), expect(-1), Key(VK_F10, MOD_SHIFT), Key(VK_TACTION)},
             22}};
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
-        heard.clear();
-        host.steps.assign(each.steps.begin(), each.steps.end());
-        host.Pump();
-        Heard commands = HeardBesidesPainting();
-        EXPECT_EQ(commands, each.command == 0 ? Heard{} : (Heard{{WM_COMMAND, each.command}}));
+        ExpectCommand(each.steps, each.command);
     }
     // A right soft key that is no menu is none for the right button either.
     device::SoftKeyBar::Make(frame, {&Keys[0], 1});
-    host.Then([&] { host.Click({20, 60}, Button::Right); });
-    host.Then([&] { host.Press(VK_APPS); });
-    host.Then([&] { EXPECT_EQ(focused(), -1); });
-    host.Pump();
+    ExpectCommand({click(at(20, 60), Button::Right), Key(VK_APPS), expect(-1)}, 0);
 }
 
 TEST_F(WindowTest, AnotherProcessPostsOnlyWhatIsRegisteredHereAndThatClosesAMenu) {

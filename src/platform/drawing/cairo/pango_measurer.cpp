@@ -38,7 +38,7 @@ std::string DrawableUtf8(std::wstring_view text) {
 }
 
 std::string Utf8Face(const std::wstring& face) {
-    return face.empty() ? DeviceFace : DrawableUtf8(face);
+    return face.empty() || face == DialogFace ? DeviceFace : DrawableUtf8(face);
 }
 
 } // namespace
@@ -47,8 +47,9 @@ struct PangoTextMeasurer::Font {
     explicit Font(const std::wstring& face)
         : description(pango_font_description_new()) {
         pango_font_description_set_family(description, Utf8Face(face).c_str());
-        // A small screen wants a narrow face; where there is none the face's own width serves.
-        pango_font_description_set_stretch(description, PANGO_STRETCH_CONDENSED);
+        // Where there is no narrow cut the face's own width serves.
+        pango_font_description_set_stretch(
+            description, face == DialogFace ? PANGO_STRETCH_NORMAL : PANGO_STRETCH_CONDENSED);
     }
     ~Font() { pango_font_description_free(description); }
     Font(const Font&) = delete;
