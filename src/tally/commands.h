@@ -11,6 +11,11 @@ int Check(const Request& request, Surroundings& surroundings);
 int Backup(const Request& request, Surroundings& surroundings);
 int List(const Request& request, Surroundings& surroundings);
 int Stats(const Request& request, Surroundings& surroundings);
+int Export(const Request& request, Surroundings& surroundings);
+int Import(const Request& request, Surroundings& surroundings);
+int Imports(const Request& request, Surroundings& surroundings);
+int Undo(const Request& request, Surroundings& surroundings);
+int Add(const Request& request, Surroundings& surroundings);
 int Due(const Request& request, Surroundings& surroundings);
 
 /// A whole run, from the arguments (without the program's name) to the status.

@@ -15,7 +15,8 @@ struct Command {
     int (*run)(const Request& request, Surroundings& surroundings);
 };
 
-constexpr Command Commands[] = {{"check", Check}, {"backup", Backup}, {"list", List}, {"stats", Stats}, {"due", Due}};
+constexpr Command Commands[] = {{"check", Check}, {"backup", Backup}, {"list", List}, {"stats", Stats}, {"due", Due},
+    {"export", Export}, {"import", Import}, {"imports", Imports}, {"undo", Undo}, {"add", Add}};
 
 int Perform(const Request& request, Surroundings& surroundings) {
     theSettings.LoadSettings();
