@@ -146,6 +146,17 @@ void TellOfRecords(sqlite3* connection, Faults* faults) {
             });
 }
 
+/// Of the tables that a companion keeps, where there are any.
+void TellOfImports(sqlite3* connection, Faults* faults) {
+    if (Schema(connection).count("table tally_batches") == 0)
+        return;
+    Query(connection, "SELECT count(*) FROM tally_added WHERE batch NOT IN (SELECT number FROM tally_batches)", {},
+        [&](sqlite3_stmt* row) {
+            if (sqlite3_column_int64(row, 0) != 0)
+                faults->push_back(TextColumn(row, 0) + " imported records belong to no import, and cannot be undone");
+        });
+}
+
 void TellOfContents(sqlite3* connection, Faults* faults) {
     const char* refusal = "the tables are not those of a log";
     try {
@@ -155,6 +166,8 @@ void TellOfContents(sqlite3* connection, Faults* faults) {
             faults->emplace_back("an index disagrees with its table; the program makes it anew");
         TellOfKeys(connection, faults);
         TellOfRecords(connection, faults);
+        refusal = "the tables of imports are not ours";
+        TellOfImports(connection, faults);
     } catch (const SqliteFailure& failure) {
         faults->push_back(std::string(refusal) + ": " + sqlite3_errstr(failure.code));
     }
