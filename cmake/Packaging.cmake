@@ -16,7 +16,7 @@ set(CPACK_PACKAGE_DESCRIPTION
 maintenance, trips and other expenses. It reminds you of what falls due at an
 odometer reading or on a date, and works out fuel economy and cost.
 It runs in a window, and under a script as odoledger-console; odoledger-tally
-looks at the log from the command line.")
+works on the log from the command line, imports and exports it.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS

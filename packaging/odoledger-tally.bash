@@ -6,6 +6,9 @@ _odoledger_tally() {
     done
     case $before in
     --format) mapfile -t COMPREPLY < <(compgen -W "text csv json" -- "$word") && return ;;
+    --distance) mapfile -t COMPREPLY < <(compgen -W "km mi" -- "$word") && return ;;
+    --volume) [ "$command" = import ] && mapfile -t COMPREPLY < <(compgen -W "l usgal ukgal" -- "$word") && return ;;
+    add) mapfile -t COMPREPLY < <(compgen -W "fuel repair trip expense" -- "$word") && return ;;
     --by) mapfile -t COMPREPLY < <(compgen -W "month quarter year" -- "$word") && return ;;
     esac
     local help words

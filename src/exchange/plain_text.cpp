@@ -90,6 +90,12 @@ std::optional<double> ReadPlainDate(std::string_view text) {
     return isWhole && SystemTimeToVariantTime(&time, &date) ? std::optional{date} : std::nullopt;
 }
 
+bool CanBeShown(double date) {
+    constexpr WORD FirstYear = 1601;
+    SYSTEMTIME time;
+    return VariantTimeToSystemTime(date, &time) && time.wYear >= FirstYear;
+}
+
 std::string CsvText(const std::string& text) {
     std::string cell = LooksLikeFormula(text) || BeginsWith(text, "'") ? "'" + text : text;
     const bool isPlain = cell.find_first_of(",;\"\r\n\t") == std::string::npos

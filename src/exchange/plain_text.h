@@ -16,6 +16,9 @@ std::string PlainDate(double date);
 /// has.
 std::optional<double> ReadPlainDate(std::string_view text);
 
+/// Whether a date field can hold an OLE date: the years 1601 to 9999.
+bool CanBeShown(double date);
+
 /// A cell of a CSV file, quoted where it must be. A spreadsheet does not take it for a formula: such a text, and one
 /// that begins with an apostrophe, gets an apostrophe in front.
 std::string CsvText(const std::string& text);

@@ -205,14 +205,15 @@ bool CDataFile::InTransaction() const {
 
 CTransaction::CTransaction(CDataFile& file)
     : file_(file)
-    , begun_(file.Execute(Sql::Begin)) {
+    , isPart_(file.InTransaction())
+    , begun_(isPart_ || file.Execute(Sql::Begin)) {
 }
 
 CTransaction::~CTransaction() {
-    if (begun_ && file_.InTransaction())
+    if (begun_ && !isPart_ && file_.InTransaction())
         file_.Execute(Sql::Rollback);
 }
 
 bool CTransaction::Commit() {
-    return file_.Execute(Sql::Commit);
+    return isPart_ || file_.Execute(Sql::Commit);
 }

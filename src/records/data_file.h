@@ -40,6 +40,8 @@ public:
     /// Why the statement failed that failed first since this was forgotten.
     StoreFailure Failure() const { return failure_; }
     void ForgetFailure() { failure_ = StoreFailure::None; }
+    /// For statements beside the prepared ones.
+    sqlite3* Connection() const { return connection_.get(); }
     /// Whether this name leads to another file by now.
     bool IsReplacedAt(const std::string& path) const;
 
@@ -57,7 +59,7 @@ private:
     std::array<StatementHandle, static_cast<std::size_t>(Sql::Count)> statements_;
 };
 
-/// All changes until Commit, or none.
+/// All changes until Commit, or none. Within another one it is a part of that, which alone is committed.
 class CTransaction {
 public:
     explicit CTransaction(CDataFile& file);
@@ -71,5 +73,6 @@ public:
 
 private:
     CDataFile& file_;
+    bool isPart_;
     bool begun_;
 };

@@ -84,6 +84,10 @@ template <typename Operation> int CDataLayer::Perform(Operation operation) {
     return 0;
 }
 
+int CDataLayer::PerformOn(const std::function<bool(sqlite3* connection)>& operation) {
+    return Perform([&](CDataFile& file) { return operation(file.Connection()); });
+}
+
 CDataLayer::ConnectStatus CDataLayer::Connect(const wchar_t* path) try {
     Disconnect();
     const std::optional<std::string> hostPath = HostPathOf(path ? path : L"");
@@ -250,6 +254,13 @@ int CDataLayer::Delete(const CObjectListT<CEntry>* entries) {
                 return false;
         }
         return transaction.Commit();
+    });
+}
+
+int CDataLayer::InOneTransaction(const std::function<bool()>& work) {
+    return Perform([&](CDataFile& file) {
+        CTransaction transaction(file);
+        return transaction.HasBegun() && work() && transaction.Commit();
     });
 }
 

@@ -9,11 +9,13 @@
 #include "records/store_failure.h"
 #include "records/vehicle.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 
 class CDataFile;
 class CEntryFilter;
+struct sqlite3;
 
 /// The one door to the data file. Results of type int are truth values: 0 says that nothing was changed, or that
 /// nothing was loaded. What was saved or deleted with success is on the disk when the call returns.
@@ -69,6 +71,10 @@ public:
     /// no longer there is passed over.
     int Delete(const CObjectListT<CEntry>* entries);
 
+    /// Makes all that `work` changes here one transaction: all of it, or where `work` gives false, or anything in it
+    /// fails, nothing. Another program's changes wait meanwhile. `work` has to end at the first failure.
+    int InOneTransaction(const std::function<bool()>& work);
+
     /// The highest reading of all entries of the vehicle with this RefID. 0, `odometer` untouched, where it has none.
     int GetMaxOdometer(ULONG vehicle, LONG* odometer);
     /// Sets the current odometer of the object and of the stored vehicle, and nothing else of either.
@@ -79,7 +85,9 @@ public:
     void SetStringHelperFactory(std::unique_ptr<CStringHelperFactory> factory);
 
 private:
+    friend class CCompanionTables;
     template <typename Operation> int Perform(Operation operation);
+    int PerformOn(const std::function<bool(sqlite3* connection)>& operation);
     template <typename Record, typename... Keys> int LoadAll(CObjectListT<Record>* records, Keys... keys);
     template <typename Record> int Store(Record* record);
     template <typename Record> int Remove(const Record* record);

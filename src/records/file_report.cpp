@@ -23,20 +23,35 @@ bool IsTaken(const std::string& path) {
     return lstat(path.c_str(), &info) == 0;
 }
 
-/// A change that is under way has a journal too, for a moment.
+/// A journal that begins with a zero, or with nothing, is of a change that had not begun to write: nobody uses it, and
+/// the next change takes its place.
+bool IsUnused(const std::string& journal) {
+    const int file = open(journal.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    char first = 0;
+    const bool isUnused = file >= 0 && (read(file, &first, 1) == 0 || first == 0);
+    if (file >= 0)
+        close(file);
+    return isUnused;
+}
+
 std::string JournalBeside(const std::string& path) {
+    if (std::string journal = path + "-journal"; IsTaken(journal) && !IsUnused(journal))
+        return journal;
+    for (const char* suffix : {"-wal", "-shm"})
+        if (IsTaken(path + suffix))
+            return path + suffix;
+    return {};
+}
+
+/// A change that is under way has a journal too, for a moment.
+std::string WaitForNoJournal(const std::string& path) {
     constexpr std::chrono::seconds LongestChange{2};
     constexpr std::chrono::milliseconds Pause{10};
     const auto end = std::chrono::steady_clock::now() + LongestChange;
-    while (true) {
-        std::string found;
-        for (const char* suffix : {"-journal", "-wal", "-shm"})
-            if (found.empty() && IsTaken(path + suffix))
-                found = path + suffix;
-        if (found.empty() || std::chrono::steady_clock::now() >= end)
-            return found;
+    std::string journal;
+    while (!(journal = JournalBeside(path)).empty() && std::chrono::steady_clock::now() < end)
         std::this_thread::sleep_for(Pause);
-    }
+    return journal;
 }
 
 CFileHeader::Reading ReadHeader(const std::string& path, CFileHeader* header) {
@@ -131,6 +146,17 @@ void TellOfRecords(sqlite3* connection, Faults* faults) {
             });
 }
 
+/// Of the tables that a companion keeps, where there are any.
+void TellOfImports(sqlite3* connection, Faults* faults) {
+    if (Schema(connection).count("table tally_batches") == 0)
+        return;
+    Query(connection, "SELECT count(*) FROM tally_added WHERE batch NOT IN (SELECT number FROM tally_batches)", {},
+        [&](sqlite3_stmt* row) {
+            if (sqlite3_column_int64(row, 0) != 0)
+                faults->push_back(TextColumn(row, 0) + " imported records belong to no import, and cannot be undone");
+        });
+}
+
 void TellOfContents(sqlite3* connection, Faults* faults) {
     const char* refusal = "the tables are not those of a log";
     try {
@@ -140,6 +166,8 @@ void TellOfContents(sqlite3* connection, Faults* faults) {
             faults->emplace_back("an index disagrees with its table; the program makes it anew");
         TellOfKeys(connection, faults);
         TellOfRecords(connection, faults);
+        refusal = "the tables of imports are not ours";
+        TellOfImports(connection, faults);
     } catch (const SqliteFailure& failure) {
         faults->push_back(std::string(refusal) + ": " + sqlite3_errstr(failure.code));
     }
@@ -154,7 +182,7 @@ std::vector<std::string> FaultsOfFile(const std::string& path) {
         return {"the file cannot be read"};
     if (reading == CFileHeader::Reading::TooShort || !header.IsOurs())
         return {"the file is no log of this version"};
-    if (const std::string journal = JournalBeside(path); !journal.empty())
+    if (const std::string journal = WaitForNoJournal(path); !journal.empty())
         return {journal
             + " lies beside the file: a change was cut off, or it belongs to another file. The program sees "
               "to it when it opens the log; check again after that"};

@@ -1,7 +1,7 @@
+#include "exchange/batch.h"
 #include "platform/time.h"
 #include "platform/utf8.h"
 #include "tally/commands.h"
-#include "tally/log_entries.h"
 #include "tally/open_log.h"
 #include "tally/table.h"
 #include "units/number_text.h"
@@ -75,7 +75,7 @@ std::string Event(const CVehicle& vehicle, const CNotification& reminder) {
     event += Line("DTSTAMP:" + Stamp());
     event += Line("DTSTART;VALUE=DATE:" + DayText(reminder.GetDate()));
     event += Line("SUMMARY:" + Value(summary));
-    if (reminder.GetOdometer() < NoOdometer)
+    if (reminder.GetOdometer() < exchange::NoOdometer)
         event += Line("DESCRIPTION:"
             + Value(L"Or at " + NumberText(static_cast<float>(reminder.GetOdometer()), false, false) + L' '
                 + DistanceUnitName(false, true)));
@@ -92,7 +92,7 @@ int Calendar(const Request& request, Surroundings& surroundings) {
         CObjectListT<CNotification> reminders;
         RequireLoaded(theDataLayer.Load(&reminders, vehicle->GetRefID()));
         for (int i = 0; i < reminders.GetCount(); ++i)
-            if (reminders.Get(i)->GetDate() < NoDate)
+            if (reminders.Get(i)->GetDate() < exchange::NoDate)
                 events += Event(*vehicle, *reminders.Get(i));
     }
     if (events.empty()) { // which no calendar may be

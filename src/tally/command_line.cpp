@@ -1,5 +1,6 @@
 #include "tally/command_line.h"
 
+#include "exchange/own_rows.h"
 #include "exchange/plain_text.h"
 #include "resources/module.h"
 #include "tally/vehicle_charts.h"
@@ -66,6 +67,10 @@ public:
         AddReport();
         AddDue();
         AddCalendar();
+        AddExport();
+        AddImport();
+        AddUndo();
+        AddAdd();
     }
 
     CLI::App& App() { return app_; }
@@ -181,9 +186,83 @@ private:
         AddOutput(command);
     }
 
+    void AddExport() {
+        CLI::App& command = Add("export", "Tell everything that the log holds", "export -o everything.csv");
+        AddVehicle(command);
+        command
+            .add_option_function<std::string>(
+                "--format",
+                [this](const std::string& name) { request_.format = name == "json" ? Format::Json : Format::Csv; },
+                "csv (for spreadsheets too) or json")
+            ->type_name("FORMAT")
+            ->check(OneOf({"csv", "json"}));
+        AddOutput(command);
+    }
+
+    void AddImport() {
+        CLI::App& command = Add("import", "Bring records of a file into the log", "import --dry-run everything.csv");
+        command.add_option("FILE", request_.files, "What export has written")->required()->type_name("");
+        command.add_option("--vehicle", request_.vehicle, "The vehicle that it is for; made where there is none")
+            ->type_name("NAME");
+        command.add_flag("--dry-run", request_.isDryRun, "Tell what would be added, and change nothing");
+        command.add_flag("--skip-faulty", request_.skipsFaulty, "Leave out rows that cannot be understood");
+        command
+            .add_option_function<std::string>(
+                "--distance", [this](const std::string& name) { request_.distance = exchange::DistanceNamed(name); },
+                "What its distances are where it does not say: km or mi")
+            ->type_name("UNIT")
+            ->check(OneOf({"km", "mi"}));
+        command
+            .add_option_function<std::string>(
+                "--volume", [this](const std::string& name) { request_.volume = exchange::VolumeNamed(name); },
+                "What its volumes are where it does not say: l, usgal or ukgal")
+            ->type_name("UNIT")
+            ->check(OneOf({"l", "usgal", "ukgal"}));
+        AddOutput(command);
+    }
+
+    void AddUndo() {
+        CLI::App& imports = Add("imports", "Tell what was imported", "imports");
+        AddFormat(imports);
+        CLI::App& undo = Add("undo", "Take out what an import has added", "undo 3");
+        undo.add_option("N", request_.number, "The number of the import; the newest without it")->type_name("");
+    }
+
+    static void AddNumber(CLI::App& command, const char* name, std::optional<double>* number, const char* words) {
+        command.add_option(name, *number, words)->type_name("NUMBER");
+    }
+
+    void AddAdd() {
+        CLI::App& command = Add("add", "Add an entry", "add fuel --odometer +312 --volume 10 --total 31.5");
+        NewEntry& entry = request_.entry;
+        command.add_option("KIND", entry.kind, "fuel, repair, trip or expense")
+            ->required()
+            ->type_name("")
+            ->check(OneOf({"fuel", "repair", "trip", "expense"}));
+        AddVehicle(command);
+        command
+            .add_option_function<std::string>(
+                "--date", [&entry](const std::string& text) { entry.date = ReadDay("--date", text); },
+                "The day, as 2026-03-01; today without it")
+            ->type_name("DAY");
+        const auto addText = [&](const char* name, std::string* text, const char* type, const char* words) {
+            command.add_option(name, *text, words)->type_name(type);
+        };
+        addText("--odometer", &entry.odometer, "READING", "The reading, or +DISTANCE from the last one");
+        AddNumber(command, "--price", &entry.price, "Fuel: the price of a litre or gallon");
+        AddNumber(command, "--volume", &entry.volume, "Fuel: how much");
+        AddNumber(command, "--total", &entry.total, "What was paid");
+        addText("--name", &entry.name, "TEXT", "The description");
+        addText("--vendor", &entry.vendor, "TEXT", "Where it was paid");
+        addText("--notes", &entry.notes, "TEXT", "Notes");
+        addText("--start", &entry.start, "READING", "Trip: the reading at its start; the last one without it");
+        addText("--end", &entry.end, "READING", "Trip: the reading at its end, or +DISTANCE from its start");
+        addText("--category", &entry.vendor, "TEXT", "Trip: its category");
+    }
+
     Request& request_;
     CLI::App app_{
-        "Looks at the log of Odoledger from the command line, also while the program runs.", "odoledger-tally"};
+        "Works on the log of Odoledger from the command line, also while the program runs.", "odoledger-tally"};
 };
 
 } // namespace

@@ -14,6 +14,11 @@ int Stats(const Request& request, Surroundings& surroundings);
 int Calendar(const Request& request, Surroundings& surroundings);
 int Chart(const Request& request, Surroundings& surroundings);
 int Report(const Request& request, Surroundings& surroundings);
+int Export(const Request& request, Surroundings& surroundings);
+int Import(const Request& request, Surroundings& surroundings);
+int Imports(const Request& request, Surroundings& surroundings);
+int Undo(const Request& request, Surroundings& surroundings);
+int Add(const Request& request, Surroundings& surroundings);
 int Due(const Request& request, Surroundings& surroundings);
 
 /// A whole run, from the arguments (without the program's name) to the status.

@@ -1,9 +1,10 @@
 #include "exchange/plain_text.h"
 #include "figures/daily_distance.h"
 #include "platform/time.h"
+#include "records/entry_filter.h"
 #include "records/record_dates.h"
 #include "tally/commands.h"
-#include "tally/log_entries.h"
+#include "tally/log_batch.h"
 #include "tally/log_tables.h"
 #include "tally/open_log.h"
 #include "units/date_text.h"
@@ -36,13 +37,13 @@ State StateOf(const CNotification& reminder, LONG odometer, double now, const Re
 }
 
 Cell OdometerCell(LONG odometer) {
-    if (odometer >= NoOdometer)
+    if (odometer >= exchange::NoOdometer)
         return {L"no odometer", {}};
     return WholeCell(NumberText(static_cast<float>(odometer), false, false), odometer);
 }
 
 Cell DateCell(double date) {
-    if (date >= NoDate)
+    if (date >= exchange::NoDate)
         return {L"no date", {}};
     return {DateText(date), exchange::PlainDate(date)};
 }
@@ -50,7 +51,7 @@ Cell DateCell(double date) {
 /// The day on which the vehicle is likely to reach the reading, going on as it did lately.
 Cell LikelyDayCell(LONG odometer, const figures::DailyDistance& daily) {
     double day = 0;
-    if (odometer >= NoOdometer || !daily.DayOf(odometer, &day))
+    if (odometer >= exchange::NoOdometer || !daily.DayOf(odometer, &day))
         return {};
     if (day < TodayDate())
         return {L"any day now", exchange::PlainDate(TodayDate())};
@@ -62,7 +63,7 @@ figures::DailyDistance DailyDistanceOf(const CVehicle& vehicle) {
     filter.SetVehicleID(vehicle.GetRefID());
     CObjectListT<CEntry> entries;
     RequireLoaded(theDataLayer.Load(&entries, &filter));
-    return figures::DailyDistance(entries, {});
+    return figures::DailyDistance(entries, LoadFillMarks());
 }
 
 State AddReminders(const CVehicle& vehicle, const Request& request, Table* table) {

@@ -2,6 +2,7 @@
 
 #include "records/data_layer.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,16 @@ public:
 private:
     CObjectListT<CVehicle> vehicles_;
 };
+
+/// All records of a list, which gives them up.
+template <typename Record> std::vector<std::unique_ptr<Record>> TakeRecords(CObjectListT<Record>* list) {
+    std::vector<std::unique_ptr<Record>> records;
+    records.reserve(static_cast<std::size_t>(list->GetCount()));
+    list->AllowAutoCleanup(0);
+    for (int i = 0; i < list->GetCount(); ++i)
+        records.emplace_back(list->Get(i));
+    return records;
+}
 
 /// Throws a Failure with the reason where `succeeded` is 0.
 void RequireLoaded(int succeeded);

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "units/units.h"
+
 #include <functional>
 #include <optional>
 #include <ostream>
 #include <string>
+#include <vector>
 
 namespace tally {
 
@@ -23,6 +26,21 @@ inline constexpr int SomethingOverdue = 2;
 
 enum class Format { Text, Csv, Json };
 
+/// An entry in one line, as it was typed; what was not given is empty.
+struct NewEntry {
+    std::string kind;
+    std::optional<double> date;
+    std::string odometer;
+    std::string start;
+    std::string end;
+    std::optional<double> price;
+    std::optional<double> volume;
+    std::optional<double> total;
+    std::string name;
+    std::string vendor; ///< of a trip, its category
+    std::string notes;
+};
+
 /// A command line that was understood. Dates are OLE dates of whole days.
 struct Request {
     std::string command;
@@ -36,6 +54,13 @@ struct Request {
     int withinDays = 30;
     int withinDistance = 500;
     std::string target; ///< the file of a backup, the kind of a chart
+    std::vector<std::string> files; ///< to import
+    bool isDryRun = false;
+    bool skipsFaulty = false;
+    std::optional<UnitDistance> distance; ///< of files that do not say
+    std::optional<UnitVolume> volume;
+    std::optional<LONGLONG> number; ///< of an import
+    NewEntry entry;
 };
 
 } // namespace tally

@@ -16,7 +16,8 @@ struct Command {
 };
 
 constexpr Command Commands[] = {{"check", Check}, {"backup", Backup}, {"list", List}, {"stats", Stats},
-    {"chart", Chart}, {"report", Report}, {"due", Due}, {"calendar", Calendar}};
+    {"chart", Chart}, {"report", Report}, {"due", Due}, {"calendar", Calendar}, {"export", Export}, {"import", Import},
+    {"imports", Imports}, {"undo", Undo}, {"add", Add}};
 
 int Perform(const Request& request, Surroundings& surroundings) {
     theSettings.LoadSettings();

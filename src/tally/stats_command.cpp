@@ -4,6 +4,7 @@
 #include "stats/quick_stats.h"
 #include "stats/quick_stats_rows.h"
 #include "tally/commands.h"
+#include "tally/log_batch.h"
 #include "tally/log_entries.h"
 #include "tally/log_tables.h"
 #include "tally/open_log.h"
@@ -106,7 +107,7 @@ Table ByPeriods(const CVehicle& vehicle, const Request& request) {
         {"expenses", L"Other", true}, {"total", L"Total", true}, {"total_per_100", per100, true}});
     const CEntryFilter::Bounds bounds = FilterOf(vehicle, request).DateBounds();
     for (const figures::Period& period :
-        figures::PeriodsOf(entries, {}, LengthOf(request.period), bounds.first, bounds.last)) {
+        figures::PeriodsOf(entries, LoadFillMarks(), LengthOf(request.period), bounds.first, bounds.last)) {
         const auto distance = static_cast<double>(period.distance);
         const double fuel = period.cost[CEntry::EntryTypeFuel];
         const double total = period.cost[CEntry::EntryTypeAll];

@@ -5,6 +5,7 @@
 #include "platform/time.h"
 #include "platform/utf8.h"
 #include "records/record_dates.h"
+#include "tally/log_batch.h"
 #include "tally/log_entries.h"
 #include "tally/open_log.h"
 #include "units/number_text.h"
@@ -59,7 +60,8 @@ std::string NextMonth(const std::string& name) {
 
 /// A column for each month from the first to the last one with entries, also where a month has none.
 std::vector<figures::Period> Months(const VehicleLog& log) {
-    const auto known = figures::PeriodsOf(log.entries, {}, figures::Length::Month, log.days.first, log.days.last);
+    const auto known
+        = figures::PeriodsOf(log.entries, log.marks, figures::Length::Month, log.days.first, log.days.last);
     std::vector<figures::Period> months;
     for (const figures::Period& period : known) {
         while (!months.empty() && NextMonth(months.back().name) < period.name) {
@@ -92,7 +94,7 @@ std::string Economy(const VehicleLog& log) {
             device::ToUtf8(FuelEconomyUnitLabel())),
         {}};
     bool isBroken = true;
-    for (const figures::Chain& chain : figures::ChainsOf(log.entries, {})) {
+    for (const figures::Chain& chain : figures::ChainsOf(log.entries, log.marks)) {
         const auto distance = static_cast<LONG>(std::min(chain.distance, LONGLONG{std::numeric_limits<LONG>::max()}));
         const float economy = FuelEconomy(distance, static_cast<float>(chain.volume));
         isBroken = isBroken || chain.followsGap;
@@ -182,6 +184,7 @@ VehicleLog::VehicleLog(const CVehicle& ofVehicle, const Request& request)
     CEntryFilter all;
     all.SetVehicleID(ofVehicle.GetRefID());
     RequireLoaded(theDataLayer.Load(&entries, &all));
+    marks = LoadFillMarks();
 }
 
 std::vector<std::string> ChartKinds() {

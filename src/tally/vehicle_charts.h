@@ -1,5 +1,6 @@
 #pragma once
 
+#include "figures/chains.h"
 #include "records/data_layer.h"
 #include "records/entry_filter.h"
 #include "tally/request.h"
@@ -17,6 +18,7 @@ struct VehicleLog {
     std::string vehicle; ///< its name
     CEntryFilter::Bounds days; ///< that are wanted
     CObjectListT<CEntry> entries;
+    figures::FillMarks marks;
 };
 
 /// What a chart may show.

@@ -59,6 +59,7 @@ TEST_F(Commands, CheckTellsWhatOpeningWouldMendAndChangesNothing) {
         {"UPDATE sequence SET next_ref = 1001", "gives them out anew"},
         {"UPDATE entries SET vehicle = 5; UPDATE entries SET type = 9 WHERE id = 1", "2 entries belong to no vehicle"},
         {"UPDATE entries SET amount = 1e300 WHERE id = 1", "1 entries have a number that is too large"},
+        {"CREATE TABLE tally_batches (x)", "tables of imports are not ours"},
         {"UPDATE entries SET date = 2958466 WHERE id = 2", "1 entries have a date that cannot be shown"}};
     for (const auto& [sql, words] : cases) {
         std::filesystem::remove(HostPath());

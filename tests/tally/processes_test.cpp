@@ -1,0 +1,121 @@
+// The companion beside other processes, and where its own ends at any moment.
+
+#include "console_process.h"
+#include "tally_device.h"
+
+#include <csignal>
+#include <fcntl.h>
+#include <set>
+#include <spawn.h>
+#include <sys/wait.h>
+
+namespace {
+
+class Processes : public TallyDevice {
+protected:
+    Processes() {
+        Sql("INSERT INTO vehicles VALUES (1, 1001, 'Van', '', '', '', 0, 2001, '', '', '', '', 1, '', '', '');"
+            "UPDATE sequence SET next_ref = 1100");
+    }
+    std::vector<std::string> Surroundings() const {
+        return {"HANDSET_STORAGE=" + Storage().string(), "XDG_RUNTIME_DIR=" + (folder_ / "run").string(), "TZ=UTC",
+            "HANDSET_LOCALE=en_US"};
+    }
+    pid_t Start(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), TALLY);
+        std::vector<std::string> variables = Surroundings();
+        std::vector<char*> argumentPointers;
+        std::vector<char*> variablePointers;
+        for (std::string& each : arguments)
+            argumentPointers.push_back(each.data());
+        for (std::string& each : variables)
+            variablePointers.push_back(each.data());
+        argumentPointers.push_back(nullptr);
+        variablePointers.push_back(nullptr);
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+        pid_t process = -1;
+        EXPECT_EQ(posix_spawn(&process, TALLY, &actions, nullptr, argumentPointers.data(), variablePointers.data()), 0);
+        posix_spawn_file_actions_destroy(&actions);
+        return process;
+    }
+    static int End(pid_t process) {
+        int status = 0;
+        EXPECT_EQ(waitpid(process, &status, 0), process);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+    }
+    std::string FileOf(const std::string& name, int rows) const {
+        std::string text = "record,vehicle,date,odometer (mi),total,volume (usgal),name,marks\n";
+        for (int row = 0; row < rows; ++row)
+            text += "repair,Van,2024-01-01," + std::to_string(row) + ',' + std::to_string(name.size()) + ",," + name + ",\n";
+        const std::string path = folder_ / name;
+        Write(path, text);
+        return path;
+    }
+    static std::string Count() { return Sql("SELECT count(*) FROM entries"); }
+};
+
+TEST_F(Processes, AnImportThatIsKilledIsWholeOrNothing) {
+    constexpr int Rows = 3000;
+    const std::string file = FileOf("file", Rows);
+    const std::string all = std::to_string(Rows);
+    int killed = 0;
+    for (int run = 0; run < 25; ++run) {
+        const pid_t process = Start({"import", file});
+        usleep(static_cast<useconds_t>(5000 + run * 4000));
+        kill(process, SIGKILL);
+        killed += End(process) == -SIGKILL ? 1 : 0;
+        const std::string count = (Run({"list"}), Count());
+        EXPECT_TRUE(count == "0" || count == all) << count;
+        EXPECT_EQ(Run({"check"}).out, HostPath() + ": sound\n");
+        EXPECT_EQ(Run({"undo"}).status, count == all ? 0 : 1);
+    }
+    EXPECT_GT(killed, 2) << "too fast for this test";
+}
+
+TEST_F(Processes, ADiskThatIsFullAtAnyStepLeavesAllOrNothing) {
+    constexpr int Rows = 300;
+    const std::string file = FileOf("file", Rows);
+    const auto base = std::filesystem::file_size(HostPath());
+    std::set<int> statuses;
+    for (rlim_t room = 0; room < base + 60'000; room += 2048) {
+        const int status = WithoutRoom(room, [&] { return Run({"import", file}).status; });
+        statuses.insert(status);
+        EXPECT_EQ(Count(), status == 0 ? std::to_string(Rows) : "0") << room;
+        EXPECT_EQ(Run({"undo"}).status, status == 0 ? 0 : 1);
+    }
+    EXPECT_TRUE(statuses.count(0) == 1 && statuses.count(EX_IOERR) == 1) << testing::PrintToString(statuses);
+}
+
+TEST_F(Processes, ImportsAtOnceLoseNothing) {
+    const pid_t first = Start({"import", FileOf("first", 800)});
+    const pid_t second = Start({"import", FileOf("second", 900)});
+    EXPECT_EQ(End(first) + End(second), 0);
+    EXPECT_EQ(Sql("SELECT name, count(*) FROM entries GROUP BY name ORDER BY name"), "first|800\nsecond|900");
+    EXPECT_EQ(Sql("SELECT count(*), count(DISTINCT ref) FROM entries"), "1700|1700");
+    EXPECT_EQ(Sql("SELECT sum(added) FROM tally_batches"), "1700");
+}
+
+TEST_F(Processes, ARunningProgramShowsWhatWasAdded) {
+    ConsoleProcess console(CONSOLE);
+    console.Start({{"HANDSET_STORAGE", Storage()}, {"HANDSET_LOCALE", "en_US"}, {"TZ", "UTC"},
+        {"XDG_RUNTIME_DIR", folder_ / "run"}});
+    console.AskAll({"registry set UnitSetupMsgShown dword 1", "registry set LastActiveVehicle dword 1001", "boot"});
+    EXPECT_EQ(End(Start({"add", "repair", "--name", "New tyres", "--odometer", "+5"})), 0);
+    const auto shows = [&] {
+        const Lines screen = console.Ask("screen");
+        return std::any_of(screen.begin(), screen.end(),
+            [](const std::string& line) { return line.find("New tyres") != std::string::npos; });
+    };
+    bool isShown = false;
+    for (int look = 0; look < 200 && !(isShown = shows()); ++look)
+        usleep(20'000);
+    EXPECT_TRUE(isShown);
+    console.AskAll({"key action", "key down", "type 7", "key soft1"});
+    EXPECT_EQ(Count(), "1") << "the program edits the record of the companion";
+    EXPECT_EQ(End(Start({"backup", folder_ / "copy.dat"})), 0);
+    console.Kill();
+}
+
+} // namespace
