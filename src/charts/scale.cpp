@@ -73,7 +73,7 @@ std::vector<DayTick> DayTicks(Day first, Day last, int most) {
             continue;
         std::string label = std::to_string(month / 12);
         if (*step < 12)
-            label = std::string(MonthNames[month % 12]) + ' ' + label;
+            label.insert(0, " ").insert(0, MonthNames[month % 12]);
         ticks.push_back({day, std::move(label)});
     }
     return ticks;
