@@ -99,9 +99,8 @@ void KeepFormerLog(const std::string& path, LONGLONG number) {
 
 class Importing {
 public:
-    Importing(const Request& request, Surroundings& surroundings, std::string path)
+    Importing(const Request& request, std::string path)
         : request_(request)
-        , surroundings_(surroundings)
         , path_(std::move(path)) { }
 
     /// True when everything is to stay.
@@ -146,7 +145,6 @@ private:
     }
 
     const Request& request_;
-    Surroundings& surroundings_;
     std::string path_;
     LONGLONG added_ = 0;
     std::string listing_;
@@ -166,7 +164,7 @@ int Import(const Request& request, Surroundings& surroundings) {
     }
     if (hasFaults && !request.skipsFaulty && !request.isDryRun)
         throw Failure(EX_DATAERR, "nothing was imported; --skip-faulty leaves the faulty rows out");
-    Importing importing(request, surroundings, path);
+    Importing importing(request, path);
     Transact([&] { return importing.Store(std::move(inputs)); });
     surroundings.err << importing.Words() << std::flush;
     if (request.isDryRun)

@@ -48,7 +48,8 @@ protected:
     std::string FileOf(const std::string& name, int rows) const {
         std::string text = "record,vehicle,date,odometer (mi),total,volume (usgal),name,marks\n";
         for (int row = 0; row < rows; ++row)
-            text += "repair,Van,2024-01-01," + std::to_string(row) + ',' + std::to_string(name.size()) + ",," + name + ",\n";
+            text += "repair,Van,2024-01-01," + std::to_string(row) + ',' + std::to_string(name.size()) + ",," + name
+                + ",\n";
         const std::string path = folder_ / name;
         Write(path, text);
         return path;
