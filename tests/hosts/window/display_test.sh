@@ -68,7 +68,7 @@ resized() { # WINDOW KEYS REMEMBERED
   pid=$!
   until_true "no window" find_window
   until_true "not at its first size" is_sized 400x600
-  [ -z "$2" ] || xdotool windowfocus "$window" key $2
+  [ -z "$2" ] || xdotool windowfocus --sync "$window" key $2
   xdotool windowsize --sync "$window" ${1/x/ }
   sleep 0.3
   kill "$pid"
