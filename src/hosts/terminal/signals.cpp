@@ -18,9 +18,12 @@ constexpr std::array<std::pair<int, Signals::Kind>, 5> Known{
 
 std::array<int, 2> ends{-1, -1};
 std::array<struct sigaction, Known.size()> former;
+volatile std::sig_atomic_t isToldToEnd = 0;
 
 extern "C" void NoteSignal(int number) {
     const int error = errno;
+    if (number == SIGTERM || number == SIGHUP)
+        isToldToEnd = 1;
     for (const auto& [signal, kind] : Known)
         if (signal == number)
             Signals::Tell(kind);
@@ -59,15 +62,17 @@ Signals::Kind Signals::Next() {
     return ends[0] >= 0 && read(ends[0], &byte, 1) == 1 ? static_cast<Kind>(byte) : Kind::None;
 }
 
-void Signals::Stop() {
+bool Signals::Stop() {
     struct sigaction own { };
     struct sigaction plain { };
     plain.sa_handler = SIG_DFL;
     sigaction(SIGTSTP, &plain, &own);
     kill(0, SIGTSTP);
     // One that goes on in the background is stopped here again, until the terminal is its own.
-    tcdrain(STDOUT_FILENO);
+    if (isToldToEnd == 0)
+        tcdrain(STDOUT_FILENO);
     sigaction(SIGTSTP, &own, nullptr);
+    return isToldToEnd == 0;
 }
 
 void Signals::Tell(Kind kind) {

@@ -18,8 +18,9 @@ public:
     /// What came next; None when there is nothing.
     Kind Next();
     /// Stops the process and all of its job, as a terminal's Ctrl+Z does everywhere; returns when it goes on in the
-    /// foreground. Nothing stops where nobody could make it go on.
-    static void Stop();
+    /// foreground. Nothing stops where nobody could make it go on. False when it was told to end meanwhile: the
+    /// terminal is another's then.
+    static bool Stop();
     /// From any thread.
     static void Tell(Kind kind);
 };

@@ -134,7 +134,10 @@ void TerminalHost::Terminal::AddPointer(InputEvent event) {
 
 void TerminalHost::Terminal::Suspend() {
     screen.GiveBack();
-    Signals::Stop();
+    if (!Signals::Stop()) {
+        screen.GiveUp();
+        return;
+    }
     screen.TakeBack();
     ApplySize();
 }

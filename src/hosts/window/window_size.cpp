@@ -62,11 +62,11 @@ bool WindowHost::Window::ApplyZoom() {
     const auto inPoints = [scale = PixelsPerPoint(handle)](SIZE pixels) { return InPixels(pixels, 1.0 / scale); };
     const double leastZoom = chosen.isFixed ? chosen.zoom * room.zoom : room.zoom;
     const SIZE least = inPoints(FitRoom(InPixels(LeastScreen(), std::min(leastZoom, LargestZoom(room))), room));
-    SDL_SetWindowMinimumSize(handle, least.cx, least.cy);
     asked = inPoints(AskedSize());
     int width = 0;
     int height = 0;
-    SDL_GetWindowSize(handle, &width, &height);
+    SDL_GetWindowSize(handle, &width, &height); // before the least size, which may make it larger where it stands
+    SDL_SetWindowMinimumSize(handle, least.cx, least.cy);
     if (width == asked.cx && height == asked.cy)
         return false; // asking again costs a dozen answers of the display
     SDL_SetWindowSize(handle, asked.cx, asked.cy);

@@ -152,6 +152,14 @@ press C-c
 until_true "still runs after Ctrl+C" process_ended
 see "status=[0-9]"
 
+# Told to end while it is stopped it does not wait for the terminal.
+launch
+see "^Überauto"
+on C-z "Stopped"
+write "clear; kill %1"
+press Enter
+until_true "a stopped job cannot be ended" process_ended
+
 # Without colours, without a pointer, in a locale that knows no letters but ASCII's; and a type that has no cursor.
 launch LC_ALL=C TERM=vt100 HANDSET_MOUSE=0
 see "^Überauto"

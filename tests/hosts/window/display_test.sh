@@ -40,6 +40,15 @@ xprop -id "$window" WM_NORMAL_HINTS | grep -q "minimum size: 352 by 216" || fail
 kill "$pid"
 wait "$pid"
 
+# The largest zoom that there is room for, with both soft keys on the display.
+HANDSET_SCREEN=320x1024 HANDSET_ZOOM=16 "$program" &
+pid=$!
+until_true "no window" find_window
+until_true "not as large as the display" is_sized 1280x1024
+xdotool getwindowgeometry "$window" | grep -q "Position: 0,0" || fail "hangs over the edge of the display"
+kill "$pid"
+wait "$pid"
+
 # What was remembered of a larger display comes back inside, and is remembered as it was.
 kept=$device/registry.window
 printf 'screen=3000x2000\nzoom=100\nfixed=0\n' >"$kept"
@@ -59,7 +68,7 @@ resized() { # WINDOW KEYS REMEMBERED
   pid=$!
   until_true "no window" find_window
   until_true "not at its first size" is_sized 400x600
-  [ -z "$2" ] || xdotool windowfocus "$window" key $2
+  [ -z "$2" ] || xdotool windowfocus --sync "$window" key $2
   xdotool windowsize --sync "$window" ${1/x/ }
   sleep 0.3
   kill "$pid"
