@@ -81,19 +81,20 @@ TEST_F(CopyOfTheDay, TheLogStaysWhereItWasUntilItIsGone) {
     Set("HANDSET_STORAGE", "");
     Set("HOME", home);
     Set("XDG_CONFIG_HOME", home / ".config");
-    const auto first = home / "Documents" / "My Vehicles.dat";
+    const auto first = home / "Documents" / "Cars" / "My Vehicles.dat";
+    const wchar_t* path = L"\\My Documents\\Cars\\My Vehicles.dat";
     std::filesystem::create_directories(first.parent_path());
     ASSERT_TRUE(CDataFile::Create(first));
-    EXPECT_EQ(HostPath(), first);
-    Reconnect();
+    EXPECT_EQ(HostPathOf(path), first);
+    ASSERT_EQ(Layer.Connect(path), CDataLayer::ConnectOK);
     Layer.Disconnect();
 
     Write(home / ".config" / "user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"$HOME/Dokumente\"\n");
     Set("TZ", "UTC"); // reads the surroundings anew
-    EXPECT_EQ(HostPath(), first);
+    EXPECT_EQ(HostPathOf(path), first);
     std::filesystem::remove(first);
     Set("TZ", "UTC");
-    EXPECT_EQ(HostPath(), home / "Dokumente" / "My Vehicles.dat");
+    EXPECT_EQ(HostPathOf(path), home / "Dokumente" / "Cars" / "My Vehicles.dat");
 }
 
 } // namespace

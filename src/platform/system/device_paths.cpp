@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <sys/stat.h>
+#include <tuple>
 
 namespace device {
 namespace {
@@ -99,17 +100,21 @@ std::vector<DocumentFile> ListDocuments() {
 
 void KeepDocumentsFolderOf(const std::string& hostPath) {
     using namespace device;
-    const std::string& note = TheEnvironment().documentsNote;
+    const auto& [note, folder] = std::tie(TheEnvironment().documentsNote, TheEnvironment().documentsFolder);
+    if (note.empty() || hostPath.rfind(folder + '/', 0) != 0)
+        return;
     FileDescriptor file;
     std::string before;
-    if (!note.empty() && OpenToRead(note, file) == ERROR_SUCCESS)
+    if (OpenToRead(note, file) == ERROR_SUCCESS)
         ReadWhole(file, LongestPath, before);
-    if (note.empty() || before == hostPath || FolderOf(hostPath) != TheEnvironment().documentsFolder)
+    const std::string now = folder + '\n' + hostPath;
+    if (before == now)
         return;
     std::error_code error;
-    if (!before.empty() && !std::filesystem::exists(before, error))
-        NoteTrouble(Trouble::Documents, before + " is gone; the log is " + hostPath + " from now on");
-    if (const LONG failure = ReplaceFile(note, hostPath))
+    const std::string former = before.substr(before.find('\n') + 1);
+    if (!former.empty() && !std::filesystem::exists(former, error))
+        NoteTrouble(Trouble::Documents, former + " is gone; the log is " + hostPath + " from now on");
+    if (const LONG failure = ReplaceFile(note, now))
         NoteTrouble(Trouble::Documents, "where the log is could not be noted in " + note + ": " + ReasonOf(failure));
 }
 

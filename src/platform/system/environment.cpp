@@ -6,6 +6,7 @@
 #include "platform/system/locale_name.h"
 #include "platform/system/time_zone.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -146,9 +147,12 @@ void Parser::ParsePlaces() {
     environment.storagePlace = configuration + "/odoledger";
     environment.registryFile = environment.storagePlace + "/registry";
     environment.documentsNote = environment.registryFile + ".documents";
+    // A folder, and in the next line the file that keeps it.
     const std::string kept = ReadFile(environment.documentsNote);
-    const bool isThere = IsAbsolute(kept) && std::filesystem::is_regular_file(kept, error);
-    environment.documentsFolder = isThere ? FolderOf(kept) : DesktopDocuments(configuration);
+    const std::size_t end = std::min(kept.find('\n'), kept.size());
+    const bool isThere
+        = IsAbsolute(kept) && end < kept.size() && std::filesystem::is_regular_file(kept.substr(end + 1), error);
+    environment.documentsFolder = isThere ? kept.substr(0, end) : DesktopDocuments(configuration);
     environment.copiesFolder = AbsoluteOr("XDG_STATE_HOME", Home() + "/.local/state") + "/odoledger/copies";
 }
 
