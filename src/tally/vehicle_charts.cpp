@@ -47,7 +47,7 @@ std::string Distance() {
 }
 
 std::string Volume() {
-    return device::ToUtf8(VolumeUnitName(false, true));
+    return device::ToUtf8(VolumeUnitName(true, true));
 }
 
 /// Behind "2026-12" comes "2027-01".
