@@ -132,9 +132,8 @@ std::string Table::Html() const {
         for (std::size_t column = 0; column < columns_.size(); ++column) {
             if (columns_[column].whom == For::Programs)
                 continue;
-            const std::string name = tag;
-            result += '<' + name + (columns_[column].isNumber ? " class=\"number\">" : ">")
-                + charts::Escaped(device::ToUtf8(textOf(column))) + "</" + name + '>';
+            result.append("<").append(tag).append(columns_[column].isNumber ? " class=\"number\">" : ">");
+            result.append(charts::Escaped(device::ToUtf8(textOf(column)))).append("</").append(tag).append(">");
         }
         result += "</tr>\n";
     };
