@@ -99,9 +99,6 @@ void Edit::Character(wchar_t character) {
     // The line end of an Action key was seen to when the key went down.
     if (IsReadOnly() || character == L'\r')
         return;
-    // That of a text which the host puts in; a field of one line has no place for it.
-    if (character == L'\n' && !IsMultiline())
-        character = L' ';
     if (character == VK_BACK ? text_.Delete(false) : text_.Type(character, Rules()))
         Changed();
 }
