@@ -15,7 +15,8 @@ source "$(dirname "$0")/../waiting.sh"
 titled() { xdotool getwindowname "$window" 2>/dev/null | grep -qxF -- "$1"; }
 press() { xdotool windowfocus "$window" key "$@"; }
 ended() { ! kill -0 "$pid" 2>/dev/null; }
-find_window() { window=$(xdotool search --pid "$pid" 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
+# A window that is not shown yet takes no focus.
+find_window() { window=$(xdotool search --onlyvisible --pid "$pid" 2>/dev/null | tail -n 1) && [ -n "$window" ]; }
 
 is_sized() { xdotool getwindowgeometry "$window" 2>/dev/null | grep -q "Geometry: $1"; }
 
