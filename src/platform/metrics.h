@@ -30,6 +30,9 @@ int SoftKeyBarHeight();
 int Dpi();
 /// A length given at 96 pixels per inch, in device pixels; at least 1.
 int Scaled(int pixels);
+/// The least height of what a finger is to hit, in device pixels; 0 where there are none, as at first.
+int TouchTarget();
+void SetTouchTarget(int pixels);
 /// The screen's size in device pixels; starts as HANDSET_SCREEN says and follows the host's window.
 SIZE ScreenSize();
 void SetScreenSize(SIZE size);

@@ -62,6 +62,8 @@ struct RECT {
     LONG top = 0;
     LONG right = 0;
     LONG bottom = 0;
+
+    bool operator==(const RECT&) const = default;
 };
 
 /// A calendar time, UTC or local as its source says.

@@ -2,6 +2,7 @@
 
 #include "platform/controls/edit_frame.h"
 #include "platform/drawing/device_context.h"
+#include "platform/drawing/rectangles.h"
 #include "platform/input.h"
 #include "platform/metrics.h"
 #include "platform/time.h"
@@ -121,6 +122,13 @@ void DatePicker::Paste(std::wstring_view text) {
 }
 
 void DatePicker::LeftPress(POINT point, WPARAM /*keys*/) {
+    for (const bool up : {false, true}) {
+        if (Contains(StepPlace(up), point)) {
+            parts_.Step(up ? 1 : -1);
+            Redraw();
+            return;
+        }
+    }
     const std::vector<DateParts::Piece> pieces = parts_.Pieces();
     const std::vector<RECT> places = PiecePlaces(pieces);
     for (std::size_t index = 0; index < pieces.size(); ++index) {
@@ -197,6 +205,31 @@ std::vector<RECT> DatePicker::PiecePlaces(const std::vector<DateParts::Piece>& p
     return places;
 }
 
+RECT DatePicker::StepPlace(bool up) const {
+    const RECT client = Client();
+    const LONG right = client.right - (up ? 0 : TouchTarget());
+    return {right - TouchTarget(), 0, right, client.bottom};
+}
+
+void DatePicker::PaintSteps(HDC context) const {
+    Canvas& canvas = ContextCanvas(context);
+    for (const bool up : {false, true}) {
+        const RECT place = ToCanvas(context, StepPlace(up));
+        canvas.Fill(place, GetSysColor(COLOR_3DFACE));
+        const LONG arrow = up ? -Scaled(5) : Scaled(5);
+        const POINT middle{(place.left + place.right) / 2, (place.top + place.bottom - arrow) / 2};
+        const POINT shape[]
+            = {{middle.x - Scaled(5), middle.y}, {middle.x + Scaled(5), middle.y}, {middle.x, middle.y + arrow}};
+        canvas.Polygon(shape, GetSysColor(COLOR_WINDOWTEXT));
+    }
+}
+
+bool DatePicker::DescribeField(ShownField& field) const {
+    field.kind = ShownField::Kind::Date;
+    field.text = Text();
+    return true;
+}
+
 void DatePicker::Paint(HDC context) {
     const RECT client = Client();
     const bool focused = GetFocus() == Handle();
@@ -213,6 +246,8 @@ void DatePicker::Paint(HDC context) {
         SetTextColor(context, GetSysColor(chosen ? COLOR_HIGHLIGHTTEXT : enabled ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
         DrawTextW(context, pieces[index].text.c_str(), -1, &place, DT_SINGLELINE | DT_NOPREFIX);
     }
+    if (TouchTarget() > 0)
+        PaintSteps(context);
 }
 
 void DatePicker::PaintFrame(Canvas& canvas, const RECT& place) {

@@ -20,6 +20,7 @@ public:
     std::wstring Text() const override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
     std::wstring Value() const override { return Text(); }
+    bool DescribeField(ShownField& field) const override;
     const wchar_t* InputMark() const override { return L"123"; }
 
 protected:
@@ -39,6 +40,10 @@ private:
     void Paste(std::wstring_view text);
     /// What a piece takes from left to right, in client coordinates.
     std::vector<RECT> PiecePlaces(const std::vector<DateParts::Piece>& pieces) const;
+
+    /// What a finger hits to step up or down, in client coordinates; empty where there are no fingers.
+    RECT StepPlace(bool up) const;
+    void PaintSteps(HDC context) const;
 
     DateParts parts_;
 };

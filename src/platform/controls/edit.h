@@ -36,7 +36,10 @@ public:
     ScrollBar Bar() const override;
     void ScrollTo(int position) override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
+    bool Pan(int pixels) override;
     bool TakesText() const override { return true; }
+    bool DescribeField(ShownField& field) const override;
+    void EnterText(const std::wstring& text, std::size_t start, std::size_t end) override;
     std::wstring Value() const override { return IsReadOnly() ? std::wstring() : text_.Text(); }
     const wchar_t* InputMark() const override;
 
@@ -82,6 +85,7 @@ private:
     bool numbersMode_ = false;
     bool isDragging_ = false; ///< the left button went down in the text and is held
     bool caretMoved_ = false; ///< the caret is to be brought into view before the next painting
+    int panned_ = 0; ///< by a finger, in pixels that are no whole line yet
     int goalX_ = -1; ///< where up and down aim at; below 0: at the caret
 };
 

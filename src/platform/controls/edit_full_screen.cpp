@@ -1,9 +1,9 @@
 #include "platform/controls/edit_full_screen.h"
 
 #include "platform/controls/edit.h"
-#include "platform/controls/static_text.h"
 #include "platform/dialog.h"
 #include "platform/windowing/desktop.h"
+#include "platform/windowing/shown_fields.h"
 #include "platform/windowing/soft_key_bar.h"
 
 namespace device {
@@ -20,16 +20,6 @@ struct Session {
     std::size_t limit = 0;
     FullScreenText text;
 };
-
-/// The label of a field stands before it.
-std::wstring LabelOf(HWND edit) {
-    std::wstring label;
-    for (HWND each = GetWindow(GetParent(edit), GW_CHILD); each && each != edit; each = GetWindow(each, GW_HWNDNEXT))
-        if (dynamic_cast<const StaticText*>(ControlOf(each)))
-            label = TextOf(each);
-    const std::size_t end = label.find_last_not_of(L": ");
-    return label.substr(0, end == std::wstring::npos ? 0 : end + 1);
-}
 
 void Fill(HWND dialog) {
     RECT client;
@@ -87,7 +77,7 @@ FullScreenText EditFullScreen(HWND edit, FullScreenText text, std::size_t limit)
     constexpr DWORD Kept = ES_UPPERCASE | ES_NUMBER | ES_READONLY;
     const DWORD style = (static_cast<DWORD>(GetWindowLongW(edit, GWL_STYLE)) & Kept) | ES_MULTILINE | EditWantsReturn
         | WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL;
-    const std::wstring title = LabelOf(edit);
+    const std::wstring title = LabelOf(*FindWindowRecord(edit));
     const DialogItemTemplate item{L"Edit", style, 0, 0, 10, 10, TextId, L""};
     const DLGTEMPLATE dialogTemplate{WS_POPUP | WS_CAPTION, 10, 10, title.c_str(), L"", TemplateFontPoints, {&item, 1}};
     const Window* top = TopLevelOf(FindWindowRecord(edit));

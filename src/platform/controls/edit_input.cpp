@@ -2,6 +2,7 @@
 
 #include "platform/controls/edit_frame.h"
 #include "platform/input.h"
+#include "platform/locale.h"
 #include "platform/windowing/desktop.h"
 
 #include <algorithm>
@@ -12,6 +13,16 @@ namespace {
 
 bool IsHeld(int key) {
     return GetKeyState(key) < 0;
+}
+
+/// The one point or comma of a number as the locale writes it: a keyboard has only one of them.
+std::wstring WithDecimalSign(std::wstring text) {
+    wchar_t sign[8] = {};
+    GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, sign, 8);
+    const std::size_t place = text.find_first_of(L".,");
+    if (place != std::wstring::npos && text.find_first_of(L".,", place + 1) == std::wstring::npos)
+        text.replace(place, 1, sign);
+    return text;
 }
 
 } // namespace
@@ -126,6 +137,39 @@ void Edit::Paste(std::wstring_view text) {
         MessageBeep(static_cast<UINT>(-1));
 }
 
+// A host's own field
+
+bool Edit::DescribeField(ShownField& field) const {
+    if (IsReadOnly())
+        return false;
+    using Kind = ShownField::Kind;
+    field.kind = HasStyle(ES_NUMBER) ? Kind::Whole
+        : numbersMode_               ? Kind::Decimal
+        : IsMultiline()              ? Kind::Lines
+                                     : Kind::Text;
+    field.isCapital = HasStyle(ES_UPPERCASE);
+    field.limit = limit_;
+    field.text = text_.Text();
+    field.start = text_.Start();
+    field.end = text_.End();
+    return true;
+}
+
+void Edit::EnterText(const std::wstring& text, std::size_t start, std::size_t end) {
+    const std::wstring entered = numbersMode_ ? WithDecimalSign(text) : text;
+    if (IsReadOnly())
+        return;
+    if (entered != text_.Text()) {
+        text_.Select(0, -1);
+        if (!entered.empty())
+            Paste(entered);
+        else if (text_.Delete(false))
+            Changed();
+    }
+    Select(static_cast<std::int32_t>(start), static_cast<std::int32_t>(end));
+    Moved();
+}
+
 // The mouse
 
 void Edit::Click(POINT point, bool extend) {
@@ -165,6 +209,17 @@ void Edit::MiddleClick(POINT point) {
     Click(point, false);
     isDragging_ = false;
     Paste(Desktop::The().StoredText(Clipboard::Selected));
+}
+
+bool Edit::Pan(int pixels) {
+    Settle();
+    if (static_cast<int>(layout_.Lines().size()) <= layout_.LinesShown())
+        return false;
+    panned_ += pixels;
+    const int lines = panned_ / layout_.LineHeight();
+    panned_ -= lines * layout_.LineHeight();
+    ScrollTo(layout_.FirstLine() - lines);
+    return true;
 }
 
 bool Edit::Wheel(int lines) {

@@ -75,8 +75,21 @@ ScrollBar ListBox::Bar() const {
 }
 
 void ListBox::ScrollTo(int position) {
+    hidden_ = 0;
     first_ = std::clamp(position, 0, std::max(0, Count() - RowsShown()));
     Redraw();
+}
+
+bool ListBox::Pan(int pixels) {
+    if (IsSpinner() || Count() <= RowsShown())
+        return false;
+    PanRows(pixels, RowHeight(), Count() - RowsShown(), first_, hidden_);
+    Redraw();
+    return true;
+}
+
+bool ListBox::IsChosen(POINT point) const {
+    return !IsSpinner() && selected_ >= 0 && RowAt(point) == selected_;
 }
 
 void ListBox::Step(int step, bool wrap) {
@@ -118,7 +131,7 @@ void ListBox::Character(wchar_t character) {
 }
 
 int ListBox::RowAt(POINT point) const {
-    const int row = first_ + (static_cast<int>(point.y) / RowHeight());
+    const int row = first_ + ((static_cast<int>(point.y) + hidden_) / RowHeight());
     return IsRow(static_cast<WPARAM>(row)) ? row : -1;
 }
 
@@ -216,7 +229,7 @@ LRESULT ListBox::Message(UINT message, WPARAM wParam, LPARAM lParam) {
 // Layout and painting
 
 int ListBox::RowHeight() const {
-    return TextHeight() + Scaled(4);
+    return std::max(TextHeight() + Scaled(4), TouchTarget());
 }
 
 int ListBox::RowsShown() const {
@@ -225,7 +238,7 @@ int ListBox::RowsShown() const {
 
 /// What an arrow of a spinner takes of its width.
 int ListBox::ArrowRoom() {
-    return Scaled(16);
+    return std::max(Scaled(16), TouchTarget());
 }
 
 /// They stand on grounds of their own, so that one sees which key does what before the spinner has the focus.
@@ -266,7 +279,7 @@ void ListBox::PaintRows(HDC context, const RECT& client) const {
     const int height = RowHeight();
     PaintMarks marks = ContextMarks(context);
     for (int index = first_; index < Count(); ++index) {
-        const LONG top = (index - first_) * height;
+        const LONG top = (index - first_) * height - hidden_;
         if (top >= client.bottom)
             break;
         RECT row{0, top, client.right, top + height};

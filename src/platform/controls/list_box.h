@@ -25,6 +25,8 @@ public:
 
     ScrollBar Bar() const override;
     void ScrollTo(int position) override;
+    bool IsChosen(POINT point) const override;
+    bool Pan(int pixels) override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
     /// A row of a list is not entered, but walked over.
     std::wstring Value() const override { return IsSpinner() ? std::to_wstring(selected_) : std::wstring(); }
@@ -67,6 +69,7 @@ private:
     std::vector<Row> rows_;
     int selected_ = -1;
     int first_ = 0;
+    int hidden_ = 0; ///< what a finger left of the first row above the edge, in pixels
 };
 
 } // namespace device

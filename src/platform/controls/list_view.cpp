@@ -36,7 +36,7 @@ int ListView::RowsShown() const {
 }
 
 RECT ListView::RowRect(int row) const {
-    const LONG top = HeaderHeight() + ((row - rows_.First()) * rowHeight_);
+    const LONG top = HeaderHeight() + ((row - rows_.First()) * rowHeight_) - hidden_;
     return {0, top, Client().right, top + rowHeight_};
 }
 
@@ -59,11 +59,11 @@ BOOL ListView::ItemRect(int row, RECT* rectangle) const {
 
 int ListView::RowAt(LONG y) const {
     y -= HeaderHeight();
-    return y < 0 ? -1 : rows_.First() + (y / rowHeight_);
+    return y < 0 ? -1 : rows_.First() + ((y + hidden_) / rowHeight_);
 }
 
 void ListView::Measure() {
-    int height = std::max(TextHeight() + Scaled(4), imageSize_ + Scaled(2));
+    int height = std::max({TextHeight() + Scaled(4), imageSize_ + Scaled(2), TouchTarget()});
     if (HasStyle(LVS_OWNERDRAWFIXED)) {
         MEASUREITEMSTRUCT request;
         request.CtlType = ODT_LISTVIEW;
@@ -79,7 +79,10 @@ void ListView::Changed() {
     Window* window = FindWindowRecord(Handle());
     if (!window || !window->redraw)
         return;
-    rows_.ScrollTo(rows_.First(), RowsShown());
+    const int first = rows_.First();
+    rows_.ScrollTo(first, RowsShown());
+    if (rows_.First() != first || first + RowsShown() >= rows_.Count())
+        hidden_ = 0;
     const int edge = HasStyle(WS_BORDER) ? 1 : 0;
     const bool bar = rows_.Count() > RowsShown();
     SetInsets(*window, {edge, edge, edge + (bar ? GetSystemMetrics(SM_CXVSCROLL) : 0), edge});
@@ -151,7 +154,7 @@ int ListView::FindItem(int after, const LVFINDINFOW* wanted) const {
 }
 
 LRESULT ListView::EnsureVisible(int row) {
-    rows_.EnsureVisible(row, RowsShown());
+    ShowRow(row);
     Redraw();
     return rows_.Has(row) ? TRUE : FALSE;
 }
@@ -244,7 +247,25 @@ ScrollBar ListView::Bar() const {
 
 void ListView::ScrollTo(int position) {
     rows_.ScrollTo(position, RowsShown());
+    hidden_ = 0;
     Redraw();
+}
+
+void ListView::ShowRow(int row) {
+    const int first = rows_.First();
+    rows_.EnsureVisible(row, RowsShown());
+    if (rows_.First() != first || row == first)
+        hidden_ = 0;
+}
+
+bool ListView::Pan(int pixels) {
+    if (rows_.Count() <= RowsShown())
+        return false;
+    int first = rows_.First();
+    PanRows(pixels, rowHeight_, rows_.Count() - RowsShown(), first, hidden_);
+    rows_.ScrollTo(first, RowsShown());
+    Redraw();
+    return true;
 }
 
 bool ListView::Wheel(int lines) {

@@ -25,6 +25,8 @@ public:
 
     ScrollBar Bar() const override;
     void ScrollTo(int position) override;
+    bool IsChosen(POINT point) const override;
+    bool Pan(int pixels) override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
 
 protected:
@@ -72,6 +74,7 @@ private:
     LRESULT ColumnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void SendNotification(INT code, WORD key = 0) const;
     int RowAt(LONG y) const;
+    void ShowRow(int row);
 
     void PaintHeader(HDC context, const RECT& client) const;
     void PaintRow(HDC context, int row, const RECT& place) const;
@@ -83,6 +86,7 @@ private:
     HIMAGELIST images_ = nullptr; ///< the owner's
     int imageSize_ = 0;
     int rowHeight_ = 16;
+    int hidden_ = 0; ///< what a finger left of the first row above the edge, in pixels
 };
 
 } // namespace device

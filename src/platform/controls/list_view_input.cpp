@@ -61,12 +61,12 @@ void ListView::MoveKey(WORD key) {
     default:
         return;
     }
-    rows_.EnsureVisible(rows_.Focused(), RowsShown());
+    ShowRow(rows_.Focused());
 }
 
 void ListView::Character(wchar_t character) {
     rows_.MoveTo(rows_.TypeAhead(character), ListViewRows::Move::Select);
-    rows_.EnsureVisible(rows_.Focused(), RowsShown());
+    ShowRow(rows_.Focused());
     Redraw();
 }
 
@@ -81,7 +81,7 @@ void ListView::LeftPress(POINT point, WPARAM keys) {
     } else {
         rows_.MoveTo(row, (keys & MK_SHIFT) != 0 ? ListViewRows::Move::Extend : ListViewRows::Move::Select);
     }
-    rows_.EnsureVisible(row, RowsShown());
+    ShowRow(row);
     Redraw();
     SendNotification(NM_CLICK);
 }
@@ -89,6 +89,10 @@ void ListView::LeftPress(POINT point, WPARAM keys) {
 void ListView::DoubleClick(POINT point) {
     if (rows_.Has(RowAt(point.y)))
         SendNotification(LVN_KEYDOWN, VK_RETURN);
+}
+
+bool ListView::IsChosen(POINT point) const {
+    return GetFocus() == Handle() && rows_.SelectedCount() == 1 && rows_.IsSelected(RowAt(point.y));
 }
 
 void ListView::RightPress(POINT point) {
@@ -109,7 +113,7 @@ void ListView::DragTo(WPARAM keys, POINT point) {
     if (target == rows_.Focused())
         return;
     rows_.MoveTo(target, ListViewRows::Move::Extend);
-    rows_.EnsureVisible(target, RowsShown());
+    ShowRow(target);
     Redraw();
 }
 

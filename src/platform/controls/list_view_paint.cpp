@@ -31,8 +31,6 @@ void ListView::PaintGround(HDC context) {
 void ListView::Paint(HDC context) {
     const RECT client = Client();
     SetBkMode(context, TRANSPARENT);
-    if (HeaderHeight() > 0)
-        PaintHeader(context, client);
     const RECT clip = ContextClip(context);
     const LONG origin = ContextOrigin(context).y;
     const PaintMarks marks = ContextMarks(context);
@@ -54,6 +52,8 @@ void ListView::Paint(HDC context) {
             ContextCanvas(context).Frame(ToCanvas(context, place), GetSysColor(COLOR_HIGHLIGHT), 1);
     }
     SetContextMarks(context, marks);
+    if (HeaderHeight() > 0) // over a row that is hidden in part
+        PaintHeader(context, client);
 }
 
 void ListView::PaintHeader(HDC context, const RECT& client) const {

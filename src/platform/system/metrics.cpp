@@ -13,6 +13,7 @@ constexpr int ScrollBarWidth = 8;
 
 struct Screen {
     SIZE size = device::TheEnvironment().screen;
+    int touchTarget = 0;
 };
 
 Screen& TheScreen() {
@@ -66,7 +67,7 @@ int device::TitleHeight() {
 }
 
 int device::SoftKeyBarHeight() {
-    return Scaled(BarHeight);
+    return std::max(Scaled(BarHeight), TouchTarget());
 }
 
 int device::Dpi() {
@@ -75,6 +76,14 @@ int device::Dpi() {
 
 int device::Scaled(int pixels) {
     return std::max(1, (pixels * Dpi() + ReferenceDpi / 2) / ReferenceDpi);
+}
+
+int device::TouchTarget() {
+    return TheScreen().touchTarget;
+}
+
+void device::SetTouchTarget(int pixels) {
+    TheScreen().touchTarget = std::max(0, pixels);
 }
 
 SIZE device::ScreenSize() {

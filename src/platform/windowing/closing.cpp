@@ -16,11 +16,20 @@ namespace {
 constexpr int MostSteps = 300;
 constexpr const wchar_t* Question = L"Close without storing what was typed?";
 
+bool Confirms(const Window& front) {
+    const std::wstring title = Desktop::The().FrontFull()->text;
+    return MessageBoxW(front.handle, Question, title.c_str(), MB_YESNO | MB_ICONEXCLAMATION) == IDYES;
+}
+
 bool HasTyped(const Window* window) {
     return window->modal && !window->modal->ended && FieldValues(*window) != window->modal->openedWith;
 }
 
 } // namespace
+
+bool MayBeLeft(const Window& window) {
+    return !HasTyped(&window) || Confirms(window);
+}
 
 void Closing::Ask() {
     if (state_ == State::None)
@@ -58,10 +67,9 @@ void Closing::AskIfTyped() {
     }
     state_ = State::Asking;
     desktop.TheHost()->BringToFront();
-    const int answer
-        = MessageBoxW(front->handle, Question, desktop.FrontFull()->text.c_str(), MB_YESNO | MB_ICONEXCLAMATION);
+    const bool mayClose = Confirms(*front);
     if (state_ == State::Asking)
-        state_ = answer == IDYES ? State::Ordered : State::None;
+        state_ = mayClose ? State::Ordered : State::None;
 }
 
 void Closing::Leave() {

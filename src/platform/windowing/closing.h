@@ -2,6 +2,8 @@
 
 namespace device {
 
+struct Window;
+
 /// The end of the program from outside, whatever stands open: forms, messages and menus are left without what was
 /// typed, then the frame is closed.
 class Closing {
@@ -24,5 +26,8 @@ private:
     State state_ = State::None;
     int steps_ = 0;
 };
+
+/// Whether a window is to be left: a person is asked first where something was typed in it.
+bool MayBeLeft(const Window& window);
 
 } // namespace device

@@ -52,6 +52,12 @@ LRESULT Control::Hear(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
+void PanRows(int pixels, int rowHeight, int lastFirst, int& first, int& hidden) {
+    const int position = std::clamp(first * rowHeight + hidden - pixels, 0, std::max(0, lastFirst) * rowHeight);
+    first = position / rowHeight;
+    hidden = position % rowHeight;
+}
+
 LRESULT Control::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     return DefWindowProcW(window_, message, wParam, lParam);
 }

@@ -2,6 +2,7 @@
 
 #include "platform/drawing/canvas.h"
 #include "platform/window.h"
+#include "platform/windowing/host.h"
 #include "platform/windowing/scroll_bar.h"
 
 #include <memory>
@@ -35,6 +36,14 @@ public:
     virtual bool TakesText() const { return false; }
     /// What a person entered, or chose, in this field; empty where that is not for them.
     virtual std::wstring Value() const { return {}; }
+    /// Describes itself, but for window, place, focus and label; false for what no text is typed into.
+    virtual bool DescribeField(ShownField& /*field*/) const { return false; }
+    /// A host's own field over this one says something else now.
+    virtual void EnterText(const std::wstring& /*text*/, std::size_t /*start*/, std::size_t /*end*/) { }
+    /// Whether what stands at a point of the client area is chosen, so that a further tap acts.
+    virtual bool IsChosen(POINT /*point*/) const { return false; }
+    /// The content follows a finger, down above 0. False where there is nothing to be moved.
+    virtual bool Pan(int /*pixels*/) { return false; }
     /// What typing means while the control has the focus, told beside the title; empty: nothing is typed.
     virtual const wchar_t* InputMark() const { return L""; }
 
@@ -100,6 +109,8 @@ void RegisterControls();
 Control* ControlOf(HWND window);
 /// Whether the window is a control that takes text.
 bool TakesText(HWND window);
+/// Moves rows of one height under a finger: `first` is the topmost, `hidden` are the pixels of it above the edge.
+void PanRows(int pixels, int rowHeight, int lastFirst, int& first, int& hidden);
 /// What GetWindowTextW gives.
 std::wstring TextOf(HWND window);
 

@@ -3,6 +3,7 @@
 #include "platform/drawing/device_context.h"
 #include "platform/input.h"
 #include "platform/metrics.h"
+#include "platform/windowing/dialog_scroll.h"
 
 #include <algorithm>
 
@@ -39,6 +40,7 @@ void Desktop::SwitchOn(Host& host) {
     closing_ = {};
     beeps = messageBoxBeeps = goBacks = fronts = waitCursors = 0;
     toldTitle_.clear();
+    toldFields_.reset();
     RegisterControls();
     SetWindowTarget(WindowTarget);
     InvalidateAll();
@@ -88,6 +90,9 @@ void Desktop::Resize(SIZE screen) {
         else
             MoveWindow(window->handle, area.left, area.top, area.right - area.left, area.bottom - area.top, TRUE);
     }
+    Window* field = FindWindowRecord(focus_);
+    if (Window* top = TopLevelOf(field); top && field != top)
+        ShowDialogControl(*top, *field);
     InvalidateAll();
 }
 

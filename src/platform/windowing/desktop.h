@@ -8,6 +8,7 @@
 #include <array>
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace device {
@@ -110,6 +111,9 @@ private:
     void RouteKey(const InputEvent& event);
     HeldKey* FindHeld(WORD key);
     void RouteBack(Window& top, bool down);
+    void LeaveFront();
+    void EnterText(const InputEvent& event);
+    void TellFields();
     void DropMessagesOf(HWND window);
     void Bury(HWND handle);
     void ClearGraveyard();
@@ -131,6 +135,7 @@ private:
     bool textRepeats_ = false; ///< the same of the key that typed last
     RECT dirty_;
     std::wstring toldTitle_;
+    std::optional<std::vector<ShownField>> toldFields_; ///< nothing: they are to be told anew
     OpenMenu* menu_ = nullptr;
     Closing closing_;
     Mouse mouse_;

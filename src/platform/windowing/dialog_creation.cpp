@@ -23,26 +23,63 @@ SIZE DialogBase(HWND window, HFONT font) {
     return {std::max<LONG>(metrics.tmAveCharWidth, 1), std::max<LONG>(metrics.tmHeight, 1)};
 }
 
-HFONT TemplateFont(const DLGTEMPLATE& dialogTemplate) {
+HFONT TemplateFont(const DLGTEMPLATE& dialogTemplate, int points) {
     LOGFONTW description;
-    description.lfHeight = -(dialogTemplate.fontPoints * Dpi()) / 72;
+    description.lfHeight = -(points * Dpi()) / 72;
     std::wstring_view(dialogTemplate.fontFace ? dialogTemplate.fontFace : L"")
         .copy(description.lfFaceName, LF_FACESIZE - 1);
     return CreateFontIndirectW(&description);
 }
 
-bool CreateItems(HWND dialog, HINSTANCE module, const DLGTEMPLATE& dialogTemplate, HFONT font) {
-    const SIZE base = DialogBase(dialog, font);
+/// Of a dialog's texts and of its fields, which a finger wants larger.
+struct DialogFonts {
+    explicit DialogFonts(const DLGTEMPLATE& dialogTemplate)
+        : text(TemplateFont(dialogTemplate, dialogTemplate.fontPoints))
+        , fields(TemplateFont(dialogTemplate, std::max<int>(dialogTemplate.fontPoints, TouchTarget() > 0 ? 10 : 0))) { }
+    ~DialogFonts() {
+        DeleteObject(text);
+        DeleteObject(fields);
+    }
+    DialogFonts(const DialogFonts&) = delete;
+    DialogFonts& operator=(const DialogFonts&) = delete;
+
+    HFONT text;
+    HFONT fields;
+};
+
+/// Where an item stands: fields are as high as a finger needs, which moves down what stands below them.
+RECT ItemPlace(const DialogItemTemplate& item, const DLGTEMPLATE& dialogTemplate, SIZE base) {
+    const auto heightOf = [&](const DialogItemTemplate& each) { return each.height * base.cy / 8; };
+    const auto growthOf = [&](const DialogItemTemplate& each) {
+        return (each.style & WS_TABSTOP) != 0 ? std::max<LONG>(0, TouchTarget() - heightOf(each)) : 0;
+    };
+    LONG above = 0;
+    int row = -1; // where fields stand side by side they grow together
+    for (const DialogItemTemplate& each : dialogTemplate.items) {
+        if (each.y < item.y && each.y != row && growthOf(each) > 0) {
+            above += growthOf(each);
+            row = each.y;
+        }
+    }
+    const LONG left = item.x * base.cx / 4;
+    const LONG top = item.y * base.cy / 8 + above;
+    return {left, top, left + item.width * base.cx / 4, top + heightOf(item) + growthOf(item)};
+}
+
+bool CreateItems(HWND dialog, HINSTANCE module, const DLGTEMPLATE& dialogTemplate, const DialogFonts& fonts) {
+    const SIZE base = DialogBase(dialog, fonts.text);
     for (const DialogItemTemplate& item : dialogTemplate.items) {
+        const RECT place = ItemPlace(item, dialogTemplate, base);
         const HWND control = CreateWindowExW(0, item.windowClass, item.text, item.style | WS_CHILD,
-            static_cast<int>(item.x * base.cx / 4), static_cast<int>(item.y * base.cy / 8),
-            static_cast<int>(item.width * base.cx / 4), static_cast<int>(item.height * base.cy / 8), dialog,
+            static_cast<int>(place.left), static_cast<int>(place.top), static_cast<int>(place.right - place.left),
+            static_cast<int>(place.bottom - place.top), dialog,
             reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(item.id)), module, nullptr); // NOLINT
         Window* window = FindWindowRecord(control);
         if (!window)
             return false;
         window->hasId = item.id != NoDialogItemId;
-        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), 0);
+        const HFONT own = (item.style & WS_TABSTOP) != 0 ? fonts.fields : fonts.text;
+        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(own), 0);
     }
     return true;
 }
@@ -100,12 +137,11 @@ LONG_PTR DialogBoxIndirectParamW(
     Window* dialog = FindWindowRecord(handle);
     if (!dialog)
         return -1;
-    const HFONT font = device::TemplateFont(*dialogTemplate);
-    dialog->font = font;
+    const device::DialogFonts fonts(*dialogTemplate);
+    dialog->font = fonts.text;
     dialog->modal = std::make_unique<device::ModalState>();
-    if (!device::CreateItems(handle, module, *dialogTemplate, font)) {
+    if (!device::CreateItems(handle, module, *dialogTemplate, fonts)) {
         DestroyWindow(handle);
-        DeleteObject(font);
         return -1;
     }
     EnableWindow(owner, FALSE);
@@ -121,9 +157,7 @@ LONG_PTR DialogBoxIndirectParamW(
         if (wantsFocus != 0 && GetFocus() == handle && !order.empty())
             FocusDlgItem(handle, order.front());
     }
-    const LONG_PTR result = device::RunModal(handle, owner, -1);
-    DeleteObject(font);
-    return result;
+    return device::RunModal(handle, owner, -1);
 }
 
 BOOL EndDialog(HWND handle, LONG_PTR result) {

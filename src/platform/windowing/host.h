@@ -4,6 +4,7 @@
 #include "platform/types.h"
 
 #include <string>
+#include <vector>
 
 namespace device {
 
@@ -23,7 +24,11 @@ struct InputEvent {
         Paste, ///< text: what was pasted, line ends as L'\n'
         Close, ///< a person closes the window
         End, ///< the process is told to end
-        Repaint ///< what was presented is lost
+        Repaint, ///< what was presented is lost
+        Tap, ///< a finger, in x and y; modifiers as with the mouse
+        Pan, ///< a finger that went down at x and y takes the content with it: delta pixels, down above 0; isRepeat: on
+        Back, ///< the gesture that leaves what is on the screen, whatever has the focus
+        FieldText ///< text: all that a field says now, as a host's own field has it; its selection in x and y
     };
 
     enum class Button { Left, Middle, Right };
@@ -38,6 +43,25 @@ struct InputEvent {
     int delta = 0;
     Button button = Button::Left;
     std::wstring text{};
+    HWND field = nullptr;
+};
+
+/// A field in which a person types, as a host needs to know it that lays one of its own over it.
+struct ShownField {
+    enum class Kind { Text, Lines, Whole, Decimal, Date };
+
+    HWND window = nullptr;
+    RECT place; ///< on the screen, in device pixels, as much of it as shows
+    Kind kind = Kind::Text;
+    bool isCapital = false; ///< small letters become capitals
+    bool isFocused = false;
+    std::size_t limit = 0; ///< the most characters; 0: no limit
+    std::size_t start = 0; ///< the selection
+    std::size_t end = 0;
+    std::wstring label;
+    std::wstring text;
+
+    bool operator==(const ShownField&) const = default;
 };
 
 /// What a click would do where the pointer is.
@@ -71,6 +95,9 @@ public:
     virtual void Attention() { }
     /// A line about what the user may have to do outside the program.
     virtual void Notify(const std::string& /*line*/) { }
+    /// The fields on the screen, in their order, after each painting that changed one of them; none while a menu or a
+    /// message stands over them.
+    virtual void FieldsChanged(const std::vector<ShownField>& /*fields*/) { }
     virtual void ShowPointer(PointerShape /*shape*/) { }
     virtual void StoreText(Clipboard /*where*/, const std::wstring& /*text*/) { }
     /// Empty where there is none.

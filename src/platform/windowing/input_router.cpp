@@ -24,12 +24,20 @@ void Desktop::Route(const InputEvent& event) {
     case InputEvent::Kind::DoubleClick:
     case InputEvent::Kind::MouseMove:
     case InputEvent::Kind::Wheel:
+    case InputEvent::Kind::Tap:
+    case InputEvent::Kind::Pan:
         modifiers_ = event.modifiers;
         mouse_.Route(event);
         return;
     case InputEvent::Kind::Paste:
         if (!event.text.empty())
             Send(focus_, WM_PASTE, 0, reinterpret_cast<LPARAM>(event.text.c_str()));
+        return;
+    case InputEvent::Kind::FieldText:
+        EnterText(event);
+        return;
+    case InputEvent::Kind::Back:
+        LeaveFront();
         return;
     case InputEvent::Kind::Close:
         closing_.Ask();
@@ -149,6 +157,31 @@ void Desktop::RouteBack(Window& top, bool down) {
         Post({top.handle, WM_COMMAND, IDCANCEL, 0});
     else
         SHNavigateBack();
+}
+
+/// The gesture has no other meaning in a field, as the key has.
+void Desktop::LeaveFront() {
+    Window* top = FindWindowRecord(active_);
+    if (!top)
+        return;
+    const HWND handle = top->handle;
+    if (top->modal) {
+        if (MayBeLeft(*top))
+            Post({handle, WM_COMMAND, IDCANCEL, 0});
+        return;
+    }
+    RouteBack(*top, true);
+    if (top = FindWindowRecord(handle); top)
+        RouteBack(*top, false);
+}
+
+void Desktop::EnterText(const InputEvent& event) {
+    Control* control = event.field == focus_ ? ControlOf(focus_) : nullptr;
+    if (!control)
+        return; // the focus has gone elsewhere meanwhile
+    control->EnterText(event.text, static_cast<std::size_t>(event.x), static_cast<std::size_t>(event.y));
+    toldFields_.reset(); // where the field did not take all of it, the host's own must hear of that
+    Invalidate(ScreenPlace(*FindWindowRecord(focus_)));
 }
 
 } // namespace device

@@ -4,6 +4,7 @@
 #include "platform/input.h"
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
+#include "platform/windowing/dialog_scroll.h"
 #include "platform/windowing/open_menu.h"
 #include "platform/windowing/soft_key_bar.h"
 
@@ -121,9 +122,45 @@ void Mouse::Route(const InputEvent& event) {
             PostMessageW(target, WM_MOUSEWHEEL, (lines << 16U) | KeysOf(event), 0);
         }
         break;
+    case InputEvent::Kind::Tap:
+        Tap(event);
+        break;
+    case InputEvent::Kind::Pan:
+        Pan(event);
+        break;
     default:
         break;
     }
+}
+
+/// A finger has no second button and hardly a double click: what is chosen acts when it is tapped again.
+void Mouse::Tap(InputEvent event) {
+    event.kind = InputEvent::Kind::MouseDown;
+    Window* front = Desktop::The().Front();
+    if (front && !IsOnSoftKeys({event.x, event.y}) && event.modifiers == 0) {
+        const Hit hit = HitAt(*front, {event.x, event.y});
+        const Control* control = hit.window->control.get();
+        if (control && !hit.onScrollBar && control->IsChosen(PointOf(ClientPoint(*hit.window, event))))
+            event.kind = InputEvent::Kind::DoubleClick;
+    }
+    Press(event);
+    Release(event);
+}
+
+/// The innermost that can be moved where the finger went down.
+void Mouse::Pan(const InputEvent& event) {
+    Window* window = FindWindowRecord(panned_);
+    if (!event.isRepeat) {
+        Window* front = Desktop::The().Front();
+        window = front ? HitAt(*front, {event.x, event.y}).window : nullptr;
+        while (window && !(window->control ? window->control->Pan(0) : window->modal != nullptr))
+            window = window->parent;
+        panned_ = window ? window->handle : nullptr;
+    }
+    if (window && window->control)
+        window->control->Pan(event.delta);
+    else if (window && window->modal)
+        ScrollDialog(*window, window->modal->scroll - event.delta);
 }
 
 void Mouse::Press(const InputEvent& event) {

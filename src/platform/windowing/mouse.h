@@ -29,10 +29,13 @@ private:
     void PressWindow(Window& window, const InputEvent& event);
     void Drag(const InputEvent& event);
     void Release(const InputEvent& event);
+    void Tap(InputEvent event);
+    void Pan(const InputEvent& event);
 
     std::optional<POINT> heldAt_;
     POINT clickedAt_{};
     HWND clicked_ = nullptr; ///< the top-level window in front when the last click began; null: a menu was
+    HWND panned_ = nullptr; ///< follows the finger that is down
     HWND pressed_ = nullptr; ///< heard the left button go down, and hears of the mouse until it comes up
     std::optional<int> grip_; ///< the pressed window's thumb is dragged, so far below its upper edge
     std::optional<POINT> pointer_; ///< nothing before it was heard of

@@ -172,6 +172,15 @@ OpenMenu::Outcome OpenMenu::Handle(const InputEvent& event) {
     case InputEvent::Kind::Wheel:
         Move(event.delta > 0 ? -1 : 1);
         return Outcome::Open;
+    case InputEvent::Kind::Tap: {
+        const Outcome pressed = PressMouse(point);
+        return pressed == Outcome::Open ? ReleaseMouse(point) : pressed;
+    }
+    case InputEvent::Kind::Pan:
+        Pan(event.delta);
+        return Outcome::Open;
+    case InputEvent::Kind::Back:
+        return HandleKey(VK_TBACK);
     default:
         return Outcome::Open;
     }
@@ -182,7 +191,8 @@ OpenMenu::Outcome OpenMenu::Handle(const InputEvent& event) {
 int OpenMenu::RowHeight(const MenuItem& item) const {
     if (item.separator)
         return Scaled(7);
-    return Desktop::The().Screen().Measurer().Metrics(MenuFont()).Height() + Scaled(6);
+    const int text = Desktop::The().Screen().Measurer().Metrics(MenuFont()).Height();
+    return std::max(text + 2 * Scaled(3), TouchTarget());
 }
 
 RECT OpenMenu::Place() const {
@@ -235,6 +245,17 @@ std::vector<RECT> OpenMenu::ItemPlaces() const {
     return places;
 }
 
+void OpenMenu::Pan(int pixels) {
+    Level& level = levels_.back();
+    level.panned += pixels;
+    const int rows = level.panned / RowHeight(Item(0));
+    level.panned -= rows * RowHeight(Item(0));
+    for (int row = 0; row < rows && level.first > 0; ++row)
+        --level.first;
+    for (int row = 0; row > rows && level.first + CountShown() < CountItems(); --row)
+        ++level.first;
+}
+
 int OpenMenu::ItemAt(POINT point) const {
     const std::vector<RECT> places = ItemPlaces();
     const auto hit
@@ -272,7 +293,8 @@ void OpenMenu::PaintItem(Canvas& canvas, int index, const RECT& row) const {
     canvas.SetMarks(marks);
     const int color = item.grayed ? COLOR_GRAYTEXT : focused ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT;
     const int room = static_cast<int>(row.right - row.left) - Scaled(16);
-    canvas.Text(row.left + Scaled(8), row.top + Scaled(3),
+    const int margin = (HeightOf(row) - canvas.Measurer().Metrics(MenuFont()).Height()) / 2;
+    canvas.Text(row.left + Scaled(8), row.top + margin,
         EllipsisText(canvas.Measurer(), MenuFont(), PaintedText(index), room), MenuFont(), GetSysColor(color));
 }
 

@@ -44,6 +44,7 @@ private:
         PopupMenu* popup;
         int focused;
         int first = 0;
+        int panned = 0; ///< by a finger, in pixels that are no whole row yet
     };
 
     void Open(PopupMenu& popup);
@@ -62,6 +63,7 @@ private:
     Outcome ReleaseMouse(POINT point);
     bool CanChoose(int index) const;
     void Move(int step);
+    void Pan(int pixels);
     void ShowFocused();
     int ItemAt(POINT point) const;
     RECT Place() const;

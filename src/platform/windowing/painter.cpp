@@ -4,6 +4,7 @@
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/look.h"
 #include "platform/windowing/open_menu.h"
+#include "platform/windowing/shown_fields.h"
 #include "platform/windowing/soft_key_bar.h"
 
 namespace device {
@@ -135,11 +136,23 @@ void Desktop::PaintInvalid() {
     TellTitle();
     PaintScreen(*this, Screen(), dirty);
     host_->Present(dirty);
+    TellFields();
     mouse_.UpdateShape(); // another window may be under the pointer now
 }
 
 void Desktop::PaintAll(Canvas& canvas) {
     PaintScreen(*this, canvas, {0, 0, ScreenSize().cx, ScreenSize().cy});
+}
+
+void Desktop::TellFields() {
+    const Window* front = Front();
+    std::vector<ShownField> fields;
+    if (front && !menu_)
+        fields = ShownFields(*front);
+    if (fields == toldFields_)
+        return;
+    host_->FieldsChanged(fields);
+    toldFields_ = std::move(fields);
 }
 
 void Desktop::TellTitle() {

@@ -92,12 +92,14 @@ public:
     void Beep() override { }
     void Wake() override { }
     void GoBack() override { ++goBacks; }
+    void FieldsChanged(const std::vector<device::ShownField>& shown) override { fields = shown; }
     void ShowPointer(device::PointerShape shape) override { shapes.push_back(shape); }
 
     std::deque<Step> steps;
     std::deque<Event> events;
     device::RecordingCanvas canvas{device::DeviceMeasurer()};
     int goBacks = 0;
+    std::vector<device::ShownField> fields;
     std::vector<device::PointerShape> shapes;
 };
 
