@@ -1,10 +1,9 @@
 #pragma once
 
-#include "platform/system/host_file.h"
+#include "platform/types.h"
 
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace device {
 /// One process's share in a named mutex. Whichever way the process ends, its share ends with it.
@@ -17,8 +16,14 @@ public:
     };
 
     static Opened Open(const std::wstring& name);
+    NamedMutex(const NamedMutex&) = delete;
+    NamedMutex& operator=(const NamedMutex&) = delete;
+    ~NamedMutex();
 
 private:
-    std::vector<FileDescriptor> locks_;
+    struct Shares;
+    NamedMutex();
+
+    std::unique_ptr<Shares> shares_;
 };
 } // namespace device

@@ -2,6 +2,7 @@
 
 #include "platform/registry.h"
 #include "platform/system/environment.h"
+#include "platform/system/host_file.h"
 #include "platform/system/posix/runtime_folder.h"
 #include "platform/system/troubles.h"
 #include "platform/utf8.h"
@@ -45,6 +46,17 @@ Share TakeShare(const std::string& folder, const std::string& name) {
 
 } // namespace
 
+/// One in each place that processes of the device share.
+struct NamedMutex::Shares {
+    std::vector<FileDescriptor> locks;
+};
+
+NamedMutex::NamedMutex()
+    : shares_(std::make_unique<Shares>()) {
+}
+
+NamedMutex::~NamedMutex() = default;
+
 NamedMutex::Opened NamedMutex::Open(const std::wstring& name) {
     Opened result{std::unique_ptr<NamedMutex>{new NamedMutex}};
     const auto& preset = TheEnvironment().presetMutexes;
@@ -52,13 +64,14 @@ NamedMutex::Opened NamedMutex::Open(const std::wstring& name) {
     if (result.existed)
         return result;
     result.error = ERROR_ACCESS_DENIED;
+    std::vector<FileDescriptor>& locks = result.mutex->shares_->locks;
     for (const std::string& folder : RuntimeFolders()) {
         Share share = TakeShare(folder, "/mutex-" + ShortNameOf(ToUtf8(name)));
-        const bool isOwn = result.mutex->locks_.empty();
+        const bool isOwn = locks.empty();
         if (share.error == ERROR_SUCCESS) {
             result.error = ERROR_SUCCESS;
             result.existed = result.existed || !share.isFirst;
-            result.mutex->locks_.push_back(std::move(share.lock));
+            locks.push_back(std::move(share.lock));
         } else if (isOwn) {
             NoteTrouble(Trouble::Locks, "the lock in " + folder + " cannot be had: " + ReasonOf(share.error));
             return {nullptr, false, share.error};
