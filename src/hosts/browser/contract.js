@@ -14,6 +14,10 @@
  * - close: a person wants the program to end, and is asked where something was typed
  * - end: the program is told to end
  * - repaint: what was shown is lost
+ * - tap: a finger; x, y, modifiers (control adds to what is chosen)
+ * - pan: a finger that went down at x and y has moved by delta device pixels, down above 0; isRepeat: it goes on
+ * - back: the gesture that leaves what is on the screen
+ * - fieldText: text is all that the field says now, x and y its selection, delta a number that `fields` repeats
  *
  * x and y are device pixels, from the screen's upper left corner.
  *
@@ -29,6 +33,8 @@
  * @property {keyof typeof buttons} [button] left where it is left out
  * @property {string} [text]
  * @property {number} [zoom]
+ * @property {number} [touchTarget] with resize: the least height of what a finger hits, in device pixels; 0: no fingers
+ * @property {number} [field] the id of a field in `fields`
  */
 
 /** The kinds of events by the number that the program knows them by. */
@@ -47,6 +53,10 @@ export const eventKinds = Object.freeze({
     close: 11,
     end: 12,
     repaint: 13,
+    tap: 14,
+    pan: 15,
+    back: 16,
+    fieldText: 17,
 });
 
 export const buttons = Object.freeze({ left: 0, middle: 1, right: 2 });
@@ -89,7 +99,7 @@ export const keys = Object.freeze({
  * @property {{width: number, height: number}} screen in device pixels
  * @property {number} zoom canvas pixels for a device pixel, above 0, also a fraction
  * @property {string} locale of numbers, money and dates, as "de-DE"
- * @property {boolean} touch whether fingers are to be expected
+ * @property {number} touchTarget the least height of what a finger hits, in device pixels; 0: no fingers
  * @property {Record<string, string>} [variables] further surroundings of the device, as HANDSET_CLOCK: for tests
  */
 
@@ -143,6 +153,40 @@ export const keys = Object.freeze({
 /** For the clipboard.
  * @typedef {{type: 'storeText', text: string}} StoreTextMessage */
 
+/**
+ * A field in which a person types, with the device's focus or without.
+ *
+ * - text: one line
+ * - note: several lines, of which the form shows the first
+ * - lines: several lines with the screen to themselves
+ * - whole, decimal: a number
+ * - date: takes digits one by one
+ *
+ * @typedef {object} Field
+ * @property {number} id
+ * @property {number} x on the screen, in device pixels, as much of it as shows
+ * @property {number} y
+ * @property {number} width
+ * @property {number} height
+ * @property {'text' | 'note' | 'lines' | 'whole' | 'decimal' | 'date'} kind
+ * @property {boolean} isCapital
+ * @property {boolean} isFocused
+ * @property {number} limit the most characters; 0: none
+ * @property {number} start the selection
+ * @property {number} end
+ * @property {string} label
+ * @property {string} text
+ */
+
+/** The fields on the screen, whenever one of them has changed and after each `fieldText`, whose number is repeated.
+ * @typedef {{type: 'fields', fields: Field[], answers: number}} FieldsMessage */
+
+/** What has the focus, in words for a screen reader, whenever it has changed.
+ * @typedef {{type: 'spoken', text: string}} SpokenMessage */
+
+/** The log was changed and is stored: how often it was since it was made.
+ * @typedef {{type: 'stored', changes: number}} StoredMessage */
+
 /** @typedef {{type: 'copy', name: string, bytes: ArrayBuffer}} CopyMessage */
 /** @typedef {{type: 'copyFailed', reason: string}} CopyFailedMessage */
 /**
@@ -175,5 +219,5 @@ export const keys = Object.freeze({
 /** @typedef {{type: 'inspected', what: string, id?: number, lines: string[]}} InspectedMessage */
 
 /** @typedef {StorageMessage | ReadyMessage | FirstScreenMessage | TitleMessage | BeepMessage | AttentionMessage
- *   | NotifyMessage | GoBackMessage | WaitCursorMessage | PointerMessage | StoreTextMessage | CopyMessage
+ *   | NotifyMessage | GoBackMessage | WaitCursorMessage | PointerMessage | StoreTextMessage | FieldsMessage | SpokenMessage | StoredMessage | CopyMessage
  *   | CopyFailedMessage | OpenedMessage | EndedMessage | FailedMessage | InspectedMessage} FromWorker */

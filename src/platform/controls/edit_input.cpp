@@ -145,7 +145,8 @@ bool Edit::DescribeField(ShownField& field) const {
     using Kind = ShownField::Kind;
     field.kind = HasStyle(ES_NUMBER) ? Kind::Whole
         : numbersMode_               ? Kind::Decimal
-        : IsMultiline()              ? Kind::Lines
+        : HasStyle(EditWantsReturn)  ? Kind::Lines
+        : IsMultiline()              ? Kind::Note
                                      : Kind::Text;
     field.isCapital = HasStyle(ES_UPPERCASE);
     field.limit = limit_;

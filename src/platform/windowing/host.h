@@ -48,7 +48,14 @@ struct InputEvent {
 
 /// A field in which a person types, as a host needs to know it that lays one of its own over it.
 struct ShownField {
-    enum class Kind { Text, Lines, Whole, Decimal, Date };
+    enum class Kind {
+        Text,
+        Note, ///< several lines, of which one shows
+        Lines, ///< several lines with the screen to themselves
+        Whole,
+        Decimal,
+        Date ///< takes digits one by one
+    };
 
     HWND window = nullptr;
     RECT place; ///< on the screen, in device pixels, as much of it as shows
