@@ -1,6 +1,6 @@
 // When the last copy was taken, and whether it is time for another one.
 
-const key = "odoledger.copy";
+const key = 'odoledger.copy';
 const mostChanges = 30;
 const mostDays = 30;
 const day = 24 * 60 * 60 * 1000; // milliseconds
@@ -16,7 +16,7 @@ export function makeCopies(storage) {
     /** @returns {LastCopy | null} */
     const read = () => {
         try {
-            const kept = JSON.parse(storage.getItem(key) ?? "null");
+            const kept = JSON.parse(storage.getItem(key) ?? 'null');
             return Number.isFinite(kept?.changes) && Number.isFinite(kept?.time) ? kept : null;
         } catch {
             return null;

@@ -1,7 +1,7 @@
 // The page's own fields over the device's: with them a phone brings its keyboard, dictation and selection handles.
 
-import { keys } from "../contract.js";
-import { keyDownOf, keyUpOf } from "./keyboard.js";
+import { keys } from '../contract.js';
+import { keyDownOf, keyUpOf } from './keyboard.js';
 
 /** @typedef {import("../contract.js").InputEvent} InputEvent */
 /** @typedef {import("../contract.js").Field} Field */
@@ -32,14 +32,14 @@ export class Fields {
         this.awaited = false;
         this.sent = 0;
         this.isComposing = false;
-        const text = this.make("input", "text", "text");
+        const text = this.make('input', 'text', 'text');
         this.elements = {
             text,
-            note: this.make("textarea", "text", "note"),
-            lines: this.make("textarea", "text", "lines"),
-            whole: this.make("input", "numeric", "whole"),
-            decimal: this.make("input", "decimal", "decimal"),
-            date: this.make("input", "numeric", "date"),
+            note: this.make('textarea', 'text', 'note'),
+            lines: this.make('textarea', 'text', 'lines'),
+            whole: this.make('input', 'numeric', 'whole'),
+            decimal: this.make('input', 'decimal', 'decimal'),
+            date: this.make('input', 'numeric', 'date'),
         };
     }
 
@@ -54,20 +54,20 @@ export class Fields {
         element.className = name;
         element.hidden = true;
         element.inputMode = inputMode;
-        element.autocomplete = "off";
-        element.setAttribute("autocorrect", "off");
+        element.autocomplete = 'off';
+        element.setAttribute('autocorrect', 'off');
         element.spellcheck = false;
-        element.enterKeyHint = name === "lines" ? "enter" : "next";
-        element.addEventListener("compositionstart", () => (this.isComposing = true));
-        element.addEventListener("compositionend", () => {
+        element.enterKeyHint = name === 'lines' ? 'enter' : 'next';
+        element.addEventListener('compositionstart', () => (this.isComposing = true));
+        element.addEventListener('compositionend', () => {
             this.isComposing = false;
             this.tell();
         });
-        element.addEventListener("input", () => this.tell());
-        element.addEventListener("keydown", (event) => this.keyDown(/** @type {KeyboardEvent} */ (event)));
-        element.addEventListener("keyup", (event) => this.keyUp(/** @type {KeyboardEvent} */ (event)));
-        element.addEventListener("paste", (event) => this.paste(/** @type {ClipboardEvent} */ (event)));
-        element.addEventListener("blur", () => {
+        element.addEventListener('input', () => this.tell());
+        element.addEventListener('keydown', (event) => this.keyDown(/** @type {KeyboardEvent} */ (event)));
+        element.addEventListener('keyup', (event) => this.keyUp(/** @type {KeyboardEvent} */ (event)));
+        element.addEventListener('paste', (event) => this.paste(/** @type {ClipboardEvent} */ (event)));
+        element.addEventListener('blur', () => {
             if (this.element === element) this.release();
         });
         this.surroundings.place.append(element);
@@ -130,12 +130,12 @@ export class Fields {
         this.isComposing = false;
         const element = this.elements[field.kind];
         element.hidden = false;
-        element.setAttribute("aria-label", field.label);
-        element.autocapitalize = field.isCapital ? "characters" : field.kind === "text" ? "words" : "sentences";
-        element.value = field.kind === "date" ? "" : field.text;
+        element.setAttribute('aria-label', field.label);
+        element.autocapitalize = field.isCapital ? 'characters' : field.kind === 'text' ? 'words' : 'sentences';
+        element.value = field.kind === 'date' ? '' : field.text;
         this.lay();
         element.focus({ preventScroll: true });
-        if (field.kind !== "date") element.setSelectionRange(field.start, field.end);
+        if (field.kind !== 'date') element.setSelectionRange(field.start, field.end);
         if (former && former !== element) former.hidden = true;
     }
 
@@ -158,7 +158,7 @@ export class Fields {
      */
     take(field) {
         const element = this.element;
-        if (!element || field.kind === "date") return;
+        if (!element || field.kind === 'date') return;
         if (element.value !== field.text) element.value = field.text;
         else if (element.selectionStart === field.start && element.selectionEnd === field.end) return;
         element.setSelectionRange(field.start, field.end);
@@ -184,15 +184,15 @@ export class Fields {
     tell() {
         const element = this.element;
         if (!element || !this.bound) return;
-        if (this.bound.kind === "date") {
+        if (this.bound.kind === 'date') {
             if (this.isComposing) return;
             for (const character of element.value)
-                this.surroundings.send({ kind: "text", character: character.codePointAt(0) ?? 0 });
-            element.value = "";
+                this.surroundings.send({ kind: 'text', character: character.codePointAt(0) ?? 0 });
+            element.value = '';
             return;
         }
         this.surroundings.send({
-            kind: "fieldText",
+            kind: 'fieldText',
             field: this.bound.id,
             text: element.value,
             x: element.selectionStart ?? 0,
@@ -204,43 +204,43 @@ export class Fields {
     /** @param {KeyboardEvent} event */
     keyDown(event) {
         if (event.isComposing || !this.bound) return;
-        const isText = this.bound.kind !== "date";
-        if (event.key === "Enter" && this.bound.kind !== "lines") {
+        const isText = this.bound.kind !== 'date';
+        if (event.key === 'Enter' && this.bound.kind !== 'lines') {
             event.preventDefault();
             if (!event.repeat) this.goOn();
             return;
         }
-        const goes = ["Tab", "Escape", "F1", "F2", "F10", "ContextMenu", "PageUp", "PageDown"].includes(event.key);
-        const walks = (event.key === "ArrowUp" || event.key === "ArrowDown") && this.bound.kind !== "lines";
-        const softKey = event.altKey && (event.code === "Digit1" || event.code === "Digit2");
+        const goes = ['Tab', 'Escape', 'F1', 'F2', 'F10', 'ContextMenu', 'PageUp', 'PageDown'].includes(event.key);
+        const walks = (event.key === 'ArrowUp' || event.key === 'ArrowDown') && this.bound.kind !== 'lines';
+        const softKey = event.altKey && (event.code === 'Digit1' || event.code === 'Digit2');
         const inDate = !isText && event.key.length > 1;
         const device = goes || walks || softKey || inDate ? keyDownOf(event) : null;
         event.stopPropagation();
         if (!device) return;
         event.preventDefault();
         // Back deletes in a field of the handset's; here the key that deletes does, and Escape leaves.
-        this.surroundings.send(event.key === "Escape" ? { kind: "back" } : device);
+        this.surroundings.send(event.key === 'Escape' ? { kind: 'back' } : device);
     }
 
     /** @param {KeyboardEvent} event */
     keyUp(event) {
         event.stopPropagation();
         const device = keyUpOf(event);
-        if (device && event.key !== "Escape") this.surroundings.send(device);
+        if (device && event.key !== 'Escape') this.surroundings.send(device);
     }
 
     /** @param {ClipboardEvent} event */
     paste(event) {
-        if (this.bound?.kind !== "date") return;
+        if (this.bound?.kind !== 'date') return;
         event.preventDefault();
-        this.surroundings.send({ kind: "paste", text: event.clipboardData?.getData("text/plain") ?? "" });
+        this.surroundings.send({ kind: 'paste', text: event.clipboardData?.getData('text/plain') ?? '' });
     }
 
     /** To the next field, and from the last one away from the keyboard. */
     goOn() {
         const next = this.fields[this.fields.findIndex((each) => each.id === this.bound?.id) + 1];
-        this.surroundings.send({ kind: "keyDown", key: keys.tab, modifiers: 0 });
-        this.surroundings.send({ kind: "keyUp", key: keys.tab, modifiers: 0 });
+        this.surroundings.send({ kind: 'keyDown', key: keys.tab, modifiers: 0 });
+        this.surroundings.send({ kind: 'keyUp', key: keys.tab, modifiers: 0 });
         if (!next) {
             if (this.surroundings.hasFingers()) this.letGo();
             return;

@@ -1,6 +1,6 @@
 // A keyboard with keys of its own, as on a desktop: what it does in the device.
 
-import { keys, modifiers } from "../contract.js";
+import { keys, modifiers } from '../contract.js';
 
 /** @typedef {import("../contract.js").InputEvent} InputEvent */
 
@@ -41,23 +41,23 @@ export function modifiersOf(event) {
  * @returns {InputEvent | null}
  */
 export function keyDownOf(event) {
-    if (event.isComposing || event.key === "Process") return null;
+    if (event.isComposing || event.key === 'Process') return null;
     // Alt and a digit are the soft keys where a browser has the function keys for itself.
     if (event.altKey) {
         const key = { Digit1: keys.softLeft, Digit2: keys.softRight }[event.code];
-        return key ? { kind: "keyDown", key, modifiers: 0, isRepeat: event.repeat } : null;
+        return key ? { kind: 'keyDown', key, modifiers: 0, isRepeat: event.repeat } : null;
     }
     const held = modifiersOf(event);
     const key = namedKeys[event.key];
-    if (key) return { kind: "keyDown", key, modifiers: held, isRepeat: event.repeat };
+    if (key) return { kind: 'keyDown', key, modifiers: held, isRepeat: event.repeat };
     const letter = event.key.toUpperCase();
     if (held & modifiers.control)
-        return letter === "A" || letter === "C" || letter === "X"
-            ? { kind: "keyDown", key: letter.charCodeAt(0), modifiers: held, isRepeat: event.repeat }
+        return letter === 'A' || letter === 'C' || letter === 'X'
+            ? { kind: 'keyDown', key: letter.charCodeAt(0), modifiers: held, isRepeat: event.repeat }
             : null; // a paste comes as an event of its own
     const character = event.key.codePointAt(0) ?? 0;
     if (event.key.length !== String.fromCodePoint(character).length) return null; // a key with another name
-    return { kind: "text", character, modifiers: held, isRepeat: event.repeat };
+    return { kind: 'text', character, modifiers: held, isRepeat: event.repeat };
 }
 
 /**
@@ -65,6 +65,7 @@ export function keyDownOf(event) {
  * @returns {InputEvent | null}
  */
 export function keyUpOf(event) {
-    const key = namedKeys[event.key] ?? { Digit1: keys.softLeft, Digit2: keys.softRight }[event.altKey ? event.code : ""];
-    return key ? { kind: "keyUp", key, modifiers: modifiersOf(event) } : null;
+    const key =
+        namedKeys[event.key] ?? { Digit1: keys.softLeft, Digit2: keys.softRight }[event.altKey ? event.code : ''];
+    return key ? { kind: 'keyUp', key, modifiers: modifiersOf(event) } : null;
 }

@@ -9,19 +9,19 @@ export const textSizes = [0.85, 1, 1.15, 1.3, 1.5];
  * @param {(action: Action) => void} act
  */
 export function makeMenu(act) {
-    const dialog = /** @type {HTMLDialogElement} */ (document.getElementById("menu"));
+    const dialog = /** @type {HTMLDialogElement} */ (document.getElementById('menu'));
     /** @param {string} name */
     const part = (name) => /** @type {HTMLElement} */ (dialog.querySelector(name));
-    dialog.addEventListener("click", (event) => {
+    dialog.addEventListener('click', (event) => {
         if (event.target === dialog) dialog.close(); // beside it
         const action = event.target instanceof HTMLElement ? event.target.dataset.action : undefined;
         if (!action) return;
-        if (action !== "smaller" && action !== "larger") dialog.close();
-        if (action !== "dismiss") act(/** @type {Action} */ (action));
+        if (action !== 'smaller' && action !== 'larger') dialog.close();
+        if (action !== 'dismiss') act(/** @type {Action} */ (action));
     });
     return {
         dialog,
-        file: /** @type {HTMLInputElement} */ (part("#file")),
+        file: /** @type {HTMLInputElement} */ (part('#file')),
         /**
          * @param {object} facts
          * @param {number | null} facts.copyTime milliseconds since 1970
@@ -32,14 +32,14 @@ export function makeMenu(act) {
          * @param {string} facts.version
          */
         show(facts) {
-            part("#last-copy").textContent = facts.copyTime
+            part('#last-copy').textContent = facts.copyTime
                 ? `Last copy: ${new Date(facts.copyTime).toLocaleString()}`
-                : "No copy was taken yet. The log lies on this device alone.";
-            part("[data-action=takeBack]").hidden = !facts.hasFormer;
-            part("[data-action=install]").hidden = !facts.canInstall;
-            part("#install-hint").hidden = !facts.needsHint;
-            part("#text-size").textContent = `${Math.round(facts.textSize * 100)} %`;
-            part("#about").textContent = `Version ${facts.version}. Works without a network; sends nothing anywhere.`;
+                : 'No copy was taken yet. The log lies on this device alone.';
+            part('[data-action=takeBack]').hidden = !facts.hasFormer;
+            part('[data-action=install]').hidden = !facts.canInstall;
+            part('#install-hint').hidden = !facts.needsHint;
+            part('#text-size').textContent = `${Math.round(facts.textSize * 100)} %`;
+            part('#about').textContent = `Version ${facts.version}. Works without a network; sends nothing anywhere.`;
             if (!dialog.open) dialog.showModal();
         },
     };

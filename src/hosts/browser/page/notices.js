@@ -14,12 +14,12 @@ export function makeNotices(place) {
          */
         show(name, text, answers = {}) {
             notices.hide(name);
-            const line = document.createElement("div");
-            line.className = "notice";
-            line.append(Object.assign(document.createElement("span"), { textContent: text }));
+            const line = document.createElement('div');
+            line.className = 'notice';
+            line.append(Object.assign(document.createElement('span'), { textContent: text }));
             for (const [label, act] of Object.entries({ ...answers, Hide: () => {} })) {
-                const button = Object.assign(document.createElement("button"), { type: "button", textContent: label });
-                button.addEventListener("click", () => {
+                const button = Object.assign(document.createElement('button'), { type: 'button', textContent: label });
+                button.addEventListener('click', () => {
                     notices.hide(name);
                     act();
                 });

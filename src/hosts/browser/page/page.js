@@ -1,13 +1,13 @@
 // The page: gives the worker its canvas and what a person does, and shows what the program is not asked for.
 
-import { makeCopies } from "./copies.js";
-import { Fields } from "./fields.js";
-import { keyDownOf, keyUpOf } from "./keyboard.js";
-import { layOut } from "./layout.js";
-import { makeMenu, textSizes } from "./menu.js";
-import { makeNotices } from "./notices.js";
-import { Touch, followMouse } from "./touch.js";
-import { watchVersions } from "./versions.js";
+import { makeCopies } from './copies.js';
+import { Fields } from './fields.js';
+import { keyDownOf, keyUpOf } from './keyboard.js';
+import { layOut } from './layout.js';
+import { makeMenu, textSizes } from './menu.js';
+import { makeNotices } from './notices.js';
+import { Touch, followMouse } from './touch.js';
+import { watchVersions } from './versions.js';
 
 /** @typedef {import("../contract.js").ToWorker} ToWorker */
 /** @typedef {import("../contract.js").FromWorker} FromWorker */
@@ -15,12 +15,12 @@ import { watchVersions } from "./versions.js";
 
 /** @param {string} id */
 const part = (id) => /** @type {HTMLElement} */ (document.getElementById(id));
-const stage = part("stage");
-const canvas = /** @type {HTMLCanvasElement} */ (part("screen"));
-const curtain = part("curtain");
-const textSizeKey = "odoledger.textSize";
+const stage = part('stage');
+const canvas = /** @type {HTMLCanvasElement} */ (part('screen'));
+const curtain = part('curtain');
+const textSizeKey = 'odoledger.textSize';
 
-const notices = makeNotices(part("notices"));
+const notices = makeNotices(part('notices'));
 const copies = makeCopies(localStorageOrNone());
 const state = {
     textSize: Number(localStorageOrNone().getItem(textSizeKey)) || 1,
@@ -28,23 +28,22 @@ const state = {
     firstChanges: -1,
     hasFormer: false,
     lasting: true,
-    /** @type {string | null} what a click copies, as the browser gives nothing else to a clipboard */
-    version: document.querySelector("meta[name=version]")?.getAttribute("content") ?? "of no release",
+    version: document.querySelector('meta[name=version]')?.getAttribute('content') ?? 'of no release',
 };
 /** @type {Event & {prompt?: () => void} | null} */
 let installPrompt = null;
 let layout = layOut(room());
 
 // A module's worker; the program lies in there, and waits in there.
-const worker = new Worker(new URL("../worker/worker.js", import.meta.url), { type: "module" });
+const worker = new Worker(new URL('../worker/worker.js', import.meta.url), { type: 'module' });
 
 /** @param {ToWorker} message @param {Transferable[]} [transfer] */
 const post = (message, transfer = []) => worker.postMessage(message, transfer);
 /** @param {InputEvent} event */
-const send = (event) => post({ type: "event", event });
+const send = (event) => post({ type: 'event', event });
 
 const fields = new Fields({
-    place: part("fields"),
+    place: part('fields'),
     scale: () => layout.scale,
     hasFingers,
     send,
@@ -74,13 +73,13 @@ function localStorageOrNone() {
 }
 
 function hasFingers() {
-    return matchMedia("(any-pointer: coarse)").matches;
+    return matchMedia('(any-pointer: coarse)').matches;
 }
 
 // Where the screen stands
 
 function room() {
-    const insets = getComputedStyle(part("insets"));
+    const insets = getComputedStyle(part('insets'));
     const [top, right, bottom, left] = [
         insets.paddingTop,
         insets.paddingRight,
@@ -105,7 +104,7 @@ function room() {
 function place() {
     const there = room();
     const { isWide, place: at, touchTarget, scale } = layout;
-    document.body.classList.toggle("wide", isWide);
+    document.body.classList.toggle('wide', isWide);
     Object.assign(stage.style, {
         left: `${there.left + at.left}px`,
         top: `${there.top + at.top}px`,
@@ -113,9 +112,9 @@ function place() {
         height: `${at.height}px`,
     });
     Object.assign(canvas.style, { width: `${at.width}px`, height: `${at.height}px` });
-    stage.style.setProperty("--soft-keys", `${Math.max(touchTarget, 24) * scale}px`);
-    const button = part("menu-button").style;
-    button.width = button.height = isWide ? "" : `${touchTarget * scale}px`;
+    stage.style.setProperty('--soft-keys', `${Math.max(touchTarget, 24) * scale}px`);
+    const button = part('menu-button').style;
+    button.width = button.height = isWide ? '' : `${touchTarget * scale}px`;
     fields.lay();
 }
 
@@ -127,29 +126,29 @@ function resize() {
     place();
     if (isSame || !isStarted) return;
     const { screen, zoom, touchTarget } = layout;
-    send({ kind: "resize", x: screen.width, y: screen.height, zoom, touchTarget });
+    send({ kind: 'resize', x: screen.width, y: screen.height, zoom, touchTarget });
 }
-window.addEventListener("resize", resize);
-window.visualViewport?.addEventListener("resize", resize);
-window.visualViewport?.addEventListener("scroll", resize);
+window.addEventListener('resize', resize);
+window.visualViewport?.addEventListener('resize', resize);
+window.visualViewport?.addEventListener('scroll', resize);
 
 // Keys that no field of the page's has
 
-document.addEventListener("keydown", (event) => {
+document.addEventListener('keydown', (event) => {
     if (menu.dialog.open || event.target instanceof HTMLButtonElement) return;
     const key = keyDownOf(event);
     if (!key) return;
     event.preventDefault();
     send(key);
 });
-document.addEventListener("keyup", (event) => {
+document.addEventListener('keyup', (event) => {
     const key = keyUpOf(event);
     if (key) send(key);
 });
-document.addEventListener("paste", (event) => {
+document.addEventListener('paste', (event) => {
     if (fields.isActive || menu.dialog.open) return;
-    const text = event.clipboardData?.getData("text/plain").replace(/\r\n?/g, "\n") ?? "";
-    if (text) send({ kind: "paste", text });
+    const text = event.clipboardData?.getData('text/plain').replace(/\r\n?/g, '\n') ?? '';
+    if (text) send({ kind: 'paste', text });
 });
 
 // The browser's own Back. An entry of the history that no touch made is skipped, so it is made by the first one.
@@ -159,16 +158,16 @@ let isLeaving = false;
 function readyToGoBack() {
     if (canGoBack) return;
     canGoBack = true;
-    history.pushState({ odoledger: true }, "");
+    history.pushState({ odoledger: true }, '');
 }
-window.addEventListener("popstate", () => {
+window.addEventListener('popstate', () => {
     canGoBack = false;
     if (isLeaving) return;
     if (menu.dialog.open) {
         menu.dialog.close();
         return;
     }
-    send({ kind: "back" });
+    send({ kind: 'back' });
 });
 function leave() {
     // Nothing is before the first screen but what the person came from.
@@ -190,16 +189,16 @@ function rememberChanges(/** @type {number} */ changes) {
 
 function remindOfCopy() {
     const line = state.lasting ? copies.reminder(state.changes, Date.now()) : null;
-    if (line) notices.show("copy", line, { "Save a copy": () => act("saveCopy") });
-    else notices.hide("copy");
+    if (line) notices.show('copy', line, { 'Save a copy': () => act('saveCopy') });
+    else notices.hide('copy');
 }
 
 /** @param {string} name @param {ArrayBuffer} bytes */
 async function handOut(name, bytes) {
-    const file = new File([bytes], name, { type: "application/octet-stream" });
+    const file = new File([bytes], name, { type: 'application/octet-stream' });
     const isTaken = () => {
         copies.taken(state.changes, Date.now());
-        notices.hide("copy");
+        notices.hide('copy');
     };
     if (hasFingers() && navigator.canShare?.({ files: [file] })) {
         try {
@@ -207,54 +206,54 @@ async function handOut(name, bytes) {
             isTaken();
             return;
         } catch (error) {
-            if (error instanceof DOMException && error.name === "AbortError") return; // the person's own choice
+            if (error instanceof DOMException && error.name === 'AbortError') return; // the person's own choice
         }
     }
-    const link = Object.assign(document.createElement("a"), { href: URL.createObjectURL(file), download: name });
+    const link = Object.assign(document.createElement('a'), { href: URL.createObjectURL(file), download: name });
     link.click();
     window.setTimeout(() => URL.revokeObjectURL(link.href), 60_000);
     isTaken();
 }
 
-menu.file.addEventListener("change", async () => {
+menu.file.addEventListener('change', async () => {
     const file = menu.file.files?.[0];
-    menu.file.value = "";
+    menu.file.value = '';
     if (!file) return;
     try {
         const bytes = await file.arrayBuffer();
-        post({ type: "openCopy", name: file.name, bytes }, [bytes]);
+        post({ type: 'openCopy', name: file.name, bytes }, [bytes]);
     } catch {
-        notices.show("opened", `${file.name} cannot be read.`);
+        notices.show('opened', `${file.name} cannot be read.`);
     }
 });
 
 const outcomes = {
-    opened: "The copy is the log now. What was there before is kept aside: Take back brings it here again.",
-    notALog: "That file is no log of Odoledger, or it is damaged. Nothing was changed.",
-    newer: "That file was written by a newer version of Odoledger. Nothing was changed.",
-    full: "There is no room for that file. Nothing was changed.",
-    nothingKept: "Nothing is kept aside.",
+    opened: 'The copy is the log now. What was there before is kept aside: Take back brings it here again.',
+    notALog: 'That file is no log of Odoledger, or it is damaged. Nothing was changed.',
+    newer: 'That file was written by a newer version of Odoledger. Nothing was changed.',
+    full: 'There is no room for that file. Nothing was changed.',
+    nothingKept: 'Nothing is kept aside.',
     failed: "The browser's storage refused. Nothing was changed.",
 };
 
 /** @param {import("./menu.js").Action} action */
 function act(action) {
     switch (action) {
-        case "saveCopy":
-            post({ type: "saveCopy" });
+        case 'saveCopy':
+            post({ type: 'saveCopy' });
             break;
-        case "openCopy":
+        case 'openCopy':
             menu.file.click();
             break;
-        case "takeBack":
-            post({ type: "takeBack" });
+        case 'takeBack':
+            post({ type: 'takeBack' });
             break;
-        case "install":
+        case 'install':
             installPrompt?.prompt?.();
             installPrompt = null;
             break;
         default: {
-            const step = action === "larger" ? 1 : -1;
+            const step = action === 'larger' ? 1 : -1;
             const now = textSizes.indexOf(state.textSize);
             state.textSize = textSizes[Math.min(Math.max(now + step, 0), textSizes.length - 1)] ?? 1;
             try {
@@ -270,7 +269,7 @@ function act(action) {
 
 function showMenu() {
     const isApple = /iP(hone|ad|od)/.test(navigator.userAgent);
-    const isInstalled = matchMedia("(display-mode: standalone)").matches;
+    const isInstalled = matchMedia('(display-mode: standalone)').matches;
     menu.show({
         copyTime: copies.time(),
         hasFormer: state.hasFormer,
@@ -280,21 +279,21 @@ function showMenu() {
         version: state.version,
     });
 }
-part("menu-button").addEventListener("click", () => {
+part('menu-button').addEventListener('click', () => {
     readyToGoBack();
     fields.letGo();
     showMenu();
 });
-window.addEventListener("beforeinstallprompt", (event) => {
+window.addEventListener('beforeinstallprompt', (event) => {
     event.preventDefault();
     installPrompt = event;
 });
 
 // A phone kills a hidden page without a word.
-document.addEventListener("visibilitychange", () => {
-    if (document.visibilityState === "hidden") post({ type: "hide" });
+document.addEventListener('visibilitychange', () => {
+    if (document.visibilityState === 'hidden') post({ type: 'hide' });
 });
-window.addEventListener("pagehide", () => post({ type: "hide" }));
+window.addEventListener('pagehide', () => post({ type: 'hide' }));
 
 /** @param {string} text */
 function drawCurtain(text) {
@@ -303,76 +302,76 @@ function drawCurtain(text) {
     curtain.hidden = false;
 }
 
-const flash = [{ filter: "invert(1)" }, { filter: "none" }];
+const flash = [{ filter: 'invert(1)' }, { filter: 'none' }];
 
 /** @param {FromWorker} message */
 function hear(message) {
     switch (message.type) {
-        case "storage":
+        case 'storage':
             state.lasting = message.lasting;
             if (!message.lasting)
                 notices.show(
-                    "storage",
-                    "This window keeps nothing: what you type goes when it is closed. A copy can be taken.",
+                    'storage',
+                    'This window keeps nothing: what you type goes when it is closed. A copy can be taken.',
                 );
             break;
-        case "ready":
+        case 'ready':
             state.hasFormer = message.hasFormer;
             break;
-        case "firstScreen":
+        case 'firstScreen':
             curtain.hidden = true;
             if (!menu.dialog.open && !fields.isActive) canvas.focus({ preventScroll: true });
             break;
-        case "title":
+        case 'title':
             document.title = `${message.text} - Odoledger`;
             break;
-        case "beep":
+        case 'beep':
             navigator.vibrate?.(40);
-            if (!matchMedia("(prefers-reduced-motion: reduce)").matches) canvas.animate(flash, 120);
+            if (!matchMedia('(prefers-reduced-motion: reduce)').matches) canvas.animate(flash, 120);
             break;
-        case "notify":
-            notices.show("program", message.line);
+        case 'notify':
+            notices.show('program', message.line);
             break;
-        case "goBack":
+        case 'goBack':
             leave();
             break;
-        case "pointer":
-            canvas.style.cursor = { arrow: "default", hand: "pointer", text: "text" }[message.shape];
+        case 'pointer':
+            canvas.style.cursor = { arrow: 'default', hand: 'pointer', text: 'text' }[message.shape];
             break;
-        case "waitCursor":
-            canvas.style.cursor = message.shown ? "progress" : "default";
+        case 'waitCursor':
+            canvas.style.cursor = message.shown ? 'progress' : 'default';
             break;
-        case "storeText":
+        case 'storeText':
             navigator.clipboard?.writeText(message.text).catch(() => {});
             break;
-        case "fields":
+        case 'fields':
             fields.show(message.fields, message.answers);
             break;
-        case "spoken":
-            part("spoken").textContent = message.text;
+        case 'spoken':
+            part('spoken').textContent = message.text;
             break;
-        case "stored":
+        case 'stored':
             rememberChanges(message.changes);
             break;
-        case "copy":
+        case 'copy':
             void handOut(message.name, message.bytes);
             break;
-        case "copyFailed":
-            notices.show("copy", `No copy was taken: ${message.reason}`);
+        case 'copyFailed':
+            notices.show('copy', `No copy was taken: ${message.reason}`);
             break;
-        case "opened":
-            notices.show("opened", outcomes[message.outcome]);
-            if (message.outcome === "opened") state.firstChanges = -1;
+        case 'opened':
+            notices.show('opened', outcomes[message.outcome]);
+            if (message.outcome === 'opened') state.firstChanges = -1;
             break;
-        case "ended":
-            drawCurtain("Odoledger has ended. Everything is stored.\nTouch here to start it again.");
+        case 'ended':
+            drawCurtain('Odoledger has ended. Everything is stored.\nTouch here to start it again.');
             curtain.onclick = () => {
                 curtain.onclick = null;
-                drawCurtain("One moment");
-                post({ type: "startAgain" });
+                drawCurtain('One moment');
+                post({ type: 'startAgain' });
             };
             break;
-        case "failed":
+        case 'failed':
             drawCurtain(`${message.text}\nWhat was stored is still there. Load the page again to go on.`);
             break;
     }
@@ -385,7 +384,7 @@ function start() {
     const offscreen = canvas.transferControlToOffscreen();
     const { screen, zoom, touchTarget } = layout;
     const variables = /** @type {{odoledgerVariables?: Record<string, string>}} */ (window).odoledgerVariables;
-    post({ type: "start", canvas: offscreen, screen, zoom, locale: navigator.language, touchTarget, variables }, [
+    post({ type: 'start', canvas: offscreen, screen, zoom, locale: navigator.language, touchTarget, variables }, [
         offscreen,
     ]);
 }
@@ -402,14 +401,14 @@ async function startAlone() {
         start();
         return new Promise(() => {}); // for as long as the page is there
     };
-    const isHeld = await navigator.locks.request("odoledger", { ifAvailable: true }, hold);
+    const isHeld = await navigator.locks.request('odoledger', { ifAvailable: true }, hold);
     if (isHeld !== false) return;
-    drawCurtain("The log is open in another tab or window.\nClose it there, and it opens here.");
-    await navigator.locks.request("odoledger", hold);
+    drawCurtain('The log is open in another tab or window.\nClose it there, and it opens here.');
+    await navigator.locks.request('odoledger', hold);
 }
 
-worker.addEventListener("message", (event) => hear(event.data));
-worker.addEventListener("error", () => drawCurtain("A part of Odoledger could not be loaded."));
+worker.addEventListener('message', (event) => hear(event.data));
+worker.addEventListener('error', () => drawCurtain('A part of Odoledger could not be loaded.'));
 place();
-watchVersions(notices, () => post({ type: "hide" }));
+watchVersions(notices, () => post({ type: 'hide' }));
 void startAlone();

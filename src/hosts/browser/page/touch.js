@@ -1,7 +1,7 @@
 // What fingers and mice do on the screen.
 
-import { modifiers } from "../contract.js";
-import { modifiersOf } from "./keyboard.js";
+import { modifiers } from '../contract.js';
+import { modifiersOf } from './keyboard.js';
 
 /** @typedef {import("../contract.js").InputEvent} InputEvent */
 
@@ -31,7 +31,7 @@ export class Touch {
         this.down = null;
         /** caught: it stopped a glide, and may go on with the list, but taps nothing
          * @type {'resting' | 'caught' | 'panning' | 'swiping' | 'done'} */
-        this.state = "resting";
+        this.state = 'resting';
         this.start = { x: 0, y: 0 }; // of the last finger
         /** @type {{y: number, time: number}[]} */
         this.trail = [];
@@ -39,13 +39,13 @@ export class Touch {
         this.timer = 0;
         this.glide = 0;
         const { element } = surface;
-        element.addEventListener("pointerdown", (event) => this.press(event));
-        element.addEventListener("pointermove", (event) => this.move(event));
-        element.addEventListener("pointerup", (event) => this.release(event));
-        element.addEventListener("pointercancel", () => this.forget());
-        element.addEventListener("contextmenu", (event) => event.preventDefault());
+        element.addEventListener('pointerdown', (event) => this.press(event));
+        element.addEventListener('pointermove', (event) => this.move(event));
+        element.addEventListener('pointerup', (event) => this.release(event));
+        element.addEventListener('pointercancel', () => this.forget());
+        element.addEventListener('contextmenu', (event) => event.preventDefault());
         // The field with the keyboard keeps the browser's focus.
-        for (const type of ["mousedown", "touchstart"])
+        for (const type of ['mousedown', 'touchstart'])
             element.addEventListener(type, (event) => event.preventDefault(), { passive: false });
     }
 
@@ -61,40 +61,40 @@ export class Touch {
     /** @param {PointerEvent} event */
     press(event) {
         const wasGliding = this.stopGlide();
-        if (event.pointerType === "mouse") return;
+        if (event.pointerType === 'mouse') return;
         if (this.down) {
             this.forget(); // a second finger: none of them taps
-            this.state = "done";
+            this.state = 'done';
             return;
         }
         this.surface.element.setPointerCapture?.(event.pointerId);
         this.down = { id: event.pointerId, x: event.offsetX, y: event.offsetY, time: event.timeStamp };
-        this.state = wasGliding ? "caught" : "resting";
+        this.state = wasGliding ? 'caught' : 'resting';
         this.trail = [{ y: event.offsetY, time: event.timeStamp }];
         this.rest = 0;
         this.timer = window.setTimeout(() => this.longPress(), longPressTime);
     }
 
     longPress() {
-        if (!this.down || this.state !== "resting") return;
-        this.state = "done";
+        if (!this.down || this.state !== 'resting') return;
+        this.state = 'done';
         navigator.vibrate?.(10);
-        this.surface.send({ kind: "tap", ...this.point(this.down), modifiers: modifiers.control });
+        this.surface.send({ kind: 'tap', ...this.point(this.down), modifiers: modifiers.control });
     }
 
     /** @param {PointerEvent} event */
     move(event) {
-        if (event.pointerType === "mouse" || event.pointerId !== this.down?.id) return;
+        if (event.pointerType === 'mouse' || event.pointerId !== this.down?.id) return;
         const dx = event.offsetX - this.down.x;
         const dy = event.offsetY - this.down.y;
         const isFar = Math.abs(dx) > slop || Math.abs(dy) > slop;
         const last = this.trail[this.trail.length - 1]?.y ?? this.down.y;
-        if (isFar && (this.state === "resting" || this.state === "caught")) {
+        if (isFar && (this.state === 'resting' || this.state === 'caught')) {
             window.clearTimeout(this.timer);
-            this.state = Math.abs(dx) > 2 * Math.abs(dy) ? "swiping" : "panning";
-            if (this.state === "panning") this.pan(0, false);
+            this.state = Math.abs(dx) > 2 * Math.abs(dy) ? 'swiping' : 'panning';
+            if (this.state === 'panning') this.pan(0, false);
         }
-        if (this.state !== "panning") return;
+        if (this.state !== 'panning') return;
         this.trail.push({ y: event.offsetY, time: event.timeStamp });
         this.trail = this.trail.filter((each) => event.timeStamp - each.time < 100);
         this.pan(event.offsetY - last, true);
@@ -109,22 +109,22 @@ export class Touch {
         const delta = Math.trunc(exact);
         this.rest = exact - delta;
         if (this.down) this.start = this.point(this.down);
-        if (delta !== 0 || !isOn) this.surface.send({ kind: "pan", ...this.start, delta, isRepeat: isOn });
+        if (delta !== 0 || !isOn) this.surface.send({ kind: 'pan', ...this.start, delta, isRepeat: isOn });
     }
 
     /** @param {PointerEvent} event */
     release(event) {
-        if (event.pointerType === "mouse" || event.pointerId !== this.down?.id) return;
+        if (event.pointerType === 'mouse' || event.pointerId !== this.down?.id) return;
         const { down, state } = this;
         const speed = this.speedAt(event.timeStamp);
         this.forget();
-        if (state === "resting") {
+        if (state === 'resting') {
             const at = this.point(down);
             this.surface.beforeTap(at.x, at.y);
-            this.surface.send({ kind: "tap", ...at, modifiers: modifiersOf(event) });
-        } else if (state === "swiping" && event.offsetX - down.x > swipeLength) {
-            this.surface.send({ kind: "back" });
-        } else if (state === "panning" && !matchMedia("(prefers-reduced-motion: reduce)").matches) {
+            this.surface.send({ kind: 'tap', ...at, modifiers: modifiersOf(event) });
+        } else if (state === 'swiping' && event.offsetX - down.x > swipeLength) {
+            this.surface.send({ kind: 'back' });
+        } else if (state === 'panning' && !matchMedia('(prefers-reduced-motion: reduce)').matches) {
             this.startGlide(speed);
         }
     }
@@ -132,7 +132,7 @@ export class Touch {
     forget() {
         window.clearTimeout(this.timer);
         this.down = null;
-        this.state = "resting";
+        this.state = 'resting';
     }
 
     /**
@@ -174,7 +174,7 @@ export class Touch {
  */
 export function followMouse(surface) {
     const { element } = surface;
-    const buttons = /** @type {const} */ (["left", "middle", "right"]);
+    const buttons = /** @type {const} */ (['left', 'middle', 'right']);
     /** @param {PointerEvent | MouseEvent} event */
     const placeOf = (event) => ({
         x: Math.floor(event.offsetX / surface.scale()),
@@ -185,33 +185,33 @@ export function followMouse(surface) {
     /** @param {'pointerdown' | 'pointerup' | 'pointermove'} type @param {(event: PointerEvent) => void} hear */
     const onMouse = (type, hear) =>
         element.addEventListener(type, (event) => {
-            if (event.pointerType === "mouse") hear(event);
+            if (event.pointerType === 'mouse') hear(event);
         });
-    onMouse("pointerdown", (event) => {
+    onMouse('pointerdown', (event) => {
         element.setPointerCapture?.(event.pointerId);
         const button = buttons[event.button];
         if (!button) return;
-        const isSecond = button === "left" && event.timeStamp - clickTime < 500;
-        clickTime = button === "left" && !isSecond ? event.timeStamp : 0;
+        const isSecond = button === 'left' && event.timeStamp - clickTime < 500;
+        clickTime = button === 'left' && !isSecond ? event.timeStamp : 0;
         const at = placeOf(event);
         surface.beforeTap(at.x, at.y);
-        surface.send({ kind: isSecond ? "doubleClick" : "mouseDown", button, ...at });
+        surface.send({ kind: isSecond ? 'doubleClick' : 'mouseDown', button, ...at });
     });
-    onMouse("pointerup", (event) => {
+    onMouse('pointerup', (event) => {
         const button = buttons[event.button];
-        if (button) surface.send({ kind: "mouseUp", button, ...placeOf(event) });
+        if (button) surface.send({ kind: 'mouseUp', button, ...placeOf(event) });
     });
-    onMouse("pointermove", (event) => surface.send({ kind: "mouseMove", ...placeOf(event) }));
+    onMouse('pointermove', (event) => surface.send({ kind: 'mouseMove', ...placeOf(event) }));
     let rest = 0;
     element.addEventListener(
-        "wheel",
+        'wheel',
         (event) => {
             event.preventDefault();
             if (event.ctrlKey) return;
             rest -= event.deltaMode === WheelEvent.DOM_DELTA_PIXEL ? event.deltaY / 40 : event.deltaY;
             const delta = Math.trunc(rest);
             rest -= delta;
-            if (delta !== 0) surface.send({ kind: "wheel", delta, ...placeOf(event) });
+            if (delta !== 0) surface.send({ kind: 'wheel', delta, ...placeOf(event) });
         },
         { passive: false },
     );

@@ -1,23 +1,23 @@
 // Keeps the whole site as of one version, and answers from that alone. The build puts in the version and the files.
 
-const version = "@SITE_VERSION@";
+const version = '@SITE_VERSION@';
 const files = /** @type {string[]} */ (JSON.parse('@SITE_FILES@'));
 
 const worker = /** @type {ServiceWorkerGlobalScope} */ (/** @type {unknown} */ (self));
-const prefix = "odoledger-";
+const prefix = 'odoledger-';
 const cacheName = prefix + version;
 
-worker.addEventListener("install", (event) => {
+worker.addEventListener('install', (event) => {
     // All or nothing: where one file is missing, the version that is there stays. The network is asked, since a
     // browser's own store may still hold a file of the version before.
     event.waitUntil(
         caches
             .open(cacheName)
-            .then((cache) => cache.addAll(files.map((file) => new Request(file, { cache: "reload" })))),
+            .then((cache) => cache.addAll(files.map((file) => new Request(file, { cache: 'reload' })))),
     );
 });
 
-worker.addEventListener("activate", (event) => {
+worker.addEventListener('activate', (event) => {
     event.waitUntil(
         caches
             .keys()
@@ -26,15 +26,15 @@ worker.addEventListener("activate", (event) => {
     );
 });
 
-worker.addEventListener("message", (event) => {
-    if (event.data === "takeOver") void worker.skipWaiting();
+worker.addEventListener('message', (event) => {
+    if (event.data === 'takeOver') void worker.skipWaiting();
 });
 
-worker.addEventListener("fetch", (event) => {
-    if (event.request.method !== "GET") return;
+worker.addEventListener('fetch', (event) => {
+    if (event.request.method !== 'GET') return;
     const url = new URL(event.request.url);
     if (url.origin !== worker.location.origin) return;
-    const wanted = event.request.mode === "navigate" ? "./" : event.request;
+    const wanted = event.request.mode === 'navigate' ? './' : event.request;
     event.respondWith(
         caches
             .open(cacheName)
