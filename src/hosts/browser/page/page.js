@@ -350,6 +350,9 @@ function hear(message) {
         case 'spoken':
             part('spoken').textContent = message.text;
             break;
+        case 'inspected':
+            inspections.get(message.id ?? 0)?.(message.lines);
+            break;
         case 'stored':
             rememberChanges(message.changes);
             break;
@@ -406,6 +409,22 @@ async function startAlone() {
     drawCurtain('The log is open in another tab or window.\nClose it there, and it opens here.');
     await navigator.locks.request('odoledger', hold);
 }
+
+// What stands on the screen, for tests and for whoever looks into a fault: `await odoledger.inspect("screen")`.
+
+/** @type {Map<number, (lines: string[]) => void>} */
+const inspections = new Map();
+const odoledger = {
+    /** @param {string} what @returns {Promise<string[]>} */
+    inspect(what) {
+        return new Promise((answer) => {
+            const id = inspections.size + 1;
+            inspections.set(id, answer);
+            post({ type: 'inspect', what, id });
+        });
+    },
+};
+Object.assign(window, { odoledger });
 
 worker.addEventListener('message', (event) => hear(event.data));
 worker.addEventListener('error', () => drawCurtain('A part of Odoledger could not be loaded.'));

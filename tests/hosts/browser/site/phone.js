@@ -1,0 +1,186 @@
+// A phone with the program's page open: what a person sees on it, and does.
+
+import { mkdtempSync, rmSync } from 'node:fs';
+import { tmpdir } from 'node:os';
+import { join } from 'node:path';
+import puppeteer from 'puppeteer-core';
+
+/** @typedef {import('puppeteer-core').Browser} Browser */
+/** @typedef {import('puppeteer-core').Page} Page */
+/** @typedef {{x: number, y: number, width: number, height: number, marks: string, text: string}} PaintedText */
+
+/** The program itself, not the script that starts it: it is to be killed. */
+const chromium = '/usr/lib/chromium/chromium';
+const flags = [
+    '--no-sandbox',
+    '--disable-gpu',
+    '--disable-quic',
+    '--no-first-run',
+    '--disable-background-networking',
+    '--disable-component-update',
+    '--disable-sync',
+];
+export const upright = { width: 390, height: 844, deviceScaleFactor: 3, isMobile: true, hasTouch: true };
+
+/** A browser with a profile of its own, which lasts until `remove`. */
+export class Browsers {
+    constructor() {
+        this.profile = mkdtempSync(join(tmpdir(), 'odoledger-browser-'));
+        /** @type {Browser[]} */
+        this.started = [];
+    }
+
+    /** @param {import('puppeteer-core').LaunchOptions} [options] @returns {Promise<Browser>} */
+    async start(options = {}) {
+        const browser = await puppeteer.launch({
+            executablePath: chromium,
+            args: flags,
+            userDataDir: this.profile,
+            headless: true,
+            ...options,
+        });
+        this.started.push(browser);
+        return browser;
+    }
+
+    async remove() {
+        for (const browser of this.started) await browser.close().catch(() => {});
+        rmSync(this.profile, { recursive: true, force: true, maxRetries: 5 });
+    }
+}
+
+/** Waits until it is true. @param {() => Promise<boolean> | boolean} isSo @param {string} what @param {number} [time] */
+export async function until(isSo, what, time = 10_000) {
+    const end = Date.now() + time;
+    while (!(await isSo())) {
+        if (Date.now() > end) throw new Error(`not within ${time} ms: ${what}`);
+        await new Promise((again) => setTimeout(again, 20));
+    }
+}
+
+export class Phone {
+    /** @param {Page} page */
+    constructor(page) {
+        this.page = page;
+        /** What went wrong in the page. @type {string[]} */
+        this.faults = [];
+    }
+
+    /**
+     * Opens the page and waits for its first screen.
+     *
+     * @param {Browser} browser
+     * @param {string} address
+     * @param {{viewport?: import('puppeteer-core').Viewport, variables?: Record<string, string>, waits?: boolean}} [how]
+     */
+    static async open(browser, address, how = {}) {
+        const page = await browser.newPage();
+        const phone = new Phone(page);
+        page.on('pageerror', (error) => phone.faults.push(String(error)));
+        page.on('console', (line) => {
+            if (line.type() === 'error') phone.faults.push(line.text());
+        });
+        await page.setViewport(how.viewport ?? upright);
+        await page.evaluateOnNewDocument(
+            (variables) => Object.assign(window, { odoledgerVariables: variables }),
+            how.variables ?? { HANDSET_CLOCK: '2026-03-01 09:00:00', HANDSET_LOCALE: 'en_US' },
+        );
+        await page.goto(address);
+        if (how.waits !== false) await phone.firstScreen();
+        return phone;
+    }
+
+    async firstScreen() {
+        await this.page.waitForSelector('#curtain[hidden]', { timeout: 20_000 });
+    }
+
+    /** @param {string} what @returns {Promise<string[]>} */
+    inspect(what) {
+        return this.page.evaluate((words) => /** @type {any} */ (window).odoledger.inspect(words), what);
+    }
+
+    async screen() {
+        return (await this.inspect('screen')).join('\n');
+    }
+
+    /** @param {string | RegExp} text @param {number} [time] */
+    async shows(text, time) {
+        let last = '';
+        await until(
+            async () => {
+                last = await this.screen();
+                return typeof text === 'string' ? last.includes(text) : text.test(last);
+            },
+            `${text} on the screen`,
+            time,
+        ).catch((error) => {
+            throw new Error(`${error.message}; instead:\n${last}`);
+        });
+    }
+
+    /** The texts on the screen. @returns {Promise<PaintedText[]>} */
+    async texts() {
+        const lines = await this.inspect('frame');
+        return lines.flatMap((line) => {
+            const parts = /^(-?\d+) (-?\d+) (\d+) (\d+) ?([^"]*) "(.*)"$/.exec(line);
+            if (!parts) return [];
+            const [x = 0, y = 0, width = 0, height = 0] = parts.slice(1, 5).map(Number);
+            return [{ x, y, width, height, marks: parts[5] ?? '', text: parts[6] ?? '' }];
+        });
+    }
+
+    /** CSS pixels for a device pixel, and where the screen begins. */
+    async place() {
+        return this.page.evaluate(() => {
+            const box = document.getElementById('screen')?.getBoundingClientRect();
+            return { left: box?.left ?? 0, top: box?.top ?? 0, width: box?.width ?? 0, height: box?.height ?? 0 };
+        });
+    }
+
+    async scale() {
+        const { width } = await this.place();
+        const size = /screen (\d+)x(\d+)/.exec((await this.inspect('screen')).join(' '));
+        return size ? width / Number(size[1]) : 1.2;
+    }
+
+    /** A place of the device in the page. @param {number} x @param {number} y */
+    async at(x, y) {
+        const place = await this.place();
+        const scale = await this.scale();
+        return { x: place.left + x * scale, y: place.top + y * scale };
+    }
+
+    /** Taps where a text stands. @param {string} text @param {number} [below] device pixels further down */
+    async tap(text, below = 0) {
+        /** @type {PaintedText | undefined} */
+        let hit;
+        await until(async () => {
+            const texts = await this.texts();
+            hit = texts.find((each) => each.text === text) ?? texts.find((each) => each.text.includes(text));
+            return hit !== undefined;
+        }, `"${text}" to be tapped`).catch(async (error) => {
+            throw new Error(`${error.message}; instead:\n${await this.screen()}`);
+        });
+        if (!hit) return;
+        const { x, y } = await this.at(hit.x + Math.min(hit.width / 2, 60), hit.y + hit.height / 2 + below);
+        await this.page.touchscreen.tap(x, y);
+    }
+
+    /** Types into the field that has the keyboard. @param {string} text */
+    async type(text) {
+        await this.page.keyboard.type(text);
+    }
+
+    /** A finger from one place of the device to another. @param {number[]} from @param {number[]} to @param {number} [steps] */
+    async drag(from, to, steps = 8) {
+        const start = await this.at(from[0] ?? 0, from[1] ?? 0);
+        const end = await this.at(to[0] ?? 0, to[1] ?? 0);
+        const touch = await this.page.touchscreen.touchStart(start.x, start.y);
+        for (let step = 1; step <= steps; ++step) {
+            const part = step / steps;
+            await touch.move(start.x + (end.x - start.x) * part, start.y + (end.y - start.y) * part);
+            await new Promise((next) => setTimeout(next, 16));
+        }
+        await touch.end();
+    }
+}
