@@ -43,6 +43,11 @@ bool CFileHeader::IsOurs() const {
         && Number(ApplicationIdPlace) == DataFileApplicationId && Number(UserVersionPlace) == DataFileVersion;
 }
 
+bool CFileHeader::IsOfLaterVersion() const {
+    return std::memcmp(bytes_.data(), Magic, sizeof Magic) == 0 && Number(ApplicationIdPlace) == DataFileApplicationId
+        && Number(UserVersionPlace) > DataFileVersion;
+}
+
 bool CFileHeader::HasWriteAheadLog() const {
     return bytes_[WriteVersionPlace] == WriteAheadVersion;
 }

@@ -15,6 +15,8 @@ public:
 
     /// Whether this is a data file of ours, of this version.
     bool IsOurs() const;
+    /// Whether this is a data file of ours that a later version of the program made.
+    bool IsOfLaterVersion() const;
     /// Between two connections the file may be in the mode that keeps changes in a -wal beside it.
     bool HasWriteAheadLog() const;
     std::uint32_t PageSize() const;

@@ -13,6 +13,10 @@ bool IsTextBoundary(std::wstring_view text, std::size_t index);
 std::size_t NextTextBoundary(std::wstring_view text, std::size_t index);
 std::size_t PreviousTextBoundary(std::wstring_view text, std::size_t index);
 
+/// `text` without characters that no face draws: blanks of every kind are spaces, control characters U+FFFD. One
+/// character stays one character, so that an index into the text is an index into what is laid out.
+std::wstring DrawableText(std::wstring_view text);
+
 /// A line of a longer text: characters [start, end); the next line starts at `next`. Between the two stand the blanks
 /// at which the line was broken, or a line end.
 struct TextLine {

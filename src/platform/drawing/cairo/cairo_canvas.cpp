@@ -2,9 +2,9 @@
 
 #include "platform/drawing/cairo/cairo_pictures.h"
 #include "platform/drawing/cairo/pango_measurer.h"
+#include "platform/drawing/pixel_grid.h"
 #include "platform/drawing/rectangles.h"
 
-#include <cmath>
 #include <vector>
 
 namespace device {
@@ -26,26 +26,18 @@ Color FromColorRef(COLORREF color) {
 
 } // namespace
 
-/// Edges in device pixels are snapped to whole image pixels, so that neighbours meet without a seam and a part that is
-/// painted anew ends where it ended before.
 struct CairoCanvas::Surface {
     Surface(SIZE deviceSize, double itsZoom);
     ~Surface();
     Surface(const Surface&) = delete;
     Surface& operator=(const Surface&) = delete;
 
-    int Snap(LONG position) const { return static_cast<int>(std::lround(position * zoom)); }
-    RECT Snap(const RECT& rectangle) const {
-        return {Snap(rectangle.left), Snap(rectangle.top), Snap(rectangle.right), Snap(rectangle.bottom)};
-    }
-    /// At most what `Snap` leaves between two neighbours, so that a line never runs into the next pixel.
-    int Thickness(int width) const { return std::max(1, static_cast<int>(std::floor(width * zoom))); }
     void SetColor(COLORREF color, int alpha = 255) const;
     void FillImage(const RECT& image) const;
     void PushClip(const RECT& clip);
     void PopClip();
 
-    double zoom;
+    PixelGrid grid;
     SIZE imageSize;
     cairo_surface_t* image = nullptr;
     cairo_t* context = nullptr;
@@ -53,9 +45,9 @@ struct CairoCanvas::Surface {
 };
 
 CairoCanvas::Surface::Surface(SIZE deviceSize, double itsZoom)
-    : zoom(itsZoom > 0 ? itsZoom : 1.0) {
+    : grid{itsZoom > 0 ? itsZoom : 1.0} {
     const auto edge = [this](LONG length) {
-        const double wanted = std::round(std::max<LONG>(length, 1) * zoom);
+        const double wanted = std::round(std::max<LONG>(length, 1) * grid.zoom);
         return static_cast<LONG>(std::clamp(wanted, 1.0, double{MaximumImageEdge}));
     };
     imageSize = {edge(deviceSize.cx), edge(deviceSize.cy)};
@@ -85,7 +77,7 @@ void CairoCanvas::Surface::FillImage(const RECT& place) const {
 
 void CairoCanvas::Surface::PushClip(const RECT& clip) {
     clips.push_back(clips.empty() ? clip : Intersection(clips.back(), clip));
-    const RECT place = Snap(clips.back());
+    const RECT place = grid.Snap(clips.back());
     cairo_save(context);
     cairo_rectangle(context, place.left, place.top, place.right - place.left, place.bottom - place.top);
     cairo_clip(context);
@@ -113,7 +105,7 @@ SIZE CairoCanvas::ImageSize() const {
 }
 
 double CairoCanvas::Zoom() const {
-    return surface_->zoom;
+    return surface_->grid.zoom;
 }
 
 const unsigned char* CairoCanvas::Pixels() const {
@@ -153,42 +145,28 @@ void CairoCanvas::PopClip() {
 
 void CairoCanvas::Fill(const RECT& rectangle, COLORREF color, int alpha) {
     surface_->SetColor(color, alpha);
-    surface_->FillImage(surface_->Snap(rectangle));
+    surface_->FillImage(surface_->grid.Snap(rectangle));
 }
 
 void CairoCanvas::Line(POINT from, POINT to, COLORREF color, int width) {
     surface_->SetColor(color);
-    const int thickness = surface_->Thickness(width);
-    const LONG before = width / 2;
-    const POINT first{std::min(from.x, to.x), std::min(from.y, to.y)};
-    const POINT last{std::max(from.x, to.x), std::max(from.y, to.y)};
-    if (from.y == to.y) {
-        const int top = surface_->Snap(from.y - before);
-        surface_->FillImage({surface_->Snap(first.x), top, surface_->Snap(last.x), top + thickness});
-    } else if (from.x == to.x) {
-        const int left = surface_->Snap(from.x - before);
-        surface_->FillImage({left, surface_->Snap(first.y), left + thickness, surface_->Snap(last.y)});
-    } else {
-        cairo_t* context = surface_->context;
-        const double middle = surface_->zoom / 2;
-        cairo_set_line_width(context, thickness);
-        cairo_move_to(context, from.x * surface_->zoom + middle, from.y * surface_->zoom + middle);
-        cairo_line_to(context, to.x * surface_->zoom + middle, to.y * surface_->zoom + middle);
-        cairo_stroke(context);
+    const PixelGrid& grid = surface_->grid;
+    if (const auto straight = grid.StraightLine(from, to, width)) {
+        surface_->FillImage(*straight);
+        return;
     }
+    cairo_t* context = surface_->context;
+    const double middle = grid.zoom / 2;
+    cairo_set_line_width(context, grid.Thickness(width));
+    cairo_move_to(context, from.x * grid.zoom + middle, from.y * grid.zoom + middle);
+    cairo_line_to(context, to.x * grid.zoom + middle, to.y * grid.zoom + middle);
+    cairo_stroke(context);
 }
 
 void CairoCanvas::Frame(const RECT& rectangle, COLORREF color, int width) {
-    const RECT outer = surface_->Snap(rectangle);
-    if (IsRectEmpty(outer))
-        return;
     surface_->SetColor(color);
-    const int edge = std::min(
-        {surface_->Thickness(width), (outer.right - outer.left + 1) / 2, (outer.bottom - outer.top + 1) / 2});
-    surface_->FillImage({outer.left, outer.top, outer.right, outer.top + edge});
-    surface_->FillImage({outer.left, outer.bottom - edge, outer.right, outer.bottom});
-    surface_->FillImage({outer.left, outer.top + edge, outer.left + edge, outer.bottom - edge});
-    surface_->FillImage({outer.right - edge, outer.top + edge, outer.right, outer.bottom - edge});
+    for (const RECT& edge : surface_->grid.FrameEdges(rectangle, width))
+        surface_->FillImage(edge);
 }
 
 void CairoCanvas::Polygon(std::span<const POINT> points, COLORREF color) {
@@ -197,7 +175,7 @@ void CairoCanvas::Polygon(std::span<const POINT> points, COLORREF color) {
     cairo_t* context = surface_->context;
     surface_->SetColor(color);
     for (const POINT& point : points)
-        cairo_line_to(context, point.x * surface_->zoom, point.y * surface_->zoom);
+        cairo_line_to(context, point.x * surface_->grid.zoom, point.y * surface_->grid.zoom);
     cairo_fill(context);
 }
 
@@ -210,14 +188,14 @@ void CairoCanvas::Text(int x, int y, std::wstring_view text, const FontDescripti
     cairo_t* context = surface_->context;
     cairo_save(context);
     surface_->SetColor(color);
-    cairo_translate(context, surface_->Snap(x), surface_->Snap(y + metrics.ascent));
-    cairo_scale(context, surface_->zoom, surface_->zoom);
+    cairo_translate(context, surface_->grid.Snap(x), surface_->grid.Snap(y + metrics.ascent));
+    cairo_scale(context, surface_->grid.zoom, surface_->grid.zoom);
     pango_cairo_show_layout_line(context, PangoTextMeasurer::Instance().Line(font, text));
     cairo_restore(context);
 }
 
 void CairoCanvas::DrawPicture(const RECT& place, const Picture& picture) {
-    const RECT target = surface_->Snap(place);
+    const RECT target = surface_->grid.Snap(place);
     if (IsRectEmpty(target))
         return;
     const ImageResource* best = BestSize(picture, target.right - target.left);

@@ -1,6 +1,7 @@
 #include "platform/drawing/cairo/pango_measurer.h"
 
 #include "platform/drawing/cairo/cairo_canvas.h"
+#include "platform/drawing/text_fit.h"
 #include "platform/system/environment.h"
 #include "platform/utf8.h"
 
@@ -19,22 +20,8 @@ constexpr std::size_t MaximumCharacters = 60000;
 constexpr int MaximumFontHeight = 1000;
 constexpr std::wstring_view Alphabet = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 
-bool IsDrawnBlank(char32_t character) {
-    return (character >= 0x9 && character <= 0xD) || character == 0x85 || character == 0x2028 || character == 0x2029;
-}
-
-bool IsControl(char32_t character) {
-    return character < 0x20 || (character >= 0x7F && character < 0xA0);
-}
-
-/// One character stays one character, so that an index into the text is an index into what is laid out.
 std::string DrawableUtf8(std::wstring_view text) {
-    std::wstring drawable(text);
-    for (wchar_t& character : drawable) {
-        const auto point = static_cast<char32_t>(character);
-        character = IsDrawnBlank(point) ? L' ' : IsControl(point) ? L'\uFFFD' : character;
-    }
-    return ToUtf8(drawable);
+    return ToUtf8(DrawableText(text));
 }
 
 std::string Utf8Face(const std::wstring& face) {

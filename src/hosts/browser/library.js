@@ -1,0 +1,21 @@
+// What the program's host asks of JavaScript (library.h): `Module.host` keeps the events and talks to the page.
+
+mergeInto(LibraryManager.library, {
+    odoledgerHostTakeEvent__deps: ['$stringToNewUTF8'],
+    odoledgerHostTakeEvent: function (record) {
+        const event = Module.host.takeEvent();
+        if (event === undefined) return 0;
+        HEAP32.set(event.numbers, record >> 2);
+        HEAPU32[(record >> 2) + event.numbers.length] = event.text === '' ? 0 : stringToNewUTF8(event.text);
+        HEAPF64[(record >> 3) + 5] = event.zoom;
+        return 1;
+    },
+
+    odoledgerHostWait: function () {
+        return Asyncify.handleSleep((wakeUp) => Module.host.waitWith(wakeUp));
+    },
+
+    odoledgerHostTell: function (type, text) {
+        Module.host.tell(UTF8ToString(type), UTF8ToString(text));
+    },
+});

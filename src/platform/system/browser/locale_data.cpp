@@ -1,0 +1,97 @@
+#include "platform/system/locale_data.h"
+
+#include "platform/system/date_pattern.h"
+#include "platform/system/environment.h"
+#include "platform/utf8.h"
+
+#include <cstdlib>
+#include <cwctype>
+
+extern "C" {
+// In library.js. Texts are UTF-8; those that come back are to be freed.
+void odoledgerLocaleOpen(const char* numbers, const char* dates);
+char* odoledgerLocaleNumber(const char* number);
+char* odoledgerLocaleCurrency(const char* number);
+int odoledgerLocaleCompare(const char* first, const char* second, int ignoreCase);
+char* odoledgerLocaleDecimalSeparator();
+char* odoledgerLocaleDatePattern(int index);
+char* odoledgerLocaleDateDigits();
+}
+
+namespace device {
+namespace {
+
+constexpr int ShortPattern = 0;
+constexpr int NumericPattern = 1;
+constexpr std::size_t Digits = 10;
+
+std::wstring Taken(char* text) {
+    const std::unique_ptr<char, void (*)(void*)> owned(text, std::free);
+    return FromUtf8(owned.get());
+}
+
+} // namespace
+
+struct LocaleData::Library {
+    std::vector<ShortDatePart> dateOrder;
+    std::wstring decimalSeparator;
+    std::wstring dateDigits;
+};
+
+LocaleData::LocaleData()
+    : library_(std::make_unique<Library>()) {
+    const Environment& environment = TheEnvironment();
+    odoledgerLocaleOpen(environment.numberLocale.c_str(), environment.dateLocale.c_str());
+    library_->decimalSeparator = Taken(odoledgerLocaleDecimalSeparator());
+    library_->dateDigits = Taken(odoledgerLocaleDateDigits());
+    if (library_->dateDigits.size() != Digits)
+        library_->dateDigits = L"0123456789";
+    auto parts = PartsOfPattern(Taken(odoledgerLocaleDatePattern(ShortPattern)));
+    if (!parts) // one that spells the month
+        parts = PartsOfPattern(Taken(odoledgerLocaleDatePattern(NumericPattern)));
+    library_->dateOrder = parts.value_or(*PartsOfPattern(L"y-MM-dd"));
+}
+
+LocaleData::~LocaleData() = default;
+
+std::optional<std::wstring> LocaleData::NumberText(std::string_view number) const {
+    return Taken(odoledgerLocaleNumber(std::string(number).c_str()));
+}
+
+std::optional<std::wstring> LocaleData::CurrencyText(std::string_view number) const {
+    return Taken(odoledgerLocaleCurrency(std::string(number).c_str()));
+}
+
+std::optional<int> LocaleData::Compare(std::wstring_view first, std::wstring_view second, bool ignoreCase) const {
+    return odoledgerLocaleCompare(
+        ToUtf8(std::wstring(first)).c_str(), ToUtf8(std::wstring(second)).c_str(), ignoreCase ? 1 : 0);
+}
+
+const std::wstring& LocaleData::DecimalSeparator() const {
+    return library_->decimalSeparator;
+}
+
+const std::vector<ShortDatePart>& LocaleData::DateOrder() const {
+    return library_->dateOrder;
+}
+
+std::wstring LocaleData::DateDigits(unsigned number, std::size_t digits) const {
+    std::wstring text;
+    for (; number != 0 || text.size() < digits; number /= 10)
+        text.insert(text.begin(), library_->dateDigits[number % 10]);
+    return text;
+}
+
+const LocaleData& TheLocale() {
+    return MadeForEnvironment<LocaleData>();
+}
+
+wchar_t LowerCase(wchar_t character) {
+    return static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(character)));
+}
+
+wchar_t UpperCase(wchar_t character) {
+    return static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(character)));
+}
+
+} // namespace device
