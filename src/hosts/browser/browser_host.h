@@ -34,17 +34,23 @@ public:
     void WaitCursor(bool shown) override;
     void Attention() override;
     void Notify(const std::string& line) override;
+    void FieldsChanged(const std::vector<ShownField>& fields) override;
     void ShowPointer(PointerShape shape) override;
     void StoreText(Clipboard where, const std::wstring& text) override;
 
 private:
     bool TakeEvent(InputEvent& event);
+    bool TakeToldEvent(InputEvent& event);
+    void Speak();
 
     BrowserCanvas pixels_;
     RecordingCanvas texts_;
     ForkedCanvas canvas_;
     DeviceCommands commands_;
     bool isPainted_ = false;
+    int answers_ = 0; ///< the number of the page's text that was taken last
+    HWND spokenOf_ = nullptr;
+    std::wstring spoken_;
 };
 
 } // namespace device

@@ -7,12 +7,17 @@ mergeInto(LibraryManager.library, {
         if (event === undefined) return 0;
         HEAP32.set(event.numbers, record >> 2);
         HEAPU32[(record >> 2) + event.numbers.length] = event.text === '' ? 0 : stringToNewUTF8(event.text);
-        HEAPF64[(record >> 3) + 5] = event.zoom;
+        HEAPF64[(record >> 3) + 6] = event.zoom;
         return 1;
     },
 
     odoledgerHostWait: function () {
         return Asyncify.handleSleep((wakeUp) => Module.host.waitWith(wakeUp));
+    },
+
+    odoledgerHostAddField: function (numbers, kind, label, text) {
+        const values = Array.from(HEAP32.subarray(numbers >> 2, (numbers >> 2) + 10));
+        Module.host.addField(values, UTF8ToString(kind), UTF8ToString(label), UTF8ToString(text));
     },
 
     odoledgerHostTell: function (type, text) {

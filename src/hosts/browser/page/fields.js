@@ -11,6 +11,22 @@ import { keyDownOf, keyUpOf } from './keyboard.js';
 const frame = 2;
 
 /**
+ * The device counts characters, the page half of one outside the first plane.
+ *
+ * @param {string} text
+ * @param {number} units
+ */
+const pointsTo = (text, units) => Array.from(text.slice(0, units)).length;
+
+/** @param {Element} element @param {Field} field */
+function select(element, field) {
+    const points = Array.from(field.text);
+    const start = points.slice(0, field.start).join('').length;
+    const end = points.slice(0, field.end).join('').length;
+    if (element.selectionStart !== start || element.selectionEnd !== end) element.setSelectionRange(start, end);
+}
+
+/**
  * @typedef {object} Surroundings
  * @property {HTMLElement} place where the elements lie
  * @property {() => number} scale CSS pixels for a device pixel
@@ -135,7 +151,7 @@ export class Fields {
         element.value = field.kind === 'date' ? '' : field.text;
         this.lay();
         element.focus({ preventScroll: true });
-        if (field.kind !== 'date') element.setSelectionRange(field.start, field.end);
+        if (field.kind !== 'date') select(element, field);
         if (former && former !== element) former.hidden = true;
     }
 
@@ -160,8 +176,7 @@ export class Fields {
         const element = this.element;
         if (!element || field.kind === 'date') return;
         if (element.value !== field.text) element.value = field.text;
-        else if (element.selectionStart === field.start && element.selectionEnd === field.end) return;
-        element.setSelectionRange(field.start, field.end);
+        select(element, field);
     }
 
     /** The keys go back to the canvas. */
@@ -195,8 +210,8 @@ export class Fields {
             kind: 'fieldText',
             field: this.bound.id,
             text: element.value,
-            x: element.selectionStart ?? 0,
-            y: element.selectionEnd ?? 0,
+            x: pointsTo(element.value, element.selectionStart ?? 0),
+            y: pointsTo(element.value, element.selectionEnd ?? 0),
             delta: ++this.sent,
         });
     }

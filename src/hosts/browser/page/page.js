@@ -415,6 +415,7 @@ async function startAlone() {
 /** @type {Map<number, (lines: string[]) => void>} */
 const inspections = new Map();
 const odoledger = {
+    scale: () => layout.scale,
     /** @param {string} what @returns {Promise<string[]>} */
     inspect(what) {
         return new Promise((answer) => {

@@ -53,7 +53,7 @@ function levelsOf(characters, fromRight) {
         else levels.push(undefined);
     }
     // What has no direction takes that of its neighbours where they agree.
-    for (let start = 0; start < levels.length; ) {
+    for (let start = 0; start < levels.length;) {
         let end = start;
         while (end < levels.length && levels[end] === undefined) end += 1;
         const isRight = (/** @type {number | undefined} */ level) =>

@@ -122,7 +122,7 @@ export class Phone {
     async texts() {
         const lines = await this.inspect('frame');
         return lines.flatMap((line) => {
-            const parts = /^(-?\d+) (-?\d+) (\d+) (\d+) ?([^"]*) "(.*)"$/.exec(line);
+            const parts = /^(-?\d+),(-?\d+),(\d+),(\d+) ([^"]*) "(.*)"$/.exec(line);
             if (!parts) return [];
             const [x = 0, y = 0, width = 0, height = 0] = parts.slice(1, 5).map(Number);
             return [{ x, y, width, height, marks: parts[5] ?? '', text: parts[6] ?? '' }];
@@ -138,9 +138,7 @@ export class Phone {
     }
 
     async scale() {
-        const { width } = await this.place();
-        const size = /screen (\d+)x(\d+)/.exec((await this.inspect('screen')).join(' '));
-        return size ? width / Number(size[1]) : 1.2;
+        return this.page.evaluate(() => /** @type {any} */ (window).odoledger.scale());
     }
 
     /** A place of the device in the page. @param {number} x @param {number} y */
