@@ -81,7 +81,11 @@ EMSCRIPTEN_KEEPALIVE int odoledgerVerdictOn(const char* path) {
 }
 }
 
-int main() {
+namespace {
+
+/// From the start of the program to its end: the status of the process.
+int Run() {
+    device::SetModule(OdoledgerModule());
     if (const auto& error = device::EnvironmentError()) {
         odoledgerHostTell("refused", error->c_str());
         return CannotStart;
@@ -91,7 +95,6 @@ int main() {
         return CannotStart;
     }
     device::ClearLeftovers();
-    device::SetModule(OdoledgerModule());
     // The template lies beside the program file, in memory.
     MakeTemplateFile(device::FolderOf(device::ProgramFile()) + "/Default.ENU");
     device::BrowserHost host(
@@ -102,4 +105,11 @@ int main() {
     device::Desktop::The().SwitchOff();
     theHost = nullptr;
     return result & 0xFF;
+}
+
+} // namespace
+
+/// The program. It goes back to its caller at once when it waits, and ends by an exit, which stores the settings.
+extern "C" EMSCRIPTEN_KEEPALIVE void odoledgerRun() {
+    std::exit(Run());
 }

@@ -211,9 +211,10 @@ export const keys = Object.freeze({
  * - inUse: another page has the log open
  * - storage: the storage is there but cannot be opened
  * - load: a file of the site is missing or cannot be read
+ * - newer: the log was written by a newer version of the program, and is left alone
  * - program: the program itself stopped; the log is as after the last change
  *
- * @typedef {{type: 'failed', reason: 'inUse' | 'storage' | 'load' | 'program', text: string}} FailedMessage
+ * @typedef {{type: 'failed', reason: 'inUse' | 'storage' | 'load' | 'newer' | 'program', text: string}} FailedMessage
  */
 
 /** @typedef {{type: 'inspected', what: string, id?: number, lines: string[]}} InspectedMessage */

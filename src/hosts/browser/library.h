@@ -19,7 +19,7 @@ struct BrowserEvent {
     double zoom; ///< 0: as before
 };
 
-// The functions of library.js.
+// The functions of worker/host_library.js.
 extern "C" {
 /// The oldest event that waits; 0 when there is none.
 int odoledgerHostTakeEvent(BrowserEvent* event);

@@ -49,7 +49,8 @@ void ClearFolder(const std::string& folder) {
     std::filesystem::directory_iterator place{folder, error};
     for (; !error && place != std::filesystem::directory_iterator{}; place.increment(error)) {
         const pid_t maker = MakerOf(place->path().filename().string());
-        const bool isGone = maker != 0 && kill(maker, 0) != 0 && errno == ESRCH;
+        // Of this process's own number is what another one of that number has left, as they are where numbers are few.
+        const bool isGone = maker == getpid() || (maker != 0 && kill(maker, 0) != 0 && errno == ESRCH);
         if (isGone && IsLeft(place->path()))
             unlink(place->path().c_str());
     }

@@ -169,12 +169,17 @@ LONG HoldFolder(const std::string& folder, std::chrono::milliseconds patience, F
 }
 
 LONG RenameToNew(const std::string& source, const std::string& target) {
-#ifdef RENAME_NOREPLACE // which a browser's system does not have
+#ifndef RENAME_NOREPLACE
+    // A browser's system, which has no second names either; but nobody else is at its files.
+    struct stat found { };
+    if (lstat(target.c_str(), &found) == 0)
+        return ERROR_ALREADY_EXISTS;
+    return std::rename(source.c_str(), target.c_str()) == 0 ? ERROR_SUCCESS : ErrorOf(errno);
+#else
     if (renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0)
         return ERROR_SUCCESS;
     if (errno != EINVAL && errno != ENOSYS)
         return ErrorOf(errno);
-#endif
     // Without that kind of rename a second name is made instead, which never replaces one either.
     if (link(source.c_str(), target.c_str()) != 0)
         return ErrorOf(errno);
@@ -184,6 +189,7 @@ LONG RenameToNew(const std::string& source, const std::string& target) {
         return ErrorOf(error);
     }
     return ERROR_SUCCESS;
+#endif
 }
 
 } // namespace device

@@ -34,11 +34,11 @@ const state = {
 let installPrompt = null;
 let layout = layOut(room());
 
-// A module's worker; the program lies in there, and waits in there.
-const worker = new Worker(new URL('../worker/worker.js', import.meta.url), { type: 'module' });
+/** The program lies in there, and waits in there; none while another page has the log. @type {Worker | null} */
+let worker = null;
 
 /** @param {ToWorker} message @param {Transferable[]} [transfer] */
-const post = (message, transfer = []) => worker.postMessage(message, transfer);
+const post = (message, transfer = []) => worker?.postMessage(message, transfer);
 /** @param {InputEvent} event */
 const send = (event) => post({ type: 'event', event });
 
@@ -381,6 +381,9 @@ function hear(message) {
 }
 
 function start() {
+    worker = new Worker(new URL('../worker/worker.js', import.meta.url), { type: 'module' });
+    worker.addEventListener('message', (event) => hear(event.data));
+    worker.addEventListener('error', () => drawCurtain('A part of Odoledger could not be loaded.'));
     isStarted = true;
     layout = layOut(room());
     place();
@@ -427,8 +430,6 @@ const odoledger = {
 };
 Object.assign(window, { odoledger });
 
-worker.addEventListener('message', (event) => hear(event.data));
-worker.addEventListener('error', () => drawCurtain('A part of Odoledger could not be loaded.'));
 place();
 watchVersions(notices, () => post({ type: 'hide' }));
 void startAlone();

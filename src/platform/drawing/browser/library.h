@@ -1,6 +1,6 @@
 #pragma once
 
-// The functions of library.js. Texts are UTF-8; fonts are numbers that odoledgerFontMake gave; places are canvas
+// The functions of canvas_library.js. Texts are UTF-8; fonts are numbers that odoledgerFontMake gave; places are canvas
 // pixels.
 extern "C" {
 int odoledgerFontMake(int isCondensed, int weight, int isItalic, double size);

@@ -8,7 +8,7 @@
 #include <cwctype>
 
 extern "C" {
-// In library.js. Texts are UTF-8; those that come back are to be freed.
+// In locale_library.js. Texts are UTF-8; those that come back are to be freed.
 void odoledgerLocaleOpen(const char* numbers, const char* dates);
 char* odoledgerLocaleNumber(const char* number);
 char* odoledgerLocaleCurrency(const char* number);
