@@ -73,8 +73,9 @@ export function compileProgram(name, objects = []) {
              * @param {(instance: WebAssembly.Instance) => void} take
              */
             const instantiateWasm = (imports, take) => {
-                WebAssembly.instantiate(compiled, imports).then(take, reject);
-                return {};
+                const instance = new WebAssembly.Instance(compiled, imports);
+                take(instance);
+                return instance.exports;
             };
             start({
                 instantiateWasm,

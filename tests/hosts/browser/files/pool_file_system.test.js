@@ -29,6 +29,11 @@ test('the calls of POSIX, and what lasts after each', async () => {
     assert.equal(result, 0);
     for (const [words, kept] of promises) assert.equal(await textsOn(kept), words);
     assert.equal(promises.length, 9);
+    const again = await Pool.open(
+        disk.afterPowerCut(() => 0),
+        8,
+    );
+    assert.equal(await run(again, assert.fail, ['again']), 0);
 });
 
 test('SQLite loses nothing that it answered, wherever the power is cut', async () => {
