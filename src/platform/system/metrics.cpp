@@ -63,7 +63,7 @@ BOOL SystemParametersInfoW(UINT action, UINT /*parameter*/, void* data, UINT /*u
 }
 
 int device::TitleHeight() {
-    return Scaled(BarHeight);
+    return std::max(Scaled(BarHeight), TouchTarget());
 }
 
 int device::SoftKeyBarHeight() {

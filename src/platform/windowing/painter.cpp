@@ -60,7 +60,8 @@ void PaintTitle(Canvas& canvas, const Window* front) {
     const FontDescription font = DeviceFont(10, true);
     TextMeasurer& measurer = canvas.Measurer();
     const int top = (TitleHeight() - measurer.Metrics(font).Height()) / 2;
-    int right = static_cast<int>(line.right) - Scaled(6);
+    // Under fingers the end of the line is the host's, for a menu of its own.
+    int right = static_cast<int>(line.right) - Scaled(6) - TouchTarget();
     const Control* focused = ControlOf(Desktop::The().Focus());
     const std::wstring_view mark = focused ? focused->InputMark() : L"";
     if (!mark.empty()) {

@@ -9,6 +9,8 @@ import { keyDownOf, keyUpOf } from './keyboard.js';
 
 /** What a device's frame takes of a field, in device pixels. */
 const frame = 2;
+/** Between the edge of a device's field and its text. */
+const padding = 4;
 
 /**
  * The device counts characters, the page half of one outside the first plane.
@@ -165,6 +167,7 @@ export class Fields {
             top: `${(y + frame) * scale}px`,
             width: `${Math.max(1, width - 2 * frame) * scale}px`,
             height: `${Math.max(1, height - 2 * frame) * scale}px`,
+            paddingInline: `${(padding - frame) * scale}px`,
         });
     }
 

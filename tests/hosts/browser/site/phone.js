@@ -83,7 +83,7 @@ export class Phone {
         await page.setViewport(how.viewport ?? upright);
         await page.evaluateOnNewDocument(
             (variables) => Object.assign(window, { odoledgerVariables: variables }),
-            how.variables ?? { HANDSET_CLOCK: '2026-03-01 09:00:00', HANDSET_LOCALE: 'en_US' },
+            how.variables ?? { HANDSET_CLOCK: '2026-03-01T09:00:00Z', HANDSET_LOCALE: 'en_US' },
         );
         await page.goto(address);
         if (how.waits !== false) await phone.firstScreen();
@@ -154,7 +154,12 @@ export class Phone {
         let hit;
         await until(async () => {
             const texts = await this.texts();
-            hit = texts.find((each) => each.text === text) ?? texts.find((each) => each.text.includes(text));
+            const isHit = [
+                (/** @type {PaintedText} */ each) => each.text === text,
+                (/** @type {PaintedText} */ each) => each.marks.startsWith('menu') && each.text.endsWith(text),
+                (/** @type {PaintedText} */ each) => each.text.includes(text),
+            ];
+            hit = isHit.map((test) => texts.find(test)).find((each) => each !== undefined);
             return hit !== undefined;
         }, `"${text}" to be tapped`).catch(async (error) => {
             throw new Error(`${error.message}; instead:\n${await this.screen()}`);
