@@ -419,6 +419,7 @@ async function startAlone() {
 const inspections = new Map();
 const odoledger = {
     scale: () => layout.scale,
+    version: state.version,
     /** @param {string} what @returns {Promise<string[]>} */
     inspect(what) {
         return new Promise((answer) => {

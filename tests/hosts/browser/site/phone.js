@@ -169,6 +169,16 @@ export class Phone {
         await this.page.touchscreen.tap(x, y);
     }
 
+    /** Touches the row that is so many rows with that text down the screen. @param {string} text @param {number} row @param {number} time milliseconds */
+    async touchRow(text, row, time) {
+        const hit = (await this.texts()).filter((each) => each.text.includes(text))[row];
+        if (!hit) throw new Error(`no row ${row} with "${text}"`);
+        const { x, y } = await this.at(hit.x + 10, hit.y + hit.height / 2);
+        const touch = await this.page.touchscreen.touchStart(x, y);
+        await new Promise((go) => setTimeout(go, time));
+        await touch.end();
+    }
+
     /** Types into the field that has the keyboard. @param {string} text */
     async type(text) {
         await this.page.keyboard.type(text);

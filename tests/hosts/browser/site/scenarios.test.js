@@ -2,7 +2,7 @@
 
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
-import { cpSync, mkdirSync, mkdtempSync, readFileSync, readdirSync, rmSync, writeFileSync } from 'node:fs';
+import { cpSync, existsSync, mkdirSync, mkdtempSync, readFileSync, readdirSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join, resolve } from 'node:path';
 import { after, before, test } from 'node:test';
@@ -11,7 +11,8 @@ import { serve } from '../../../../tools/serve_site.js';
 import { Browsers, Phone, until, upright } from './phone.js';
 
 const siteFolder = resolve('build/browser/site');
-const console_ = resolve('build/default/bin/odoledger-console');
+const desktop = resolve('build/default/bin/odoledger-console');
+const needsDesktop = { skip: existsSync(desktop) ? false : 'the desktop program is not built here' };
 
 /** @type {Awaited<ReturnType<typeof serve>>} */
 let site;
@@ -51,6 +52,55 @@ async function addVehicle(phone) {
     await phone.shows('Blue Wagon');
 }
 
+/** A folder that is gone again afterwards. @param {(folder: string) => Promise<void>} use */
+async function withFolder(use) {
+    const folder = mkdtempSync(join(tmpdir(), 'odoledger-site-'));
+    try {
+        await use(folder);
+    } finally {
+        rmSync(folder, { recursive: true, force: true });
+    }
+}
+
+/**
+ * What the scripted desktop program prints for some commands, on a device in a folder.
+ *
+ * @param {string} folder
+ * @param {string[]} commands
+ */
+const runDesktop = (folder, commands) =>
+    execFileSync(desktop, {
+        input: `${commands.join('\n')}\n`,
+        env: {
+            ...process.env,
+            HANDSET_STORAGE: folder,
+            HANDSET_LOCALE: 'en_US',
+            HANDSET_CLOCK: '2026-03-01T09:00:00Z',
+        },
+        encoding: 'utf8',
+    });
+const logOf = (/** @type {string} */ folder) => join(folder, 'My Documents', 'My Vehicles.dat');
+
+/** A desktop's log: one vehicle with so many expenses. @param {string} folder @param {number} count */
+function makeDesktopLog(folder, count) {
+    const entry = ['key F1', 'type 5', 'type Toll', 'key F1'];
+    runDesktop(folder, [
+        ...['key F1', 'key F1', 'type 1', 'type Wagon', 'key F1', 'key Enter'],
+        ...Array.from({ length: count }, () => entry).flat(),
+    ]);
+    return logOf(folder);
+}
+
+/** @param {Phone} phone @param {string} file */
+async function openCopy(phone, file) {
+    await phone.page.click('#menu-button');
+    const [chooser] = await Promise.all([phone.page.waitForFileChooser(), phone.page.click('[data-action=openCopy]')]);
+    await chooser.accept([file]);
+}
+
+/** @param {Phone} phone */
+const noticesOf = (phone) => phone.page.$eval('#notices', (element) => element.textContent ?? '');
+
 /** A fill in the log that is open. @param {Phone} phone @param {string} odometer @param {string} volume @param {string} price */
 async function addFill(phone, odometer, volume, price) {
     await phone.tap('New');
@@ -72,15 +122,12 @@ async function addFill(phone, odometer, volume, price) {
 /** @param {Phone} phone */
 async function openLog(phone) {
     await phone.tap('Blue Wagon');
-    await until(
-        async () => {
-            if (/\{New\|/.test(await phone.screen()) && (await phone.screen()).startsWith('[Blue Wagon')) return true;
-            await phone.tap('Blue Wagon'); // chosen, and acts when it is tapped again
-            await pause(150);
-            return (await phone.screen()).startsWith('[Blue Wagon');
-        },
-        'the log of the vehicle',
-    );
+    await until(async () => {
+        if (/\{New\|/.test(await phone.screen()) && (await phone.screen()).startsWith('[Blue Wagon')) return true;
+        await phone.tap('Blue Wagon'); // chosen, and acts when it is tapped again
+        await pause(150);
+        return (await phone.screen()).startsWith('[Blue Wagon');
+    }, 'the log of the vehicle');
 }
 
 test('from the first touch to a stored fill by taps alone, and again after the page was left', async () => {
@@ -95,4 +142,345 @@ test('from the first touch to a stored fill by taps alone, and again after the p
         await openLog(phone);
         await phone.shows('12,000');
     });
+});
+
+test(
+    'a list follows the finger by the pixel, glides, and a long press chooses further rows',
+    needsDesktop,
+    async () => {
+        await withFolder(async (folder) => {
+            const file = makeDesktopLog(folder, 60);
+            await withPhone(async (phone) => {
+                await phone.tap('OK');
+                await openCopy(phone, file);
+                await phone.shows('[My Vehicles]');
+                await phone.tap('Wagon');
+                await phone.shows('[Wagon');
+                const tops = async () =>
+                    (await phone.texts()).filter((each) => each.text === 'Toll').map((each) => each.y);
+                const first = (await tops())[0] ?? 0;
+                await phone.drag([100, 400], [100, 377], 4);
+                await pause(700);
+                const moved = first - ((await tops())[0] ?? 0);
+                assert.ok(moved > 10 && moved < 60, `followed by ${moved}`);
+                // A finger that leaves in full run lets the list go on.
+                await phone.drag([100, 450], [100, 150], 5);
+                const atLeaving = await phone.inspect('frame');
+                await pause(300);
+                assert.notDeepEqual(await phone.inspect('frame'), atLeaving);
+                await pause(1500);
+                const chosen = async () =>
+                    (await phone.screen()).split('\n').filter((line) => line.startsWith('>')).length;
+                await phone.touchRow('Toll', 2, 50);
+                await pause(100);
+                const one = await chosen();
+                await phone.touchRow('Toll', 4, 700);
+                await pause(100);
+                assert.equal(await chosen(), 2 * one, 'a further row is chosen');
+            });
+        });
+    },
+);
+
+test('an input method composes in the field itself, and a comma is what the locale has', async () => {
+    const variables = { HANDSET_LOCALE: 'de_DE', HANDSET_CLOCK: '2026-03-01T09:00:00Z' };
+    await withPhone(
+        async (phone) => {
+            await phone.tap('OK');
+            await phone.tap('New');
+            await phone.tap('Vehicle');
+            await phone.shows('[Vehicle Properties]');
+            await phone.tap('Name:', 25);
+            const devtools = await phone.page.createCDPSession();
+            const compose = (/** @type {string} */ text) =>
+                devtools.send('Input.imeSetComposition', {
+                    text,
+                    selectionStart: text.length,
+                    selectionEnd: text.length,
+                });
+            await compose('に');
+            await compose('にほ');
+            await devtools.send('Input.insertText', { text: '日本😀' });
+            await phone.type(' 1');
+            await phone.shows('日本😀 1');
+            assert.equal(
+                await phone.page.$eval('#fields .text', (field) => /** @type {any} */ (field).value),
+                '日本😀 1',
+            );
+            const mode = (/** @type {string} */ kind) =>
+                phone.page.$eval(`#fields .${kind}`, (field) => /** @type {HTMLElement} */ (field).inputMode);
+            assert.deepEqual(
+                [await mode('text'), await mode('whole'), await mode('decimal')],
+                ['text', 'numeric', 'decimal'],
+            );
+            await phone.tap('Done');
+            await phone.tap('日本😀 1');
+            await phone.tap('New');
+            await phone.tap('Fuel Entry');
+            await phone.tap('Cost per gallon:', 25);
+            await phone.page.keyboard.down('Control');
+            await phone.page.keyboard.press('a');
+            await phone.page.keyboard.up('Control');
+            await phone.type('1.549');
+            await phone.shows('1,549');
+        },
+        { variables },
+    );
+});
+
+test('a phone that is turned, or whose keyboard comes up, keeps the form and the field', async () => {
+    await withPhone(async (phone) => {
+        await phone.tap('OK');
+        await phone.tap('New');
+        await phone.tap('Vehicle');
+        await phone.tap('Dealer phone:', 25);
+        await phone.type('555');
+        for (const [width, height] of [
+            [844, 390],
+            [390, 420],
+            [390, 844],
+        ]) {
+            await phone.page.setViewport({ ...upright, width, height });
+            await pause(300);
+            const place = await phone.place();
+            assert.ok(Math.abs(place.width - width) < 2 && place.height <= height, `${width}x${height}`);
+            await phone.shows('> 555');
+            const field = await phone.page.$eval('#fields .text', (element) => {
+                const { top, bottom } = element.getBoundingClientRect();
+                return { top, bottom };
+            });
+            const keys = (await phone.texts()).find((each) => each.text === 'Done');
+            assert.ok(
+                field.top > 44 && field.bottom < (await phone.at(0, keys?.y ?? 0)).y,
+                'between title and soft keys',
+            );
+        }
+        await phone.type('7');
+        await phone.shows('> 5557');
+    });
+});
+
+test("the browser's Back closes a menu, asks before it leaves what was typed, and leaves from the first screen", async () => {
+    await withPhone(async (phone) => {
+        await addVehicle(phone);
+        await phone.tap('Menu');
+        await phone.shows('(menu)');
+        await phone.page.goBack();
+        await until(async () => !(await phone.screen()).includes('(menu)'), 'the menu to be closed');
+        await phone.tap('New');
+        await phone.tap('Vehicle');
+        await phone.tap('Name:', 25);
+        await phone.type('x');
+        await phone.page.goBack();
+        await phone.shows('Close without storing what was typed?');
+        await phone.tap('No');
+        await phone.shows('[Vehicle Properties]');
+        await phone.drag([40, 300], [250, 310]); // a swipe is Back as well
+        await phone.shows('Close without storing');
+        await phone.tap('Yes');
+        await phone.shows('[My Vehicles]');
+        await phone.page.goBack();
+        await until(() => phone.page.url() === 'about:blank', 'the page to be left');
+        await phone.page.goForward();
+        await phone.firstScreen();
+        await phone.shows('Blue Wagon');
+    });
+});
+
+test('a second tab waits for the first one', async () => {
+    await withPhone(async (phone, browsers) => {
+        const [browser] = browsers.started;
+        assert.ok(browser);
+        const second = await Phone.open(browser, site.address, { waits: false });
+        await second.page.waitForFunction(() =>
+            document.getElementById('curtain')?.textContent?.includes('open in another tab'),
+        );
+        await phone.tap('OK');
+        await phone.page.close();
+        await second.page.bringToFront();
+        await second.firstScreen();
+        await second.shows('[');
+    });
+});
+
+test('a copy goes to the desktop and comes back, bit for bit', needsDesktop, async () => {
+    await withFolder(async (folder) => {
+        await withPhone(async (phone) => {
+            const devtools = await phone.page.createCDPSession();
+            await devtools.send('Browser.setDownloadBehavior', { behavior: 'allow', downloadPath: folder });
+            await phone.page.evaluate(() => Object.assign(navigator, { canShare: undefined }));
+            await addVehicle(phone);
+            await openLog(phone);
+            await addFill(phone, '12000', '41.25', '1.5');
+            await phone.page.click('#menu-button');
+            await phone.page.click('[data-action=saveCopy]');
+            const copy = join(folder, 'My Vehicles.dat');
+            await until(() => readdirSync(folder).includes('My Vehicles.dat'), 'the download');
+            mkdirSync(join(folder, 'device', 'My Documents'), { recursive: true });
+            cpSync(copy, logOf(join(folder, 'device')));
+            const before_ = readFileSync(copy);
+            assert.match(runDesktop(join(folder, 'device'), ['key F1', 'key Enter', 'screen']), /12,000/);
+            assert.deepEqual(readFileSync(logOf(join(folder, 'device'))), before_, 'the desktop changes nothing');
+            // The desktop goes on with it, and the phone takes that.
+            runDesktop(join(folder, 'device'), ['key Enter', 'key F1', 'type 5', 'type From the desktop', 'key F1']);
+            await openCopy(phone, logOf(join(folder, 'device')));
+            await until(async () => (await noticesOf(phone)).includes('The copy is the log now'), 'the answer');
+            await phone.tap('Blue Wagon');
+            await phone.shows('From the desktop');
+            await phone.page.click('#menu-button');
+            await phone.page.click('[data-action=takeBack]');
+            await phone.shows('[My Vehicles]');
+            await openLog(phone);
+            assert.doesNotMatch(await phone.screen(), /From the desktop/);
+            // What is no log, and what a later version made, changes nothing.
+            writeFileSync(join(folder, 'no log.dat'), 'no log at all');
+            await openCopy(phone, join(folder, 'no log.dat'));
+            await until(async () => (await noticesOf(phone)).includes('is no log'), 'the answer');
+            before_.writeUInt32BE(before_.readUInt32BE(60) + 1, 60); // the version of the file's form
+            writeFileSync(join(folder, 'newer.dat'), before_);
+            await openCopy(phone, join(folder, 'newer.dat'));
+            await until(async () => (await noticesOf(phone)).includes('newer version'), 'the answer');
+            await phone.shows('12,000');
+        });
+    });
+});
+
+/** @param {Phone} phone */
+const keepsItself = (phone) =>
+    phone.page.evaluate(async () => {
+        await navigator.serviceWorker.ready;
+        return (await caches.keys()).length === 1;
+    });
+
+test('without a network the program starts as ever', async () => {
+    const own = await serve(siteFolder);
+    const browsers = new Browsers();
+    try {
+        const browser = await browsers.start();
+        const phone = await Phone.open(browser, own.address);
+        await until(() => keepsItself(phone), 'the site to be kept');
+        await addVehicle(phone);
+        await own.stop();
+        await phone.page.reload();
+        await phone.firstScreen();
+        await phone.shows('Blue Wagon');
+    } finally {
+        await browsers.remove();
+    }
+});
+
+test('a new version waits until it is asked for, and comes as a whole', async () => {
+    await withFolder(async (folder) => {
+        cpSync(siteFolder, folder, { recursive: true });
+        const own = await serve(folder);
+        const browsers = new Browsers();
+        const shown = async (/** @type {Phone} */ phone) => {
+            const menu = await phone.page.evaluate(() => /** @type {any} */ (window).odoledger.version);
+            return String(menu);
+        };
+        try {
+            const browser = await browsers.start();
+            const phone = await Phone.open(browser, own.address);
+            await until(() => keepsItself(phone), 'the site to be kept');
+            const former = await shown(phone);
+            writeFileSync(join(folder, 'page.css'), `${readFileSync(join(folder, 'page.css'))}\n`);
+            const sources = resolve('src/hosts/browser');
+            execFileSync(resolve('tools/seal-site'), [
+                folder,
+                '9.9.9.9',
+                join(sources, 'page/index.html'),
+                join(sources, 'worker/service_worker.js'),
+            ]);
+            // One whose file is missing never comes.
+            rmSync(join(folder, 'manifest.webmanifest'));
+            await phone.page.reload();
+            await phone.firstScreen();
+            await pause(500);
+            assert.equal(await noticesOf(phone), '');
+            cpSync(join(siteFolder, 'manifest.webmanifest'), join(folder, 'manifest.webmanifest'));
+            await phone.page.reload();
+            await phone.firstScreen();
+            await until(async () => (await noticesOf(phone)).includes('A new version is ready'), 'the offer');
+            assert.equal(await shown(phone), former);
+            await phone.page.reload();
+            await phone.firstScreen();
+            assert.equal(await shown(phone), former, 'and waits on');
+            await until(async () => (await noticesOf(phone)).includes('A new version is ready'), 'the offer again');
+            await Promise.all([phone.page.waitForNavigation(), phone.page.click('.notice button')]);
+            await phone.firstScreen();
+            assert.match(await shown(phone), /^9\.9\.9\.9/);
+        } finally {
+            await browsers.remove();
+            await own.stop();
+        }
+    });
+});
+
+test('where nothing is kept a person is told before typing, and a copy can be taken', async () => {
+    await withFolder(async (folder) => {
+        cpSync(siteFolder, folder, { recursive: true });
+        // As in a private window of a browser that gives those no storage.
+        writeFileSync(
+            join(folder, 'hosts/browser/files/opfs_disk.js'),
+            "export const openOpfsDisk = async () => { throw new DOMException('', 'SecurityError'); };",
+        );
+        const own = await serve(folder);
+        const browsers = new Browsers();
+        try {
+            const phone = await Phone.open(await browsers.start(), own.address);
+            assert.match(await noticesOf(phone), /keeps nothing/);
+            await addVehicle(phone);
+            const devtools = await phone.page.createCDPSession();
+            await devtools.send('Browser.setDownloadBehavior', { behavior: 'allow', downloadPath: folder });
+            await phone.page.evaluate(() => Object.assign(navigator, { canShare: undefined }));
+            await phone.page.click('#menu-button');
+            await phone.page.click('[data-action=saveCopy]');
+            await until(() => readdirSync(folder).includes('My Vehicles.dat'), 'the download');
+        } finally {
+            await browsers.remove();
+            await own.stop();
+        }
+    });
+});
+
+test('a full storage is told, loses nothing, and goes on when there is room again', async () => {
+    await withPhone(async (phone) => {
+        await addVehicle(phone);
+        const devtools = await phone.page.createCDPSession();
+        const origin = new URL(site.address).origin;
+        await devtools.send('Storage.overrideQuotaForOrigin', { origin, quotaSize: 1 });
+        await openLog(phone);
+        await phone.tap('New');
+        await phone.tap('Other Expense');
+        await phone.tap('Description:', 25);
+        await phone.type('x'.repeat(200));
+        await phone.tap('Done');
+        await pause(500);
+        console.log(await phone.screen());
+        await devtools.send('Storage.overrideQuotaForOrigin', { origin });
+    });
+});
+
+test('after a save nothing is lost, whenever the browser is killed', async () => {
+    const kills = Number(process.env.ODOLEDGER_KILLS ?? 20);
+    const browsers = new Browsers();
+    try {
+        let phone = await Phone.open(await browsers.start(), site.address);
+        await addVehicle(phone);
+        await openLog(phone);
+        for (let kill = 1; kill <= kills; ++kill) {
+            for (const command of ['key F1', 'type 5', `type Toll ${kill}.`, 'key F1']) await phone.inspect(command);
+            await phone.shows(`Toll ${kill}.`);
+            const killed = browsers.started.pop();
+            await new Promise((gone) => {
+                killed?.process()?.once('exit', gone);
+                killed?.process()?.kill('SIGKILL');
+            });
+            phone = await Phone.open(await browsers.start(), site.address);
+            await openLog(phone);
+            await phone.shows(`Toll ${kill}.`);
+        }
+    } finally {
+        await browsers.remove();
+    }
 });
