@@ -10,7 +10,11 @@ export async function openOpfsDisk() {
     const root = await navigator.storage.getDirectory();
     const folder = await root.getDirectoryHandle(folderName, { create: true });
     return {
-        list: () => Array.fromAsync(folder.keys()),
+        list: async () => {
+            const names = [];
+            for await (const name of folder.keys()) names.push(name);
+            return names;
+        },
         open: async (name) => (await folder.getFileHandle(name, { create: true })).createSyncAccessHandle(),
     };
 }

@@ -120,13 +120,10 @@ export class PoolFile {
     /**
      * @param {Uint8Array} bytes
      * @param {number} at also beyond the end: what lies between is zeros
-     * @returns {number} how many were written: fewer where there is no room for more, but at least one
      */
     write(bytes, at) {
-        const count = attempt(() => this.#handle.write(bytes, { at: headerSize + at }));
-        if (count === 0 && bytes.length > 0) throw new PoolError('ENOSPC');
+        this.#writeWhole(bytes, headerSize + at);
         this.#modified = Date.now();
-        return count;
     }
 
     /** @param {number} size */
@@ -159,7 +156,8 @@ export class PoolFile {
         if (!bytes) throw new PoolError('ENAMETOOLONG');
         const slot = 1 - this.#slot;
         try {
-            this.#writeSlot(slot, bytes);
+            this.#writeWhole(bytes, slotPlaces[slot]);
+            this.flush();
         } catch (error) {
             this.#takeBackSlot(slot);
             throw error;
@@ -178,13 +176,14 @@ export class PoolFile {
     }
 
     /**
-     * @param {number} slot
+     * A part that was written before the room ran out stays.
+     *
      * @param {Uint8Array} bytes
+     * @param {number} place in the browser's file
      */
-    #writeSlot(slot, bytes) {
-        const count = attempt(() => this.#handle.write(bytes, { at: slotPlaces[slot] }));
+    #writeWhole(bytes, place) {
+        const count = attempt(() => this.#handle.write(bytes, { at: place }));
         if (count !== bytes.length) throw new PoolError('ENOSPC');
-        this.flush();
     }
 
     /** What was answered with a failure should not have happened after the next start. A disk that refuses this as well
@@ -192,7 +191,8 @@ export class PoolFile {
      * @param {number} slot */
     #takeBackSlot(slot) {
         try {
-            this.#writeSlot(slot, new Uint8Array(slotSize));
+            this.#writeWhole(new Uint8Array(slotSize), slotPlaces[slot]);
+            this.flush();
         } catch {
             return;
         }

@@ -274,8 +274,10 @@ export function poolFileSystem(FS, pool) {
          * @param {number} length
          * @param {number} position
          */
-        write: (stream, buffer, offset, length, position) =>
-            fileOf(stream.node).write(bytesIn(buffer, offset, length), position),
+        write(stream, buffer, offset, length, position) {
+            fileOf(stream.node).write(bytesIn(buffer, offset, length), position);
+            return length;
+        },
 
         /**
          * @param {Stream} stream

@@ -3,7 +3,6 @@
 
 mergeInto(LibraryManager.library, {
     $flushStream__deps: ['$SYSCALLS', '$FS'],
-    /** @param {number} fd */
     $flushStream: function (fd) {
         const stream = SYSCALLS.getStreamFromFD(fd);
         if (stream.stream_ops.fsync) stream.stream_ops.fsync(stream);
@@ -11,7 +10,6 @@ mergeInto(LibraryManager.library, {
 
     // Failures are errors of Emscripten's file systems; anything else is none of the program's and goes on.
     $errorNumberOf__deps: ['$FS'],
-    /** @param {() => void} operation */
     $errorNumberOf: function (operation) {
         try {
             operation();
@@ -24,24 +22,18 @@ mergeInto(LibraryManager.library, {
 
     fd_sync__sig: 'ii',
     fd_sync__deps: ['$flushStream', '$errorNumberOf'],
-    /** @param {number} fd */
     fd_sync: function (fd) {
         return errorNumberOf(() => flushStream(fd));
     },
 
     __syscall_fdatasync__sig: 'ii',
     __syscall_fdatasync__deps: ['$flushStream', '$errorNumberOf'],
-    /** @param {number} fd */
     __syscall_fdatasync: function (fd) {
         return -errorNumberOf(() => flushStream(fd));
     },
 
     __syscall_fstat64__sig: 'iii',
     __syscall_fstat64__deps: ['$SYSCALLS', '$errorNumberOf'],
-    /**
-     * @param {number} fd
-     * @param {number} buf
-     */
     __syscall_fstat64: function (fd, buf) {
         return -errorNumberOf(() => {
             const stream = SYSCALLS.getStreamFromFD(fd);

@@ -28,7 +28,10 @@ function compile(output, inputs, flags) {
     writeFileSync(`${target}package.json`, '{}');
     const environment = { ...process.env, NODE_PATH: '/usr/share/nodejs' };
     const files = inputs.filter((input) => !input.endsWith('.js'));
-    execFileSync('emcc', [...flags, '-o', output, ...files], { env: environment, stdio: ['ignore', 'ignore', 'inherit'] });
+    execFileSync('emcc', [...flags, '-o', output, ...files], {
+        env: environment,
+        stdio: ['ignore', 'ignore', 'inherit'],
+    });
 }
 
 /** @returns {string} SQLite as an object file */
@@ -51,7 +54,11 @@ export function compileProgram(name, objects = []) {
     const more = ['ENVIRONMENT=worker,node', 'EXPORTED_RUNTIME_METHODS=FS', 'ASYNCIFY_IGNORE_INDIRECT'];
     const own = ['NODEJS_CATCH_EXIT=0', 'NODEJS_CATCH_REJECTION=0'];
     const flags = [...settings, ...more, ...own].map((setting) => `-s${setting}`);
-    compile(output, [`${sources}${name}.c`, ...objects, library], ['-O2', '-Wall', `-I${sqlite}`, '--js-library', library, ...flags]);
+    compile(
+        output,
+        [`${sources}${name}.c`, ...objects, library],
+        ['-O2', '-Wall', `-I${sqlite}`, '--js-library', library, ...flags],
+    );
     const start = createRequire(import.meta.url)(output);
     const compiled = new WebAssembly.Module(readFileSync(output.replace(/js$/, 'wasm')));
     return (pool, print, words = []) =>
@@ -66,9 +73,18 @@ export function compileProgram(name, objects = []) {
              * @param {(instance: WebAssembly.Instance) => void} take
              */
             const instantiateWasm = (imports, take) => {
-                WebAssembly.instantiate(compiled, imports).then(take, reject);
-                return {};
+                const instance = new WebAssembly.Instance(compiled, imports);
+                take(instance);
+                return instance.exports;
             };
-            start({ instantiateWasm, print, arguments: words, preRun: [preRun], onExit: resolve, quit: () => {}, onAbort: reject }).catch(reject);
+            start({
+                instantiateWasm,
+                print,
+                arguments: words,
+                preRun: [preRun],
+                onExit: resolve,
+                quit: () => {},
+                onAbort: reject,
+            }).catch(reject);
         });
 }

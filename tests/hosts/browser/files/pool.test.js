@@ -240,8 +240,8 @@ test('a full disk refuses what it has no room for, and keeps what it has', async
     await pool.prepare();
     disk.room = 100;
     const file = pool.create('/log');
-    assert.equal(file.write(new Uint8Array(70).fill(7), 0), 70);
-    assert.equal(file.write(new Uint8Array(70).fill(8), 70), 30);
+    file.write(new Uint8Array(70).fill(7), 0);
+    assert.throws(() => file.write(new Uint8Array(70).fill(8), 70), { code: 'ENOSPC' });
     assert.throws(() => file.write(new Uint8Array(1), 100), { code: 'ENOSPC' });
     assert.throws(() => file.truncate(101), { code: 'ENOSPC' });
     assert.equal(file.size, 100);
@@ -249,7 +249,8 @@ test('a full disk refuses what it has no room for, and keeps what it has', async
     pool.rename('/log', '/copy');
     pool.create('/log');
     pool.unlink('/copy');
-    assert.equal(pool.find('/log')?.write(new Uint8Array(100), 0), 100);
+    pool.find('/log')?.write(new Uint8Array(100), 0);
+    assert.equal(pool.find('/log')?.size, 100);
     // The page opens with what it has, though the pool cannot grow.
     disk.room = 0;
     pool.close();

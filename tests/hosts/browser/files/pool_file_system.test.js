@@ -8,12 +8,15 @@ import { DiskModel, randomNumbers } from './disk_model.js';
 /** @param {DiskModel} disk all that it holds, as "path=contents;path=contents" */
 async function textsOn(disk) {
     const pool = await Pool.open(disk, 1);
-    const texts = pool.names().sort().map((name) => {
-        const file = pool.find(name);
-        const bytes = new Uint8Array(file?.size ?? 0);
-        file?.read(bytes, 0);
-        return `${name}=${new TextDecoder().decode(bytes)}`;
-    });
+    const texts = pool
+        .names()
+        .sort()
+        .map((name) => {
+            const file = pool.find(name);
+            const bytes = new Uint8Array(file?.size ?? 0);
+            file?.read(bytes, 0);
+            return `${name}=${new TextDecoder().decode(bytes)}`;
+        });
     return texts.join(';');
 }
 
@@ -26,6 +29,11 @@ test('the calls of POSIX, and what lasts after each', async () => {
     assert.equal(result, 0);
     for (const [words, kept] of promises) assert.equal(await textsOn(kept), words);
     assert.equal(promises.length, 9);
+    const again = await Pool.open(
+        disk.afterPowerCut(() => 0),
+        8,
+    );
+    assert.equal(await run(again, assert.fail, ['again']), 0);
 });
 
 test('SQLite loses nothing that it answered, wherever the power is cut', async () => {

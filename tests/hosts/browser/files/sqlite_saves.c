@@ -1,5 +1,5 @@
-// `save N`: N transactions, one after the other; says the number of each that was answered. `check`: says how many of them
-// the file holds, or what is wrong with it.
+// `save N`: N transactions, one after the other; says the number of each that was answered. `check`: says how many of
+// them the file holds, or what is wrong with it.
 
 #include <assert.h>
 #include <sqlite3.h>
@@ -25,9 +25,9 @@ static void Save(int count) {
         char words[200];
         // Some of them grow the file, all of them change pages that are there.
         snprintf(words, sizeof words,
-                 "BEGIN IMMEDIATE; INSERT INTO rows VALUES (%d, hex(randomblob(%d)));"
-                 "UPDATE rows SET text = upper(text) WHERE number %% 7 = %d; COMMIT",
-                 number, 200 + number % 5 * 700, number % 7);
+            "BEGIN IMMEDIATE; INSERT INTO rows VALUES (%d, hex(randomblob(%d)));"
+            "UPDATE rows SET text = upper(text) WHERE number %% 7 = %d; COMMIT",
+            number, 200 + number % 5 * 700, number % 7);
         Do(words);
         printf("%d\n", number);
         fflush(stdout);
@@ -38,9 +38,10 @@ static void Save(int count) {
 static void Check(void) {
     Do("CREATE TABLE IF NOT EXISTS rows (number INTEGER PRIMARY KEY, text TEXT)");
     sqlite3_stmt* statement = NULL;
-    assert(sqlite3_prepare_v2(file, "SELECT count(*), ifnull(max(number), 0), (SELECT * FROM pragma_integrity_check) FROM rows",
-                              -1, &statement, NULL)
-           == SQLITE_OK);
+    assert(sqlite3_prepare_v2(file,
+               "SELECT count(*), ifnull(max(number), 0), (SELECT * FROM pragma_integrity_check) FROM rows", -1,
+               &statement, NULL)
+        == SQLITE_OK);
     assert(sqlite3_step(statement) == SQLITE_ROW);
     const char* words = (const char*)sqlite3_column_text(statement, 2);
     if (strcmp(words, "ok") != 0 || sqlite3_column_int(statement, 0) != sqlite3_column_int(statement, 1))
