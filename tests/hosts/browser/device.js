@@ -9,6 +9,7 @@
  * @property {number} [zoom]
  * @property {string} [locale]
  * @property {Record<string, string>} [variables]
+ * @property {boolean} [withoutStorage] as in a browser that gives none
  */
 
 export class Device {
@@ -42,14 +43,21 @@ export class Device {
     }
 
     /** @param {Options} options */
-    async #start({ screen = { width: 320, height: 480 }, zoom = 1, locale = 'en-US', variables = {} }) {
+    async #start({ screen = { width: 320, height: 480 }, zoom = 1, locale = 'en-US', variables = {}, withoutStorage }) {
         await this.#page.evaluate(
-            (settings) => {
+            ({ without, ...settings }) => {
                 const canvas = document.createElement('canvas');
                 canvas.style.cssText = `position: fixed; inset: 0; width: ${settings.screen.width}px`;
                 document.body.replaceChildren(canvas);
                 const offscreen = canvas.transferControlToOffscreen();
-                const worker = new Worker('/hosts/browser/worker/worker.js', { type: 'module' });
+                const code = new URL('/hosts/browser/worker/worker.js', location.href).href;
+                const refusing = `const early = [];
+                    onmessage = (event) => early.push(event);
+                    navigator.storage.getDirectory = () => Promise.reject(new DOMException('', 'SecurityError'));
+                    await import('${code}');
+                    early.forEach((event) => onmessage(event));`;
+                const blob = new Blob([refusing], { type: 'text/javascript' });
+                const worker = new Worker(without ? URL.createObjectURL(blob) : code, { type: 'module' });
                 /** @type {object[]} */
                 const heard = [];
                 worker.onmessage = ({ data }) => heard.push(data);
@@ -57,7 +65,7 @@ export class Device {
                 worker.postMessage({ type: 'start', canvas: offscreen, touch: false, ...settings }, [offscreen]);
                 Object.assign(globalThis, { worker, heard });
             },
-            { screen, zoom, locale, variables },
+            { screen, zoom, locale, variables, without: withoutStorage },
         );
     }
 
@@ -115,6 +123,31 @@ export class Device {
         let lines = [];
         for (const command of commands) lines = await this.ask(command);
         return lines;
+    }
+
+    /**
+     * Waits until the canvas shows more than one colour at this size: what the worker draws comes some frames later.
+     *
+     * @param {number} width
+     * @param {number} height
+     */
+    async showsAt(width, height) {
+        await this.#page.waitForFunction(
+            async (wantedWidth, wantedHeight) => {
+                const canvas = /** @type {HTMLCanvasElement} */ (document.querySelector('canvas'));
+                const shown = await createImageBitmap(canvas);
+                if (shown.width !== wantedWidth || shown.height !== wantedHeight) return false;
+                const context = /** @type {OffscreenCanvasRenderingContext2D} */ (
+                    new OffscreenCanvas(wantedWidth, wantedHeight).getContext('2d')
+                );
+                context.drawImage(shown, 0, 0);
+                const { data } = context.getImageData(0, 0, wantedWidth, wantedHeight);
+                return new Set(new Uint32Array(data.buffer)).size > 1;
+            },
+            { timeout: 5000 },
+            width,
+            height,
+        );
     }
 
     /** @param {string} file */
