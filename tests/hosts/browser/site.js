@@ -41,14 +41,30 @@ export async function serve(folder) {
 }
 
 /**
- * Chromium with a profile of its own.
+ * Chromium with a profile of its own, which lasts from one start to the next.
  *
  * @param {Record<string, string>} [environment]
- * @returns {Promise<{browser: import('puppeteer-core').Browser, close: () => Promise<void>}>}
  */
 export async function startBrowser(environment = {}) {
     const profile = await mkdtemp(join(tmpdir(), 'odoledger-browser-'));
-    const browser = await puppeteer.launch({
+    const started = {
+        browser: await launch(profile, environment),
+        /** @param {Record<string, string>} changed */
+        async restart(changed) {
+            await started.browser.close();
+            started.browser = await launch(profile, changed);
+        },
+        async close() {
+            await started.browser.close();
+            await rm(profile, { recursive: true, force: true });
+        },
+    };
+    return started;
+}
+
+/** @param {string} profile @param {Record<string, string>} environment */
+function launch(profile, environment) {
+    return puppeteer.launch({
         executablePath: process.env.CHROMIUM ?? '/usr/lib/chromium/chromium',
         headless: true,
         userDataDir: profile,
@@ -63,11 +79,4 @@ export async function startBrowser(environment = {}) {
             '--disable-sync',
         ],
     });
-    return {
-        browser,
-        close: async () => {
-            await browser.close();
-            await rm(profile, { recursive: true, force: true });
-        },
-    };
 }

@@ -170,7 +170,8 @@ export class TextLayout {
     }
 
     /**
-     * Where a caret stands before each character and at the end, from the left edge of the text.
+     * Where a caret stands before each character and at the end, from the left edge of the text. Where directions meet
+     * it stands where a letter of the text's own direction would come.
      *
      * @param {string} font
      * @param {string} text
@@ -181,14 +182,22 @@ export class TextLayout {
         const advances = this.advances(font, text);
         const fromRight = beginsAtTheRight(characters);
         const levels = rightToLeft.test(text) ? levelsOf(characters, fromRight) : characters.map(() => 0);
-        const carets = new Array(characters.length + 1).fill(0);
+        const base = fromRight ? 1 : 0;
+        /** Where each character begins and ends for who reads it. */
+        const begins = new Array(characters.length).fill(0);
+        const ends = new Array(characters.length).fill(0);
         let x = 0;
         for (const index of visualOrder(levels)) {
-            const end = x + advances[index];
-            carets[index] = levels[index] % 2 === 0 ? x : end;
-            x = end;
+            const next = x + advances[index];
+            const isFromRight = levels[index] % 2 === 1;
+            begins[index] = isFromRight ? next : x;
+            ends[index] = isFromRight ? x : next;
+            x = next;
         }
-        carets[characters.length] = fromRight ? 0 : x;
-        return carets;
+        const carets = begins.map((begin, index) => {
+            const meets = index > 0 && levels[index] !== base && levels[index - 1] === base;
+            return meets ? ends[index - 1] : begin;
+        });
+        return [...carets, fromRight ? 0 : x];
     }
 }
