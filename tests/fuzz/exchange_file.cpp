@@ -11,12 +11,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     exchange::ReadCsvRows(bytes, exchange::SeparatorOf(bytes));
     exchange::Batch batch;
-    if (exchange::ReadFile(bytes, &batch).format.empty())
+    if (exchange::ReadFile(bytes, {}, &batch).format.empty())
         return 0;
     const std::string written = exchange::WriteOwnCsv(batch);
     for (const std::string& form : {written, exchange::WriteOwnJson(batch)}) {
         exchange::Batch again;
-        exchange::ReadFile(form, &again);
+        exchange::ReadFile(form, {}, &again);
         if (!again.faults.empty() || exchange::WriteOwnCsv(again) != written)
             std::abort();
     }
