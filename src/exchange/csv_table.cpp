@@ -3,6 +3,7 @@
 #include "exchange/written_values.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace exchange {
 namespace {
@@ -52,6 +53,14 @@ Cell CellOf(const CsvRow& row, int column) {
 
 std::string TextOf(const CsvRow& row, int column) {
     return CellOf(row, column).text;
+}
+
+Table TableOf(std::vector<CsvRow> rows) {
+    if (rows.empty())
+        return Table("", {});
+    Table table("", rows.front());
+    table.Rows().assign(std::make_move_iterator(rows.begin() + 1), std::make_move_iterator(rows.end()));
+    return table;
 }
 
 std::vector<Table> TablesOf(std::vector<CsvRow> rows, const std::function<std::string(const CsvRow& row)>& nameOf) {

@@ -43,6 +43,8 @@ Cell CellOf(const CsvRow& row, int column);
 /// Empty where there is no such cell.
 std::string TextOf(const CsvRow& row, int column);
 
+/// All rows, the first of which has the titles.
+Table TableOf(std::vector<CsvRow> rows);
 /// The rows behind each row for which `nameOf` gives the name of a section; the first of them has the titles. Rows
 /// before the first such one are not of any table.
 std::vector<Table> TablesOf(std::vector<CsvRow> rows, const std::function<std::string(const CsvRow& row)>& nameOf);

@@ -15,18 +15,6 @@ bool IsZero(const std::string& text) {
     return text.find_first_not_of("0.,") == std::string::npos;
 }
 
-/// By a pattern such as "dd.MM.yyyy".
-std::optional<DateOrder> OrderOf(const std::string& pattern) {
-    const std::size_t year = pattern.find('y');
-    const std::size_t month = pattern.find('M');
-    const std::size_t day = pattern.find('d');
-    if (std::max({year, month, day}) == std::string::npos)
-        return std::nullopt;
-    if (year < month)
-        return DateOrder::YearMonthDay;
-    return month < day ? DateOrder::MonthDayYear : DateOrder::DayMonthYear;
-}
-
 std::optional<UnitVolume> VolumeOf(const std::string& code) {
     if (code == "0")
         return VolumeLitres;
@@ -85,7 +73,7 @@ private:
                 drafts_.distance = text("distunit") == "1" ? DistanceMiles : DistanceKilometres;
             drafts_.volume = VolumeOf(text("fuelunit"));
             secondVolume_ = VolumeOf(text("fuelunittank2"));
-            drafts_.dates = OrderOf(text("importcsvdateformat"));
+            drafts_.dates = DateOrderOf(text("importcsvdateformat"));
         });
     }
 

@@ -27,10 +27,7 @@ std::optional<CEntry::Type> KindOf(const std::string& written) {
 } // namespace
 
 void ReadMappedCsv(std::vector<CsvRow> rows, const ReadingOptions& options, Drafts* drafts) {
-    if (rows.empty())
-        return;
-    Table table("", rows.front());
-    table.Rows().assign(std::make_move_iterator(rows.begin() + 1), std::make_move_iterator(rows.end()));
+    const Table table = TableOf(std::move(rows));
     std::map<std::string, int> columns;
     for (const char* field : Fields)
         columns[field] = -1;

@@ -17,7 +17,10 @@ struct Format {
     void (*read)(Rows rows, Drafts* drafts);
 };
 
-constexpr Format Formats[] = {{"fuelio", "Fuelio", IsFuelio, ReadFuelio}};
+constexpr Format Formats[] = {{"fuelio", "Fuelio", IsFuelio, ReadFuelio}, {"drivvo", "Drivvo", IsDrivvo, ReadDrivvo},
+    {"acar", "aCar", IsACar, ReadACar}, {"fuelly", "Fuelly", IsFuelly, ReadFuelly},
+    {"simply-auto", "Simply Auto", IsSimplyAuto, ReadSimplyAuto},
+    {"lubelogger", "LubeLogger", IsLubeLogger, ReadLubeLogger}};
 
 bool BeginsWith(std::string_view text, std::string_view beginning) {
     return text.substr(0, beginning.size()) == beginning;

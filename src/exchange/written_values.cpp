@@ -3,6 +3,7 @@
 #include "exchange/plain_text.h"
 #include "platform/time.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -221,6 +222,17 @@ std::optional<double> ReadWrittenDate(std::string_view text, DateOrder order) {
         return std::nullopt;
     double date = 0;
     return SystemTimeToVariantTime(&time, &date) && CanBeShown(date) ? std::optional{date} : std::nullopt;
+}
+
+std::optional<DateOrder> DateOrderOf(const std::string& pattern) {
+    const std::size_t year = pattern.find('y');
+    const std::size_t month = pattern.find('M');
+    const std::size_t day = pattern.find('d');
+    if (std::max({year, month, day}) == std::string::npos)
+        return std::nullopt;
+    if (year < month)
+        return DateOrder::YearMonthDay;
+    return month < day ? DateOrder::MonthDayYear : DateOrder::DayMonthYear;
 }
 
 } // namespace exchange

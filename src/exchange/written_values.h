@@ -21,6 +21,9 @@ std::optional<double> ReadWrittenNumber(std::string_view text, char decimal, boo
 /// parts, need no order. The result is an OLE date that a date field can hold.
 std::optional<double> ReadWrittenDate(std::string_view text, DateOrder order);
 
+/// By a pattern such as "dd.MM.yyyy"; nothing for what is none.
+std::optional<DateOrder> DateOrderOf(const std::string& pattern);
+
 /// Which of a few ways to write values a file has, by the values themselves.
 template <typename Way, std::size_t count> class WayFinder {
 public:

@@ -53,9 +53,10 @@ void UseUnitsOfLog(exchange::Batch* batch, const exchange::ReadingOptions& optio
         batch->distance = options.distance;
     if (!batch->volume)
         batch->volume = options.volume;
-    if (!batch->distance && DistanceSetting())
+    const bool hasNumbers = !batch->entries.empty() || !batch->reminders.empty();
+    if (hasNumbers && !batch->distance && DistanceSetting())
         facts->questions.emplace_back("are its readings miles or kilometres? Say --distance mi or km");
-    if (!batch->volume && VolumeSetting())
+    if (hasNumbers && !batch->volume && VolumeSetting())
         facts->questions.emplace_back("are its volumes litres or gallons? Say --volume l, usgal or ukgal");
     exchange::ConvertUnits(batch, DistanceSetting().value_or(batch->distance.value_or(DistanceMiles)),
         VolumeSetting().value_or(batch->volume.value_or(VolumeLitres)));
