@@ -62,15 +62,15 @@ private:
             return;
         drafts_.ForEachRow(table, [&](const CsvRow& row) {
             const auto wide = [&](const char* title) { return device::FromUtf8(TextOf(row, find(title))); };
-            const std::size_t place = drafts_.VehicleOf(TextOf(row, find("name")));
-            CVehicle& vehicle = drafts_.Vehicle(place);
+            const std::string name = TextOf(row, find("name"));
+            CVehicle& vehicle = drafts_.Vehicle(name);
             vehicle.SetYear(std::atoi(TextOf(row, find("year")).c_str()));
             vehicle.SetLicensePlate(wide("license plate").c_str());
             vehicle.SetVIN(wide("vin").c_str());
             vehicle.SetInsurancePolicyNumber(wide("insurance policy").c_str());
             vehicle.SetNotes(wide("notes").c_str());
             bool isGallons = false;
-            volumes_[place] = VolumeWritten(TextOf(row, find("volume unit")), &isGallons);
+            volumes_[name] = VolumeWritten(TextOf(row, find("volume unit")), &isGallons);
         });
     }
 
@@ -79,7 +79,7 @@ private:
         const auto cell = [&](const char* title) { return CellOf(row, table.Find({title})); };
         EntryDraft draft;
         draft.line = row.line;
-        draft.vehicle = drafts_.VehicleOf(text("vehicle"));
+        draft.vehicle = text("vehicle");
         draft.date = cell("date");
         draft.date.text += draft.date.text.empty() ? "" : ' ' + text("time");
         draft.odometer = cell("odometer reading");
@@ -147,7 +147,7 @@ private:
     }
 
     Drafts& drafts_;
-    std::map<std::size_t, std::optional<UnitVolume>> volumes_; ///< that the vehicles are set to
+    std::map<std::string, std::optional<UnitVolume>> volumes_; ///< that the vehicles are set to
 };
 
 } // namespace

@@ -9,7 +9,7 @@ namespace exchange {
 struct EntryDraft {
     CEntry::Type type = CEntry::EntryTypeExpense;
     int line = 0;
-    std::size_t vehicle = 0;
+    std::string vehicle; ///< its name
     Cell date; ///< with a time of day behind it or not
     Cell odometer; ///< of a trip, at its end
     Cell start; ///< of a trip
@@ -31,7 +31,7 @@ struct EntryDraft {
 /// Due at a date, a reading, or both; each may be put off by an interval.
 struct ReminderDraft {
     int line = 0;
-    std::size_t vehicle = 0;
+    std::string vehicle;
     Cell date;
     Cell odometer;
     Cell interval; ///< to be added to the reading
@@ -59,9 +59,10 @@ public:
     void Fault(int line, int cell, const std::string& reason) { batch_.faults.push_back({line, cell, reason, ""}); }
     void Notice(const std::string& words, int line) { facts_.notices[words].push_back(line); }
 
-    /// By its name, in which runs of blanks are one; without a name the one vehicle that the file does not name.
+    /// Its place in the batch by its name, in which runs of blanks are one; without a name that of the one vehicle that
+    /// the file does not name.
     std::size_t VehicleOf(const std::string& name);
-    CVehicle& Vehicle(std::size_t place) { return *batch_.vehicles[place].record; }
+    CVehicle& Vehicle(const std::string& name) { return *batch_.vehicles[VehicleOf(name)].record; }
 
     /// Does `work` for every row of a table that is as wide as its titles, or narrower.
     void ForEachRow(const Table& table, const std::function<void(const CsvRow& row)>& work);

@@ -114,8 +114,7 @@ public:
 private:
     void ReadVehicle(const CsvRow& row) {
         enum { Name, Model, Plate, Brand, Year, Notes };
-        const std::size_t place = drafts_.VehicleOf(TextOf(row, Name));
-        CVehicle& vehicle = drafts_.Vehicle(place);
+        CVehicle& vehicle = drafts_.Vehicle(TextOf(row, Name));
         std::string notes = TextOf(row, Notes);
         Append(&notes, Trimmed(TextOf(row, Brand) + ' ' + TextOf(row, Model)));
         vehicle.SetLicensePlate(device::FromUtf8(TextOf(row, Plate)).c_str());
@@ -172,7 +171,7 @@ private:
         EntryDraft draft;
         const std::string vehicle = TextOf(row, columns.vehicle);
         draft.line = row.line;
-        draft.vehicle = drafts_.VehicleOf(vehicle.empty() ? onlyVehicle_ : vehicle);
+        draft.vehicle = vehicle.empty() ? onlyVehicle_ : vehicle;
         draft.odometer = CellOf(row, Odometer);
         draft.date = CellOf(row, Date);
         draft.vendor = TextOf(row, columns.place);

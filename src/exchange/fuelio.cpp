@@ -59,9 +59,8 @@ private:
         drafts_.ForEachRow(table, [&](const CsvRow& row) {
             const auto text = [&](const char* title) { return TextOf(row, table.Find({title})); };
             const auto wide = [&](const char* title) { return device::FromUtf8(text(title)); };
-            const std::size_t place = drafts_.VehicleOf(text("name"));
-            CVehicle& vehicle = drafts_.Vehicle(place);
-            vehicle_ = place;
+            vehicle_ = text("name");
+            CVehicle& vehicle = drafts_.Vehicle(vehicle_);
             std::string notes = text("description");
             Append(&notes, Trimmed(text("make") + ' ' + text("model")));
             vehicle.SetNotes(device::FromUtf8(notes).c_str());
@@ -105,7 +104,7 @@ private:
             EntryDraft draft;
             draft.type = CEntry::EntryTypeFuel;
             draft.line = row.line;
-            draft.vehicle = Vehicle();
+            draft.vehicle = vehicle_;
             draft.date = CellOf(row, date);
             draft.odometer = CellOf(row, odometer);
             draft.isZeroReading = true;
@@ -163,7 +162,7 @@ private:
         draft.type = text("costtypeid") == "1" || text("costtypeid") == "2" ? CEntry::EntryTypeRepair
                                                                             : CEntry::EntryTypeExpense;
         draft.line = row.line;
-        draft.vehicle = Vehicle();
+        draft.vehicle = vehicle_;
         draft.date = cell("date");
         draft.odometer = cell("odo");
         draft.total = cell("cost");
@@ -184,7 +183,7 @@ private:
             return false;
         ReminderDraft draft;
         draft.line = row.line;
-        draft.vehicle = Vehicle();
+        draft.vehicle = vehicle_;
         if (hasOdometer)
             draft.odometer = CellOf(row, table.Find({"remindodo"}));
         if (hasDate)
@@ -200,15 +199,8 @@ private:
         return true;
     }
 
-    /// A file is of one vehicle; one whose section is missing has no name.
-    std::size_t Vehicle() {
-        if (!vehicle_)
-            vehicle_ = drafts_.VehicleOf("");
-        return *vehicle_;
-    }
-
     Drafts& drafts_;
-    std::optional<std::size_t> vehicle_;
+    std::string vehicle_; ///< of the whole file
     std::optional<UnitVolume> secondVolume_;
     std::map<std::string, std::string> categories_;
     std::map<std::string, std::string> stations_;

@@ -39,7 +39,7 @@ void ReadFillUps(const Table& table, Drafts* drafts) {
         EntryDraft draft;
         draft.type = CEntry::EntryTypeFuel;
         draft.line = row.line;
-        draft.vehicle = drafts->VehicleOf(TextOf(row, car));
+        draft.vehicle = TextOf(row, car);
         draft.date = CellOf(row, date);
         draft.odometer = CellOf(row, odometer);
         draft.distance = CellOf(row, distance);
@@ -65,7 +65,7 @@ void ReadServices(const Table& table, Drafts* drafts) {
         EntryDraft draft;
         draft.type = kind == "service" ? CEntry::EntryTypeRepair : CEntry::EntryTypeExpense;
         draft.line = row.line;
-        draft.vehicle = drafts->VehicleOf(text("car_name"));
+        draft.vehicle = text("car_name");
         draft.date = cell("service_date");
         draft.odometer = cell("odometer");
         draft.total = cell("price");
@@ -105,7 +105,7 @@ void ReadApp(const Table& table, Drafts* drafts) {
         }
         if (draft.vendor.empty())
             draft.vendor = text("location");
-        draft.vehicle = drafts->VehicleOf(text("vehicle"));
+        draft.vehicle = text("vehicle");
         draft.date = cell("date");
         draft.date.text += draft.date.text.empty() ? "" : ' ' + text("time");
         draft.odometer = cell("odometer");

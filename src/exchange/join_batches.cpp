@@ -2,6 +2,7 @@
 #include "records/record_dates.h"
 
 #include <algorithm>
+#include <cwchar>
 #include <iterator>
 #include <limits>
 
@@ -12,12 +13,22 @@ template <typename Items> void MoveTo(Items* items, Items* more) {
     items->insert(items->end(), std::make_move_iterator(more->begin()), std::make_move_iterator(more->end()));
 }
 
+/// More than what it is called.
+bool HasDetails(const CVehicle& vehicle) {
+    return vehicle.GetYear() != 0
+        || std::wcslen(vehicle.GetNotes()) + std::wcslen(vehicle.GetLicensePlate()) + std::wcslen(vehicle.GetVIN()) > 0;
+}
+
 /// Where a vehicle stands among the first ones of the batch, by its name; else it is moved there.
 std::size_t PlaceOf(Batch* batch, std::size_t firstOnes, VehicleItem vehicle) {
-    for (std::size_t place = 0; place < firstOnes; ++place)
-        if (batch->vehicles[place].isNamed == vehicle.isNamed
-            && std::wstring(batch->vehicles[place].record->GetName()) == vehicle.record->GetName())
-            return place;
+    for (std::size_t place = 0; place < firstOnes; ++place) {
+        VehicleItem& item = batch->vehicles[place];
+        if (item.isNamed != vehicle.isNamed || std::wstring(item.record->GetName()) != vehicle.record->GetName())
+            continue;
+        if (!HasDetails(*item.record))
+            item = std::move(vehicle);
+        return place;
+    }
     batch->vehicles.push_back(std::move(vehicle));
     return batch->vehicles.size() - 1;
 }

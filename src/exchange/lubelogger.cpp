@@ -26,7 +26,6 @@ void ReadFuel(const Table& table, Drafts* drafts) {
         EntryDraft draft;
         draft.type = CEntry::EntryTypeFuel;
         draft.line = row.line;
-        draft.vehicle = drafts->VehicleOf("");
         draft.date = cell("date");
         draft.odometer = cell("odometer");
         draft.volume = cell("fuelconsumed");
@@ -48,7 +47,6 @@ void ReadWork(const Table& table, Drafts* drafts) {
         EntryDraft draft;
         draft.type = isTax ? CEntry::EntryTypeExpense : CEntry::EntryTypeRepair;
         draft.line = row.line;
-        draft.vehicle = drafts->VehicleOf("");
         draft.date = cell("date");
         draft.odometer = cell("odometer");
         draft.total = cell("cost");

@@ -49,7 +49,7 @@ void ReadMappedCsv(std::vector<CsvRow> rows, const ReadingOptions& options, Draf
             draft.type = *type;
         }
         draft.line = row.line;
-        draft.vehicle = drafts->VehicleOf(TextOf(row, columns["vehicle"]));
+        draft.vehicle = TextOf(row, columns["vehicle"]);
         draft.date = CellOf(row, columns["date"]);
         draft.odometer = CellOf(row, columns["odometer"]);
         draft.isZeroReading = true;

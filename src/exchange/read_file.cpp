@@ -65,8 +65,8 @@ const Format* FormatOf(const Beginning& file, const std::string& wanted, FileFac
     else if (found.empty())
         facts->refusal = "this is no file of " + wanted;
     else
-        facts->refusal = "this may be a file of " + std::string(found[0]->name) + " or of " + found[1]->name
-            + "; say --from " + found[0]->key + " or " + found[1]->key;
+        facts->questions.push_back("is this a file of " + std::string(found[0]->name) + " or of " + found[1]->name
+            + "? Say --from " + found[0]->key + " or " + found[1]->key);
     return nullptr;
 }
 

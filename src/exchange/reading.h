@@ -23,8 +23,8 @@ struct ReadingOptions {
 
 /// What was seen of a file, in words.
 struct FileFacts {
-    std::string format; ///< empty where it is none that can be read
-    std::string refusal; ///< why, then
+    std::string format; ///< empty where it is none that can be read, or could be of several
+    std::string refusal; ///< why it cannot be read
     std::string variant;
     std::string encoding;
     std::string separator;

@@ -93,9 +93,14 @@ private:
 
     void SettleDates() {
         WayFinder<DateOrder, std::size(Orders)> finder(Orders);
+        bool hasYearFirst = false;
+        bool hasDots = false;
         const auto look = [&](const Cell& cell) {
-            if (!cell.text.empty())
-                finder.Look(cell.text, [&](DateOrder order) { return ReadWrittenDate(cell.text, order); });
+            constexpr std::size_t DigitsOfYear = 4;
+            const std::size_t mark = cell.text.find_first_not_of("0123456789");
+            hasYearFirst = hasYearFirst || mark == DigitsOfYear;
+            hasDots = hasDots || (mark < DigitsOfYear && cell.text[mark] == '.');
+            finder.Look(cell.text, [&](DateOrder order) { return ReadWrittenDate(cell.text, order); });
         };
         for (const EntryDraft& draft : drafts_.entries)
             look(draft.date);
@@ -106,6 +111,10 @@ private:
         dates_ = order.value_or(DateOrder::DayMonthYear);
         if (order)
             drafts_.Facts().dates = WordsOf(*order);
+        else if (!finder.IsOpen() && hasYearFirst)
+            drafts_.Facts().dates = WordsOf(DateOrder::YearMonthDay);
+        else if (!finder.IsOpen() && hasDots)
+            drafts_.Facts().dates = WordsOf(DateOrder::DayMonthYear);
         if (!order && finder.IsOpen())
             Ask("which date is \"" + finder.Example() + "\"? Say --dates dmy, mdy or ymd", drafts_.dateHabit);
         else if (!drafts_.dates && options_.dates)
@@ -116,7 +125,13 @@ private:
         bool hasDistances = std::any_of(drafts_.reminders.begin(), drafts_.reminders.end(),
             [](const ReminderDraft& draft) { return !draft.odometer.text.empty(); });
         bool hasVolumes = false;
+        std::string distances;
+        std::string volumes;
         for (const EntryDraft& draft : drafts_.entries) {
+            if (IsCutOff(draft))
+                continue;
+            AddWord(NameOf(draft.distanceUnit), &distances);
+            AddWord(NameOf(draft.volumeUnit), &volumes);
             hasDistances = hasDistances || (!draft.distanceUnit && !draft.odometer.text.empty());
             hasVolumes = hasVolumes || (!draft.volumeUnit && draft.type == CEntry::EntryTypeFuel);
         }
@@ -128,10 +143,17 @@ private:
         const UnitVolume someVolume = drafts_.volume.value_or(VolumeLitres);
         intoDistance_ = options_.intoDistance.value_or(someDistance);
         intoVolume_ = options_.intoVolume.value_or(someVolume);
-        drafts_.Facts().distance = NameOf(drafts_.distance);
-        drafts_.Facts().volume = NameOf(drafts_.volume);
+        AddWord(NameOf(drafts_.distance), &distances);
+        AddWord(NameOf(drafts_.volume), &volumes);
+        drafts_.Facts().distance = distances;
+        drafts_.Facts().volume = volumes;
         drafts_.distance = someDistance;
         drafts_.volume = someVolume;
+    }
+
+    static void AddWord(const std::string& word, std::string* words) {
+        if (words->find(word) == std::string::npos)
+            words->append(words->empty() ? "" : " and ").append(word);
     }
 
     void AskForDistance() {
@@ -167,9 +189,14 @@ private:
         }
     }
 
+    /// The row ends before what no entry can be without.
+    static bool IsCutOff(const EntryDraft& draft) {
+        return draft.date.place == 0 || draft.odometer.place == 0 || draft.volume.place == 0;
+    }
+
     double Date(const Cell& cell) const {
-        if (cell.place == 0)
-            throw Broken{0, RowTooShort};
+        if (cell.place <= 0)
+            throw Broken{0, cell.place == 0 ? RowTooShort : "there is no date"};
         const std::optional<double> date = ReadWrittenDate(cell.text, dates_);
         if (!date)
             throw Broken{cell.place, '"' + cell.text + "\" is no date"};
@@ -208,12 +235,11 @@ private:
     void AddEntry(EntryDraft* draft) {
         EntryItem item{std::make_unique<CEntry>()};
         CEntry* entry = item.record.get();
-        item.vehicle = draft->vehicle;
         item.isPartial = draft->isPartial;
         item.isMissed = draft->isMissed;
         entry->SetType(draft->type);
         entry->SetDate(Date(draft->date));
-        if (draft->odometer.place == 0 || draft->volume.place == 0)
+        if (IsCutOff(*draft))
             throw Broken{0, RowTooShort};
         const UnitDistance unit = draft->distanceUnit.value_or(*drafts_.distance);
         const std::optional<LONG> odometer = Reading(draft->odometer, unit);
@@ -231,8 +257,9 @@ private:
         entry->SetVendor(device::FromUtf8(draft->vendor).c_str());
         entry->SetNotes(device::FromUtf8(draft->notes).c_str());
         const double distance = NumberFrom0(draft->distance, false).value_or(0) * DistanceFactor(unit);
+        item.vehicle = drafts_.VehicleOf(draft->vehicle);
         if (draft->distance.place > 0)
-            stretches_[draft->vehicle].push_back({batch_.entries.size(), distance, isKnown});
+            stretches_[item.vehicle].push_back({batch_.entries.size(), distance, isKnown});
         lines_.push_back(draft->line);
         batch_.entries.push_back(std::move(item));
         *draft = {}; // its texts are not needed twice
@@ -260,7 +287,7 @@ private:
         const double factor = LitresOf(unit) / LitresOf(intoVolume_);
         const std::optional<double> volume = NumberFrom0(draft.volume, false);
         if (!volume)
-            throw Broken{draft.volume.place, "there is no volume"};
+            throw Broken{std::max(draft.volume.place, 0), "there is no volume"};
         double price = Number(draft.price, true).value_or(0);
         double total = Number(draft.total, true).value_or(0);
         if (total == 0)
@@ -284,7 +311,7 @@ private:
     }
 
     void AddReminder(const ReminderDraft& draft) {
-        ReminderItem item{std::make_unique<CNotification>(), draft.vehicle};
+        ReminderItem item{std::make_unique<CNotification>()};
         item.record->SetDate(draft.date.text.empty() ? NoDate : Date(draft.date));
         const std::optional<double> base = NumberFrom0(draft.odometer, false);
         const double reading
@@ -292,6 +319,7 @@ private:
         item.record->SetOdometer(base ? std::min(WholeReading(reading), NoOdometer) : NoOdometer);
         item.record->SetName(device::FromUtf8(draft.name.empty() ? "Reminder" : draft.name).c_str());
         item.record->SetNotes(device::FromUtf8(draft.notes).c_str());
+        item.vehicle = drafts_.VehicleOf(draft.vehicle);
         batch_.reminders.push_back(std::move(item));
     }
 

@@ -89,7 +89,7 @@ void ReadLog(Table table, Drafts* drafts) {
                 row.line);
         EntryDraft draft;
         draft.line = row.line;
-        draft.vehicle = drafts->VehicleOf(text("vehicle id"));
+        draft.vehicle = text("vehicle id");
         draft.date = DateOf(row, table, "", shift);
         draft.odometer = cell("odometer");
         draft.total = cell("total cost");
@@ -119,7 +119,7 @@ void ReadTrips(const Table& table, Drafts* drafts) {
         EntryDraft draft;
         draft.type = CEntry::EntryTypeTrip;
         draft.line = row.line;
-        draft.vehicle = drafts->VehicleOf(text("vehicle id"));
+        draft.vehicle = text("vehicle id");
         draft.date = DateOf(row, table, "departure ", shift);
         draft.start = cell("departure odo");
         draft.odometer = cell("arrival odo");
@@ -162,7 +162,7 @@ void ReadServices(const Table& table, Drafts* drafts) {
         }
         if (draft.odometer.text.empty() && draft.date.text.empty())
             return drafts->Notice("this is due at no date and no reading; it was left out", row.line);
-        draft.vehicle = drafts->VehicleOf(text("vehicle id"));
+        draft.vehicle = text("vehicle id");
         drafts->reminders.push_back(std::move(draft));
     });
 }
@@ -173,8 +173,7 @@ void ReadVehicles(const Table& table, Drafts* drafts) {
         const auto text = [&](const char* title) { return TextOf(row, table.Find({title})); };
         const auto wide = [&](const char* title) { return device::FromUtf8(text(title)); };
         const std::string name = text("make") + ' ' + text("model");
-        CVehicle& vehicle
-            = drafts->Vehicle(drafts->VehicleOf(text("vehicle id").empty() ? Trimmed(name) : text("vehicle id")));
+        CVehicle& vehicle = drafts->Vehicle(text("vehicle id").empty() ? Trimmed(name) : text("vehicle id"));
         vehicle.SetYear(std::atoi(text("year").c_str()));
         vehicle.SetLicensePlate(wide("lic#").c_str());
         vehicle.SetVIN(wide("vin").c_str());

@@ -45,7 +45,10 @@ std::string WithoutCurrency(std::string text) {
     std::size_t end = text.size();
     while (end > begin && !IsDigit(text[end - 1]) && text[end - 1] != ')')
         --end;
-    if (begin > MostBytes || text.size() - end > MostBytes)
+    // A lone letter behind a number is no currency.
+    const bool isLetter
+        = text.size() - end == 1 && LowerCase(text.substr(end)).find_first_of("abcdefghijklmnopqrstuvwxyz") == 0;
+    if (begin > MostBytes || text.size() - end > MostBytes || isLetter)
         return {};
     return (isNegative ? "-" : "") + text.substr(begin, end - begin);
 }

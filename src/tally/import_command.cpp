@@ -13,6 +13,7 @@
 #include "tally/store_batch.h"
 #include "tally/table.h"
 #include "tally/transact.h"
+#include "tally/unpack_zip.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -138,7 +139,10 @@ public:
         char hash[32];
         std::snprintf(hash, sizeof hash, "%016llx", static_cast<unsigned long long>(HashOf(bytes)));
         input.hash = device::FromUtf8(hash);
-        ReadText(bytes, "", &input);
+        if (IsZip(bytes))
+            ReadArchive(bytes, &input);
+        else
+            ReadText(bytes, "", &input);
         surroundings_.progress("");
         TellFaults(input, surroundings_.err);
         TellFacts(input, request_.isDryRun, surroundings_.err);
@@ -148,11 +152,31 @@ public:
     }
 
 private:
-    void ReadText(const std::string& bytes, const std::string& member, Input* input) {
+    void ReadArchive(const std::string& bytes, Input* input) {
+        std::string others;
+        const auto leaveOut = [&](const std::string& name) { others += (others.empty() ? "" : ", ") + name; };
+        ForEachMember(
+            bytes, input->path,
+            [&](const std::string& name, const std::string& contents) {
+                if (!ReadText(contents, name, input))
+                    leaveOut(name);
+            },
+            leaveOut);
+        if (input->members.empty())
+            throw Failure(EX_DATAERR,
+                input->path + ": the archive holds no file that can be read" + (others.empty() ? "" : ": " + others));
+        if (!others.empty())
+            surroundings_.err << input->path << ": left out: " << others << '\n';
+    }
+
+    /// False for a member of an archive that is no file of a kind that can be read.
+    bool ReadText(const std::string& bytes, const std::string& member, Input* input) {
         const std::string name = input->path + (member.empty() ? "" : "/") + member;
         exchange::Batch batch;
         exchange::FileFacts facts = exchange::ReadFile(bytes, options_, &batch);
-        if (facts.format.empty())
+        if (!facts.refusal.empty() && !member.empty())
+            return false;
+        if (!facts.refusal.empty())
             throw Failure(EX_DATAERR, name + ": " + facts.refusal);
         UseUnitsOfLog(&batch, options_, &facts);
         for (exchange::Fault& fault : batch.faults)
@@ -160,6 +184,7 @@ private:
         input->hasQuestions = input->hasQuestions || !facts.questions.empty();
         input->members.push_back({name, std::move(facts)});
         exchange::Append(&input->batch, std::move(batch));
+        return true;
     }
 
     const Request& request_;
