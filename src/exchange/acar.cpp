@@ -40,18 +40,18 @@ public:
     explicit ACarReader(Drafts* drafts)
         : drafts_(*drafts) { }
 
-    void Read(const std::vector<Table>& tables) {
+    void Read(std::vector<Table> tables) {
         drafts_.dateHabit = "mdy";
         drafts_.volumeHabit = "usgal";
-        for (const Table& table : tables)
+        for (Table& table : tables)
             ReadHead(table);
-        for (const Table& table : tables)
+        for (Table& table : tables)
             if (table.Name() != Metadata && table.Name() != Vehicles)
                 drafts_.ForEachRow(table, [&](const CsvRow& row) { ReadRecord(table, row); });
     }
 
 private:
-    void ReadHead(const Table& table) {
+    void ReadHead(Table& table) {
         const auto find = [&](const char* title) { return table.Find({title}); };
         if (table.Name() == Metadata)
             drafts_.ForEachRow(table, [&](const CsvRow& row) {

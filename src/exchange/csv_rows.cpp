@@ -71,6 +71,8 @@ private:
         if (!isEmpty)
             result_.rows.push_back(std::move(row_));
         row_ = {};
+        if (!result_.rows.empty())
+            row_.cells.reserve(result_.rows.back().cells.size());
     }
 
     std::string_view text_;

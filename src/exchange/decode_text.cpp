@@ -2,6 +2,8 @@
 
 #include "platform/utf8.h"
 
+#include <algorithm>
+
 namespace exchange {
 namespace {
 
@@ -36,6 +38,19 @@ wchar_t In1250(unsigned char byte) {
     return byte >= FirstBeyondAscii ? Windows1250[byte - FirstBeyondAscii] : byte;
 }
 
+/// Line by line, so that a long text does not stand in memory once more.
+bool IsUtf8(std::string_view bytes) {
+    std::wstring wide;
+    while (!bytes.empty()) {
+        const std::string_view line = bytes.substr(0, bytes.find('\n'));
+        device::FromUtf8(line, &wide);
+        if (device::ToUtf8(wide) != line)
+            return false;
+        bytes.remove_prefix(std::min(line.size() + 1, bytes.size()));
+    }
+    return true;
+}
+
 /// By the words of the sections that Polish files have.
 bool IsPolish(std::string_view bytes) {
     constexpr std::size_t Beginning = 65536;
@@ -54,13 +69,12 @@ const char* NameOf(Encoding encoding) {
     return encoding == Encoding::Windows1250 ? "Windows-1250" : "Windows-1252";
 }
 
-std::string DecodeText(std::string_view bytes, Encoding* encoding) {
-    if (bytes.substr(0, ByteOrderMark.size()) == ByteOrderMark)
-        bytes.remove_prefix(ByteOrderMark.size());
-    std::string text = device::ToUtf8(device::FromUtf8(bytes));
+std::string DecodeText(std::string bytes, Encoding* encoding) {
+    if (bytes.compare(0, ByteOrderMark.size(), ByteOrderMark) == 0)
+        bytes.erase(0, ByteOrderMark.size());
     *encoding = Encoding::Utf8;
-    if (text == bytes)
-        return text;
+    if (IsUtf8(bytes))
+        return bytes;
     const bool isPolish = IsPolish(bytes);
     *encoding = isPolish ? Encoding::Windows1250 : Encoding::Windows1252;
     std::wstring wide;

@@ -11,6 +11,6 @@ const char* NameOf(Encoding encoding);
 
 /// Without a byte order mark, as UTF-8. Bytes that are not are taken for Windows-1252, those of a Polish file for
 /// Windows-1250; `encoding` tells which.
-std::string DecodeText(std::string_view bytes, Encoding* encoding);
+std::string DecodeText(std::string bytes, Encoding* encoding);
 
 } // namespace exchange

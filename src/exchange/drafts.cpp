@@ -21,9 +21,9 @@ std::size_t Drafts::VehicleOf(const std::string& name) {
     return found->second;
 }
 
-void Drafts::ForEachRow(const Table& table, const std::function<void(const CsvRow& row)>& work) {
+void Drafts::ForEachRow(Table& table, const std::function<void(const CsvRow& row)>& work) {
     const auto width = static_cast<std::ptrdiff_t>(table.Titles().size());
-    for (const CsvRow& row : table.Rows()) {
+    for (CsvRow& row : table.Rows()) {
         const auto isFull = [](const std::string& cell) { return !Trimmed(cell).empty(); };
         const bool isEmpty = std::none_of(row.cells.begin(), row.cells.end(), isFull);
         const bool isTooWide = static_cast<std::ptrdiff_t>(row.cells.size()) > width
@@ -32,6 +32,7 @@ void Drafts::ForEachRow(const Table& table, const std::function<void(const CsvRo
             Fault(row.line, static_cast<int>(width) + 1, "the row has too many cells");
         else if (!isEmpty)
             work(row);
+        row.cells = {};
     }
 }
 

@@ -3,6 +3,8 @@
 #include "exchange/csv_table.h"
 #include "exchange/reading.h"
 
+#include <deque>
+
 namespace exchange {
 
 /// An entry as a file has it: texts, which get their meaning once all of the file was seen.
@@ -46,7 +48,7 @@ public:
         : facts_(*facts)
         , batch_(*batch) { }
 
-    std::vector<EntryDraft> entries;
+    std::deque<EntryDraft> entries; ///< which neither copies many when it grows nor keeps those that were taken out
     std::vector<ReminderDraft> reminders;
     std::optional<DateOrder> dates; ///< that the file states
     std::optional<UnitDistance> distance;
@@ -64,8 +66,8 @@ public:
     std::size_t VehicleOf(const std::string& name);
     CVehicle& Vehicle(const std::string& name) { return *batch_.vehicles[VehicleOf(name)].record; }
 
-    /// Does `work` for every row of a table that is as wide as its titles, or narrower.
-    void ForEachRow(const Table& table, const std::function<void(const CsvRow& row)>& work);
+    /// Does `work` for every row of a table that is as wide as its titles, or narrower, and frees it.
+    void ForEachRow(Table& table, const std::function<void(const CsvRow& row)>& work);
 
 private:
     FileFacts& facts_;

@@ -101,13 +101,13 @@ public:
     explicit DrivvoReader(Drafts* drafts)
         : drafts_(*drafts) { }
 
-    void Read(const std::vector<Table>& tables) {
+    void Read(std::vector<Table> tables) {
         drafts_.dateHabit = "dmy";
         drafts_.volumeHabit = "that of the fuel";
-        for (const Table& table : tables)
+        for (Table& table : tables)
             if (SectionNamed(table.Name()) == Section::Vehicle)
                 drafts_.ForEachRow(table, [&](const CsvRow& row) { ReadVehicle(row); });
-        for (const Table& table : tables)
+        for (Table& table : tables)
             ReadSection(table);
     }
 
@@ -123,7 +123,7 @@ private:
         onlyVehicle_ = vehicleCount_++ == 0 ? TextOf(row, Name) : "";
     }
 
-    void ReadSection(const Table& table) {
+    void ReadSection(Table& table) {
         const Section section = SectionNamed(table.Name());
         if (section == Section::Fuel || section == Section::Expense || section == Section::Service)
             drafts_.distance = drafts_.distance ? drafts_.distance : DistanceWritten(UnitIn(TitleAt(table, Odometer)));
@@ -137,7 +137,7 @@ private:
             });
     }
 
-    void ReadFills(const Table& table) {
+    void ReadFills(Table& table) {
         constexpr std::size_t ColumnsOfLaterFiles = 29;
         constexpr std::size_t ColumnsWithVehicle = 30;
         constexpr std::size_t ColumnsOfEarlyFiles = 21;
@@ -199,7 +199,7 @@ private:
         drafts_.entries.push_back(std::move(draft));
     }
 
-    void ReadCosts(const Table& table, Section section) {
+    void ReadCosts(Table& table, Section section) {
         constexpr std::size_t ColumnsOfLaterServices = 11;
         enum { Money = 2, Kind, Place };
         const bool isService = section == Section::Service;

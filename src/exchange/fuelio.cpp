@@ -28,23 +28,23 @@ public:
     explicit FuelioReader(Drafts* drafts)
         : drafts_(*drafts) { }
 
-    void Read(const std::vector<Table>& tables) {
+    void Read(std::vector<Table> tables) {
         // What the others refer to first, wherever it stands.
-        ForEach(tables, "vehicle", [this](const Table& table) { ReadVehicles(table); });
-        ForEach(tables, "costcategories",
-            [this](const Table& table) { ReadNames(table, "costtypeid", "name", &categories_); });
-        ForEach(tables, "favstations",
-            [this](const Table& table) { ReadNames(table, "stationid", "namebrand", &stations_); });
-        ForEach(tables, "log", [this](const Table& table) { ReadLog(table); });
-        ForEach(tables, "costs", [this](const Table& table) { ReadCosts(table); });
+        ForEach(tables, "vehicle", [this](Table& table) { ReadVehicles(table); });
+        ForEach(
+            tables, "costcategories", [this](Table& table) { ReadNames(table, "costtypeid", "name", &categories_); });
+        ForEach(
+            tables, "favstations", [this](Table& table) { ReadNames(table, "stationid", "namebrand", &stations_); });
+        ForEach(tables, "log", [this](Table& table) { ReadLog(table); });
+        ForEach(tables, "costs", [this](Table& table) { ReadCosts(table); });
         for (const Table& table : tables)
             if (!IsKnown(table.Name()) && !table.Rows().empty())
                 drafts_.Notice("the section \"" + table.Name() + "\" was left out", table.Rows().front().line);
     }
 
 private:
-    template <typename Work> static void ForEach(const std::vector<Table>& tables, const char* name, Work work) {
-        for (const Table& table : tables)
+    template <typename Work> static void ForEach(std::vector<Table>& tables, const char* name, Work work) {
+        for (Table& table : tables)
             if (table.Name() == name)
                 work(table);
     }
@@ -54,7 +54,7 @@ private:
         return std::any_of(std::begin(Known), std::end(Known), [&](const char* known) { return name == known; });
     }
 
-    void ReadVehicles(const Table& table) {
+    void ReadVehicles(Table& table) {
         drafts_.Facts().variant = "a vehicle of " + std::to_string(table.Titles().size()) + " columns";
         drafts_.ForEachRow(table, [&](const CsvRow& row) {
             const auto text = [&](const char* title) { return TextOf(row, table.Find({title})); };
@@ -76,7 +76,7 @@ private:
         });
     }
 
-    void ReadNames(const Table& table, const char* key, const char* name, std::map<std::string, std::string>* names) {
+    void ReadNames(Table& table, const char* key, const char* name, std::map<std::string, std::string>* names) {
         drafts_.ForEachRow(table,
             [&](const CsvRow& row) { (*names)[TextOf(row, table.Find({key}))] = TextOf(row, table.Find({name})); });
     }
@@ -86,7 +86,7 @@ private:
         return found == names.end() ? "" : found->second;
     }
 
-    void ReadLog(const Table& table) {
+    void ReadLog(Table& table) {
         const int date = table.Find({"data", "date"});
         const int odometer = table.FindBeginning("odo");
         const int volume = table.FindBeginning("fuel");
@@ -143,7 +143,7 @@ private:
             isElectric ? "electricity became an other expense" : "exhaust fluid became an other expense", draft->line);
     }
 
-    void ReadCosts(const Table& table) {
+    void ReadCosts(Table& table) {
         drafts_.ForEachRow(table, [&](const CsvRow& row) {
             const auto text = [&](const char* title) { return TextOf(row, table.Find({title})); };
             const auto cell = [&](const char* title) { return CellOf(row, table.Find({title})); };

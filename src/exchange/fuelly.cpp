@@ -16,7 +16,7 @@ bool IsOfApp(const Table& table) {
     return table.Has("filled up") && table.Has("type") && table.Find({"cost/gallon", "gallons"}) >= 0;
 }
 
-void ReadFillUps(const Table& table, Drafts* drafts) {
+void ReadFillUps(Table table, Drafts* drafts) {
     const int car = table.Find({"car_name", "name"});
     const int date = table.Find({"fuelup_date", "fuelup date"});
     const int odometer = table.Find({"odometer"});
@@ -55,7 +55,7 @@ void ReadFillUps(const Table& table, Drafts* drafts) {
     });
 }
 
-void ReadServices(const Table& table, Drafts* drafts) {
+void ReadServices(Table table, Drafts* drafts) {
     drafts->Facts().variant = "services";
     drafts->dateHabit = "mdy";
     drafts->ForEachRow(table, [&](const CsvRow& row) {
@@ -78,7 +78,7 @@ void ReadServices(const Table& table, Drafts* drafts) {
     });
 }
 
-void ReadApp(const Table& table, Drafts* drafts) {
+void ReadApp(Table table, Drafts* drafts) {
     drafts->Facts().variant = "the app's own export";
     drafts->isGallons = true;
     drafts->volumeHabit = "usgal";
@@ -123,13 +123,13 @@ bool IsFuelly(const Beginning& file) {
 }
 
 void ReadFuelly(std::vector<CsvRow> rows, Drafts* drafts) {
-    const Table table = TableOf(std::move(rows));
+    Table table = TableOf(std::move(rows));
     if (IsFillUps(table))
-        ReadFillUps(table, drafts);
+        ReadFillUps(std::move(table), drafts);
     else if (IsServices(table))
-        ReadServices(table, drafts);
+        ReadServices(std::move(table), drafts);
     else
-        ReadApp(table, drafts);
+        ReadApp(std::move(table), drafts);
 }
 
 } // namespace exchange

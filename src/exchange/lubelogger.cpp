@@ -18,7 +18,7 @@ bool IsWork(const Table& table) {
         && !table.Has("partnumber");
 }
 
-void ReadFuel(const Table& table, Drafts* drafts) {
+void ReadFuel(Table table, Drafts* drafts) {
     drafts->Facts().variant = "fuel";
     drafts->ForEachRow(table, [&](const CsvRow& row) {
         const auto text = [&](const char* title) { return TextOf(row, table.Find({title})); };
@@ -38,7 +38,7 @@ void ReadFuel(const Table& table, Drafts* drafts) {
     });
 }
 
-void ReadWork(const Table& table, Drafts* drafts) {
+void ReadWork(Table table, Drafts* drafts) {
     const bool isTax = !table.Has("odometer");
     drafts->Facts().variant = isTax ? "taxes" : "services, repairs or upgrades";
     drafts->ForEachRow(table, [&](const CsvRow& row) {
@@ -64,16 +64,16 @@ bool IsLubeLogger(const Beginning& file) {
 }
 
 void ReadLubeLogger(std::vector<CsvRow> rows, Drafts* drafts) {
-    const Table table = TableOf(std::move(rows));
+    Table table = TableOf(std::move(rows));
     drafts->dateHabit = "that of the server's language";
     if (IsFuel(table)) {
-        ReadFuel(table, drafts);
+        ReadFuel(std::move(table), drafts);
     } else if (IsReadings(table)) {
         drafts->Facts().variant = "odometer readings";
         drafts->ForEachRow(table,
             [&](const CsvRow& row) { drafts->Notice("a reading alone is no entry; it was left out", row.line); });
     } else {
-        ReadWork(table, drafts);
+        ReadWork(std::move(table), drafts);
     }
 }
 

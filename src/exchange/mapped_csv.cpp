@@ -27,7 +27,7 @@ std::optional<CEntry::Type> KindOf(const std::string& written) {
 } // namespace
 
 void ReadMappedCsv(std::vector<CsvRow> rows, const ReadingOptions& options, Drafts* drafts) {
-    const Table table = TableOf(std::move(rows));
+    Table table = TableOf(std::move(rows));
     std::map<std::string, int> columns;
     for (const char* field : Fields)
         columns[field] = -1;

@@ -12,6 +12,6 @@ std::vector<std::string> FormatKeys();
 
 /// Reads the contents of a file, told apart by themselves alone. What is wrong in it are the faults of the batch. With
 /// open questions the batch is a guess, good for nothing but its faults.
-FileFacts ReadFile(std::string_view bytes, const ReadingOptions& options, Batch* batch);
+FileFacts ReadFile(std::string bytes, const ReadingOptions& options, Batch* batch);
 
 } // namespace exchange

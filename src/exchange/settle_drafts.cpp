@@ -56,8 +56,8 @@ public:
         SettleDates();
         SettleUnits();
         batch_.entries.reserve(drafts_.entries.size());
-        for (EntryDraft& draft : drafts_.entries)
-            Take(draft.line, [&] { AddEntry(&draft); });
+        for (; !drafts_.entries.empty(); drafts_.entries.pop_front())
+            Take(drafts_.entries.front().line, [&] { AddEntry(drafts_.entries.front()); });
         for (const ReminderDraft& draft : drafts_.reminders)
             Take(draft.line, [&] { AddReminder(draft); });
         RebuildOdometers();
@@ -232,37 +232,36 @@ private:
 
     double DistanceFactor(UnitDistance unit) const { return KilometresOf(unit) / KilometresOf(intoDistance_); }
 
-    void AddEntry(EntryDraft* draft) {
+    void AddEntry(const EntryDraft& draft) {
         EntryItem item{std::make_unique<CEntry>()};
         CEntry* entry = item.record.get();
-        item.isPartial = draft->isPartial;
-        item.isMissed = draft->isMissed;
-        entry->SetType(draft->type);
-        entry->SetDate(Date(draft->date));
-        if (IsCutOff(*draft))
+        item.isPartial = draft.isPartial;
+        item.isMissed = draft.isMissed;
+        entry->SetType(draft.type);
+        entry->SetDate(Date(draft.date));
+        if (IsCutOff(draft))
             throw Broken{0, RowTooShort};
-        const UnitDistance unit = draft->distanceUnit.value_or(*drafts_.distance);
-        const std::optional<LONG> odometer = Reading(draft->odometer, unit);
-        const bool isKnown = odometer && (*odometer != 0 || draft->isZeroReading);
+        const UnitDistance unit = draft.distanceUnit.value_or(*drafts_.distance);
+        const std::optional<LONG> odometer = Reading(draft.odometer, unit);
+        const bool isKnown = odometer && (*odometer != 0 || draft.isZeroReading);
         item.hasUnknownOdometer = item.lacksOdometer = !isKnown;
         entry->SetOdometer(odometer.value_or(0));
-        if (draft->type == CEntry::EntryTypeFuel)
-            SetFuel(*draft, entry);
+        if (draft.type == CEntry::EntryTypeFuel)
+            SetFuel(draft, entry);
         else
             entry->SetAmount(
-                static_cast<float>(Number(draft->total, true).value_or(0) + Number(draft->further, true).value_or(0)));
-        if (draft->type == CEntry::EntryTypeTrip)
-            SetTrip(*draft, unit, entry);
-        entry->SetName(device::FromUtf8(draft->name.empty() ? NameOfNone(draft->type) : draft->name).c_str());
-        entry->SetVendor(device::FromUtf8(draft->vendor).c_str());
-        entry->SetNotes(device::FromUtf8(draft->notes).c_str());
-        const double distance = NumberFrom0(draft->distance, false).value_or(0) * DistanceFactor(unit);
-        item.vehicle = drafts_.VehicleOf(draft->vehicle);
-        if (draft->distance.place > 0)
+                static_cast<float>(Number(draft.total, true).value_or(0) + Number(draft.further, true).value_or(0)));
+        if (draft.type == CEntry::EntryTypeTrip)
+            SetTrip(draft, unit, entry);
+        entry->SetName(device::FromUtf8(draft.name.empty() ? NameOfNone(draft.type) : draft.name).c_str());
+        entry->SetVendor(device::FromUtf8(draft.vendor).c_str());
+        entry->SetNotes(device::FromUtf8(draft.notes).c_str());
+        const double distance = NumberFrom0(draft.distance, false).value_or(0) * DistanceFactor(unit);
+        item.vehicle = drafts_.VehicleOf(draft.vehicle);
+        if (draft.distance.place > 0)
             stretches_[item.vehicle].push_back({batch_.entries.size(), distance, isKnown});
-        lines_.push_back(draft->line);
+        lines_.push_back(draft.line);
         batch_.entries.push_back(std::move(item));
-        *draft = {}; // its texts are not needed twice
     }
 
     /// No form takes an entry without a name.

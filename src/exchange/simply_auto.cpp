@@ -108,7 +108,7 @@ void ReadLog(Table table, Drafts* drafts) {
     });
 }
 
-void ReadTrips(const Table& table, Drafts* drafts) {
+void ReadTrips(Table table, Drafts* drafts) {
     drafts->Facts().variant = "trips";
     const int shift = MonthShiftOf(table, "departure month", drafts);
     drafts->ForEachRow(table, [&](const CsvRow& row) {
@@ -134,7 +134,7 @@ void ReadTrips(const Table& table, Drafts* drafts) {
 }
 
 /// When something that recurs is due next: so long after the last time.
-void ReadServices(const Table& table, Drafts* drafts) {
+void ReadServices(Table table, Drafts* drafts) {
     drafts->Facts().variant = "services";
     drafts->ForEachRow(table, [&](const CsvRow& row) {
         const auto text = [&](const char* title) { return TextOf(row, table.Find({title})); };
@@ -167,7 +167,7 @@ void ReadServices(const Table& table, Drafts* drafts) {
     });
 }
 
-void ReadVehicles(const Table& table, Drafts* drafts) {
+void ReadVehicles(Table table, Drafts* drafts) {
     drafts->Facts().variant = "vehicles";
     drafts->ForEachRow(table, [&](const CsvRow& row) {
         const auto text = [&](const char* title) { return TextOf(row, table.Find({title})); };
@@ -193,11 +193,11 @@ void ReadSimplyAuto(std::vector<CsvRow> rows, Drafts* drafts) {
     if (IsLog(table))
         ReadLog(std::move(table), drafts);
     else if (IsTrips(table))
-        ReadTrips(table, drafts);
+        ReadTrips(std::move(table), drafts);
     else if (IsServices(table))
-        ReadServices(table, drafts);
+        ReadServices(std::move(table), drafts);
     else
-        ReadVehicles(table, drafts);
+        ReadVehicles(std::move(table), drafts);
 }
 
 } // namespace exchange

@@ -24,7 +24,7 @@ std::optional<double> ReadWrittenDate(std::string_view text, DateOrder order);
 /// By a pattern such as "dd.MM.yyyy"; nothing for what is none.
 std::optional<DateOrder> DateOrderOf(const std::string& pattern);
 
-/// Which of a few ways to write values a file has, by the values themselves.
+/// Which of a few ways to write values a file has, by the first values that tell.
 template <typename Way, std::size_t count> class WayFinder {
 public:
     explicit WayFinder(const Way (&ways)[count])
@@ -32,23 +32,24 @@ public:
 
     /// `read` gives the value of a text in a way, or nothing. What can be read in no way says nothing.
     template <typename Read> void Look(const std::string& text, Read read) {
+        if (Found())
+            return;
         unsigned good = 0;
         bool isSame = true;
         std::optional<double> first;
         for (std::size_t way = 0; way < count; ++way)
-            if (const std::optional<double> value = read(ways_[way])) {
+            if (const std::optional<double> value = IsPossible(way) ? read(ways_[way]) : std::nullopt) {
                 good |= 1U << way;
                 isSame = isSame && (!first || *first == *value);
                 first = value;
             }
-        if (good == 0)
-            return;
-        possible_ &= good;
-        if (example_.empty() && (!isSame || possible_ == 0))
+        if (good != 0)
+            possible_ = good;
+        if (!isSame && example_.empty())
             example_ = text;
     }
 
-    /// Nothing where no value needs a way, or the values leave several or none.
+    /// Nothing where the values leave several, or none needs to be told.
     std::optional<Way> Found() const {
         for (std::size_t way = 0; way < count; ++way)
             if (possible_ == 1U << way)
@@ -56,10 +57,12 @@ public:
         return std::nullopt;
     }
     bool IsOpen() const { return !Found() && !example_.empty(); }
-    /// A text that may be read in several ways, or that contradicts those before it.
+    /// A text that may be read in several ways.
     const std::string& Example() const { return example_; }
 
 private:
+    bool IsPossible(std::size_t way) const { return (possible_ >> way & 1U) != 0; }
+
     const Way (&ways_)[count];
     unsigned possible_ = (1U << count) - 1;
     std::string example_;

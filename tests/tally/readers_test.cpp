@@ -227,10 +227,11 @@ TEST_F(Reading, WhatAFileLeavesOpenIsAskedAndAnOptionSettlesIt) {
     EXPECT_EQ(Import(open, with({"--decimal", "point", "--dates", "dmy"})).status, 0);
     EXPECT_EQ(Import(open, with({"--decimal", "comma", "--dates", "mdy"})).status, 0);
     EXPECT_EQ(Sql("SELECT odometer, date FROM entries"), "12|45355.0\n12345|45385.0");
-    // Another row may say what one leaves open; two may contradict each other.
+    // Another row may say what one leaves open; where two contradict each other the first one counts.
     EXPECT_EQ(Import(open + "3/14/2024,\"1,500.5\",10,21,True,False\n", with({})).status, 0);
-    EXPECT_EQ(
-        Import(open + "3/14/2024,1,1,1,True,False\n14/3/2024,1.5,\"1,5\",1,True,False\n", with({})).status, EX_USAGE);
+    const Outcome both = Import(open + "3/14/2024,1.5,1,1,True,False\n14/3/2024,1,\"1,5\",1,True,False\n", with({}));
+    EXPECT_EQ(both.status, EX_DATAERR);
+    EXPECT_NE(both.err.find(":4:1: \"14/3/2024\" is no date"), std::string::npos) << both.err;
     const std::string gallons = "car_name,odometer,miles,gallons,price,fuelup_date\nA,1000,1,10,3,2024-03-04\n";
     EXPECT_EQ(Import(gallons).status, EX_USAGE);
     EXPECT_EQ(Import(gallons, {"--volume", "l"}).status, EX_USAGE);
