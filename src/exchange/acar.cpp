@@ -18,7 +18,7 @@ constexpr const char* Trips = "trip records";
 
 /// The name of a section stands alone in its row.
 std::string SectionOf(const CsvRow& row) {
-    const std::string first = LowerCase(TextOf(row, 0));
+    std::string first = LowerCase(TextOf(row, 0));
     const bool isAlone
         = std::all_of(row.cells.begin() + 1, row.cells.end(), [](const std::string& cell) { return cell.empty(); });
     for (const char* name : {Metadata, Vehicles, FillUps, Events, Services, Expenses, Trips})

@@ -44,6 +44,16 @@ int Table::FindBeginning(const std::string& beginning) const {
     return -1;
 }
 
+std::string UnitInTitle(const Table& table, int column) {
+    const auto place = static_cast<std::size_t>(column);
+    const std::string title = place < table.Titles().size() ? table.Titles()[place] : "";
+    const std::size_t begin = title.find_first_of("(/");
+    std::string unit = begin == std::string::npos ? "" : Trimmed(title.substr(begin + 1));
+    if (!unit.empty() && unit.back() == ')')
+        unit.pop_back();
+    return unit;
+}
+
 Cell CellOf(const CsvRow& row, int column) {
     if (column < 0)
         return {};

@@ -39,6 +39,9 @@ private:
     std::vector<CsvRow> rows_;
 };
 
+/// What stands in the brackets of "Odometer (km)" or behind the bar of "Price / L"; empty where nothing does.
+std::string UnitInTitle(const Table& table, int column);
+
 Cell CellOf(const CsvRow& row, int column);
 /// Empty where there is no such cell.
 std::string TextOf(const CsvRow& row, int column);

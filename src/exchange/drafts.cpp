@@ -44,7 +44,7 @@ void Append(std::string* text, const std::string& more) {
 
 std::optional<UnitDistance> DistanceWritten(const std::string& written) {
     const std::string text = LowerCase(Trimmed(written));
-    if (text.rfind("km", 0) == 0 || text.rfind("kilom", 0) == 0 || text == "\xD0\xBA\xD0\xBC") // "км"
+    if (text.rfind("km", 0) == 0 || text.rfind("kilom", 0) == 0 || text == "км")
         return DistanceKilometres;
     const bool isMiles = text == "mi" || text == "mi." || text.rfind("mile", 0) == 0;
     return isMiles ? std::optional{DistanceMiles} : std::nullopt;
@@ -53,7 +53,7 @@ std::optional<UnitDistance> DistanceWritten(const std::string& written) {
 std::optional<UnitVolume> VolumeWritten(const std::string& written, bool* isGallons) {
     const std::string text = LowerCase(Trimmed(written));
     const auto has = [&](const char* part) { return text.find(part) != std::string::npos; };
-    if (text == "l" || text.rfind("lit", 0) == 0 || text == "\xD0\xBB") // "л"
+    if (text == "l" || text.rfind("lit", 0) == 0 || text == "л")
         return VolumeLitres;
     if (!has("gal"))
         return std::nullopt;

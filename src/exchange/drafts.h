@@ -54,6 +54,7 @@ public:
     std::optional<UnitDistance> distance;
     std::optional<UnitVolume> volume;
     bool isGallons = false; ///< volumes are gallons, and nobody says which
+    bool hasMissedFills = true; ///< the file says where a fill was not written down
     std::string dateHabit; ///< what such files usually have, in words
     std::string volumeHabit;
 

@@ -25,37 +25,19 @@ Section SectionNamed(const std::string& name) {
     if (IsOneOf(name, {"expense", "expenses", "gasto", "gastos", "despesa", "despesas", "wydatek", "wydatki"}))
         return Section::Expense;
     if (IsOneOf(name,
-            {"service", "services", "servicio", "servicios", "servico", "servicos", "servi\xC3\xA7o", "servi\xC3\xA7os",
-                "serwis"}))
+            {"service", "services", "servicio", "servicios", "servico", "servicos", "serviço", "serviços", "serwis"}))
         return Section::Service;
-    if (IsOneOf(name,
-            {"vehicle", "vehiculo",
-                "veh\xC3\xAD"
-                "culo",
-                "veiculo",
-                "ve\xC3\xAD"
-                "culo"}))
+    if (IsOneOf(name, {"vehicle", "vehiculo", "vehículo", "veiculo", "veículo"}))
         return Section::Vehicle;
-    if (IsOneOf(name,
-            {"income", "ingreso", "receita", "przychod",
-                "przych\xC3\xB3"
-                "d"}))
+    if (IsOneOf(name, {"income", "ingreso", "receita", "przychod", "przychód"}))
         return Section::Income;
     return IsOneOf(name, {"route", "ruta", "rota", "trasa"}) ? Section::Route : Section::None;
 }
 
-constexpr const char* NoteTitles[] = {"notes", "note", "observa\xC3\xA7\xC3\xA3o", "observacao", "observaci\xC3\xB3n",
-    "notatka", "notatki", "uwagi", "notizen", "notiz",
-    "\xD0\x9F\xD1\x80\xD0\xB8\xD0\xBC\xD0\xB5\xD1\x87\xD0\xB0\xD0\xBD\xD0\xB8\xD0\xB5"}; // "Примечание"
-constexpr const char* StationTitles[]
-    = {"gas station", "posto de combust\xC3\xADvel", "gasolinera", "stacja paliw", "\xD0\x90\xD0\xB7\xD1\x81"}; // "Азс"
-constexpr const char* VehicleTitles[] = {"vehicle", "veiculo",
-    "ve\xC3\xAD"
-    "culo",
-    "vehiculo",
-    "veh\xC3\xAD"
-    "culo",
-    "pojazd"};
+constexpr const char* NoteTitles[] = {"notes", "note", "observação", "observacao", "observación", "notatka", "notatki",
+    "uwagi", "notizen", "notiz", "Примечание"};
+constexpr const char* StationTitles[] = {"gas station", "posto de combustível", "gasolinera", "stacja paliw", "Азс"};
+constexpr const char* VehicleTitles[] = {"vehicle", "veiculo", "veículo", "vehiculo", "vehículo", "pojazd"};
 
 template <std::size_t count> int FindOneOf(const Table& table, const char* const (&titles)[count]) {
     for (const char* title : titles)
@@ -66,33 +48,15 @@ template <std::size_t count> int FindOneOf(const Table& table, const char* const
 
 /// Whether a word says yes; nothing for one that nobody knows.
 std::optional<bool> IsYes(const std::string& word) {
-    if (IsOneOf(word,
-            {"yes", "sim", "si", "s\xC3\xAD", "s\xC3\xAC", "ja", "tak", "oui", "evet", "1", "true", "\xD0\x94\xD0\xB0",
-                "\xD0\xB4\xD0\xB0"})) // "Да", "да"
+    if (IsOneOf(word, {"yes", "sim", "si", "sí", "sì", "ja", "tak", "oui", "evet", "1", "true", "Да", "да"}))
         return true;
-    if (IsOneOf(word,
-            {"no", "n\xC3\xA3o", "nao", "nein", "nie", "non", "hay\xC4\xB1r", "0", "false", "\xD0\x9D\xD0\xB5\xD1\x82",
-                "\xD0\xBD\xD0\xB5\xD1\x82"})) // "Нет", "нет"
+    if (IsOneOf(word, {"no", "não", "nao", "nein", "nie", "non", "hayır", "0", "false", "Нет", "нет"}))
         return false;
     return std::nullopt;
 }
 
 bool IsNothing(const std::string& text) {
     return text.find_first_not_of("0.,") == std::string::npos;
-}
-
-/// What stands in the brackets of "Odometer (km)" or behind the bar of "Price / L".
-std::string UnitIn(const std::string& title) {
-    const std::size_t begin = title.find_first_of("(/");
-    std::string unit = begin == std::string::npos ? "" : Trimmed(title.substr(begin + 1));
-    if (!unit.empty() && unit.back() == ')')
-        unit.pop_back();
-    return unit;
-}
-
-std::string TitleAt(const Table& table, int column) {
-    const auto place = static_cast<std::size_t>(column);
-    return place < table.Titles().size() ? table.Titles()[place] : "";
 }
 
 /// Titles are translated; columns keep their places.
@@ -102,6 +66,7 @@ public:
         : drafts_(*drafts) { }
 
     void Read(std::vector<Table> tables) {
+        drafts_.hasMissedFills = false;
         drafts_.dateHabit = "dmy";
         drafts_.volumeHabit = "that of the fuel";
         for (Table& table : tables)
@@ -126,7 +91,7 @@ private:
     void ReadSection(Table& table) {
         const Section section = SectionNamed(table.Name());
         if (section == Section::Fuel || section == Section::Expense || section == Section::Service)
-            drafts_.distance = drafts_.distance ? drafts_.distance : DistanceWritten(UnitIn(TitleAt(table, Odometer)));
+            drafts_.distance = drafts_.distance ? drafts_.distance : DistanceWritten(UnitInTitle(table, Odometer));
         if (section == Section::Fuel)
             ReadFills(table);
         else if (section == Section::Expense || section == Section::Service)
@@ -150,7 +115,7 @@ private:
         columns.reason = isEarly ? 19 : isLater ? 25 : -1;
         columns.notes = isEarly ? 20 : isLater ? 27 : FindOneOf(table, NoteTitles);
         columns.vehicle = width == ColumnsWithVehicle ? 29 : FindOneOf(table, VehicleTitles);
-        drafts_.volume = VolumeWritten(UnitIn(TitleAt(table, Price)), &drafts_.isGallons);
+        drafts_.volume = VolumeWritten(UnitInTitle(table, Price), &drafts_.isGallons);
         drafts_.ForEachRow(table, [&](const CsvRow& row) {
             constexpr int ColumnsOfFuel = 5;
             ReadFill(row, columns, 0);

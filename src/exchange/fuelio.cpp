@@ -100,6 +100,10 @@ private:
         const int tank = table.Find({"tanknumber"});
         const int kind = table.Find({"fueltype"});
         const int excluded = table.Find({"excludedistance"});
+        if (!drafts_.distance)
+            drafts_.distance = DistanceWritten(UnitInTitle(table, odometer));
+        if (!drafts_.volume)
+            drafts_.volume = VolumeWritten(UnitInTitle(table, volume), &drafts_.isGallons);
         drafts_.ForEachRow(table, [&](const CsvRow& row) {
             EntryDraft draft;
             draft.type = CEntry::EntryTypeFuel;

@@ -80,6 +80,7 @@ void ReadServices(Table table, Drafts* drafts) {
 
 void ReadApp(Table table, Drafts* drafts) {
     drafts->Facts().variant = "the app's own export";
+    drafts->hasMissedFills = false;
     drafts->isGallons = true;
     drafts->volumeHabit = "usgal";
     drafts->ForEachRow(table, [&](const CsvRow& row) {

@@ -35,7 +35,8 @@ void ReadMappedCsv(std::vector<CsvRow> rows, const ReadingOptions& options, Draf
         const Table wanted("", {1, {title}});
         columns[field] = wanted.Titles().empty() ? -1 : table.Find({wanted.Titles().front().c_str()});
         if (columns[field] < 0)
-            drafts->Facts().questions.push_back("there is no column \"" + title + "\" for --map " + field);
+            drafts->Facts().questions.push_back(
+                std::string("there is no column \"").append(title).append("\" for --map ").append(field));
     }
     drafts->ForEachRow(table, [&](const CsvRow& row) {
         EntryDraft draft;

@@ -70,7 +70,7 @@ const Format* FormatOf(const Beginning& file, const std::string& wanted, FileFac
     return nullptr;
 }
 
-Rows TakeRows(std::string text, char separator, Batch* batch) {
+Rows TakeRows(std::string_view text, char separator, Batch* batch) {
     CsvRows file = ReadCsvRows(text, separator);
     if (file.endsInQuotes) {
         const CsvRow& last = file.rows.back();
@@ -86,15 +86,15 @@ const char* NameOfSeparator(char separator) {
     return separator == ';' ? "semicolon" : "comma";
 }
 
-void ReadTable(std::string text, const ReadingOptions& options, FileFacts* facts, Batch* batch) {
+void ReadTable(const std::string& text, const ReadingOptions& options, FileFacts* facts, Batch* batch) {
     const char separator = SeparatorOf(text);
     Drafts drafts(facts, batch);
     if (!options.columns.empty()) {
         facts->format = "CSV";
-        ReadMappedCsv(TakeRows(std::move(text), separator, batch), options, &drafts);
+        ReadMappedCsv(TakeRows(text, separator, batch), options, &drafts);
     } else if (const Format* format = FormatOf(BeginningOf(text, separator), options.format, facts)) {
         facts->format = format->name;
-        format->read(TakeRows(std::move(text), separator, batch), &drafts);
+        format->read(TakeRows(text, separator, batch), &drafts);
     } else {
         return;
     }
@@ -117,7 +117,7 @@ FileFacts ReadFile(std::string bytes, const ReadingOptions& options, Batch* batc
     if (!facts.refusal.empty())
         return facts;
     Encoding encoding = Encoding::Utf8;
-    std::string text = DecodeText(std::move(bytes), &encoding);
+    const std::string text = DecodeText(std::move(bytes), &encoding);
     facts.encoding = NameOf(encoding);
     if (encoding != Encoding::Utf8)
         facts.assumed.push_back(facts.encoding);
@@ -128,7 +128,7 @@ FileFacts ReadFile(std::string bytes, const ReadingOptions& options, Batch* batc
         facts.format = "Odoledger CSV";
         ReadOwnCsv(text, batch);
     } else {
-        ReadTable(std::move(text), options, &facts, batch);
+        ReadTable(text, options, &facts, batch);
     }
     return facts;
 }

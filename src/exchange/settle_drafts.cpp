@@ -1,9 +1,8 @@
 #include "exchange/drafts.h"
+#include "exchange/odd_readings.h"
 #include "exchange/own_rows.h"
 #include "exchange/written_values.h"
-#include "platform/time.h"
 #include "platform/utf8.h"
-#include "records/record_dates.h"
 
 #include <algorithm>
 #include <cmath>
@@ -60,20 +59,15 @@ public:
             Take(drafts_.entries.front().line, [&] { AddEntry(drafts_.entries.front()); });
         for (const ReminderDraft& draft : drafts_.reminders)
             Take(draft.line, [&] { AddReminder(draft); });
-        RebuildOdometers();
-        WarnOfBackwards();
+        const auto tell = [&](const std::string& words, std::size_t entry) { drafts_.Notice(words, lines_[entry]); };
+        for (auto& [vehicle, stretches] : stretches_)
+            RebuildOdometers(&batch_, std::move(stretches), tell);
+        TellOddities(batch_, drafts_.hasMissedFills, tell);
         batch_.distance = intoDistance_;
         batch_.volume = intoVolume_;
     }
 
 private:
-    /// A stretch of way instead of a reading.
-    struct Stretch {
-        std::size_t entry;
-        double distance;
-        bool hasReading;
-    };
-
     void SettleDecimal() {
         WayFinder<char, std::size(Signs)> finder(Signs);
         ForEachNumber(drafts_, [&](const Cell& cell, bool isMoney) {
@@ -320,77 +314,6 @@ private:
         item.record->SetNotes(device::FromUtf8(draft.notes).c_str());
         item.vehicle = drafts_.VehicleOf(draft.vehicle);
         batch_.reminders.push_back(std::move(item));
-    }
-
-    bool IsEarlier(std::size_t left, std::size_t right) const {
-        const CEntry& first = *batch_.entries[left].record;
-        const CEntry& second = *batch_.entries[right].record;
-        const double leftDate = LinearFromOleDate(first.GetDate());
-        const double rightDate = LinearFromOleDate(second.GetDate());
-        return leftDate < rightDate || (leftDate == rightDate && first.GetOdometer() < second.GetOdometer());
-    }
-
-    /// Readings of fills for which only the way from the one before was written down: on from the last known reading,
-    /// or back from the first one, or from 0.
-    void RebuildOdometers() {
-        for (auto& [vehicle, stretches] : stretches_) {
-            // Files have the newest first: of one moment the later row is the older one.
-            std::reverse(stretches.begin(), stretches.end());
-            std::stable_sort(stretches.begin(), stretches.end(),
-                [&](const Stretch& left, const Stretch& right) { return LinearDateOf(left) < LinearDateOf(right); });
-            const auto first = std::find_if(
-                stretches.begin(), stretches.end(), [](const Stretch& stretch) { return stretch.hasReading; });
-            const auto begin = first == stretches.end() ? stretches.begin() : first;
-            double reading = first == stretches.end() ? 0 : OdometerOf(*first);
-            for (auto stretch = begin; stretch != stretches.end(); ++stretch) {
-                reading = stretch->hasReading ? OdometerOf(*stretch) : reading + stretch->distance;
-                Rebuild(*stretch, reading, stretch->distance > 0);
-            }
-            reading = first == stretches.end() ? 0 : OdometerOf(*first);
-            for (auto stretch = begin; stretch != stretches.begin(); --stretch) {
-                reading -= stretch->distance;
-                Rebuild(*std::prev(stretch), std::max(reading, 0.0), stretch->distance > 0);
-            }
-        }
-    }
-
-    double OdometerOf(const Stretch& stretch) const { return batch_.entries[stretch.entry].record->GetOdometer(); }
-
-    double LinearDateOf(const Stretch& stretch) const {
-        return LinearFromOleDate(batch_.entries[stretch.entry].record->GetDate());
-    }
-
-    void Rebuild(const Stretch& stretch, double reading, bool hasWay) {
-        EntryItem& item = batch_.entries[stretch.entry];
-        if (stretch.hasReading || !hasWay)
-            return;
-        item.record->SetOdometer(WholeReading(reading));
-        item.hasUnknownOdometer = item.lacksOdometer = false;
-        drafts_.Notice("the reading was rebuilt from the distances", lines_[stretch.entry]);
-    }
-
-    void WarnOfBackwards() {
-        SYSTEMTIME clock;
-        double now = 0;
-        GetLocalTime(&clock);
-        SystemTimeToVariantTime(&clock, &now);
-        std::vector<std::size_t> order;
-        for (std::size_t entry = 0; entry < batch_.entries.size(); ++entry) {
-            if (!batch_.entries[entry].hasUnknownOdometer)
-                order.push_back(entry);
-            if (batch_.entries[entry].record->GetDate() > now + 1)
-                drafts_.Notice("the date is still to come", lines_[entry]);
-        }
-        std::sort(
-            order.begin(), order.end(), [&](std::size_t left, std::size_t right) { return IsEarlier(left, right); });
-        std::map<std::size_t, LONG> highest;
-        for (const std::size_t entry : order) {
-            LONG& last = highest[batch_.entries[entry].vehicle];
-            const LONG odometer = batch_.entries[entry].record->GetOdometer();
-            if (odometer < last)
-                drafts_.Notice("the reading is lower than one before it", lines_[entry]);
-            last = std::max(last, odometer);
-        }
     }
 
     Drafts& drafts_;

@@ -181,6 +181,8 @@ private:
         UseUnitsOfLog(&batch, options_, &facts);
         for (exchange::Fault& fault : batch.faults)
             fault.member = member;
+        std::stable_sort(batch.faults.begin(), batch.faults.end(),
+            [](const exchange::Fault& left, const exchange::Fault& right) { return left.line < right.line; });
         input->hasQuestions = input->hasQuestions || !facts.questions.empty();
         input->members.push_back({name, std::move(facts)});
         exchange::Append(&input->batch, std::move(batch));

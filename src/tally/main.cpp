@@ -41,8 +41,10 @@ bool WantsColours() {
 }
 
 void TellProgress(const std::string& words) {
-    if (IsTerminal(STDERR_FILENO))
+    static bool isTold = false;
+    if (IsTerminal(STDERR_FILENO) && (isTold || !words.empty()))
         std::cerr << '\r' << words << "\x1B[K" << std::flush;
+    isTold = !words.empty();
 }
 
 void TellProgram() {

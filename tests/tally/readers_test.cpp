@@ -258,6 +258,18 @@ TEST_F(Reading, OddFillsAreTakenAndTold) {
         Sql("SELECT odometer FROM entries e, tally_marks m WHERE m.unknown_odometer AND m.ref = e.ref"), "900\n1000")
         << "the last one before it, or else the first one behind";
     EXPECT_EQ(Sql("SELECT count(*) FROM entries"), "5");
+    EXPECT_EQ(Import("car_name,odometer,miles,gallons,price,fuelup_date\nA,0,300,10,3,2024-03-04\n"
+                     "A,1000,200,10,3,2024-03-03\nA,,100,10,3,2024-03-02\n",
+                  {"--volume", "usgal"})
+                  .status,
+        0);
+    EXPECT_EQ(Sql("SELECT odometer FROM entries WHERE amount = 30 ORDER BY date"), "800\n1000\n1300");
+    std::string fills
+        = "##Refuelling\n\"Odometer (mi)\",\"Date\",\"Fuel\",\"Price / L\",\"Total\",\"Volume\",\"Full\" 1\n";
+    for (const int odometer : {1000, 1300, 1600, 1900, 2500, 2800, 3100})
+        fills += std::to_string(odometer) + ",2024-03-04,Gas,2,20,10,Yes\n";
+    const Outcome far = Import(fills, {"--vehicle", "Far"});
+    EXPECT_NE(far.err.find("line 7: far more way"), std::string::npos) << far.err;
 }
 
 TEST_F(Reading, WhatIsNoTableIsRefusedInWords) {
