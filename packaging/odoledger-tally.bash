@@ -1,6 +1,7 @@
 # Completion of odoledger-tally for bash: commands and options as its own help tells them.
 _odoledger_tally() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command= each
+    local apps="fuelio drivvo acar fuelly simply-auto lubelogger"
     for each in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $each in [a-z]*) command=$each && break ;; esac
     done
@@ -9,6 +10,9 @@ _odoledger_tally() {
     --distance) mapfile -t COMPREPLY < <(compgen -W "km mi" -- "$word") && return ;;
     --volume) [ "$command" = import ] && mapfile -t COMPREPLY < <(compgen -W "l usgal ukgal" -- "$word") && return ;;
     add) mapfile -t COMPREPLY < <(compgen -W "fuel repair trip expense" -- "$word") && return ;;
+    --from) [ "$command" = import ] && mapfile -t COMPREPLY < <(compgen -W "$apps" -- "$word") && return ;;
+    --dates) mapfile -t COMPREPLY < <(compgen -W "dmy mdy ymd" -- "$word") && return ;;
+    --decimal) mapfile -t COMPREPLY < <(compgen -W "point comma" -- "$word") && return ;;
     --by) mapfile -t COMPREPLY < <(compgen -W "month quarter year" -- "$word") && return ;;
     esac
     local help words

@@ -20,6 +20,7 @@ struct Fault {
     int line;
     int cell;
     std::string reason;
+    std::string member = {}; ///< the file within an archive
 };
 
 struct VehicleItem {
@@ -37,6 +38,7 @@ struct EntryItem {
     bool isPartial = false; ///< the tank was not filled
     bool isMissed = false; ///< a fill before this one was not written down
     bool hasUnknownOdometer = false;
+    bool lacksOdometer = false; ///< its record has none yet: it takes the last one before it
 };
 
 struct ReminderItem {
@@ -58,6 +60,24 @@ struct Batch {
 /// What stands for "none" in a reminder by its date or its reading alone.
 inline constexpr LONG NoOdometer = 2'000'000'000;
 inline constexpr double NoDate = 2958465; // 31 December 9999
+
+/// Moves what another batch has into this one, in whose units it is; vehicles of one name become one.
+void Append(Batch* batch, Batch more);
+
+/// A reading and its moment, as an OLE date.
+struct Reading {
+    double date;
+    LONG odometer;
+};
+/// Gives entries of a vehicle that lack a reading the last one before them, else the first one behind, of those that
+/// the batch and the log (`known`, in the same units) have.
+void FillOdometers(Batch* batch, std::size_t vehicle, std::vector<Reading> known);
+
+/// Of one unit, exactly.
+double KilometresOf(UnitDistance unit);
+double LitresOf(UnitVolume unit);
+/// The nearest whole number that a reading can be.
+LONG WholeReading(double reading);
 
 /// Turns all numbers into other units with exact factors; readings are rounded to the nearest.
 void ConvertUnits(Batch* batch, UnitDistance distance, UnitVolume volume);

@@ -20,10 +20,8 @@ struct CsvRows {
 /// doubled quotes and the separator, and what stands behind a closing quote belongs to its cell.
 CsvRows ReadCsvRows(std::string_view text, char separator);
 
-/// The comma, semicolon or tab that stands most often in the first line outside quotes; a comma where none does.
+/// The comma, semicolon or tab that stands most often outside quotes in the first line that has any of them (those
+/// before it are marks of sections); a comma where none does.
 char SeparatorOf(std::string_view text);
-
-/// Without a byte order mark, as UTF-8; bytes that are not are taken for Windows-1252, which `isUtf8` tells.
-std::string DecodeText(std::string_view bytes, bool* isUtf8);
 
 } // namespace exchange

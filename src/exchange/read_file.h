@@ -1,18 +1,17 @@
 #pragma once
 
-#include "exchange/batch.h"
+#include "exchange/reading.h"
 
 #include <string>
 #include <string_view>
 
 namespace exchange {
 
-struct FileFacts {
-    std::string format; ///< in words; empty where it is none that we know
-    bool isUtf8 = true; ///< else the text was taken for Windows-1252
-};
+/// The keys that ReadingOptions::format may have.
+std::vector<std::string> FormatKeys();
 
-/// Reads the contents of a file, told apart by themselves alone. What is wrong in it are the faults of the batch.
-FileFacts ReadFile(std::string_view bytes, Batch* batch);
+/// Reads the contents of a file, told apart by themselves alone. What is wrong in it are the faults of the batch. With
+/// open questions the batch is a guess, good for nothing but its faults.
+FileFacts ReadFile(std::string bytes, const ReadingOptions& options, Batch* batch);
 
 } // namespace exchange

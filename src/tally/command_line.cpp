@@ -1,7 +1,9 @@
 #include "tally/command_line.h"
 
+#include "exchange/mapped_csv.h"
 #include "exchange/own_rows.h"
 #include "exchange/plain_text.h"
+#include "exchange/read_file.h"
 #include "resources/module.h"
 #include "tally/vehicle_charts.h"
 
@@ -201,24 +203,62 @@ private:
 
     void AddImport() {
         CLI::App& command = Add("import", "Bring records of a file into the log", "import --dry-run everything.csv");
-        command.add_option("FILE", request_.files, "What export has written")->required()->type_name("");
+        command.add_option("FILE", request_.files, "What export or another app has written, also as ZIP")
+            ->required()
+            ->type_name("");
         command.add_option("--vehicle", request_.vehicle, "The vehicle that it is for; made where there is none")
             ->type_name("NAME");
         command.add_flag("--dry-run", request_.isDryRun, "Tell what would be added, and change nothing");
         command.add_flag("--skip-faulty", request_.skipsFaulty, "Leave out rows that cannot be understood");
         command
             .add_option_function<std::string>(
-                "--distance", [this](const std::string& name) { request_.distance = exchange::DistanceNamed(name); },
+                "--distance",
+                [this](const std::string& name) { request_.reading.distance = exchange::DistanceNamed(name); },
                 "What its distances are where it does not say: km or mi")
             ->type_name("UNIT")
             ->check(OneOf({"km", "mi"}));
         command
             .add_option_function<std::string>(
-                "--volume", [this](const std::string& name) { request_.volume = exchange::VolumeNamed(name); },
+                "--volume", [this](const std::string& name) { request_.reading.volume = exchange::VolumeNamed(name); },
                 "What its volumes are where it does not say: l, usgal or ukgal")
             ->type_name("UNIT")
             ->check(OneOf({"l", "usgal", "ukgal"}));
+        AddWaysToWrite(command);
         AddOutput(command);
+    }
+
+    void AddWaysToWrite(CLI::App& command) {
+        static const std::map<std::string, exchange::DateOrder> Orders = {{"dmy", exchange::DateOrder::DayMonthYear},
+            {"mdy", exchange::DateOrder::MonthDayYear}, {"ymd", exchange::DateOrder::YearMonthDay}};
+        exchange::ReadingOptions& reading = request_.reading;
+        command
+            .add_option_function<std::string>(
+                "--dates", [&reading](const std::string& name) { reading.dates = Orders.at(name); },
+                "The order of its dates where they do not say: dmy, mdy or ymd")
+            ->type_name("ORDER")
+            ->check(OneOf({"dmy", "mdy", "ymd"}));
+        command
+            .add_option_function<std::string>(
+                "--decimal", [&reading](const std::string& name) { reading.decimal = name == "comma" ? ',' : '.'; },
+                "Its decimal sign where its numbers do not say: point or comma")
+            ->type_name("SIGN")
+            ->check(OneOf({"point", "comma"}));
+        command.add_option("--from", reading.format, "The app that wrote it, where its contents could be of several")
+            ->type_name("APP")
+            ->check(OneOf(exchange::FormatKeys()));
+        command
+            .add_option_function<std::string>(
+                "--map",
+                [&reading](const std::string& text) {
+                    std::string reason;
+                    const auto columns = exchange::ReadMapping(text, &reason);
+                    if (!columns)
+                        throw CLI::ValidationError("--map", reason);
+                    reading.columns = *columns;
+                },
+                "Any CSV file: the titles of its columns, as date=Day,odometer=Km,total=Paid; also volume, price, "
+                "kind, name, vendor, notes, vehicle")
+            ->type_name("FIELDS");
     }
 
     void AddUndo() {

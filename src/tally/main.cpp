@@ -29,11 +29,22 @@ namespace {
     End(status);
 }
 
+/// A terminal that does more than write.
+bool IsTerminal(int descriptor) {
+    const char* terminal = std::getenv("TERM");
+    return isatty(descriptor) != 0 && terminal && std::strcmp(terminal, "dumb") != 0;
+}
+
 bool WantsColours() {
     const char* refused = std::getenv("NO_COLOR");
-    const char* terminal = std::getenv("TERM");
-    return isatty(STDOUT_FILENO) != 0 && (!refused || *refused == '\0') && terminal
-        && std::strcmp(terminal, "dumb") != 0;
+    return IsTerminal(STDOUT_FILENO) && (!refused || *refused == '\0');
+}
+
+void TellProgress(const std::string& words) {
+    static bool isTold = false;
+    if (IsTerminal(STDERR_FILENO) && (isTold || !words.empty()))
+        std::cerr << '\r' << words << "\x1B[K" << std::flush;
+    isTold = !words.empty();
 }
 
 void TellProgram() {
@@ -52,6 +63,6 @@ int main(int count, char** arguments) {
     device::SetModule(OdoledgerModule());
     // How wide characters are on a terminal; numbers stay as they are.
     std::setlocale(LC_CTYPE, "C.UTF-8");
-    tally::Surroundings surroundings{std::cout, std::cerr, WantsColours(), TellProgram};
+    tally::Surroundings surroundings{std::cout, std::cerr, WantsColours(), TellProgress, TellProgram};
     End(tally::Run({arguments + 1, arguments + count}, surroundings));
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "units/units.h"
+#include "exchange/reading.h"
 
 #include <functional>
 #include <optional>
@@ -15,6 +15,8 @@ struct Surroundings {
     std::ostream& out;
     std::ostream& err;
     bool hasColours = false; ///< on `out`
+    /// A line that tells how far the work is, in the place of the one before; the empty one at its end.
+    std::function<void(const std::string& words)> progress = [](const std::string&) {};
     /// Tells a running program that its data file has changed.
     std::function<void()> tellProgram = [] {};
 };
@@ -57,8 +59,7 @@ struct Request {
     std::vector<std::string> files; ///< to import
     bool isDryRun = false;
     bool skipsFaulty = false;
-    std::optional<UnitDistance> distance; ///< of files that do not say
-    std::optional<UnitVolume> volume;
+    exchange::ReadingOptions reading; ///< what the files do not say
     std::optional<LONGLONG> number; ///< of an import
     NewEntry entry;
 };

@@ -30,7 +30,10 @@ int Perform(const Request& request, Surroundings& surroundings) {
 } // namespace
 
 int Run(const std::vector<std::string>& arguments, Surroundings& surroundings) {
-    const auto tell = [&](const std::string& words) { surroundings.err << "odoledger-tally: " << words << std::endl; };
+    const auto tell = [&](const std::string& words) {
+        surroundings.progress("");
+        surroundings.err << "odoledger-tally: " << words << std::endl;
+    };
     try {
         const auto read = ReadCommandLine(arguments, surroundings);
         if (const int* status = std::get_if<int>(&read))

@@ -97,9 +97,10 @@ private:
 
 class Storing {
 public:
-    Storing(Batch batch, const std::string& target)
+    Storing(Batch batch, const std::string& target, const std::function<void(std::size_t, std::size_t)>& progress)
         : batch_(std::move(batch))
-        , target_(target) { }
+        , target_(target)
+        , progress_(progress) { }
 
     Stored Run() {
         RequireLoaded(theDataLayer.Load(&vehicles_));
@@ -161,22 +162,28 @@ private:
         return found != marks_.end() && found->second.HasUnknownOdometer;
     }
 
-    Present EntriesOf(const CVehicle& vehicle) const {
+    /// What the log has of a vehicle; entries of the batch that lack a reading take one of it.
+    Present EntriesOf(const CVehicle& vehicle, std::size_t place) {
         Present present;
+        std::vector<exchange::Reading> readings;
         CEntryFilter filter;
         filter.SetVehicleID(vehicle.GetRefID());
         CObjectListT<CEntry> entries;
         RequireLoaded(theDataLayer.Load(&entries, &filter));
-        for (int i = 0; i < entries.GetCount(); ++i)
-            present.Add(KeyOf(*entries.Get(i), IsUnknown(*entries.Get(i))), TextsOf(*entries.Get(i)));
+        for (int i = 0; i < entries.GetCount(); ++i) {
+            const CEntry& entry = *entries.Get(i);
+            present.Add(KeyOf(entry, IsUnknown(entry)), TextsOf(entry));
+            if (!IsUnknown(entry))
+                readings.push_back({entry.GetDate(), entry.GetOdometer()});
+        }
+        exchange::FillOdometers(&batch_, place, std::move(readings));
         return present;
     }
 
     void AddEntries() {
         std::map<CVehicle*, Present> present;
-        for (CVehicle* vehicle : resolved_)
-            if (present.count(vehicle) == 0)
-                present.emplace(vehicle, EntriesOf(*vehicle));
+        for (std::size_t place = 0; place < resolved_.size(); ++place)
+            present[resolved_[place]] = EntriesOf(*resolved_[place], place);
         // First those that are there to the letter, so that of the others the right ones are left.
         for (const bool isExact : {true, false})
             for (EntryItem& item : batch_.entries)
@@ -184,9 +191,13 @@ private:
                     item.record.reset();
                     ++result_.alreadyThere;
                 }
-        for (EntryItem& item : batch_.entries)
-            if (item.record)
-                Add(std::move(item));
+        constexpr std::size_t Often = 5000;
+        for (std::size_t place = 0; place < batch_.entries.size(); ++place) {
+            if (batch_.entries[place].record)
+                Add(std::move(batch_.entries[place]));
+            if (place % Often == 0)
+                progress_(place, batch_.entries.size());
+        }
     }
 
     static bool IsThere(const EntryItem& item, bool isExact, Present* present) {
@@ -252,6 +263,7 @@ private:
 
     Batch batch_;
     std::string target_;
+    const std::function<void(std::size_t, std::size_t)>& progress_;
     CObjectListT<CVehicle> vehicles_;
     std::vector<CVehicle*> resolved_; ///< by place in the batch
     std::map<std::wstring, int> seen_; ///< vehicles of the batch so far, by name
@@ -263,8 +275,9 @@ private:
 
 } // namespace
 
-Stored StoreBatch(Batch batch, const std::string& target) {
-    return Storing(std::move(batch), target).Run();
+Stored StoreBatch(
+    Batch batch, const std::string& target, const std::function<void(std::size_t done, std::size_t all)>& progress) {
+    return Storing(std::move(batch), target, progress).Run();
 }
 
 LONGLONG DigestOf(const CVehicle& vehicle) {

@@ -4,6 +4,8 @@
 #include "records/companion_tables.h"
 #include "tally/open_log.h"
 
+#include <functional>
+
 namespace tally {
 
 /// What storing a batch came to.
@@ -15,8 +17,10 @@ struct Stored {
 
 /// Stores what the log does not have yet, within the transaction of the caller. Records of a vehicle count: where the
 /// batch has three that look the same and the log has two, one is added. The vehicles of the batch are those of the log
-/// by their names, in order where several have one name, or are made; with `target` the only one becomes that.
-Stored StoreBatch(exchange::Batch batch, const std::string& target);
+/// by their names, in order where several have one name, or are made; with `target` the only one becomes that. Now and
+/// then `progress` is told how many entries are stored, of how many.
+Stored StoreBatch(exchange::Batch batch, const std::string& target,
+    const std::function<void(std::size_t done, std::size_t all)>& progress);
 
 /// By which is seen whether somebody has changed a record since.
 LONGLONG DigestOf(const CVehicle& vehicle);

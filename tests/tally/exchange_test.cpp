@@ -1,6 +1,7 @@
 // Logs on their way out, in and back.
 
 #include "exchange/csv_rows.h"
+#include "exchange/decode_text.h"
 #include "exchange/plain_text.h"
 #include "tally_device.h"
 
@@ -258,14 +259,14 @@ TEST(CsvRows, AreReadHoweverLooselyTheyWereWritten) {
     };
     EXPECT_EQ(read("a,b\r\rc,\"d\re\"\rf"), "1|a|b\n3|c|d\re\n5|f\n");
     EXPECT_EQ(read("a;b,c;\"x\"\"y\" 2\r\n\r\n;\n\"\""), "1|a|b,c|x\"y 2\n3||\n4|\n");
-    bool isUtf8 = true;
+    exchange::Encoding encoding;
     EXPECT_EQ(exchange::DecodeText("\xEF\xBB\xBF"
                                    "a\xC3\xA9",
-                  &isUtf8),
+                  &encoding),
         "a\xC3\xA9");
-    EXPECT_TRUE(isUtf8);
-    EXPECT_EQ(exchange::DecodeText("\x80\xE9", &isUtf8), "\xE2\x82\xAC\xC3\xA9");
-    EXPECT_FALSE(isUtf8);
+    EXPECT_EQ(encoding, exchange::Encoding::Utf8);
+    EXPECT_EQ(exchange::DecodeText("\x80\xE9", &encoding), "\xE2\x82\xAC\xC3\xA9");
+    EXPECT_EQ(encoding, exchange::Encoding::Windows1252);
 }
 
 } // namespace

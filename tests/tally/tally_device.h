@@ -29,7 +29,7 @@ protected:
     Outcome Run(const std::vector<std::string>& arguments) {
         std::ostringstream out;
         std::ostringstream err;
-        tally::Surroundings surroundings{out, err, false, [this] { ++Told; }};
+        tally::Surroundings surroundings{out, err, false, [](const std::string&) {}, [this] { ++Told; }};
         const int status = tally::Run(arguments, surroundings);
         return {status, out.str(), err.str()};
     }
