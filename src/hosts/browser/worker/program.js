@@ -30,16 +30,17 @@ const diskFull = 51;
 export class Program {
     #module;
     #host;
-    #isRunning = false;
-    /** @type {(status: number) => void} */
-    #end = () => {};
-    /** Comes when the program has ended, with its status. @type {Promise<number>} */
-    ended = new Promise((resolve) => (this.#end = resolve));
 
-    /** @param {any} module @param {ProgramHost} host */
-    constructor(module, host) {
+    /**
+     * @param {any} module
+     * @param {ProgramHost} host
+     * @param {Promise<number>} ended
+     */
+    constructor(module, host, ended) {
         this.#module = module;
         this.#host = host;
+        /** Comes when the program has ended, with its status. */
+        this.ended = ended;
     }
 
     /**
@@ -49,16 +50,19 @@ export class Program {
      * @returns {Promise<Program>}
      */
     static async make({ createModule, code, pool, screen, post, variables }) {
-        /** @type {Program | undefined} */
-        let program;
         const host = new ProgramHost(post);
+        /** @type {(status: number) => void} */
+        let noteEnd = () => {};
+        /** @type {Promise<number>} */
+        const ended = new Promise((resolve) => (noteEnd = resolve));
         /** @type {(error: unknown) => void} */
         let giveUp = () => {};
         const failure = new Promise((_, reject) => (giveUp = reject));
         const making = createModule({
             screen,
             host,
-            localeTexts: (/** @type {string} */ numbers, /** @type {string} */ dates) => new LocaleTexts(numbers, dates),
+            localeTexts: (/** @type {string} */ numbers, /** @type {string} */ dates) =>
+                new LocaleTexts(numbers, dates),
             instantiateWasm(
                 /** @type {WebAssembly.Imports} */ imports,
                 /** @type {(instance: WebAssembly.Instance) => void} */ success,
@@ -74,19 +78,15 @@ export class Program {
                 FS.mkdir(storagePlace);
                 FS.mount(poolFileSystem(FS, pool), {}, storagePlace);
             },
-            onExit(/** @type {number} */ status) {
-                program?.noteEnd(status);
-            },
+            onExit: noteEnd,
             // What is told at the end, to whoever looks after the program.
             printErr: (/** @type {string} */ line) => console.warn(line),
         });
-        program = new Program(await Promise.race([making, failure]), host);
-        return program;
+        return new Program(await Promise.race([making, failure]), host, ended);
     }
 
     /** Runs it until it waits for the first time, or ends. */
     run() {
-        this.#isRunning = true;
         this.#guarded(() => this.#module._odoledgerRun());
     }
 
@@ -137,14 +137,9 @@ export class Program {
         }
     }
 
+    /** Whether it runs, and waits. */
     get canBeAsked() {
-        return this.#isRunning && this.#host.isWaiting;
-    }
-
-    /** @param {number} status */
-    noteEnd(status) {
-        this.#isRunning = false;
-        this.#end(status);
+        return this.#host.isWaiting;
     }
 
     /**
