@@ -133,7 +133,7 @@ export class Program {
         } catch (error) {
             if (!(error instanceof FS.ErrnoError)) throw error;
             if (FS.analyzePath(path).exists) FS.unlink(path);
-            return error.errno === diskFull ? 'full' : 'failed';
+            return /** @type {{errno: number}} */ (error).errno === diskFull ? 'full' : 'failed';
         }
     }
 
