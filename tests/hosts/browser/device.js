@@ -109,7 +109,8 @@ export class Device {
      */
     async ask(what) {
         await this.tell({ type: 'inspect', what });
-        const { lines } = await this.hear('inspected');
+        const { lines, ...answer } = await this.hear('inspected');
+        if (answer.what !== what) throw new Error(`"${what}" was asked, "${answer.what}" answered`);
         const end = await this.#page.evaluate(() => {
             const { heard } = /** @type {any} */ (globalThis);
             return heard.find((/** @type {any} */ { type }) => type === 'ended');

@@ -72,7 +72,8 @@ test('a copy is taken, another log opened in its place, and the former one taken
     const copy = await saveCopy(device);
     assert.equal(String.fromCharCode(...copy.slice(0, 15)), 'SQLite format 3');
     await addVehicle(device, 'Second');
-    const newer = copy.with(63, copy[63] + 1);
+    const newer = [...copy];
+    newer[63] += 1;
 
     assert.equal(await openCopy(device, noLog), 'notALog');
     assert.equal(await openCopy(device, newer), 'newer');

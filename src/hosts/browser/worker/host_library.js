@@ -24,3 +24,21 @@ mergeInto(LibraryManager.library, {
         Module.host.tell(UTF8ToString(type), UTF8ToString(text));
     },
 });
+
+// Only the program's own run is ever left and entered again. To keep count of all other calls, those of functions that
+// may throw among them, would take a third of the program's time.
+LibraryManager.library.$Asyncify.instrumentWasmExports = function (exports) {
+    const run = exports.odoledgerRun;
+    const counted = function () {
+        Asyncify.exportCallStack.push('odoledgerRun');
+        try {
+            return run();
+        } finally {
+            if (!ABORT) {
+                Asyncify.exportCallStack.pop();
+                Asyncify.maybeStopUnwind();
+            }
+        }
+    };
+    return Object.assign({}, exports, { odoledgerRun: counted });
+};

@@ -30,16 +30,17 @@ const diskFull = 51;
 export class Program {
     #module;
     #host;
-    #isRunning = false;
-    /** @type {(status: number) => void} */
-    #end = () => {};
-    /** Comes when the program has ended, with its status. @type {Promise<number>} */
-    ended = new Promise((resolve) => (this.#end = resolve));
 
-    /** @param {any} module @param {ProgramHost} host */
-    constructor(module, host) {
+    /**
+     * @param {any} module
+     * @param {ProgramHost} host
+     * @param {Promise<number>} ended
+     */
+    constructor(module, host, ended) {
         this.#module = module;
         this.#host = host;
+        /** Comes when the program has ended, with its status. */
+        this.ended = ended;
     }
 
     /**
@@ -49,9 +50,11 @@ export class Program {
      * @returns {Promise<Program>}
      */
     static async make({ createModule, code, pool, screen, post, variables }) {
-        /** @type {Program | undefined} */
-        let program;
         const host = new ProgramHost(post);
+        /** @type {(status: number) => void} */
+        let noteEnd = () => {};
+        /** @type {Promise<number>} */
+        const ended = new Promise((resolve) => (noteEnd = resolve));
         /** @type {(error: unknown) => void} */
         let giveUp = () => {};
         const failure = new Promise((_, reject) => (giveUp = reject));
@@ -75,19 +78,15 @@ export class Program {
                 FS.mkdir(storagePlace);
                 FS.mount(poolFileSystem(FS, pool), {}, storagePlace);
             },
-            onExit(/** @type {number} */ status) {
-                program?.noteEnd(status);
-            },
+            onExit: noteEnd,
             // What is told at the end, to whoever looks after the program.
             printErr: (/** @type {string} */ line) => console.warn(line),
         });
-        program = new Program(await Promise.race([making, failure]), host);
-        return program;
+        return new Program(await Promise.race([making, failure]), host, ended);
     }
 
     /** Runs it until it waits for the first time, or ends. */
     run() {
-        this.#isRunning = true;
         this.#guarded(() => this.#module._odoledgerRun());
     }
 
@@ -134,18 +133,13 @@ export class Program {
         } catch (error) {
             if (!(error instanceof FS.ErrnoError)) throw error;
             if (FS.analyzePath(path).exists) FS.unlink(path);
-            return error.errno === diskFull ? 'full' : 'failed';
+            return /** @type {{errno: number}} */ (error).errno === diskFull ? 'full' : 'failed';
         }
     }
 
+    /** Whether it runs, and waits. */
     get canBeAsked() {
-        return this.#isRunning && this.#host.isWaiting;
-    }
-
-    /** @param {number} status */
-    noteEnd(status) {
-        this.#isRunning = false;
-        this.#end(status);
+        return this.#host.isWaiting;
     }
 
     /**

@@ -6,7 +6,7 @@ const letter = /\p{L}/u;
 const digit = /\p{Nd}/u;
 /** What joins with its neighbours or changes their shapes: such a text cannot be measured pair by pair. */
 const shaped =
-    /[\p{M}\u0590-\u109f\u1100-\u11ff\u135d-\u135f\u1700-\u18af\u1900-\u1cff\u200b-\u200f\u2060-\u206f\ua800-\uabff\ufb1d-\ufdff\ufe00-\ufe0f\ufe70-\ufeff\u{10000}-\u{1ffff}]/u;
+    /[\p{M}\u0590-\u109f\u1100-\u11ff\u1700-\u18af\u1900-\u1cff\u200b-\u200f\u2060-\u206f\ua800-\uabff\ufb1d-\ufdff\ufe70-\ufeff\u{10000}-\u{1ffff}]/u;
 
 /**
  * @param {string} character
