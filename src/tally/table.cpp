@@ -143,19 +143,24 @@ std::string Table::Html() const {
         addRow("th", [&](std::size_t column) { return columns_[column].title; });
     for (const auto& row : rows_)
         addRow("td", [&](std::size_t column) { return row[column].shown; });
-    return result + "</table>\n";
+    result += "</table>\n";
+    return result;
 }
 
+// A row at a time: the whole of a long log as JSON's own objects takes more room than all else.
 std::string Table::WriteJson() const {
-    auto result = nlohmann::ordered_json::array();
+    std::string result = "[";
     for (const auto& row : rows_) {
         auto object = nlohmann::ordered_json::object();
         for (std::size_t column = 0; column < columns_.size(); ++column)
             if (columns_[column].whom != For::People)
                 object[columns_[column].key] = JsonValue(row[column].value);
-        result.push_back(std::move(object));
+        result += result.size() == 1 ? "\n  " : ",\n  ";
+        for (const char character : object.dump(2))
+            result.append(character == '\n' ? "\n  " : std::string_view(&character, 1));
     }
-    return result.dump(2) + '\n';
+    result += rows_.empty() ? "]\n" : "\n]\n";
+    return result;
 }
 
 void Deliver(const std::string& result, const Request& request, Surroundings& surroundings) {

@@ -9,7 +9,7 @@ source "$(dirname "$0")/../hosts/waiting.sh"
 export HANDSET_LOCALE=en_US TZ=UTC HANDSET_CLOCK=2026-02-01T10:00:00Z XDG_RUNTIME_DIR=$place
 chmod 700 "$place"
 
-# What a year leaves behind: a fill every two weeks, of which one was forgotten and one was not to the brim, and the rest.
+# What a year leaves behind: a fill every two weeks, and the rest.
 rows() { # COUNT
   awk -v count="$1" 'BEGIN {
     print "date,odometer,gallons,total,kind,name,vendor,notes"
