@@ -84,7 +84,7 @@ EMSCRIPTEN_KEEPALIVE int odoledgerVerdictOn(const char* path) {
 namespace {
 
 /// From the start of the program to its end: the status of the process.
-int Run() {
+int RunProgram() {
     device::SetModule(OdoledgerModule());
     if (const auto& error = device::EnvironmentError()) {
         odoledgerHostTell("refused", error->c_str());
@@ -111,5 +111,5 @@ int Run() {
 
 /// The program. It goes back to its caller at once when it waits, and ends by an exit, which stores the settings.
 extern "C" EMSCRIPTEN_KEEPALIVE void odoledgerRun() {
-    std::exit(Run());
+    std::exit(RunProgram());
 }
