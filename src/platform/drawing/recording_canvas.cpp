@@ -1,6 +1,7 @@
 #include "platform/drawing/recording_canvas.h"
 
 #include "platform/drawing/rectangles.h"
+#include "platform/metrics.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,7 +14,10 @@ RecordingCanvas::RecordingCanvas(TextMeasurer& measurer)
 
 void RecordingCanvas::BeginFrame(const RECT& dirty) {
     clips_.assign(1, dirty);
-    std::erase_if(texts_, [&](const PaintedText& text) { return Intersects(text.place, dirty); });
+    // A screen that became smaller shows no more what stood beyond its new edge, and nobody paints there.
+    const RECT screen{0, 0, ScreenSize().cx, ScreenSize().cy};
+    std::erase_if(texts_,
+        [&](const PaintedText& text) { return Intersects(text.place, dirty) || !Intersects(text.place, screen); });
 }
 
 void RecordingCanvas::EndFrame() {

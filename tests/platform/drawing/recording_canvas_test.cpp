@@ -1,5 +1,6 @@
 #include "cell_measurer.h"
 #include "platform/drawing/recording_canvas.h"
+#include "platform/metrics.h"
 
 #include <gtest/gtest.h>
 
@@ -36,6 +37,16 @@ TEST_F(RecordingCanvasTest, AFrameTouchesOnlyItsDirtyPart) {
     EXPECT_EQ(Shown(), L"top bottom middle ");
     canvas.BeginFrame({0, 39, 1, 41});
     EXPECT_EQ(Shown(), L"top ") << "a touch by one pixel drops the whole run";
+}
+
+TEST_F(RecordingCanvasTest, WhatStoodBeyondAScreenThatBecameSmallerIsGone) {
+    const SIZE former = ScreenSize();
+    DrawThree();
+    SetScreenSize({200, 30});
+    canvas.BeginFrame({0, 0, 200, 30});
+    canvas.EndFrame();
+    SetScreenSize(former);
+    EXPECT_EQ(Shown(), L"");
 }
 
 TEST_F(RecordingCanvasTest, AnOpaqueFillCoversWhatLiesWhollyBelowIt) {

@@ -69,9 +69,10 @@ export class Phone {
     /**
      * Opens the page and waits for its first screen.
      *
-     * @param {Browser} browser
+     * @param {Browser | import('puppeteer-core').BrowserContext} browser
      * @param {string} address
-     * @param {{viewport?: import('puppeteer-core').Viewport, variables?: Record<string, string>, waits?: boolean}} [how]
+     * @param {{viewport?: import('puppeteer-core').Viewport, variables?: Record<string, string>, waits?: boolean,
+     *   prepare?: (page: Page) => Promise<unknown>}} [how] prepare: what is done with the page before it opens
      */
     static async open(browser, address, how = {}) {
         const page = await browser.newPage();
@@ -85,6 +86,7 @@ export class Phone {
             (variables) => Object.assign(window, { odoledgerVariables: variables }),
             how.variables ?? { HANDSET_CLOCK: '2026-03-01T09:00:00Z', HANDSET_LOCALE: 'en_US' },
         );
+        await how.prepare?.(page);
         await page.goto(address);
         if (how.waits !== false) await phone.firstScreen();
         return phone;
