@@ -78,9 +78,9 @@ private:
         decimal_ = sign.value_or('.');
         if (sign)
             drafts_.Facts().decimal = WordsOf(decimal_);
-        if (options_.decimal)
+        if (options_.decimal && !finder.Found())
             Assume(std::string("a decimal ") + WordsOf(decimal_) + " (--decimal)");
-        else if (finder.IsOpen())
+        else if (!sign && finder.IsOpen())
             Ask("is the decimal sign in \"" + finder.Example() + "\" a point or a comma? Say --decimal point or comma",
                 "");
     }
@@ -111,7 +111,7 @@ private:
             drafts_.Facts().dates = WordsOf(DateOrder::DayMonthYear);
         if (!order && finder.IsOpen())
             Ask("which date is \"" + finder.Example() + "\"? Say --dates dmy, mdy or ymd", drafts_.dateHabit);
-        else if (!drafts_.dates && options_.dates)
+        else if (!drafts_.dates && options_.dates && !finder.Found())
             Assume(std::string("dates ") + WordsOf(dates_) + " (--dates)");
     }
 
