@@ -104,6 +104,8 @@ private:
         draft->isMissed = IsYes(text("previously missed fill-ups?"));
         draft->vendor = text("fuel brand").empty() ? text("fueling station address") : text("fuel brand");
         Append(&draft->notes, text("tags"));
+        if (IsElectric(text("volume unit")))
+            MakeCharge(draft, &drafts_);
         bool isGallons = false;
         draft->volumeUnit = VolumeWritten(text("volume unit"), &isGallons);
         if (isGallons)

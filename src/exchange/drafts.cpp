@@ -36,6 +36,16 @@ void Drafts::ForEachRow(Table& table, const std::function<void(const CsvRow& row
     }
 }
 
+void MakeCharge(EntryDraft* draft, Drafts* drafts) {
+    draft->otherThanFuel = "Charging";
+    Append(&draft->notes, draft->volume.text + " kWh");
+    drafts->Notice("electricity became an other expense", draft->line);
+}
+
+bool IsElectric(const std::string& unit) {
+    return LowerCase(unit) == "kwh";
+}
+
 void Append(std::string* text, const std::string& more) {
     if (!text->empty() && !more.empty())
         *text += "; ";

@@ -23,6 +23,9 @@ struct EntryDraft {
     std::string name;
     std::string vendor;
     std::string notes;
+    /// What was filled in is paid for by volume, but drives nothing by it, as "Charging": an other expense of that
+    /// name.
+    std::string otherThanFuel;
     bool isPartial = false;
     bool isMissed = false;
     bool isZeroReading = false; ///< a reading of 0 is one, and does not mean that there is none
@@ -76,6 +79,9 @@ private:
     std::map<std::string, std::size_t> vehicles_;
 };
 
+/// Makes a fill one of electricity, whose volume becomes a note.
+void MakeCharge(EntryDraft* draft, Drafts* drafts);
+bool IsElectric(const std::string& unit);
 /// "first; second", or the one that is not empty.
 void Append(std::string* text, const std::string& more);
 /// By a stated unit: "mi", "km", "miles", "mile", "kilometer", ...

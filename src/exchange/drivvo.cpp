@@ -116,6 +116,7 @@ private:
         columns.notes = isEarly ? 20 : isLater ? 27 : FindOneOf(table, NoteTitles);
         columns.vehicle = width == ColumnsWithVehicle ? 29 : FindOneOf(table, VehicleTitles);
         drafts_.volume = VolumeWritten(UnitInTitle(table, Price), &drafts_.isGallons);
+        isElectric_ = IsElectric(UnitInTitle(table, Price));
         drafts_.ForEachRow(table, [&](const CsvRow& row) {
             constexpr int ColumnsOfFuel = 5;
             ReadFill(row, columns, 0);
@@ -159,6 +160,8 @@ private:
         draft.volume = CellOf(row, Volume + shift);
         draft.price = CellOf(row, Price + shift);
         draft.total = CellOf(row, Total + shift);
+        if (isElectric_)
+            MakeCharge(&draft, &drafts_);
         if (shift != 0)
             drafts_.Notice("a further fuel became a fill of its own", row.line);
         drafts_.entries.push_back(std::move(draft));
@@ -192,6 +195,7 @@ private:
     Drafts& drafts_;
     std::string onlyVehicle_;
     int vehicleCount_ = 0;
+    bool isElectric_ = false;
 };
 
 } // namespace

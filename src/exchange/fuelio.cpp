@@ -132,19 +132,15 @@ private:
         });
     }
 
-    /// Electricity and what cleans exhaust are paid for, but no fuel by volume.
     void TakeNoFuel(int kind, EntryDraft* draft) {
-        const bool isElectric = kind >= 600 && kind <= 699;
-        const bool isAdditive = kind == 216 || kind == 217;
-        if (!isElectric && !isAdditive)
+        constexpr int Electric = 6; // hundreds
+        constexpr int ExhaustFluids[] = {216, 217};
+        if (kind / 100 == Electric)
+            return MakeCharge(draft, &drafts_);
+        if (kind != ExhaustFluids[0] && kind != ExhaustFluids[1])
             return;
-        draft->type = CEntry::EntryTypeExpense;
-        draft->name = isElectric ? "Charging" : "Exhaust fluid";
-        Append(&draft->notes, draft->volume.text + (isElectric ? " kWh" : ""));
-        draft->volume = {};
-        draft->price = {};
-        drafts_.Notice(
-            isElectric ? "electricity became an other expense" : "exhaust fluid became an other expense", draft->line);
+        draft->otherThanFuel = "Exhaust fluid";
+        drafts_.Notice("exhaust fluid became an other expense", draft->line);
     }
 
     void ReadCosts(Table& table) {

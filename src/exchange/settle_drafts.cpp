@@ -78,9 +78,9 @@ private:
         decimal_ = sign.value_or('.');
         if (sign)
             drafts_.Facts().decimal = WordsOf(decimal_);
-        if (options_.decimal)
+        if (options_.decimal && !finder.Found())
             Assume(std::string("a decimal ") + WordsOf(decimal_) + " (--decimal)");
-        else if (finder.IsOpen())
+        else if (!sign && finder.IsOpen())
             Ask("is the decimal sign in \"" + finder.Example() + "\" a point or a comma? Say --decimal point or comma",
                 "");
     }
@@ -111,7 +111,7 @@ private:
             drafts_.Facts().dates = WordsOf(DateOrder::DayMonthYear);
         if (!order && finder.IsOpen())
             Ask("which date is \"" + finder.Example() + "\"? Say --dates dmy, mdy or ymd", drafts_.dateHabit);
-        else if (!drafts_.dates && options_.dates)
+        else if (!drafts_.dates && options_.dates && !finder.Found())
             Assume(std::string("dates ") + WordsOf(dates_) + " (--dates)");
     }
 
@@ -127,7 +127,8 @@ private:
             AddWord(NameOf(draft.distanceUnit), &distances);
             AddWord(NameOf(draft.volumeUnit), &volumes);
             hasDistances = hasDistances || (!draft.distanceUnit && !draft.odometer.text.empty());
-            hasVolumes = hasVolumes || (!draft.volumeUnit && draft.type == CEntry::EntryTypeFuel);
+            hasVolumes = hasVolumes
+                || (!draft.volumeUnit && draft.type == CEntry::EntryTypeFuel && draft.otherThanFuel.empty());
         }
         if (!drafts_.distance && hasDistances)
             AskForDistance();
@@ -243,11 +244,10 @@ private:
         if (draft.type == CEntry::EntryTypeFuel)
             SetFuel(draft, entry);
         else
-            entry->SetAmount(
-                static_cast<float>(Number(draft.total, true).value_or(0) + Number(draft.further, true).value_or(0)));
+            entry->SetAmount(Float(Number(draft.total, true).value_or(0) + Number(draft.further, true).value_or(0)));
         if (draft.type == CEntry::EntryTypeTrip)
             SetTrip(draft, unit, entry);
-        entry->SetName(device::FromUtf8(draft.name.empty() ? NameOfNone(draft.type) : draft.name).c_str());
+        entry->SetName(device::FromUtf8(TitleOf(draft)).c_str());
         entry->SetVendor(device::FromUtf8(draft.vendor).c_str());
         entry->SetNotes(device::FromUtf8(draft.notes).c_str());
         const double distance = NumberFrom0(draft.distance, false).value_or(0) * DistanceFactor(unit);
@@ -258,18 +258,17 @@ private:
         batch_.entries.push_back(std::move(item));
     }
 
-    /// No form takes an entry without a name.
-    static std::string NameOfNone(CEntry::Type type) {
-        switch (type) {
-        case CEntry::EntryTypeRepair:
-            return "Repair";
-        case CEntry::EntryTypeTrip:
-            return "Trip";
-        case CEntry::EntryTypeExpense:
-            return "Expense";
-        default:
-            return "";
-        }
+    /// No form takes an entry without a name, but fuel.
+    static std::string TitleOf(const EntryDraft& draft) {
+        constexpr const char* Names[] = {"", "", "Repair", "Trip", "Expense"};
+        if (!draft.otherThanFuel.empty())
+            return draft.otherThanFuel;
+        return draft.name.empty() ? Names[draft.type] : draft.name;
+    }
+
+    static float Float(double number) {
+        constexpr double Greatest{std::numeric_limits<float>::max()};
+        return static_cast<float>(std::clamp(number, -Greatest, Greatest));
     }
 
     /// What was paid in all is what a person checked; with the volume it gives the price.
@@ -283,16 +282,20 @@ private:
             throw Broken{std::max(draft.volume.place, 0), "there is no volume"};
         double price = Number(draft.price, true).value_or(0);
         double total = Number(draft.total, true).value_or(0);
+        const double product = price * *volume;
+        const bool isContradiction
+            = price != 0 && total != 0 && std::fabs(product - total) > std::fabs(total) * Tolerance;
         if (total == 0)
-            total = std::round(price * *volume * Cents) / Cents;
-        const bool isContradiction = price != 0 && std::fabs(price * *volume - total) > std::fabs(total) * Tolerance;
-        if (isContradiction && *volume > 0)
-            drafts_.Notice("the total is not price times volume; the total counts", draft.line);
-        if ((price == 0 || isContradiction) && *volume > 0)
+            total = std::round(product * Cents) / Cents;
+        else if (*volume > 0 && (price == 0 || isContradiction))
             price = total / *volume;
-        entry->SetAmount(static_cast<float>(total));
-        entry->SetCustom1(static_cast<float>(*volume * factor));
-        entry->SetCustom2(static_cast<float>(price / factor));
+        if (isContradiction)
+            drafts_.Notice("the total is not price times volume; the total counts", draft.line);
+        entry->SetAmount(Float(total));
+        if (!draft.otherThanFuel.empty())
+            return entry->SetType(CEntry::EntryTypeExpense);
+        entry->SetCustom1(Float(*volume * factor));
+        entry->SetCustom2(Float(price / factor));
     }
 
     void SetTrip(const EntryDraft& draft, UnitDistance unit, CEntry* entry) {

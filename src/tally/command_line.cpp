@@ -243,7 +243,10 @@ private:
                 "Its decimal sign where its numbers do not say: point or comma")
             ->type_name("SIGN")
             ->check(OneOf({"point", "comma"}));
-        command.add_option("--from", reading.format, "The app that wrote it, where its contents could be of several")
+        std::string apps;
+        for (const std::string& key : exchange::FormatKeys())
+            apps.append(apps.empty() ? "" : ", ").append(key);
+        command.add_option("--from", reading.format, "The app, where its contents could be of several: " + apps)
             ->type_name("APP")
             ->check(OneOf(exchange::FormatKeys()));
         command

@@ -79,7 +79,7 @@ void ForEachMember(const std::string& bytes, const std::string& path,
             leaveOut(name);
             continue;
         }
-        const std::string contents = Unpack(archive.get(), place, room, path + '/' + name);
+        const std::string contents = Unpack(archive.get(), place, room, std::string(path).append("/").append(name));
         room -= contents.size();
         work(name, contents);
     }

@@ -124,6 +124,7 @@ TEST_P(Readers, TheFileGivesItsRecordsOnceAndTheyGoAgain) {
     const Outcome outcome = Import(file);
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_EQ(Log(), expected) << outcome.err;
+    EXPECT_EQ(Progress, "");
     EXPECT_EQ(Import(file).status, 1) << "nothing is new";
     EXPECT_EQ(Run({"undo"}).status, 0);
     EXPECT_EQ(Log(), "");

@@ -29,11 +29,13 @@ protected:
     Outcome Run(const std::vector<std::string>& arguments) {
         std::ostringstream out;
         std::ostringstream err;
-        tally::Surroundings surroundings{out, err, false, [](const std::string&) {}, [this] { ++Told; }};
+        tally::Surroundings surroundings{
+            out, err, false, [this](const std::string& words) { Progress = words; }, [this] { ++Told; }};
         const int status = tally::Run(arguments, surroundings);
         return {status, out.str(), err.str()};
     }
     static std::string Sql(const std::string& sql) { return LogFile(HostPath()).Run(sql); }
 
+    std::string Progress; ///< the line that stands at the end
     int Told = 0; ///< how often the running program was told of a change
 };
