@@ -127,6 +127,20 @@ export class Device {
     }
 
     /**
+     * How long the program takes for what a message has it do, in milliseconds.
+     *
+     * @param {ToWorker} message
+     */
+    async time(message) {
+        const [worker] = this.#page.workers();
+        return worker.evaluate((data) => {
+            const begin = performance.now();
+            /** @type {any} */ (self).onmessage({ data });
+            return performance.now() - begin;
+        }, message);
+    }
+
+    /**
      * Waits until the canvas shows more than one colour at this size: what the worker draws comes some frames later.
      *
      * @param {number} width
