@@ -155,7 +155,7 @@ test(
             const [chooser] = await Promise.all([page.waitForFileChooser(), page.click('[data-action=openCopy]')]);
             await chooser.accept([makeLog(folder, 100_000)]);
             await phone.shows('Wagon');
-        await phone.inspect('key down');
+            await phone.inspect('key down');
 
             const opened = [];
             for (let run = 0; run < 5; ++run) {
