@@ -136,6 +136,11 @@ export class Fields {
             if (hit.id === this.bound?.id) return;
             this.bind(hit);
             this.awaited = !hit.isFocused;
+            // A number is typed anew rather than mended. The device hears of that behind the tap.
+            if (hit.kind === 'whole' || hit.kind === 'decimal') {
+                this.element?.select();
+                queueMicrotask(() => this.tell());
+            }
         } else if (this.surroundings.hasFingers() && !this.isComposing) {
             this.letGo();
         }
@@ -265,6 +270,7 @@ export class Fields {
         }
         // A keyboard goes from one field to the next only within the handler of its key.
         this.bind(next);
+        this.element?.select(); // as the device does with a field that is walked into
         this.awaited = true;
     }
 }
