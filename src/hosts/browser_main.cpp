@@ -47,6 +47,8 @@ Verdict VerdictOn(const std::string& path) {
 }
 
 std::string LogFile() {
+    // It may be asked for before the program has run.
+    device::SetModule(OdoledgerModule());
     return HostPathOf(std::wstring(device::DocumentsPath) + L'\\' + LoadText(strings::DataFileName)).value_or("");
 }
 

@@ -97,6 +97,7 @@ test('the program ends by its own Exit, stores its settings, and starts again', 
     const device = await open();
     await device.do('key action', 'post close');
     assert.equal((await device.hear('ended')).status, 1);
+    assert.equal(await openCopy(device, noLog), 'notALog');
     await device.tell({ type: 'startAgain' });
     await device.hear('ready');
     assert.equal(await firstLine(device), '  There are no items in this list.', 'no message on units this time');

@@ -14,8 +14,16 @@ import { clearStorage, contentsOf, formerName, openStorage, takeAsLog } from './
 
 const site = new URL('../../../', import.meta.url);
 
-// All that can be had before the page has said anything. What fails is asked for when it is needed.
-const codeComing = WebAssembly.compileStreaming(fetch(new URL('odoledger.wasm', site)));
+/** @param {Response} response */
+async function compile(response) {
+    if (!response.ok) throw new Error(`${response.url}: ${response.status}`);
+    // Some servers do not know what it is; then it cannot be compiled while it comes.
+    const isTold = response.headers.get('content-type') === 'application/wasm';
+    return isTold ? WebAssembly.compileStreaming(response) : WebAssembly.compile(await response.arrayBuffer());
+}
+
+// All that can be had before the page has said anything. What fails is told when it is needed.
+const codeComing = fetch(new URL('odoledger.wasm', site)).then(compile);
 const moduleComing = import(new URL('odoledger.js', site).href);
 const fontsComing = loadFonts();
 const storageComing = openStorage();
