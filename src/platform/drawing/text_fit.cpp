@@ -1,5 +1,7 @@
 #include "platform/drawing/text_fit.h"
 
+#include "platform/utf8.h"
+
 #include <algorithm>
 #include <iterator>
 #include <string>
@@ -94,6 +96,10 @@ std::wstring DrawableText(std::wstring_view text) {
         character = IsDrawnBlank(point) ? L' ' : IsControl(point) ? L'\uFFFD' : character;
     }
     return drawable;
+}
+
+std::string DrawableUtf8(std::wstring_view text) {
+    return ToUtf8(DrawableText(text));
 }
 
 LineBreaker::LineBreaker(TextMeasurer& measurer, const FontDescription& font, std::wstring_view text, int width)

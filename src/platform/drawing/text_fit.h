@@ -2,6 +2,7 @@
 
 #include "platform/drawing/canvas.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,6 +17,16 @@ std::size_t PreviousTextBoundary(std::wstring_view text, std::size_t index);
 /// `text` without characters that no face draws: blanks of every kind are spaces, control characters U+FFFD. One
 /// character stays one character, so that an index into the text is an index into what is laid out.
 std::wstring DrawableText(std::wstring_view text);
+std::string DrawableUtf8(std::wstring_view text);
+
+/// Of runs that were measured a measurer keeps so many, and no more characters, since the same ones are asked for
+/// again.
+inline constexpr std::size_t MaximumRuns = 600;
+inline constexpr std::size_t MaximumCharacters = 60000;
+/// The largest font that is laid out.
+inline constexpr int MaximumFontHeight = 1000;
+/// Whose mean is the average width of a font.
+inline constexpr std::wstring_view Alphabet = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 
 /// A line of a longer text: characters [start, end); the next line starts at `next`. Between the two stand the blanks
 /// at which the line was broken, or a line end.

@@ -2,8 +2,9 @@
 
 import assert from 'node:assert/strict';
 import { after, afterEach, before, beforeEach, test } from 'node:test';
+import { serve } from '../../../tools/serve_site.js';
 import { Device } from './device.js';
-import { serve, startBrowser } from './site.js';
+import { Browsers } from './site/phone.js';
 
 /** @typedef {import('../../../src/hosts/browser/contract.js').InputEvent} InputEvent */
 
@@ -12,18 +13,21 @@ const noLog = [...new TextEncoder().encode('these are my notes')];
 
 /** @type {Awaited<ReturnType<typeof serve>>} */
 let site;
-/** @type {Awaited<ReturnType<typeof startBrowser>>} */
+/** @type {Browsers} */
+let browsers;
+/** @type {import('puppeteer-core').Browser} */
 let chromium;
 before(async () => (site = await serve('build/browser/site')));
-after(() => site.close());
+after(() => site.stop());
 beforeEach(async () => {
-    chromium = await startBrowser({ TZ: 'UTC' });
+    browsers = new Browsers();
+    chromium = await browsers.start({ env: { ...process.env, TZ: 'UTC' } });
 });
-afterEach(() => chromium.close());
+afterEach(() => browsers.remove());
 
 /** @param {import('./device.js').Options} [options] */
 async function open(options) {
-    const device = await Device.open(chromium.browser, site.address, options);
+    const device = await Device.open(chromium, site.address, options);
     await device.hear('ready');
     return device;
 }
@@ -49,7 +53,7 @@ async function saveCopy(device) {
 }
 
 test('a stored record and the settings are there after the page was left', async () => {
-    const device = await Device.open(chromium.browser, site.address);
+    const device = await Device.open(chromium, site.address);
     assert.equal((await device.hear('storage')).lasting, true);
     await device.hear('firstScreen');
     await device.hear('ready');
@@ -106,7 +110,7 @@ test('the program ends by its own Exit, stores its settings, and starts again', 
 test('without storage all goes with the page, and a copy can be taken', async () => {
     const device = await open();
     await addVehicle(device, 'Lasting');
-    const second = await Device.open(chromium.browser, site.address);
+    const second = await Device.open(chromium, site.address);
     await assert.rejects(second.hear('ready'), /inUse/);
     await second.close();
     await device.close();

@@ -12,15 +12,6 @@ namespace device {
 
 namespace {
 
-constexpr std::size_t MaximumRuns = 600;
-constexpr std::size_t MaximumCharacters = 60000;
-constexpr int MaximumFontHeight = 1000;
-constexpr std::wstring_view Alphabet = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
-
-std::string DrawableUtf8(std::wstring_view text) {
-    return ToUtf8(DrawableText(text));
-}
-
 /// Upwards, but for what is lost in sums of parts of a pixel.
 int WholePixels(double width) {
     return static_cast<int>(std::ceil(width - 1.0 / 1024));

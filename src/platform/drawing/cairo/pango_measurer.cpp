@@ -15,14 +15,6 @@ namespace device {
 namespace {
 
 constexpr char DeviceFace[] = "DejaVu Sans";
-constexpr std::size_t MaximumRuns = 600;
-constexpr std::size_t MaximumCharacters = 60000;
-constexpr int MaximumFontHeight = 1000;
-constexpr std::wstring_view Alphabet = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
-
-std::string DrawableUtf8(std::wstring_view text) {
-    return ToUtf8(DrawableText(text));
-}
 
 std::string Utf8Face(const std::wstring& face) {
     return face.empty() || face == DialogFace ? DeviceFace : DrawableUtf8(face);
