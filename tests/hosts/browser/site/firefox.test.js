@@ -19,15 +19,25 @@ test(
         try {
             const browser = await browsers.start({ browser: 'firefox', executablePath: firefox, args: [] });
             const phone = await Phone.open(browser, site.address, { viewport: { width: 1024, height: 768 } });
-            const { keyboard } = phone.page;
-            for (const key of /** @type {const} */ (['Enter', 'F1', '1'])) await keyboard.press(key);
-            await phone.shows('[Vehicle Properties]');
-            await keyboard.type('Blue Wagon');
-            for (const key of /** @type {const} */ (['F1', 'Enter', 'F1', '5', 'ArrowDown', 'ArrowDown']))
-                await keyboard.press(key);
-            await keyboard.type('Toll');
-            await keyboard.press('F1');
-            await phone.shows('> Toll');
+            const press = async (
+                /** @type {import('puppeteer-core').KeyInput} */ key,
+                /** @type {string | RegExp} */ screen,
+            ) => {
+                await phone.page.keyboard.press(key);
+                await phone.shows(screen);
+            };
+            await press('Enter', '[My Vehicles]');
+            await press('F1', '(menu)');
+            await press('1', '[Vehicle Properties]');
+            await phone.type('Blue Wagon');
+            await press('F1', '> Blue Wagon');
+            await press('Enter', '[Blue Wagon');
+            await press('F1', '(menu)');
+            await press('5', '[Expense]');
+            await press('ArrowDown', '> 0');
+            await press('ArrowDown', /Odometer:\n {2}0/);
+            await phone.type('Toll');
+            await press('F1', '> Toll');
             await browser.newPage(); // a page that is hidden stores its settings
             await phone.page.bringToFront();
             await phone.page.reload();
