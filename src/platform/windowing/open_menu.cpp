@@ -18,6 +18,13 @@ FontDescription MenuFont() {
     return DeviceFont(10, false);
 }
 
+/// An arrow that says that there are more items than show; `tip` is its height, downwards above 0.
+void PaintMore(Canvas& canvas, POINT middle, int tip) {
+    const POINT shape[]
+        = {{middle.x - Scaled(4), middle.y}, {middle.x + Scaled(4), middle.y}, {middle.x, middle.y + tip}};
+    canvas.Polygon(shape, MenuEdgeColor);
+}
+
 constexpr int DigitItems = 9; // the keypad's digits from 1 on
 
 } // namespace
@@ -308,6 +315,10 @@ void OpenMenu::Paint(Canvas& canvas) const {
         if (const RECT& row = places[static_cast<std::size_t>(index)]; !IsRectEmpty(row))
             PaintItem(canvas, index, row);
     canvas.SetMarks({});
+    if (FirstShown() > 0)
+        PaintMore(canvas, {place.right - Scaled(10), place.top + Scaled(8)}, -Scaled(4));
+    if (FirstShown() + CountShown() < CountItems())
+        PaintMore(canvas, {place.right - Scaled(10), place.bottom - Scaled(8)}, Scaled(4));
     canvas.PopClip();
     canvas.Frame(place, MenuEdgeColor, 1);
 }

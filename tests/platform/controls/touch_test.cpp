@@ -3,6 +3,7 @@
 #include "platform/drawing/rectangles.h"
 #include "platform/list_view.h"
 #include "platform/metrics.h"
+#include "platform/windowing/open_menu.h"
 #include "platform/windowing/soft_key_bar.h"
 
 #include <climits>
@@ -160,6 +161,38 @@ TEST_F(TouchTest, BackLeavesWhateverHasTheFocusAndAsksWhereSomethingWasTyped) {
                 EXPECT_FALSE(hasQuestion());
             },
             Back(), Keys({VK_TSOFT1}), [&] { EXPECT_EQ(cancels, 2); }});
+}
+
+TEST_F(TouchTest, AMenuThatDoesNotFitFollowsAFingerAndATapChooses) {
+    std::vector<MenuItemResource> items;
+    for (UINT item = 0; item < 40; ++item)
+        items.push_back({L"Item", 100 + item});
+    const MenuItemResource keys[] = {{}, {L"Menu", 0, items}};
+    onInit = [&] { device::SoftKeyBar::Make(dialog, keys); };
+    int chosen = 0;
+    int wanted = 0;
+    onCommand = [&](int id, UINT, LPARAM) { chosen = id; };
+    const auto place = [](int item) {
+        const RECT row = device::Desktop::The().Menu()->ItemPlaces()[static_cast<std::size_t>(item)];
+        return POINT{row.left + 10, (row.top + row.bottom) / 2};
+    };
+    Run({{L"Edit", Field, 2, 2, 90, 12, Amount, L""}},
+        {Keys({VK_TSOFT2}),
+            [&] {
+                Pan(place(3), {-2000, 3});
+            },
+            [&] {
+                const device::OpenMenu& menu = *device::Desktop::The().Menu();
+                EXPECT_EQ(menu.FirstShown() + menu.CountShown(), 40) << "no further than the last item";
+                Pan(place(39), {45});
+            },
+            [&] {
+                const device::OpenMenu& menu = *device::Desktop::The().Menu();
+                EXPECT_LT(menu.FirstShown() + menu.CountShown(), 40);
+                Tap(place(menu.FirstShown() + 1));
+                wanted = 100 + menu.FirstShown() + 1;
+            },
+            [&] { EXPECT_EQ(chosen, wanted); }});
 }
 
 TEST_F(TouchTest, AHostIsToldOfTheFieldsAndTellsWhatTheySay) {
