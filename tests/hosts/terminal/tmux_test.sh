@@ -104,7 +104,7 @@ see "1,200"
 # Soft keys and the pointer: the right key's menu, a click into the list beside it, a double click on the row.
 on M-1 "2 Fuel Entry"
 send_bytes 1b
-sleep 0.15 # Alt and a digit may come as two keys
+sleep 0.05 # Alt and a digit may come as two keys
 send_bytes 32
 see "2 Delete"
 click 20 24
