@@ -80,6 +80,33 @@ function noteFirstScreen() {
     };
 }
 
+/**
+ * Lets the whole browser run for a quarter of the time: what it slows itself are pages, not their workers.
+ *
+ * @template Result
+ * @param {import('puppeteer-core').Browser} slow
+ * @param {() => Promise<Result>} action
+ */
+async function slowed(slow, action) {
+    const group = -(slow.process()?.pid ?? NaN);
+    const pause = (/** @type {number} */ milliseconds) => new Promise((go) => setTimeout(go, milliseconds));
+    let isOver = false;
+    const slowing = (async () => {
+        while (!isOver) {
+            process.kill(group, 'SIGSTOP');
+            await pause(12);
+            process.kill(group, 'SIGCONT');
+            await pause(4);
+        }
+    })();
+    try {
+        return await action();
+    } finally {
+        isOver = true;
+        await slowing;
+    }
+}
+
 /** @param {Phone} phone */
 async function timeOfStart(phone) {
     await phone.page.reload();
@@ -92,16 +119,13 @@ test('time to the first screen of a site that was visited before', async (contex
         prepare: (page) => page.evaluateOnNewDocument(noteFirstScreen),
     });
     await phone.page.evaluate(() => navigator.serviceWorker.ready);
-    const devtools = await phone.page.createCDPSession();
-    for (const [rate, limit] of /** @type {const} */ ([
-        [1, 1000],
-        [4, 1500],
-    ])) {
-        await devtools.send('Emulation.setCPUThrottlingRate', { rate }); // of the page; no browser slows a worker
+    const starts = async () => {
         const times = [];
         for (let run = 0; run < 7; ++run) times.push(await timeOfStart(phone));
-        keepsWithin(context, `first screen at a slowdown of ${rate}`, times, limit);
-    }
+        return times;
+    };
+    keepsWithin(context, 'first screen', await starts(), 1000);
+    keepsWithin(context, 'first screen at a quarter of the time', await slowed(browser, starts), 1500);
     await phone.page.close();
 });
 

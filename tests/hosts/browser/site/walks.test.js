@@ -24,9 +24,15 @@ const elsewhere = [
     { walk: 'first_run', from: '% second', upTo: '$ post close', why: 'a second page waits: a scenario tells of that' },
     {
         walk: 'startup_failures',
-        from: '% write My?Documents/My?Vehicles.dat these are my notes',
-        upTo: '% env HANDSET_SYNC=1',
-        why: "nobody but the program reaches the device's files and settings, and no file is read-only",
+        from: '% remove My?Documents/My?Vehicles.dat',
+        upTo: '% write My?Documents/My?Vehicles.dat',
+        why: 'folders are but a part of the names of files',
+    },
+    {
+        walk: 'startup_failures',
+        from: '% mode My?Documents/My?Vehicles.dat 444',
+        upTo: '% remove My?Documents/My?Vehicles.dat',
+        why: 'no file is read-only, and nobody but the program reaches its settings',
     },
 ];
 
@@ -82,6 +88,8 @@ class Device {
         this.variables = { HANDSET_LOCALE: 'en_US', TZ: 'UTC', HANDSET_CLOCK: '2026-03-01T10:00:00.789Z' };
         /** @type {Phone | null} */
         this.phone = null;
+        /** What the files must hold: nobody else may look at them before the program lets go of them. @type {string[]} */
+        this.wantedFiles = [];
     }
 
     /** @param {string} name */
@@ -109,6 +117,10 @@ class Device {
         } else if (verb === 'env') {
             const [variable = '', value = ''] = rest.split('=');
             this.variables[variable] = value;
+        } else if (verb === 'write' || verb === 'remove') {
+            await this.files(verb, rest);
+        } else if (verb === 'same') {
+            this.wantedFiles.push(rest);
         } else {
             assert.equal(verb, 'end');
             await this.switchOff();
@@ -163,6 +175,39 @@ class Device {
         assert.deepEqual(this.phone?.faults, []);
         await this.phone?.page.close();
         this.phone = null;
+        for (const wanted of this.wantedFiles.splice(0)) await this.files('same', wanted);
+    }
+
+    /** Reaches the device's files while it is off. @param {'write' | 'remove' | 'same'} verb @param {string} rest */
+    async files(verb, rest) {
+        const [name = '', text = ''] = rest.split(/ (.*)/);
+        const path = JSON.stringify(`/${name.replaceAll('?', ' ')}`);
+        const actions = {
+            write: `putFile(pool, ${path}, new TextEncoder().encode(${JSON.stringify(text)}));`,
+            remove: `pool.unlink(${path});`,
+            same: '',
+        };
+        const page = await this.context.newPage();
+        await page.setBypassServiceWorker(true); // which has the program at every address
+        await page.goto(`${this.address}icons/icon-192.png`);
+        const contents = await page.evaluate(
+            (code) => {
+                const address = URL.createObjectURL(new Blob([code], { type: 'text/javascript' }));
+                const worker = new Worker(address, { type: 'module' });
+                return new Promise((done, fail) => {
+                    worker.onmessage = ({ data }) => done(data);
+                    worker.onerror = (event) => fail(new Error(event.message ?? 'no worker'));
+                });
+            },
+            `import { contentsOf, openStorage, putFile } from '${this.address}hosts/browser/worker/storage.js';
+            const { pool } = await openStorage();
+            ${actions[verb]}
+            const file = pool.find(${path});
+            postMessage(file ? new TextDecoder().decode(contentsOf(file)) : null);
+            pool.close();`,
+        );
+        await page.close();
+        assert.equal(contents, verb === 'remove' ? null : text, rest);
     }
 
     /** @returns {Promise<number | null>} with which the program has ended; it has done all that was asked before */
