@@ -17,8 +17,8 @@ struct PaintedText {
     PaintMarks marks;
 };
 
-/// Keeps what stands on the screen: a frame drops what its dirty rectangle touches, and what lies beyond the screen, and
-/// keeps what is painted anew. An opaque fill covers the texts that lie wholly below it.
+/// Keeps what stands on the screen: a frame drops what its dirty rectangle touches, and what lies beyond the screen,
+/// and keeps what is painted anew. An opaque fill covers the texts that lie wholly below it.
 class RecordingCanvas final : public Canvas {
 public:
     /// The measurer is borrowed.
