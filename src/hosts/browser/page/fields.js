@@ -9,6 +9,7 @@ import { keyDownOf, keyUpOf } from './keyboard.js';
 
 /** What a device's frame takes of a field, in device pixels. */
 const frame = 2;
+const lineHeight = 1.3; // of several lines, as page.css has it
 /** Between the edge of a device's field and its text. */
 const padding = 4;
 
@@ -167,12 +168,18 @@ export class Fields {
         if (!this.bound || !this.element) return;
         const scale = this.surroundings.scale();
         const { x, y, width, height } = this.bound;
+        // As large as the device's own; under 16 px an iPhone enlarges the page.
+        const isTouched = this.surroundings.hasFingers();
+        const size = isTouched ? Math.max(16, (40 / 3) * scale) : (32 / 3) * scale;
+        const room = Math.max(0, (height - 2 * frame) * scale - size * lineHeight) / 2;
         Object.assign(this.element.style, {
             left: `${(x + frame) * scale}px`,
             top: `${(y + frame) * scale}px`,
             width: `${Math.max(1, width - 2 * frame) * scale}px`,
             height: `${Math.max(1, height - 2 * frame) * scale}px`,
             paddingInline: `${(padding - frame) * scale}px`,
+            paddingBlock: this.bound.kind === 'note' ? `${room}px` : '',
+            fontSize: `${size}px`,
         });
     }
 

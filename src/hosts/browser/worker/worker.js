@@ -49,6 +49,10 @@ let program;
 
 /** The size that the page gave last, which each run begins with. @type {import('../contract.js').InputEvent} */
 let size = { kind: 'resize' };
+/** Nothing happens for so long before the settings are stored. */
+const settingsPause = 2000; // milliseconds
+/** @type {ReturnType<typeof setTimeout> | undefined} */
+let settingsTimer;
 /** What the page was told last of how often the log was changed. */
 let changes = -1;
 
@@ -208,6 +212,9 @@ async function obey(message) {
             return program ? undefined : run();
         case 'event':
             if (message.event.kind === 'resize') size = message.event;
+            // Not every browser tells a page that it is closed in time for the worker to hear of it.
+            clearTimeout(settingsTimer);
+            settingsTimer = setTimeout(() => attempt(() => program?.storeSettings()), settingsPause);
             return attempt(() => program?.push(message.event));
         case 'hide':
             return attempt(() => program?.storeSettings());
