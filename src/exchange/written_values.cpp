@@ -27,6 +27,18 @@ void Remove(std::string* text, std::string_view part) {
         text->erase(place, part.size());
 }
 
+bool IsLetter(char character) {
+    return LowerCase({character}).find_first_of("abcdefghijklmnopqrstuvwxyz") == 0;
+}
+
+/// Whether a word ends in a letter, of two bytes where it is no Latin one. Signs as "€" and "£" are none.
+bool EndsInLetter(const std::string& word) {
+    constexpr unsigned char FirstLeadOfLetters = 0xC3;
+    constexpr unsigned char LastLeadOfTwo = 0xDF;
+    const auto lead = static_cast<unsigned char>(word.size() < 2 ? 0 : word[word.size() - 2]);
+    return !word.empty() && (IsLetter(word.back()) || (lead >= FirstLeadOfLetters && lead <= LastLeadOfTwo));
+}
+
 /// The currency goes with the full stop that ends its abbreviation: "Rs.", "руб.".
 std::string WithoutCurrency(std::string text) {
     constexpr std::size_t MostBytes = 10;
@@ -40,15 +52,15 @@ std::string WithoutCurrency(std::string text) {
     std::size_t begin = 0;
     while (begin < text.size() && !isOfNumber(text[begin]))
         ++begin;
-    const bool isAbbreviated = begin > 1 && text.substr(begin, 1) == ".";
+    const bool isAbbreviated = begin > 1 && text.substr(begin, 1) == "." && EndsInLetter(text.substr(0, begin));
     begin += isAbbreviated ? 1 : 0;
     std::size_t end = text.size();
     while (end > begin && !IsDigit(text[end - 1]) && text[end - 1] != ')')
         --end;
-    // A lone letter behind a number is no currency.
-    const bool isLetter
-        = text.size() - end == 1 && LowerCase(text.substr(end)).find_first_of("abcdefghijklmnopqrstuvwxyz") == 0;
-    if (begin > MostBytes || text.size() - end > MostBytes || isLetter)
+    // A lone letter behind a number is no currency, and a minus there is not to be lost.
+    const bool isLetter = text.size() - end == 1 && IsLetter(text[end]);
+    const bool isMinus = end < text.size() && text[end] == '-';
+    if (begin > MostBytes || text.size() - end > MostBytes || isLetter || isMinus)
         return {};
     return (isNegative ? "-" : "") + text.substr(begin, end - begin);
 }
