@@ -71,7 +71,7 @@ rm -r "$place/device"; mkdir "$place/device"
 begin=$(milliseconds)
 flock "$place/device" -c "printf '%s\n' boot 'key soft1' 'key ctrl+q' | timeout 10 '$program'" \
   >"$place/out.txt" 2>"$place/err.txt"
-[ $(($(milliseconds) - begin)) -lt 4000 ] || fail "waited too long for the settings"
+[ $(($(milliseconds) - begin)) -lt 7000 ] || fail "waited too long for the settings"
 told 1 "another program has locked it"
 
 # A stopped first instance holds up the second one for two seconds at most. Its standard error is closed: no file of
