@@ -17,7 +17,8 @@
  * - tap: a finger; x, y, modifiers (control adds to what is chosen)
  * - pan: a finger that went down at x and y has moved by delta device pixels, down above 0; isRepeat: it goes on
  * - back: the gesture that leaves what is on the screen
- * - fieldText: text is all that the field says now, x and y its selection, delta a number that `fields` repeats
+ * - fieldText: text is all that the field says now, x and y its selection, delta a number that `fields` repeats; of no
+ *   field (0) it changes nothing, and is answered
  *
  * x and y are device pixels, from the screen's upper left corner.
  *

@@ -317,6 +317,7 @@ function hear(message) {
             break;
         case 'ready':
             state.hasFormer = message.hasFormer;
+            fields.sent = 0; // a new run has heard of nothing yet
             break;
         case 'firstScreen':
             curtain.hidden = true;

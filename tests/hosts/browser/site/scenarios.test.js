@@ -228,6 +228,40 @@ test('an input method composes in the field itself, and a comma is what the loca
     );
 });
 
+test('who taps and types faster than the program answers writes where was tapped last', async () => {
+    const delay = (/** @type {import('puppeteer-core').Page} */ page) =>
+        page.evaluateOnNewDocument(() => {
+            const listen = Worker.prototype.addEventListener;
+            Worker.prototype.addEventListener = function (/** @type {string} */ type, /** @type {any} */ hear) {
+                listen.call(this, type, (/** @type {any} */ event) => {
+                    window.setTimeout(() => hear(event), event.data?.type === 'fields' ? 300 : 0);
+                });
+            };
+        });
+    await withPhone(
+        async (phone) => {
+            await addVehicle(phone);
+            await openLog(phone);
+            await phone.tap('New');
+            await phone.tap('Expense');
+            await phone.shows('[Expense]');
+            await pause(400);
+            await phone.tap('Vendor:', 25);
+            await pause(400);
+            await phone.tap('Description:', 25);
+            await phone.tap('Vendor:', 25);
+            for (const letter of 'Harbour bridge') {
+                await phone.type(letter);
+                await pause(30);
+            }
+            const texts = async () => (await phone.inspect('controls')).filter((line) => /^(1015|1061) /.test(line));
+            await until(async () => (await texts()).join().includes('bridge'), 'the text');
+            assert.match((await texts())[1] ?? '', /"Harbour bridge"$/, (await texts()).join('\n'));
+        },
+        { prepare: delay },
+    );
+});
+
 test('a phone that is turned, or whose keyboard comes up, keeps the form and the field', async () => {
     await withPhone(async (phone) => {
         await phone.tap('OK');
