@@ -149,6 +149,8 @@ export const keys = Object.freeze({
  * @typedef {{type: 'notify', line: string}} NotifyMessage */
 /** Go back from the first screen: there is nothing before it.
  * @typedef {{type: 'goBack'}} GoBackMessage */
+/** Whether a form stands open in which something was typed, whenever that has changed.
+ * @typedef {{type: 'typed', isTyped: boolean}} TypedMessage */
 /** @typedef {{type: 'waitCursor', shown: boolean}} WaitCursorMessage */
 /** @typedef {{type: 'pointer', shape: 'arrow' | 'hand' | 'text'}} PointerMessage */
 /** For the clipboard.
@@ -221,5 +223,5 @@ export const keys = Object.freeze({
 /** @typedef {{type: 'inspected', what: string, id?: number, lines: string[]}} InspectedMessage */
 
 /** @typedef {StorageMessage | ReadyMessage | FirstScreenMessage | TitleMessage | BeepMessage | AttentionMessage
- *   | NotifyMessage | GoBackMessage | WaitCursorMessage | PointerMessage | StoreTextMessage | FieldsMessage | SpokenMessage | StoredMessage | CopyMessage
+ *   | NotifyMessage | GoBackMessage | TypedMessage | WaitCursorMessage | PointerMessage | StoreTextMessage | FieldsMessage | SpokenMessage | StoredMessage | CopyMessage
  *   | CopyFailedMessage | OpenedMessage | EndedMessage | FailedMessage | InspectedMessage} FromWorker */

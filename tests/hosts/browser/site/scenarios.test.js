@@ -294,7 +294,7 @@ test('a phone that is turned, or whose keyboard comes up, keeps the form and the
     });
 });
 
-test("the browser's Back closes a menu, asks before it leaves what was typed, and leaves from the first screen", async () => {
+test("the browser's Back closes a menu, asks before what was typed is left, also twice, and leaves from the first screen", async () => {
     await withPhone(async (phone) => {
         await addVehicle(phone);
         await phone.tap('Menu');
@@ -307,6 +307,13 @@ test("the browser's Back closes a menu, asks before it leaves what was typed, an
         await phone.type('x');
         await phone.page.goBack();
         await phone.shows('Close without storing what was typed?');
+        const isAsked = new Promise((answer) =>
+            phone.page.once('dialog', (dialog) => {
+                void dialog.dismiss().then(() => answer(dialog.type()));
+            }),
+        );
+        void phone.page.evaluate(() => history.back()); // would leave the page and the form in it
+        assert.equal(await isAsked, 'beforeunload');
         await phone.tap('No');
         await phone.shows('[Vehicle Properties]');
         await phone.drag([40, 300], [250, 310]); // a swipe is Back as well
