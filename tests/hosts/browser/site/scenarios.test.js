@@ -262,6 +262,23 @@ test('who taps and types faster than the program answers writes where was tapped
     );
 });
 
+test('a pasted text for which the memory has to grow arrives', async () => {
+    await withPhone(async (phone) => {
+        await addVehicle(phone);
+        await openLog(phone);
+        await phone.tap('New');
+        await phone.tap('Expense');
+        await phone.tap('Notes:', 25);
+        await phone.type('a');
+        await phone.page.$eval('#fields .note', (field) => {
+            /** @type {HTMLTextAreaElement} */ (field).value = 'z'.repeat(20_000_000);
+            field.dispatchEvent(new Event('input'));
+        });
+        const isThere = async () => (await phone.inspect('controls')).some((line) => line.includes('zzz'));
+        await until(isThere, 'as much of it as the field takes');
+    });
+});
+
 test('a phone that is turned, or whose keyboard comes up, keeps the form and the field', async () => {
     await withPhone(async (phone) => {
         await phone.tap('OK');
