@@ -6,6 +6,7 @@
 #include "platform/metrics.h"
 #include "platform/system/environment.h"
 #include "platform/utf8.h"
+#include "platform/windowing/closing.h"
 
 #include <cstdlib>
 #include <memory>
@@ -103,6 +104,9 @@ void BrowserHost::Present(const RECT& /*changed*/) {
     if (!std::exchange(isPainted_, true))
         odoledgerHostTell("firstScreen", "");
     Speak();
+    const bool isTyped = IsSomethingTyped();
+    if (isTyped != std::exchange(isTyped_, isTyped))
+        odoledgerHostTell("typed", isTyped ? "typed" : "");
 }
 
 void BrowserHost::Speak() {

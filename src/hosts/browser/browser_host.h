@@ -48,6 +48,7 @@ private:
     ForkedCanvas canvas_;
     DeviceCommands commands_;
     bool isPainted_ = false;
+    bool isTyped_ = false;
     int answers_ = 0; ///< the number of the page's text that was taken last
     HWND spokenOf_ = nullptr;
     std::wstring spoken_;

@@ -17,7 +17,8 @@
  * - tap: a finger; x, y, modifiers (control adds to what is chosen)
  * - pan: a finger that went down at x and y has moved by delta device pixels, down above 0; isRepeat: it goes on
  * - back: the gesture that leaves what is on the screen
- * - fieldText: text is all that the field says now, x and y its selection, delta a number that `fields` repeats
+ * - fieldText: text is all that the field says now, x and y its selection, delta a number that `fields` repeats; of no
+ *   field (0) it changes nothing, and is answered
  *
  * x and y are device pixels, from the screen's upper left corner.
  *
@@ -148,6 +149,8 @@ export const keys = Object.freeze({
  * @typedef {{type: 'notify', line: string}} NotifyMessage */
 /** Go back from the first screen: there is nothing before it.
  * @typedef {{type: 'goBack'}} GoBackMessage */
+/** Whether a form stands open in which something was typed, whenever that has changed.
+ * @typedef {{type: 'typed', isTyped: boolean}} TypedMessage */
 /** @typedef {{type: 'waitCursor', shown: boolean}} WaitCursorMessage */
 /** @typedef {{type: 'pointer', shape: 'arrow' | 'hand' | 'text'}} PointerMessage */
 /** For the clipboard.
@@ -220,5 +223,5 @@ export const keys = Object.freeze({
 /** @typedef {{type: 'inspected', what: string, id?: number, lines: string[]}} InspectedMessage */
 
 /** @typedef {StorageMessage | ReadyMessage | FirstScreenMessage | TitleMessage | BeepMessage | AttentionMessage
- *   | NotifyMessage | GoBackMessage | WaitCursorMessage | PointerMessage | StoreTextMessage | FieldsMessage | SpokenMessage | StoredMessage | CopyMessage
+ *   | NotifyMessage | GoBackMessage | TypedMessage | WaitCursorMessage | PointerMessage | StoreTextMessage | FieldsMessage | SpokenMessage | StoredMessage | CopyMessage
  *   | CopyFailedMessage | OpenedMessage | EndedMessage | FailedMessage | InspectedMessage} FromWorker */

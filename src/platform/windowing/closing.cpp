@@ -27,6 +27,11 @@ bool HasTyped(const Window* window) {
 
 } // namespace
 
+bool IsSomethingTyped() {
+    const auto& windows = Desktop::The().TopLevels();
+    return std::any_of(windows.begin(), windows.end(), HasTyped);
+}
+
 bool MayBeLeft(const Window& window) {
     return !HasTyped(&window) || Confirms(window);
 }
@@ -56,8 +61,7 @@ bool Closing::Step() {
 void Closing::AskIfTyped() {
     Desktop& desktop = Desktop::The();
     const Window* front = desktop.Front();
-    const auto& windows = desktop.TopLevels();
-    if (!front || std::none_of(windows.begin(), windows.end(), HasTyped)) {
+    if (!front || !IsSomethingTyped()) {
         state_ = State::Ordered;
         return;
     }

@@ -27,6 +27,9 @@ private:
     int steps_ = 0;
 };
 
+/// Whether a form stands open with a field that differs from what it opened with.
+bool IsSomethingTyped();
+
 /// Whether a window is to be left: a person is asked first where something was typed in it.
 bool MayBeLeft(const Window& window);
 

@@ -177,11 +177,12 @@ void Desktop::LeaveFront() {
 
 void Desktop::EnterText(const InputEvent& event) {
     Control* control = event.field == focus_ ? ControlOf(focus_) : nullptr;
-    if (!control)
-        return; // the focus has gone elsewhere meanwhile
-    control->EnterText(event.text, static_cast<std::size_t>(event.x), static_cast<std::size_t>(event.y));
-    toldFields_.reset(); // where the field did not take all of it, the host's own must hear of that
-    Invalidate(ScreenPlace(*FindWindowRecord(focus_)));
+    if (control)
+        control->EnterText(event.text, static_cast<std::size_t>(event.x), static_cast<std::size_t>(event.y));
+    // The host hears what the field took of it, or that another one has the focus meanwhile.
+    toldFields_.reset();
+    if (const Window* shown = FindWindowRecord(control ? focus_ : active_))
+        Invalidate(ScreenPlace(*shown));
 }
 
 } // namespace device

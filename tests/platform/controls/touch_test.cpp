@@ -233,6 +233,12 @@ TEST_F(TouchTest, AHostIsToldOfTheFieldsAndTellsWhatTheySay) {
             },
             [this] {
                 EXPECT_EQ(Told(Reading).text, L"1234");
+                host.fields.clear();
+                Enter(Amount, L"5", 1, 1);
+            },
+            [this] {
+                ASSERT_FALSE(host.fields.empty()) << "what came too late is answered, too";
+                EXPECT_TRUE(Told(Reading).isFocused);
                 Enter(Reading, L"", 0, 0);
             },
             [this] {

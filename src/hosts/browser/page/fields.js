@@ -47,8 +47,7 @@ export class Fields {
         this.fields = [];
         /** @type {Field | null} */
         this.bound = null;
-        /** The device has not heard of the choice yet. */
-        this.awaited = false;
+        /** The number of what the device was told last: it repeats that when it has heard of it. */
         this.sent = 0;
         this.isComposing = false;
         const text = this.make('input', 'text', 'text');
@@ -111,16 +110,18 @@ export class Fields {
     show(fields, answers) {
         this.fields = fields;
         const focused = fields.find((each) => each.isFocused) ?? null;
-        if (this.awaited && focused?.id !== this.bound?.id && fields.some((each) => each.id === this.bound?.id)) return;
-        this.awaited = false;
-        if (!focused) {
-            this.letGo();
-        } else if (focused.id !== this.bound?.id) {
-            if (this.isActive || !this.surroundings.hasFingers()) this.bind(focused);
-        } else {
+        // The device has not heard yet of what was chosen or typed since.
+        const isLate = answers !== this.sent && fields.some((each) => each.id === this.bound?.id);
+        if (focused && focused.id === this.bound?.id) {
             this.bound = focused;
             this.lay();
-            if (answers === this.sent && !this.isComposing) this.take(focused);
+            if (!isLate && !this.isComposing) this.take(focused);
+        } else if (isLate) {
+            return;
+        } else if (!focused) {
+            this.letGo();
+        } else if (this.isActive || !this.surroundings.hasFingers()) {
+            this.bind(focused);
         }
     }
 
@@ -136,12 +137,10 @@ export class Fields {
         if (hit) {
             if (hit.id === this.bound?.id) return;
             this.bind(hit);
-            this.awaited = !hit.isFocused;
-            // A number is typed anew rather than mended. The device hears of that behind the tap.
-            if (hit.kind === 'whole' || hit.kind === 'decimal') {
-                this.element?.select();
-                queueMicrotask(() => this.tell());
-            }
+            // A number is typed anew rather than mended. The device hears of the choice behind the tap.
+            const isNumber = hit.kind === 'whole' || hit.kind === 'decimal';
+            if (isNumber) this.element?.select();
+            queueMicrotask(() => (isNumber ? this.tell() : this.ask()));
         } else if (this.surroundings.hasFingers() && !this.isComposing) {
             this.letGo();
         }
@@ -206,8 +205,12 @@ export class Fields {
     release() {
         if (this.element) this.element.hidden = true;
         this.bound = null;
-        this.awaited = false;
         this.isComposing = false;
+    }
+
+    /** Has the device answer when it has heard of all that was sent. */
+    ask() {
+        this.surroundings.send({ kind: 'fieldText', field: 0, delta: ++this.sent });
     }
 
     /** Tells the device what its field says now. */
@@ -278,6 +281,6 @@ export class Fields {
         // A keyboard goes from one field to the next only within the handler of its key.
         this.bind(next);
         this.element?.select(); // as the device does with a field that is walked into
-        this.awaited = true;
+        this.ask();
     }
 }

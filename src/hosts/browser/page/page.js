@@ -28,6 +28,7 @@ const state = {
     firstChanges: -1,
     hasFormer: false,
     lasting: true,
+    isTyped: false,
     version: document.querySelector('meta[name=version]')?.getAttribute('content') ?? 'of no release',
 };
 /** @type {Event & {prompt?: () => void} | null} */
@@ -294,10 +295,15 @@ document.addEventListener('visibilitychange', () => {
     if (document.visibilityState === 'hidden') post({ type: 'hide' });
 });
 window.addEventListener('pagehide', () => post({ type: 'hide' }));
+// A second Back, a reload and a new version leave at once: the browser asks where a form would be lost.
+window.addEventListener('beforeunload', (event) => {
+    if (state.isTyped) event.preventDefault();
+});
 
 /** @param {string} text */
 function drawCurtain(text) {
     fields.letGo();
+    state.isTyped = false;
     curtain.textContent = text;
     curtain.hidden = false;
 }
@@ -317,6 +323,8 @@ function hear(message) {
             break;
         case 'ready':
             state.hasFormer = message.hasFormer;
+            fields.sent = 0; // a new run has heard of nothing yet
+            state.isTyped = false;
             break;
         case 'firstScreen':
             curtain.hidden = true;
@@ -334,6 +342,9 @@ function hear(message) {
             break;
         case 'goBack':
             leave();
+            break;
+        case 'typed':
+            state.isTyped = message.isTyped;
             break;
         case 'pointer':
             canvas.style.cursor = { arrow: 'default', hand: 'pointer', text: 'text' }[message.shape];

@@ -5,8 +5,9 @@ mergeInto(LibraryManager.library, {
     odoledgerHostTakeEvent: function (record) {
         const event = Module.host.takeEvent();
         if (event === undefined) return 0;
+        const text = event.text === '' ? 0 : stringToNewUTF8(event.text); // may move the memory: before all else
         HEAP32.set(event.numbers, record >> 2);
-        HEAPU32[(record >> 2) + event.numbers.length] = event.text === '' ? 0 : stringToNewUTF8(event.text);
+        HEAPU32[(record >> 2) + event.numbers.length] = text;
         HEAPF64[(record >> 3) + 6] = event.zoom;
         return 1;
     },

@@ -24,6 +24,7 @@ const messages = {
     spoken: (text) => ({ type: 'spoken', text }),
     storeText: (text) => ({ type: 'storeText', text }),
     title: (text) => ({ type: 'title', text }),
+    typed: (text) => ({ type: 'typed', isTyped: text !== '' }),
     waitCursor: (text) => ({ type: 'waitCursor', shown: text !== '' }),
 };
 

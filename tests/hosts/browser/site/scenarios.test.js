@@ -233,6 +233,57 @@ test('an input method composes in the field itself, and a comma is what the loca
     );
 });
 
+test('who taps and types faster than the program answers writes where was tapped last', async () => {
+    const delay = (/** @type {import('puppeteer-core').Page} */ page) =>
+        page.evaluateOnNewDocument(() => {
+            const listen = Worker.prototype.addEventListener;
+            Worker.prototype.addEventListener = function (/** @type {string} */ type, /** @type {any} */ hear) {
+                listen.call(this, type, (/** @type {any} */ event) => {
+                    window.setTimeout(() => hear(event), event.data?.type === 'fields' ? 300 : 0);
+                });
+            };
+        });
+    await withPhone(
+        async (phone) => {
+            await addVehicle(phone);
+            await openLog(phone);
+            await phone.tap('New');
+            await phone.tap('Expense');
+            await phone.shows('[Expense]');
+            await pause(400);
+            await phone.tap('Vendor:', 25);
+            await pause(400);
+            await phone.tap('Description:', 25);
+            await phone.tap('Vendor:', 25);
+            for (const letter of 'Harbour bridge') {
+                await phone.type(letter);
+                await pause(30);
+            }
+            const texts = async () => (await phone.inspect('controls')).filter((line) => /^(1015|1061) /.test(line));
+            await until(async () => (await texts()).join().includes('bridge'), 'the text');
+            assert.match((await texts())[1] ?? '', /"Harbour bridge"$/, (await texts()).join('\n'));
+        },
+        { prepare: delay },
+    );
+});
+
+test('a pasted text for which the memory has to grow arrives', async () => {
+    await withPhone(async (phone) => {
+        await addVehicle(phone);
+        await openLog(phone);
+        await phone.tap('New');
+        await phone.tap('Expense');
+        await phone.tap('Notes:', 25);
+        await phone.type('a');
+        await phone.page.$eval('#fields .note', (field) => {
+            /** @type {HTMLTextAreaElement} */ (field).value = 'z'.repeat(20_000_000);
+            field.dispatchEvent(new Event('input'));
+        });
+        const isThere = async () => (await phone.inspect('controls')).some((line) => line.includes('zzz'));
+        await until(isThere, 'as much of it as the field takes');
+    });
+});
+
 test('a phone that is turned, or whose keyboard comes up, keeps the form and the field', async () => {
     await withPhone(async (phone) => {
         await phone.tap('OK');
@@ -265,7 +316,7 @@ test('a phone that is turned, or whose keyboard comes up, keeps the form and the
     });
 });
 
-test("the browser's Back closes a menu, asks before it leaves what was typed, and leaves from the first screen", async () => {
+test("the browser's Back closes a menu, asks before what was typed is left, also twice, and leaves from the first screen", async () => {
     await withPhone(async (phone) => {
         await addVehicle(phone);
         await phone.tap('Menu');
@@ -278,6 +329,13 @@ test("the browser's Back closes a menu, asks before it leaves what was typed, an
         await phone.type('x');
         await phone.page.goBack();
         await phone.shows('Close without storing what was typed?');
+        const isAsked = new Promise((answer) =>
+            phone.page.once('dialog', (dialog) => {
+                void dialog.dismiss().then(() => answer(dialog.type()));
+            }),
+        );
+        void phone.page.evaluate(() => history.back()); // would leave the page and the form in it
+        assert.equal(await isAsked, 'beforeunload');
         await phone.tap('No');
         await phone.shows('[Vehicle Properties]');
         await phone.drag([40, 300], [250, 310]); // a swipe is Back as well
