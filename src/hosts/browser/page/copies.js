@@ -44,6 +44,13 @@ export function makeCopies(storage) {
             write({ changes, time: now });
         },
         /**
+         * Another log took the place of the one that was copied.
+         * @param {number} changes of that one
+         */
+        replaced(changes) {
+            write({ changes, time: read()?.time ?? 0 });
+        },
+        /**
          * The line that reminds, or null.
          * @param {number} changes how often the log has been changed by now
          * @param {number} now

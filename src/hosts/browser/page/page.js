@@ -26,6 +26,7 @@ const state = {
     textSize: Number(localStorageOrNone().getItem(textSizeKey)) || 1,
     changes: 0,
     firstChanges: -1,
+    isReplaced: false, // by another log, whose changes are not counted yet
     hasFormer: false,
     lasting: true,
     isTyped: false,
@@ -182,11 +183,16 @@ function leave() {
 
 function rememberChanges(/** @type {number} */ changes) {
     state.changes = changes;
+    if (state.isReplaced) copies.replaced(changes);
+    state.isReplaced = false;
     if (state.firstChanges < 0) state.firstChanges = changes;
     // The first entry of a person's own: from then on there is something to be lost.
     else if (changes > state.firstChanges) navigator.storage?.persist?.().catch(() => false);
     remindOfCopy();
 }
+
+/** Another log ends the program under a form. */
+const mayLeaveForm = () => !state.isTyped || window.confirm('Leave the form without storing what was typed?');
 
 function remindOfCopy() {
     const line = state.lasting ? copies.reminder(state.changes, Date.now()) : null;
@@ -222,7 +228,7 @@ menu.file.addEventListener('change', async () => {
     if (!file) return;
     try {
         const bytes = await file.arrayBuffer();
-        post({ type: 'openCopy', name: file.name, bytes }, [bytes]);
+        if (mayLeaveForm()) post({ type: 'openCopy', name: file.name, bytes }, [bytes]);
     } catch {
         notices.show('opened', `${file.name} cannot be read.`);
     }
@@ -247,7 +253,7 @@ function act(action) {
             menu.file.click();
             break;
         case 'takeBack':
-            post({ type: 'takeBack' });
+            if (mayLeaveForm()) post({ type: 'takeBack' });
             break;
         case 'install':
             installPrompt?.prompt?.();
@@ -375,7 +381,9 @@ function hear(message) {
             break;
         case 'opened':
             notices.show('opened', outcomes[message.outcome]);
-            if (message.outcome === 'opened') state.firstChanges = -1;
+            if (message.outcome !== 'opened') break;
+            state.firstChanges = -1;
+            state.isReplaced = true;
             break;
         case 'ended':
             drawCurtain('Odoledger has ended. Everything is stored.\nTouch here to start it again.');

@@ -187,6 +187,7 @@ async function changeLog(find) {
         await endRun();
         takeAsLog(pool, logName, found);
         post({ type: 'opened', outcome: 'opened' });
+        changes = -1; // another log's
     } catch (error) {
         if (!(error instanceof PoolError)) throw error;
         post({ type: 'opened', outcome: error.code === 'ENOSPC' ? 'full' : 'failed' });

@@ -78,6 +78,9 @@ test('a copy is reminded of after thirty changes or thirty days, and not before 
     assert.equal(copies.reminder(36, now + 29 * day), null);
     assert.match(copies.reminder(36, now + 30 * day) ?? '', /30 days/);
     assert.equal(copies.reminder(35, now + 90 * day), null); // nothing is new
+    copies.replaced(500); // by a log of a longer life
+    assert.equal(copies.reminder(500, now + 90 * day), null);
+    assert.equal(copies.time(), now);
     assert.equal(copies.reminder(2, now + 90 * day), null); // another log took its place
     assert.match(copies.reminder(32, now) ?? '', /30 changes/);
     for (const damaged of ['', '{', '[]', '{"changes":"x","time":1}']) {

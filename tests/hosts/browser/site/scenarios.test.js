@@ -418,6 +418,15 @@ test('a copy goes to the desktop and comes back, bit for bit', needsDesktop, asy
             await openCopy(phone, join(folder, 'newer.dat'));
             await until(async () => (await noticesOf(phone)).includes('newer version'), 'the answer');
             await phone.shows('12,000');
+            // Under a form in which something was typed a person is asked first.
+            phone.page.once('dialog', (dialog) => void dialog.dismiss());
+            await phone.tap('New');
+            await phone.tap('Other Expense');
+            await phone.tap('Description:', 25);
+            await phone.type('half');
+            await openCopy(phone, copy);
+            await pause(300);
+            await phone.shows('half');
         });
     });
 });
