@@ -228,12 +228,11 @@ private:
     double DistanceFactor(UnitDistance unit) const { return KilometresOf(unit) / KilometresOf(intoDistance_); }
 
     void AddEntry(const EntryDraft& draft) {
-        EntryItem item{std::make_unique<CEntry>()};
+        EntryItem item{std::make_unique<CEntry>(Date(draft.date))};
         CEntry* entry = item.record.get();
         item.isPartial = draft.isPartial;
         item.isMissed = draft.isMissed;
         entry->SetType(draft.type);
-        entry->SetDate(Date(draft.date));
         if (IsCutOff(draft))
             throw Broken{0, RowTooShort};
         const UnitDistance unit = draft.distanceUnit.value_or(*drafts_.distance);

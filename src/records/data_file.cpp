@@ -199,6 +199,10 @@ bool CDataFile::Execute(Sql statement) {
     return Run(statement).Step() == CStatementRun::Result::Done;
 }
 
+LONG CDataFile::NewestId() const {
+    return static_cast<LONG>(sqlite3_last_insert_rowid(connection_.get()));
+}
+
 bool CDataFile::InTransaction() const {
     return sqlite3_get_autocommit(connection_.get()) == 0;
 }

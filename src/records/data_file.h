@@ -34,6 +34,8 @@ public:
     }
     /// For a statement that gives no rows.
     bool Execute(Sql statement);
+    /// Of the row that was inserted last.
+    LONG NewestId() const;
     /// False outside a transaction, and when a failure has ended the transaction already.
     bool InTransaction() const;
     CTextCodec& Codec() { return codec_; }

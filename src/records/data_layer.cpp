@@ -29,12 +29,15 @@ bool MeetsRecord(CStatementRun& run, const CBaseObject& record, ULONG* refId) {
 }
 
 template <typename Record> bool Insert(CDataFile& file, const Record& record, LONG* id, ULONG* refId) {
-    if (!file.Run(Sql::TakeRef).SingleRow([&](CStatementRun& row) { *refId = row.ReadKey(); }))
+    if (!file.Execute(Sql::TakeRef)
+        || !file.Run(Sql::TakenRef).SingleRow([&](CStatementRun& row) { *refId = row.ReadKey(); }))
         return false;
     CStatementRun run = file.Run(RecordSql<Record>::Insert);
     run.Bind(LONGLONG{*refId});
     RecordAccess::Bind(run, record);
-    return run.SingleRow([&](CStatementRun& row) { *id = row.ReadLong(); });
+    const bool isDone = run.Step() == CStatementRun::Result::Done;
+    *id = file.NewestId();
+    return isDone;
 }
 
 template <typename Record> bool Update(CDataFile& file, const Record& record, ULONG* refId) {

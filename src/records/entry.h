@@ -16,6 +16,9 @@ public:
 
     /// Dated today (local, midnight); numbers 0, texts empty, no type yet.
     CEntry();
+    /// Of that OLE date, without a look at the clock.
+    explicit CEntry(double date)
+        : date_(date) { }
 
     /// An OLE date.
     double GetDate() const { return date_; }
@@ -43,9 +46,6 @@ public:
 
 private:
     friend struct RecordAccess;
-    /// Without a look at the clock, for an entry that is about to be read.
-    explicit CEntry(double date)
-        : date_(date) { }
 
     CStoredText vendor_;
     double date_;

@@ -78,7 +78,8 @@ constexpr Row Statements[] = {
     {Sql::Begin, "BEGIN IMMEDIATE"},
     {Sql::Commit, "COMMIT"},
     {Sql::Rollback, "ROLLBACK"},
-    {Sql::TakeRef, "UPDATE sequence SET next_ref = next_ref + 1 RETURNING next_ref - 1"},
+    {Sql::TakeRef, "UPDATE sequence SET next_ref = next_ref + 1"},
+    {Sql::TakenRef, "SELECT next_ref - 1 FROM sequence"},
     {Sql::LoadVehicles,
         "SELECT id, ref, name, notes, license_plate, vin, odometer, year, insurance_policy, insurance_agent,"
         " insurance_phone, insurance_coverage, insurance_expires, dealer_name, dealer_phone, dealer_address"
@@ -86,7 +87,7 @@ constexpr Row Statements[] = {
     {Sql::InsertVehicle,
         "INSERT INTO vehicles (ref, name, notes, license_plate, vin, odometer, year, insurance_policy,"
         " insurance_agent, insurance_phone, insurance_coverage, insurance_expires, dealer_name, dealer_phone,"
-        " dealer_address) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING id"},
+        " dealer_address) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"},
     {Sql::UpdateVehicle,
         "UPDATE vehicles SET name = ?, notes = ?, license_plate = ?, vin = ?, odometer = ?, year = ?,"
         " insurance_policy = ?, insurance_agent = ?, insurance_phone = ?, insurance_coverage = ?,"
@@ -99,20 +100,19 @@ constexpr Row Statements[] = {
         " ORDER BY date, odometer, id"},
     {Sql::InsertEntry,
         "INSERT INTO entries (ref, name, notes, vehicle, date, type, odometer, amount, custom1, custom2, vendor)"
-        " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING id"},
+        " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"},
     {Sql::UpdateEntry,
         "UPDATE entries SET name = ?, notes = ?, vehicle = ?, date = ?, type = ?, odometer = ?, amount = ?,"
         " custom1 = ?, custom2 = ?, vendor = ?" ODOLEDGER_WHERE_KEYS " RETURNING ref"},
     {Sql::DeleteEntry, ODOLEDGER_DELETE("entries")},
     {Sql::LoadKeywords, "SELECT id, ref, name, notes, type FROM keywords WHERE type = ? ORDER BY id"},
-    {Sql::InsertKeyword, "INSERT INTO keywords (ref, name, notes, type) VALUES (?, ?, ?, ?) RETURNING id"},
+    {Sql::InsertKeyword, "INSERT INTO keywords (ref, name, notes, type) VALUES (?, ?, ?, ?)"},
     {Sql::UpdateKeyword, "UPDATE keywords SET name = ?, notes = ?, type = ?" ODOLEDGER_WHERE_KEYS " RETURNING ref"},
     {Sql::DeleteKeyword, ODOLEDGER_DELETE("keywords")},
     {Sql::LoadReminders,
         "SELECT id, ref, name, notes, vehicle, date, odometer FROM reminders WHERE vehicle = ? ORDER BY id"},
     {Sql::InsertReminder,
-        "INSERT INTO reminders (ref, name, notes, vehicle, date, odometer) VALUES (?, ?, ?, ?, ?, ?)"
-        " RETURNING id"},
+        "INSERT INTO reminders (ref, name, notes, vehicle, date, odometer) VALUES (?, ?, ?, ?, ?, ?)"},
     {Sql::UpdateReminder,
         "UPDATE reminders SET name = ?, notes = ?, vehicle = ?, date = ?, odometer = ?" ODOLEDGER_WHERE_KEYS
         " RETURNING ref"},

@@ -6,6 +6,7 @@ enum class Sql {
     Commit,
     Rollback,
     TakeRef,
+    TakenRef,
     LoadVehicles,
     InsertVehicle,
     UpdateVehicle,

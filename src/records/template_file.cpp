@@ -1,8 +1,7 @@
 #include "records/template_file.h"
 
 #include "records/data_file.h"
-#include "records/keyword.h"
-#include "records/record_access.h"
+#include "records/data_layer.h"
 
 namespace {
 
@@ -37,28 +36,21 @@ constexpr ReadyMade Keywords[] = {
     {CKeyword::KeywordExpense, L"Toll"},
 };
 
-bool AddKeywords(CDataFile& file) {
-    CTransaction transaction(file);
+bool AddKeywords(CDataLayer& layer) {
     for (const ReadyMade& readyMade : Keywords) {
         CKeyword keyword;
         keyword.SetType(readyMade.type);
         keyword.SetName(readyMade.name);
-        ULONG refId = 0;
-        if (!file.Run(Sql::TakeRef).SingleRow([&](CStatementRun& row) { refId = row.ReadKey(); }))
-            return false;
-        CStatementRun run = file.Run(Sql::InsertKeyword);
-        run.Bind(LONGLONG{refId});
-        RecordAccess::Bind(run, keyword);
-        if (!run.SingleRow([](CStatementRun&) {}))
+        if (!layer.Save(&keyword, 0))
             return false;
     }
-    return transaction.Commit();
+    return true;
 }
 
 } // namespace
 
 bool MakeTemplateFile(const std::string& path) {
-    auto status = CDataFile::Status::Failed;
-    const std::unique_ptr<CDataFile> file = CDataFile::Create(path) ? CDataFile::Open(path, &status) : nullptr;
-    return file && AddKeywords(*file);
+    CDataLayer layer;
+    return CDataFile::Create(path) && layer.ConnectHostFile(path) == CDataLayer::ConnectOK
+        && layer.InOneTransaction([&] { return AddKeywords(layer); });
 }
