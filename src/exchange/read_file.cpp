@@ -31,7 +31,9 @@ std::string WhyNoTable(std::string_view bytes) {
     if (BeginsWith(bytes, "SQLite format 3"))
         return "this is a database, not an export; let the app that made it export CSV";
     const std::size_t first = bytes.find_first_not_of(" \t\r\n\xEF\xBB\xBF");
-    if (first != std::string_view::npos && bytes[first] == '<')
+    if (first == std::string_view::npos)
+        return "the file is empty";
+    if (bytes[first] == '<')
         return "this is XML or HTML; let the app that made it export CSV";
     if (bytes.find('\0') != std::string_view::npos)
         return "this is no text; let the app that made it export CSV, in UTF-8";

@@ -225,6 +225,13 @@ private:
         return WholeReading(reading);
     }
 
+    /// "12.345": with a decimal point in other columns these are twelve kilometres, which nobody has driven.
+    bool IsRatherThousands(const std::string& reading) const {
+        constexpr std::size_t LongestGroup = 3;
+        const std::size_t place = reading.find(decimal_);
+        return !options_.decimal && place <= LongestGroup && reading.size() == place + 1 + LongestGroup;
+    }
+
     double DistanceFactor(UnitDistance unit) const { return KilometresOf(unit) / KilometresOf(intoDistance_); }
 
     void AddEntry(const EntryDraft& draft) {
@@ -237,6 +244,8 @@ private:
             throw Broken{0, RowTooShort};
         const UnitDistance unit = draft.distanceUnit.value_or(*drafts_.distance);
         const std::optional<LONG> odometer = Reading(draft.odometer, unit);
+        if (IsRatherThousands(draft.odometer.text))
+            drafts_.Notice("the reading has three decimals; if they are thousands, say --decimal", draft.line);
         const bool isKnown = odometer && (*odometer != 0 || draft.isZeroReading);
         item.hasUnknownOdometer = item.lacksOdometer = !isKnown;
         entry->SetOdometer(odometer.value_or(0));

@@ -22,9 +22,16 @@ bool IsSpace(char character) {
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
-void Remove(std::string* text, std::string_view part) {
-    for (std::size_t place = 0; (place = text->find(part, place)) != std::string::npos;)
-        text->erase(place, part.size());
+/// Marks between two digits become blanks; all others go.
+std::string WithPlainGroups(std::string text) {
+    for (const std::string_view mark : GroupMarks)
+        for (std::size_t place = 0; (place = text.find(mark, place)) != std::string::npos;) {
+            const std::size_t next = place + mark.size();
+            const bool isBetween = place > 0 && next < text.size() && IsDigit(text[place - 1]) && IsDigit(text[next]);
+            text.replace(place, mark.size(), isBetween ? " " : "");
+            place += isBetween ? 1 : 0;
+        }
+    return text;
 }
 
 bool IsLetter(char character) {
@@ -180,9 +187,7 @@ std::string Trimmed(std::string_view text) {
 }
 
 std::optional<double> ReadWrittenNumber(std::string_view written, char decimal, bool isMoney) {
-    std::string text(written);
-    for (const std::string_view mark : GroupMarks)
-        Remove(&text, mark);
+    std::string text = WithPlainGroups(std::string(written));
     if (isMoney)
         text = WithoutCurrency(std::move(text));
     bool isNegative = text.size() > 2 && text.front() == '(' && text.back() == ')';
@@ -195,8 +200,8 @@ std::optional<double> ReadWrittenNumber(std::string_view written, char decimal, 
     const std::size_t place = text.find(decimal);
     std::string whole = text.substr(0, place);
     const std::string part = place == std::string::npos ? "" : text.substr(place + 1);
-    if (!JoinGroups(&whole, decimal == '.' ? ',' : '.') || (whole + part).find_first_not_of("0123456789") < text.size()
-        || (whole + part).empty())
+    if (!JoinGroups(&whole, ' ') || !JoinGroups(&whole, decimal == '.' ? ',' : '.')
+        || (whole + part).find_first_not_of("0123456789") < text.size() || (whole + part).empty())
         return std::nullopt;
     const double value = std::strtod((whole + '.' + part).c_str(), nullptr);
     return std::isfinite(value) ? std::optional{isNegative ? -value : value} : std::nullopt;

@@ -271,13 +271,17 @@ TEST_F(Reading, OddFillsAreTakenAndTold) {
         fills += std::to_string(odometer) + ",2024-03-04,Gas,2,20,10,Yes\n";
     const Outcome far = Import(fills, {"--vehicle", "Far"});
     EXPECT_NE(far.err.find("line 7: far more way"), std::string::npos) << far.err;
+    const Outcome mixed = Import("Date,Odometer,FuelConsumed,Cost,IsFillToFull,MissedFuelUp\n"
+                                 "2024-03-04,12.345,10,20.55,True,False\n",
+        {"--distance", "mi", "--volume", "usgal", "--vehicle", "Van"});
+    EXPECT_NE(mixed.err.find("line 2: the reading has three decimals"), std::string::npos) << mixed.err;
 }
 
 TEST_F(Reading, WhatIsNoTableIsRefusedInWords) {
     const std::string database = Read(HostPath());
     for (const auto& [contents, words] : std::vector<std::pair<std::string, const char*>>{{database, "database"},
              {" <html>", "XML"}, {std::string("a,\0b\n", 5), "no text"}, {"ROAD TRIP CSV \",.\"\n", "Road Trip"},
-             {"a,b\n1,2\n", "--map"}, {"", "--map"}}) {
+             {"a,b\n1,2\n", "--map"}, {"\r\n", "empty"}}) {
         const Outcome outcome = Import(contents);
         EXPECT_EQ(outcome.status, EX_DATAERR) << words;
         EXPECT_NE(outcome.err.find(words), std::string::npos) << outcome.err;
@@ -341,8 +345,9 @@ TEST(WrittenValues, AreReadInTheMannerOfTheirPlace) {
                 {"none", "1234.5"}},
             {"12'345.5", {"12345.5", "none"}}, {"($12.00)", {"-12", "none"}}, {"-$3", {"-3", "-3"}},
             {"1,23,456.5", {"123456.5", "none"}}, {"12,345", {"12345", "12.345"}}, {"0,123", {"none", "0.123"}},
-            {"1234,567", {"none", "1234.567"}}, {"1.234.567", {"none", "1234567"}}, {"Rs.12.50", {"12.5", "none"}},
-            {"\xC2\xA3.95", {"0.95", "none"}}, {"\xE2\x82\xAC.95", {"0.95", "none"}}, {"US$.95", {"0.95", "none"}},
+            {"1234,567", {"none", "1234.567"}}, {"12 5", {"none", "none"}}, {"- 1 234", {"-1234", "-1234"}},
+            {"1.234.567", {"none", "1234567"}}, {"Rs.12.50", {"12.5", "none"}}, {"\xC2\xA3.95", {"0.95", "none"}},
+            {"\xE2\x82\xAC.95", {"0.95", "none"}}, {"US$.95", {"0.95", "none"}},
             {"\xD1\x80\xD1\x83\xD0\xB1.95", {"95", "95"}}, {"60.00-", {"none", "none"}}, {"12,-", {"12", "12"}},
             {".5", {"0.5", "none"}}, {"", {"none", "none"}}, {".", {"none", "none"}}, {"1O.5", {"none", "none"}},
             {"--1", {"none", "none"}}, {"1e5", {"none", "none"}}};
