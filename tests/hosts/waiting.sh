@@ -9,11 +9,12 @@ fail() {
   exit 1
 }
 
-# until_true WHAT COMMAND...: waits until the command succeeds, ten seconds at most.
+# until_true WHAT COMMAND...: waits until the command succeeds, a minute at most: on a slow machine a program that hangs
+# is told late, and one that is slow is none.
 until_true() {
   local what=$1
   shift
-  for _ in $(seq 200); do
+  for _ in $(seq 1200); do
     "$@" && return 0
     sleep 0.05
   done

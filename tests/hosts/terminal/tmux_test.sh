@@ -19,8 +19,13 @@ press() { tm send-keys -t main "$1"; }
 write() { tm send-keys -t main -l "$1"; }
 resize() { tm resize-window -t main -x "$1" -y "$2"; }
 send_bytes() { tm send-keys -t main -H "$@"; }
+# in_two FIRST SECOND: bytes with a tenth of a second between them, which the terminal waits for itself: to start a
+# program takes longer than people do where the machine is slow.
+in_two() { tm send-keys -t main -H $1 \; run-shell -d 0.1 \; send-keys -t main -H $2; }
 # click COLUMN ROW: down and up, counted from 1.
-click() { send_bytes $(printf '\033[<0;%d;%dM\033[<0;%d;%dm' "$1" "$2" "$1" "$2" | od -An -tx1); }
+click_bytes() { printf '\033[<0;%d;%dM\033[<0;%d;%dm' "$1" "$2" "$1" "$2" | od -An -tx1; }
+click() { send_bytes $(click_bytes "$1" "$2"); }
+double_click() { send_bytes $(click_bytes "$1" "$2") $(click_bytes "$1" "$2"); }
 # modes: full screen, pointer told.
 modes() { tm display-message -t main -p '#{alternate_on} #{mouse_any_flag}'; }
 process_ended() { ! kill -0 "$(cat "$place/pid")" 2>/dev/null; }
@@ -77,9 +82,7 @@ on F1 "1,200"
 # What is no key does nothing: F12, Alt and a character, focus, a late answer. A paste is text in a
 # field and nothing elsewhere.
 send_bytes 1b 5b 32 34 7e 1b 5b 39 37 3b 33 75 1b 5b 49
-send_bytes 1b 5d 31 31 3b 72 67 62 3a
-sleep 0.1
-send_bytes 30 2f 31 2f 5d 1b 5c
+in_two "1b 5d 31 31 3b 72 67 62 3a" "30 2f 31 2f 5d 1b 5c"
 tm set-buffer "[2]"
 tm paste-buffer -p -t main \; send-keys -t main F1 # at once: the key must not wait behind the paste
 see "2 Fuel Entry"
@@ -103,15 +106,12 @@ see "1,200"
 
 # Soft keys and the pointer: the right key's menu, a click into the list beside it, a double click on the row.
 on M-1 "2 Fuel Entry"
-send_bytes 1b
-sleep 0.05 # Alt and a digit may come as two keys
-send_bytes 32
+in_two 1b 32 # Alt and a digit may come as two keys
 see "2 Delete"
 click 20 24
 see "2 Fuel Entry"
 click 70 5 # beside the menu: it closes
-click 5 3
-click 5 3
+double_click 5 3
 see "Fuel Entry +123"
 on F2 "3 Cancel"
 click 70 23

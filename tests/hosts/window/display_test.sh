@@ -63,23 +63,33 @@ grep -q '^screen=3000x2000$' "$kept" || fail "forgot the size of the larger disp
 
 # A larger window has larger text until the zoom is fixed.
 remembers() { [ "$(tr '\n' ' ' <"$kept")" = "$1 " ]; }
-resized() { # WINDOW KEYS REMEMBERED
+resized() { # REMEMBERED [KEY SIZE]...: what is remembered after each key has made its size, and then the mouse another
+  local wanted=$1
+  shift
   rm "$kept"
   "$program" &
   pid=$!
   until_true "no window" find_window
   until_true "not at its first size" is_sized 400x600
-  [ -z "$2" ] || xdotool windowfocus --sync "$window" key $2
-  xdotool windowsize --sync "$window" ${1/x/ }
-  sleep 0.3
-  kill "$pid"
+  while [ $# -gt 0 ]; do
+    press "$1"
+    until_true "$1 makes no $2" is_sized "$2"
+    shift 2
+  done
+  xdotool windowsize --sync "$window" 840 900
+  press ctrl+q # comes behind the new size, as a signal would not
+  until_true "still runs after Ctrl+Q" ended
   wait "$pid"
-  remembers "$3" || fail "after $2 and a size of $1: $(cat "$kept")"
+  remembers "$wanted" || fail "not $wanted but $(cat "$kept")"
 }
-resized 840x900 "" "screen=420x450 zoom=200 fixed=0"
-resized 840x900 "ctrl+plus ctrl+minus" "screen=672x720 zoom=125 fixed=1"
-resized 840x900 "ctrl+plus ctrl+0" "screen=420x450 zoom=200 fixed=0"
+resized "screen=420x450 zoom=200 fixed=0"
+resized "screen=672x720 zoom=125 fixed=1" ctrl+plus 480x720 ctrl+minus 400x600
+resized "screen=420x450 zoom=200 fixed=0" ctrl+plus 480x720 ctrl+0 400x600
 
+interrupted_and_ended() {
+  kill -INT "$pid" 2>/dev/null
+  ended
+}
 for signal in TERM HUP INT; do
   rm -rf "$device"
   mkdir "$device"
@@ -88,17 +98,16 @@ for signal in TERM HUP INT; do
   pid=$!
   until_true "no window" find_window
   until_true "not the program's window" titled "My Vehicles - Odoledger"
-  press F1                     # the units message
-  sleep 0.3
-  press F1 1                   # New > Vehicle
-  press V a n                  # a form without a window of its own: nothing outside tells that it is open
-  sleep 0.5
+  press F1 F1 1 V a n # the units message, New > Vehicle
+  # A form has no window of its own. Keys come in order: what the last one does outside tells that all were heard.
+  press ctrl+plus
+  until_true "the keys were not heard" is_sized 480x720
   kill "-$signal" "$pid"
   if [ "$signal" = INT ]; then
-    # A person is asked first; a second wish needs no answer.
-    sleep 0.5
-    ended && fail "left what was typed without a question"
-    kill -INT "$pid"
+    # A person is asked first, and No goes on; a second wish needs no answer.
+    press F2 ctrl+minus
+    until_true "left what was typed without a question" is_sized 400x600
+    until_true "still runs after SIGINT" interrupted_and_ended
   fi
   until_true "still runs after SIG$signal" ended
   wait "$pid"
