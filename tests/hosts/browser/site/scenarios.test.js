@@ -458,7 +458,7 @@ const keepsItself = (phone) =>
         return (await caches.keys()).length === 1;
     });
 
-test('without a network the program starts as ever', async () => {
+test('without a network the program starts as ever, and its manual opens', async () => {
     const own = await serve(siteFolder);
     const browsers = new Browsers();
     try {
@@ -469,7 +469,20 @@ test('without a network the program starts as ever', async () => {
         await own.stop();
         await phone.page.reload();
         await phone.firstScreen();
-        await phone.shows('Blue Wagon');
+        await phone.tap('Menu');
+        await phone.tap('About');
+        await phone.tap('Support');
+        await phone.shows('Manual');
+        await phone.page.click('#menu-button');
+        const [manual] = await Promise.all([
+            new Promise((/** @type {(page: import('puppeteer-core').Page) => void} */ isOpen) =>
+                phone.page.once('popup', (page) => page && isOpen(page)),
+            ),
+            phone.page.click('#menu a'),
+        ]);
+        await manual.waitForSelector('#on-a-phone');
+        await phone.page.bringToFront();
+        await phone.shows('Manual');
     } finally {
         await browsers.remove();
     }
