@@ -14,7 +14,10 @@ a { color: #0b57d0; }`;
 const marked = new Marked({
     renderer: {
         heading({ tokens, depth, text }) {
-            const id = text.toLowerCase().replace(/[^\w ]/g, '').replaceAll(' ', '-');
+            const id = text
+                .toLowerCase()
+                .replace(/[^\w ]/g, '')
+                .replaceAll(' ', '-');
             return `<h${depth} id="${id}">${this.parser.parseInline(tokens)}</h${depth}>\n`;
         },
         link({ href, tokens }) {
@@ -34,7 +37,9 @@ const readPage = (file) => {
 
 const [folder = '', ...files] = process.argv.slice(2);
 const pages = files.map(readPage);
-const links = pages.map(({ name, title }) => `<a href="${name}">${title.replace('Odoledger: ', '')}</a>`).join(' &middot; ');
+const links = pages
+    .map(({ name, title }) => `<a href="${name}">${title.replace('Odoledger: ', '')}</a>`)
+    .join(' &middot; ');
 for (const { name, title, text } of pages)
     writeFileSync(
         join(folder, name),
