@@ -52,31 +52,34 @@ void CEntryListView::Refresh(CEntryFilter* filter) {
         SetRowState(0, SelectedAndFocused, SelectedAndFocused);
 }
 
-int CEntryListView::AppendRow(CEntry* entry) {
-    return InsertRow(AtTheEnd, DateText(entry->GetDate()).c_str(), entry->GetType() - 1, DataOf(entry));
+int CEntryListView::InsertEntry(int row, CEntry* entry) {
+    return InsertRow(row, DateText(entry->GetDate()).c_str(), entry->GetType() - 1, DataOf(entry));
+}
+
+void CEntryListView::ShowInPlace(CEntry* entry) {
+    const CWaitCursor wait;
+    const int column = theSettings.LastColSorted;
+    const auto entryOfRow = [this](int row) -> const CEntry& { return *GetRowEntry(row); };
+    SelectRow(InsertEntry(
+        column == SortColumnNone ? AtTheEnd : PlaceInOrder(column, *entry, GetRowCount(), entryOfRow), entry));
 }
 
 int CEntryListView::AddRow(CEntry* entry, int update) {
     if (!update)
-        return AppendRow(entry);
+        return InsertEntry(AtTheEnd, entry);
     const int former = FindRowByData(DataOf(entry));
     if (former == -1)
         return -1;
     const CRedrawPause pause(*this);
     DeleteRow(former);
-    const int row = AppendRow(entry);
-    SetRowState(row, SelectedAndFocused, SelectedAndFocused);
-    SortRows(SortColumnNone);
-    SendMessageW(GetHandle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(FindRowByData(DataOf(entry))), FALSE);
-    return row;
+    ShowInPlace(entry);
+    return GetRowCount() - 1;
 }
 
 void CEntryListView::AddEntry(CEntry* entry) {
     entries_.Add(entry);
     ClearSelection();
-    SetRowState(AddRow(entry, 0), SelectedAndFocused, SelectedAndFocused);
-    SortRows(SortColumnNone);
-    SendMessageW(GetHandle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(FindRowByData(DataOf(entry))), FALSE);
+    ShowInPlace(entry);
 }
 
 void CEntryListView::SortRows(int column) {

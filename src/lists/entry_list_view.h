@@ -16,8 +16,9 @@ public:
     /// list empty.
     void Refresh(CEntryFilter* filter);
 
-    /// A row for an entry of this list, at the end. With `update` its former row goes, and the new one is sorted in,
-    /// selected and in view. Returns the row's index before the sort, -1 for an update of an entry without a row.
+    /// A row for an entry of this list, at the end. With `update` its former row goes, and the new one stands in its
+    /// place in the order, selected and in view. Returns the index of the last row, -1 for an update of an entry
+    /// without a row.
     int AddRow(CEntry* entry, int update);
     /// Takes a new record over and shows it selected, alone, in its place.
     void AddEntry(CEntry* entry);
@@ -36,7 +37,9 @@ protected:
     void OnSize() override;
 
 private:
-    int AppendRow(CEntry* entry);
+    int InsertEntry(int row, CEntry* entry);
+    /// A row where the order wants it, selected and in view.
+    void ShowInPlace(CEntry* entry);
     CEntry* GetRowEntry(int row) const;
     void DrawIcon(const DRAWITEMSTRUCT& request, int image) const;
 

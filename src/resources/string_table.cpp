@@ -1,16 +1,13 @@
 #include "resources/string_table.h"
 
 #include "resources/string_ids.h"
+#include "resources/support_text.h"
 
 namespace {
 
 constexpr StringResource Table[] = {
     {strings::AppName, L"Odoledger"},
-    {strings::SupportText,
-        L"1. How it works: MANUAL.md\n"
-        L"2. Questions and answers: QUESTIONS.md\n"
-        L"3. What a message means: MESSAGES.md\n"
-        L"All in /usr/share/doc/odoledger/docs"},
+    {strings::SupportText, SupportText},
     {strings::MyVehicles, L"My Vehicles"},
     {strings::NoActiveVehicle, L"<No Active Vehicle>"},
     {strings::ColumnName, L"Name"},

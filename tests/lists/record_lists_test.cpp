@@ -40,6 +40,36 @@ TEST_F(RecordLists, EntriesAreSortedByTheSettings) {
     }
 }
 
+TEST_F(RecordLists, ANewEntryStandsWhereASortWouldPutIt) {
+    for (int day = 0; day < 9; ++day)
+        Store(40000 + (day % 3), Repair, day % 2 == 0 ? L"b" : L"d", 10 * (day % 4), static_cast<float>(day % 2));
+    CEntryListView list;
+    ShowEntries(list);
+    std::vector<std::tuple<int, int, int>> cases;
+    for (const int column : {0, 1, 2, 3, 7})
+        for (const int ascending : {1, 0})
+            for (int at = -1; at <= 3; ++at) // before all rows, among them, behind them
+                cases.emplace_back(column, ascending, at);
+    for (const auto& [column, ascending, at] : cases) {
+        theSettings.LastColSorted = column;
+        theSettings.SortAscending = ascending;
+        list.Refresh(&Filter);
+        auto added = std::make_unique<CEntry>();
+        added->SetDate(40000 + at);
+        added->SetType(Repair);
+        added->SetName(std::wstring(1, L"abcde"[at + 1]).c_str());
+        added->SetOdometer(10 * at);
+        added->SetAmount(static_cast<float>(at));
+        auto rows = RecordsOf<const CEntry>(list);
+        rows.push_back(added.get());
+        std::vector<const CEntry*> sorted;
+        for (const int row : OrderEntries(column, rows))
+            sorted.push_back(rows[static_cast<std::size_t>(row)]);
+        list.AddEntry(added.release());
+        EXPECT_EQ(RecordsOf<const CEntry>(list), sorted) << column << " " << ascending << " " << at;
+    }
+}
+
 TEST_F(RecordLists, AnEditedEntryMovesToItsPlaceSelected) {
     for (int day = 0; day < 40; ++day)
         Store(40000 + day, Repair, (std::to_wstring(day) + L"th").c_str());

@@ -2,7 +2,6 @@
 
 #include "hosts/browser/frame_lines.h"
 #include "hosts/browser/library.h"
-#include "hosts/browser/spoken_text.h"
 #include "platform/metrics.h"
 #include "platform/system/environment.h"
 #include "platform/utf8.h"
@@ -110,8 +109,8 @@ void BrowserHost::Present(const RECT& /*changed*/) {
 }
 
 void BrowserHost::Speak() {
-    const std::wstring spoken = SpokenText(texts_, &spokenOf_);
-    if (spoken != std::exchange(spoken_, spoken))
+    const std::wstring spoken = speaker_.News(texts_);
+    if (!spoken.empty())
         odoledgerHostTell("spoken", ToUtf8(spoken).c_str());
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "hosts/browser/spoken_text.h"
 #include "hosts/console/device_commands.h"
 #include "platform/drawing/browser/browser_canvas.h"
 #include "platform/drawing/forked_canvas.h"
@@ -50,8 +51,7 @@ private:
     bool isPainted_ = false;
     bool isTyped_ = false;
     int answers_ = 0; ///< the number of the page's text that was taken last
-    HWND spokenOf_ = nullptr;
-    std::wstring spoken_;
+    Speaker speaker_;
 };
 
 } // namespace device

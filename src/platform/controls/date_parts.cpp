@@ -83,6 +83,13 @@ std::vector<DateParts::Piece> DateParts::Pieces() const {
     return pieces;
 }
 
+std::wstring DateParts::ChosenText() const {
+    std::wstring text = ChosenKind() == Kind::Year ? L"year " : ChosenKind() == Kind::Month ? L"month " : L"day ";
+    for (const Piece& piece : Pieces())
+        text += piece.part == part_ ? piece.text : L"";
+    return text;
+}
+
 DateParts::Range DateParts::RangeOf(Kind kind) const {
     switch (kind) {
     case Kind::Year:

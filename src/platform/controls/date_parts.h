@@ -28,6 +28,8 @@ public:
 
     /// From 1.
     int Part() const { return part_; }
+    /// The chosen part as it shows, with its name: "month 3".
+    std::wstring ChosenText() const;
     /// Ends typing in the part that was chosen before; stays within the parts.
     void Choose(int part);
     /// A digit, 0 to 9, typed into the chosen part. A full part chooses the next one.

@@ -20,6 +20,7 @@ public:
     std::wstring Text() const override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;
     std::wstring Value() const override { return Text(); }
+    std::wstring FocusedPart() const override { return parts_.ChosenText(); }
     bool DescribeField(ShownField& field) const override;
     const wchar_t* InputMark() const override { return L"123"; }
 

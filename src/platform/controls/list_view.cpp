@@ -245,6 +245,13 @@ ScrollBar ListView::Bar() const {
     return {window ? ScrollBarPlace(*window) : RECT{}, rows_.Count(), RowsShown(), rows_.First()};
 }
 
+std::wstring ListView::FocusedPart() const {
+    if (!rows_.Has(rows_.Focused()))
+        return {};
+    std::wstring part = L"row " + std::to_wstring(rows_.Focused() + 1);
+    return part.append(L" of ").append(std::to_wstring(rows_.Count()));
+}
+
 void ListView::ScrollTo(int position) {
     rows_.ScrollTo(position, RowsShown());
     hidden_ = 0;

@@ -25,6 +25,7 @@ public:
 
     ScrollBar Bar() const override;
     void ScrollTo(int position) override;
+    std::wstring FocusedPart() const override;
     bool IsChosen(POINT point) const override;
     bool Pan(int pixels) override;
     void PaintFrame(Canvas& canvas, const RECT& place) override;

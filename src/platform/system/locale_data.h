@@ -24,14 +24,17 @@ public:
     /// Below, equal to or above 0 in the order of the locale's dictionaries.
     std::optional<int> Compare(std::wstring_view first, std::wstring_view second, bool ignoreCase) const;
 
-    const std::wstring& DecimalSeparator() const;
-    const std::vector<ShortDatePart>& DateOrder() const;
+    const std::wstring& DecimalSeparator() const { return decimalSeparator_; }
+    const std::vector<ShortDatePart>& DateOrder() const { return dateOrder_; }
     /// In the digits that the locale writes dates with, at least `digits` of them.
     std::wstring DateDigits(unsigned number, std::size_t digits) const;
 
 private:
     struct Library;
     std::unique_ptr<Library> library_;
+    std::vector<ShortDatePart> dateOrder_;
+    std::wstring decimalSeparator_ = L".";
+    std::wstring dateDigits_ = L"0123456789"; ///< 0 first
 };
 
 const LocaleData& TheLocale();

@@ -40,6 +40,8 @@ public:
     virtual bool DescribeField(ShownField& /*field*/) const { return false; }
     /// A host's own field over this one says something else now.
     virtual void EnterText(const std::wstring& /*text*/, std::size_t /*start*/, std::size_t /*end*/) { }
+    /// The part of it that has the focus, in words for who does not see it: "row 3 of 61", "month 3". Empty: all of it.
+    virtual std::wstring FocusedPart() const { return {}; }
     /// Whether what stands at a point of the client area is chosen, so that a further tap acts.
     virtual bool IsChosen(POINT /*point*/) const { return false; }
     /// The content follows a finger, down above 0. False where there is nothing to be moved.

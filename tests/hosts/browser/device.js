@@ -104,6 +104,20 @@ export class Device {
     }
 
     /**
+     * The messages of a type that came and were not taken out.
+     *
+     * @template {FromWorker['type']} Type
+     * @param {Type} type
+     * @returns {Promise<Extract<FromWorker, {type: Type}>[]>}
+     */
+    all(type) {
+        return this.#page.evaluate(
+            (wanted) => /** @type {any} */ (globalThis).heard.filter((/** @type {any} */ each) => each.type === wanted),
+            type,
+        );
+    }
+
+    /**
      * @param {string} what a command of the scripted device
      * @returns {Promise<string[]>} also what it tells of the program's end, as the scripted device would
      */

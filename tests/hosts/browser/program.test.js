@@ -131,3 +131,22 @@ test('the canvas follows a new size and zoom, and is drawn on', async () => {
     assert.match((await device.do('key action', 'controls'))[1], /at=0,0,400,252/);
     await device.showsAt(800, 600);
 });
+
+test('a screen reader hears which of equal rows has the focus, and which part of a date', async () => {
+    const device = await open({ variables: { HANDSET_CLOCK: '2026-03-01T09:00:00Z', HANDSET_LOCALE: 'en_US' } });
+    const heard = async (/** @type {string[]} */ ...commands) => {
+        const { length } = await device.all('spoken');
+        await device.do(...commands);
+        return (await device.all('spoken')).slice(length).map(({ text }) => text);
+    };
+    await addVehicle(device, 'Wagon');
+    const expense = ['key soft1', 'key 5', 'key down 2', 'type Toll', 'key soft1'];
+    await device.do('key action', ...expense, ...expense);
+    const row = '3/1/2026 0 Toll $0.00, selected';
+    assert.deepEqual(await heard('key up'), [`${row}. row 1 of 2`]);
+    assert.deepEqual(await heard('key down'), [`${row}. row 2 of 2`]);
+    const opened = await heard('key action');
+    assert.deepEqual([opened.at(-1), await heard('key right')], ['Expense. Date. 3/1/2026. month 3', ['day 1']]);
+    assert.deepEqual(await heard('key +'), ['day 2']);
+    assert.deepEqual((await heard('key soft2', 'key back')).at(-1), 'Date. 3/2/2026. day 2');
+});

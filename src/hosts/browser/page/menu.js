@@ -13,7 +13,7 @@ export function makeMenu(act) {
     /** @param {string} name */
     const part = (name) => /** @type {HTMLElement} */ (dialog.querySelector(name));
     dialog.addEventListener('click', (event) => {
-        if (event.target === dialog) dialog.close(); // beside it
+        if (event.target === dialog || event.target instanceof HTMLAnchorElement) dialog.close(); // beside it, or the manual
         const action = event.target instanceof HTMLElement ? event.target.dataset.action : undefined;
         if (!action) return;
         if (action !== 'smaller' && action !== 'larger') dialog.close();

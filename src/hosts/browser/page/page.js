@@ -1,5 +1,6 @@
 // The page: gives the worker its canvas and what a person does, and shows what the program is not asked for.
 
+import { followBack } from './back.js';
 import { makeCopies } from './copies.js';
 import { Fields } from './fields.js';
 import { keyDownOf, keyUpOf } from './keyboard.js';
@@ -55,11 +56,7 @@ const surface = {
     element: canvas,
     scale: () => layout.scale,
     send,
-    /** @param {number} x @param {number} y */
-    beforeTap(x, y) {
-        readyToGoBack();
-        fields.tapped(x, y);
-    },
+    beforeTap: (/** @type {number} */ x, /** @type {number} */ y) => fields.tapped(x, y),
 };
 new Touch(surface);
 followMouse(surface);
@@ -153,31 +150,10 @@ document.addEventListener('paste', (event) => {
     if (text) send({ kind: 'paste', text });
 });
 
-// The browser's own Back. An entry of the history that no touch made is skipped, so it is made by the first one.
-
-let canGoBack = false;
-let isLeaving = false;
-function readyToGoBack() {
-    if (canGoBack) return;
-    canGoBack = true;
-    history.pushState({ odoledger: true }, '');
-}
-window.addEventListener('popstate', () => {
-    canGoBack = false;
-    if (isLeaving) return;
-    if (menu.dialog.open) {
-        menu.dialog.close();
-        return;
-    }
-    send({ kind: 'back' });
+const leave = followBack(() => {
+    if (menu.dialog.open) menu.dialog.close();
+    else send({ kind: 'back' });
 });
-function leave() {
-    // Nothing is before the first screen but what the person came from.
-    if (canGoBack) return;
-    isLeaving = true;
-    history.back();
-    window.setTimeout(() => (isLeaving = false), 1000);
-}
 
 // Storage and copies
 
@@ -287,7 +263,6 @@ function showMenu() {
     });
 }
 part('menu-button').addEventListener('click', () => {
-    readyToGoBack();
     fields.letGo();
     showMenu();
 });
@@ -301,7 +276,7 @@ document.addEventListener('visibilitychange', () => {
     if (document.visibilityState === 'hidden') post({ type: 'hide' });
 });
 window.addEventListener('pagehide', () => post({ type: 'hide' }));
-// A second Back, a reload and a new version leave at once: the browser asks where a form would be lost.
+// A reload and a new version leave at once: the browser asks where a form would be lost.
 window.addEventListener('beforeunload', (event) => {
     if (state.isTyped) event.preventDefault();
 });

@@ -34,11 +34,15 @@ worker.addEventListener('fetch', (event) => {
     if (event.request.method !== 'GET') return;
     const url = new URL(event.request.url);
     if (url.origin !== worker.location.origin) return;
-    const wanted = event.request.mode === 'navigate' ? './' : event.request;
+    const keptIn = async (/** @type {Cache} */ cache) => {
+        const kept = await cache.match(event.request, { ignoreSearch: true });
+        // The program's page is at every address that no file has.
+        return kept ?? (event.request.mode === 'navigate' ? cache.match('./') : undefined);
+    };
     event.respondWith(
         caches
             .open(cacheName)
-            .then((cache) => cache.match(wanted, { ignoreSearch: true }))
+            .then(keptIn)
             .then((kept) => kept ?? fetch(event.request)),
     );
 });

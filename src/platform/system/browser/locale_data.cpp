@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <cwctype>
+#include <utility>
 
 extern "C" {
 // In locale_library.js. Texts are UTF-8; those that come back are to be freed.
@@ -23,7 +24,6 @@ namespace {
 
 constexpr int ShortPattern = 0;
 constexpr int NumericPattern = 1;
-constexpr std::size_t Digits = 10;
 
 std::wstring Taken(char* text) {
     const std::unique_ptr<char, void (*)(void*)> owned(text, std::free);
@@ -32,24 +32,19 @@ std::wstring Taken(char* text) {
 
 } // namespace
 
-struct LocaleData::Library {
-    std::vector<ShortDatePart> dateOrder;
-    std::wstring decimalSeparator;
-    std::wstring dateDigits;
-};
+/// It is all in JavaScript.
+struct LocaleData::Library { };
 
-LocaleData::LocaleData()
-    : library_(std::make_unique<Library>()) {
+LocaleData::LocaleData() {
     const Environment& environment = TheEnvironment();
     odoledgerLocaleOpen(environment.numberLocale.c_str(), environment.dateLocale.c_str());
-    library_->decimalSeparator = Taken(odoledgerLocaleDecimalSeparator());
-    library_->dateDigits = Taken(odoledgerLocaleDateDigits());
-    if (library_->dateDigits.size() != Digits)
-        library_->dateDigits = L"0123456789";
+    decimalSeparator_ = Taken(odoledgerLocaleDecimalSeparator());
+    if (std::wstring digits = Taken(odoledgerLocaleDateDigits()); digits.size() == dateDigits_.size())
+        dateDigits_ = std::move(digits);
     auto parts = PartsOfPattern(Taken(odoledgerLocaleDatePattern(ShortPattern)));
     if (!parts) // one that spells the month
         parts = PartsOfPattern(Taken(odoledgerLocaleDatePattern(NumericPattern)));
-    library_->dateOrder = parts.value_or(*PartsOfPattern(L"y-MM-dd"));
+    dateOrder_ = parts.value_or(*PartsOfPattern(L"y-MM-dd"));
 }
 
 LocaleData::~LocaleData() = default;
@@ -65,25 +60,6 @@ std::optional<std::wstring> LocaleData::CurrencyText(std::string_view number) co
 std::optional<int> LocaleData::Compare(std::wstring_view first, std::wstring_view second, bool ignoreCase) const {
     return odoledgerLocaleCompare(
         ToUtf8(std::wstring(first)).c_str(), ToUtf8(std::wstring(second)).c_str(), ignoreCase ? 1 : 0);
-}
-
-const std::wstring& LocaleData::DecimalSeparator() const {
-    return library_->decimalSeparator;
-}
-
-const std::vector<ShortDatePart>& LocaleData::DateOrder() const {
-    return library_->dateOrder;
-}
-
-std::wstring LocaleData::DateDigits(unsigned number, std::size_t digits) const {
-    std::wstring text;
-    for (; number != 0 || text.size() < digits; number /= 10)
-        text.insert(text.begin(), library_->dateDigits[number % 10]);
-    return text;
-}
-
-const LocaleData& TheLocale() {
-    return MadeForEnvironment<LocaleData>();
 }
 
 wchar_t LowerCase(wchar_t character) {

@@ -126,21 +126,19 @@ struct LocaleData::Library {
     LocalizedNumberFormatter currency = CurrencyFormatter(numbers);
     std::unique_ptr<Collator> exact = CollatorOf(numbers, Collator::TERTIARY);
     std::unique_ptr<Collator> caseless = CollatorOf(numbers, Collator::SECONDARY);
-    std::vector<ShortDatePart> dateOrder = DateOrderOf(dates);
-    std::wstring decimalSeparator = L".";
-    std::wstring dateDigits = L"0123456789";
 };
 
 LocaleData::LocaleData()
-    : library_(std::make_unique<Library>()) {
+    : library_(std::make_unique<Library>())
+    , dateOrder_(DateOrderOf(library_->dates)) {
     UErrorCode status = U_ZERO_ERROR;
     const DecimalFormatSymbols ofNumbers{library_->numbers, status};
     const DecimalFormatSymbols ofDates{library_->dates, status};
     if (U_FAILURE(status))
         return;
-    library_->decimalSeparator = Wide(ofNumbers.getConstSymbol(DecimalFormatSymbols::kDecimalSeparatorSymbol));
+    decimalSeparator_ = Wide(ofNumbers.getConstSymbol(DecimalFormatSymbols::kDecimalSeparatorSymbol));
     for (int digit = 0; digit < 10; ++digit)
-        SetDigit(ofDates, digit, &library_->dateDigits);
+        SetDigit(ofDates, digit, &dateDigits_);
 }
 
 LocaleData::~LocaleData() = default;
@@ -160,25 +158,6 @@ std::optional<int> LocaleData::Compare(std::wstring_view first, std::wstring_vie
         return std::nullopt;
     const UCollationResult result = collator->compare(Narrow(first), Narrow(second), status);
     return U_SUCCESS(status) ? std::optional<int>{result} : std::nullopt;
-}
-
-const std::wstring& LocaleData::DecimalSeparator() const {
-    return library_->decimalSeparator;
-}
-
-const std::vector<ShortDatePart>& LocaleData::DateOrder() const {
-    return library_->dateOrder;
-}
-
-std::wstring LocaleData::DateDigits(unsigned number, std::size_t digits) const {
-    std::wstring text;
-    for (; number != 0 || text.size() < digits; number /= 10)
-        text.insert(text.begin(), library_->dateDigits[number % 10]);
-    return text;
-}
-
-const LocaleData& TheLocale() {
-    return MadeForEnvironment<LocaleData>();
 }
 
 wchar_t LowerCase(wchar_t character) {

@@ -205,6 +205,12 @@ test(
             const painted = [];
             for (let run = 0; run < 50; ++run) painted.push(await timeIn(page, ['repaint']));
             keepsWithin(context, 'a repaint of the log', painted, 5);
+
+            const among = [];
+            for (let run = 0; run < 5; ++run)
+                among.push(await timeIn(page, [...expense, `type Toll ${run}`, 'key soft1']));
+            assert.match(await phone.screen(), /Toll 4/);
+            keepsWithin(context, 'a save in the log of 100,000 entries', among, 100);
         } finally {
             await page.close();
             rmSync(folder, { recursive: true, force: true });

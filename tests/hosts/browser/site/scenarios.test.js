@@ -316,7 +316,7 @@ test('a phone that is turned, or whose keyboard comes up, keeps the form and the
     });
 });
 
-test("the browser's Back closes a menu, asks before what was typed is left, also twice, and leaves from the first screen", async () => {
+test("the browser's Back closes a menu, asks before what was typed is left, as a reload does, and leaves from the first screen", async () => {
     await withPhone(async (phone) => {
         await addVehicle(phone);
         await phone.tap('Menu');
@@ -334,9 +334,9 @@ test("the browser's Back closes a menu, asks before what was typed is left, also
                 void dialog.dismiss().then(() => answer(dialog.type()));
             }),
         );
-        void phone.page.evaluate(() => history.back()); // would leave the page and the form in it
+        void phone.page.evaluate(() => location.reload()); // would leave the page and the form in it
         assert.equal(await isAsked, 'beforeunload');
-        await phone.tap('No');
+        await phone.page.goBack(); // No
         await phone.shows('[Vehicle Properties]');
         await phone.drag([40, 300], [250, 310]); // a swipe is Back as well
         await phone.shows('Close without storing');
@@ -347,6 +347,26 @@ test("the browser's Back closes a menu, asks before what was typed is left, also
         await phone.page.goForward();
         await phone.firstScreen();
         await phone.shows('Blue Wagon');
+    });
+});
+
+test('however fast a person goes back, it is through the screens, and out from the first one alone', async () => {
+    await withPhone(async (phone) => {
+        await addVehicle(phone);
+        await openLog(phone);
+        await phone.tap('New');
+        await phone.tap('Expense');
+        await phone.tap('Vendor:', 25);
+        await phone.tap('Menu');
+        await phone.shows('(menu)');
+        const back = () => phone.page.evaluate(() => history.back());
+        for (let screen = 0; screen < 3; ++screen) await back(); // the menu, the form, the log
+        await phone.shows('[My Vehicles]');
+        await phone.drag([40, 300], [250, 310]); // a swipe leaves nothing but screens of the device
+        await pause(300);
+        await phone.shows('[My Vehicles]');
+        await back().catch(() => {}); // out
+        await until(() => phone.page.url() === 'about:blank', 'the page to be left');
     });
 });
 
@@ -438,7 +458,7 @@ const keepsItself = (phone) =>
         return (await caches.keys()).length === 1;
     });
 
-test('without a network the program starts as ever', async () => {
+test('without a network the program starts as ever, and its manual opens', async () => {
     const own = await serve(siteFolder);
     const browsers = new Browsers();
     try {
@@ -449,7 +469,20 @@ test('without a network the program starts as ever', async () => {
         await own.stop();
         await phone.page.reload();
         await phone.firstScreen();
-        await phone.shows('Blue Wagon');
+        await phone.tap('Menu');
+        await phone.tap('About');
+        await phone.tap('Support');
+        await phone.shows('Manual');
+        await phone.page.click('#menu-button');
+        const [manual] = await Promise.all([
+            new Promise((/** @type {(page: import('puppeteer-core').Page) => void} */ isOpen) =>
+                phone.page.once('popup', (page) => page && isOpen(page)),
+            ),
+            phone.page.click('#menu a'),
+        ]);
+        await manual.waitForSelector('#on-a-phone');
+        await phone.page.bringToFront();
+        await phone.shows('Manual');
     } finally {
         await browsers.remove();
     }

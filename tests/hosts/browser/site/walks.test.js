@@ -21,6 +21,7 @@ const folder = resolve('tests/walks');
  */
 const elsewhere = [
     { walk: 'first_run', from: '$ screen', why: 'nothing is heard of a device that is off' },
+    { walk: 'first_run', from: '$ key soft2; screen', why: 'the manual is in the page' },
     { walk: 'first_run', from: '% second', upTo: '$ post close', why: 'a second page waits: a scenario tells of that' },
     {
         walk: 'startup_failures',
@@ -221,9 +222,8 @@ class Device {
     }
 }
 
-/** In the page: keeps the program's status, and stays where the program would have left the page. */
+/** In the page: keeps the program's status. */
 function listenForEnds() {
-    history.back = () => {};
     window.Worker = class extends Worker {
         /** @param {string | URL} address @param {WorkerOptions} [options] */
         constructor(address, options) {
