@@ -116,10 +116,6 @@ TerminalCanvas::Span TerminalCanvas::Columns(const RECT& rectangle) const {
     return {std::max(0, Column(rectangle.left)), std::min(grid_.columns, Column(rectangle.right))};
 }
 
-RECT TerminalCanvas::Clipped(const RECT& rectangle) const {
-    return clips_.empty() ? rectangle : Intersection(clips_.back(), rectangle);
-}
-
 bool TerminalCanvas::IsEdit() const {
     return TakesText(marks_.control);
 }
@@ -160,29 +156,10 @@ POINT TerminalCanvas::PointOf(int column, int row) const {
 
 // A frame
 
-void TerminalCanvas::BeginFrame(const RECT& /*dirty*/) {
+void TerminalCanvas::Begin(const RECT& /*dirty*/) {
     grid_.Clear(grid_.columns, grid_.rows);
-    clips_.clear();
     marks_ = {};
     menu_.reset();
-}
-
-void TerminalCanvas::EndFrame() {
-    clips_.clear();
-    marks_ = {};
-}
-
-void TerminalCanvas::PushClip(const RECT& clip) {
-    clips_.push_back(clips_.empty() ? clip : Intersection(clips_.back(), clip));
-}
-
-void TerminalCanvas::PopClip() {
-    if (!clips_.empty())
-        clips_.pop_back();
-}
-
-void TerminalCanvas::SetMarks(const PaintMarks& marks) {
-    marks_ = marks;
 }
 
 // Grounds
@@ -264,9 +241,6 @@ void TerminalCanvas::Fill(const RECT& rectangle, COLORREF color, int alpha) {
 }
 
 // Edges and small shapes
-
-void TerminalCanvas::Line(POINT /*from*/, POINT /*to*/, COLORREF /*color*/, int /*width*/) {
-}
 
 void TerminalCanvas::Frame(const RECT& rectangle, COLORREF color, int width) {
     const int cell = measurer_.Cell().cy;
@@ -357,7 +331,7 @@ void TerminalCanvas::Text(int x, int y, std::wstring_view run, const FontDescrip
     const int height = measurer_.Metrics(font).Height();
     const int row = Row(y, height);
     const bool isBody = marks_.role == PaintMarks::Role::Content;
-    RECT clip = clips_.empty() ? RECT{0, 0, ScreenSize().cx, ScreenSize().cy} : clips_.back();
+    const RECT clip = Clipped({0, 0, ScreenSize().cx, ScreenSize().cy});
     const int middle = y + height / 2;
     if (row < 0 || row >= grid_.rows || (isBody && (middle < clip.top || middle >= clip.bottom || row == 0)))
         return;

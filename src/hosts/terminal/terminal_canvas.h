@@ -27,14 +27,9 @@ public:
     bool HasHints() const { return hints_; }
 
     TextMeasurer& Measurer() override { return measurer_; }
-    /// Always a whole frame: what is not in it is not on the screen.
-    void BeginFrame(const RECT& dirty) override;
-    void EndFrame() override;
-    void PushClip(const RECT& clip) override;
-    void PopClip() override;
-    void SetMarks(const PaintMarks& marks) override;
+    void SetMarks(const PaintMarks& marks) override { marks_ = marks; }
     void Fill(const RECT& rectangle, COLORREF color, int alpha) override;
-    void Line(POINT from, POINT to, COLORREF color, int width) override;
+    void Line(POINT /*from*/, POINT /*to*/, COLORREF /*color*/, int /*width*/) override { }
     void Frame(const RECT& rectangle, COLORREF color, int width) override;
     void Polygon(std::span<const POINT> points, COLORREF color) override;
     void Text(int x, int y, std::wstring_view text, const FontDescription& font, COLORREF color) override;
@@ -47,6 +42,8 @@ private:
         int end;
     };
 
+    /// Always a whole frame: what is not in it is not on the screen.
+    void Begin(const RECT& dirty) override;
     int Column(int x) const;
     /// The row of something of one line, from its upper edge and its height.
     int Row(int top, int height) const;
@@ -55,7 +52,6 @@ private:
     int MenuItemHeight() const;
     Span Rows(const RECT& rectangle) const;
     Span Columns(const RECT& rectangle) const;
-    RECT Clipped(const RECT& rectangle) const;
     void Cover(Span rows, Span columns, Ground ground);
     void OpenMenu(const RECT& place);
     void PlaceCaret(const RECT& rectangle);
@@ -72,7 +68,6 @@ private:
     bool grey_;
     bool hints_ = false;
     CellGrid grid_;
-    std::vector<RECT> clips_;
     PaintMarks marks_;
     /// Where a menu stands, which is painted last.
     std::optional<RECT> menu_;

@@ -71,15 +71,15 @@ class Canvas {
 public:
     virtual ~Canvas() = default;
     virtual TextMeasurer& Measurer() = 0;
-    /// A painting pass begins: only `dirty` changes. EndFrame ends it.
-    virtual void BeginFrame(const RECT& dirty) = 0;
-    virtual void EndFrame() = 0;
+    /// A painting pass begins, which paints `dirty` anew. Clips of one that was broken off are gone.
+    void BeginFrame(const RECT& dirty);
     /// Clips are intersected with the one below them.
-    virtual void PushClip(const RECT& clip) = 0;
-    virtual void PopClip() = 0;
+    void PushClip(const RECT& clip);
+    void PopClip();
     virtual void SetMarks(const PaintMarks& marks) = 0;
     /// alpha 0 to 255.
     virtual void Fill(const RECT& rectangle, COLORREF color, int alpha = 255) = 0;
+    /// Level or upright; `to` is not part of it.
     virtual void Line(POINT from, POINT to, COLORREF color, int width) = 0;
     virtual void Frame(const RECT& rectangle, COLORREF color, int width) = 0;
     /// Arrows, check marks and other small shapes.
@@ -87,6 +87,19 @@ public:
     /// One run, its cell's upper left corner at (x, y).
     virtual void Text(int x, int y, std::wstring_view text, const FontDescription& font, COLORREF color) = 0;
     virtual void DrawPicture(const RECT& place, const Picture& picture) = 0;
+
+protected:
+    /// As much of a rectangle as the clips let through.
+    RECT Clipped(const RECT& rectangle) const;
+    void PopAllClips();
+
+private:
+    virtual void Begin(const RECT& /*dirty*/) { }
+    /// Until the Unclip that belongs to it; already intersected with those before it.
+    virtual void Clip(const RECT& /*clip*/) { }
+    virtual void Unclip() { }
+
+    std::vector<RECT> clips_;
 };
 
 /// `text` cut so that it fits `width` with an ellipsis (U+2026) behind it, whole if it fits. Never cuts between a

@@ -12,22 +12,6 @@ public:
         , second_(second) { }
 
     TextMeasurer& Measurer() override { return first_.Measurer(); }
-    void BeginFrame(const RECT& dirty) override {
-        first_.BeginFrame(dirty);
-        second_.BeginFrame(dirty);
-    }
-    void EndFrame() override {
-        first_.EndFrame();
-        second_.EndFrame();
-    }
-    void PushClip(const RECT& clip) override {
-        first_.PushClip(clip);
-        second_.PushClip(clip);
-    }
-    void PopClip() override {
-        first_.PopClip();
-        second_.PopClip();
-    }
     void SetMarks(const PaintMarks& marks) override {
         first_.SetMarks(marks);
         second_.SetMarks(marks);
@@ -58,6 +42,19 @@ public:
     }
 
 private:
+    void Begin(const RECT& dirty) override {
+        first_.BeginFrame(dirty);
+        second_.BeginFrame(dirty);
+    }
+    void Clip(const RECT& clip) override {
+        first_.PushClip(clip);
+        second_.PushClip(clip);
+    }
+    void Unclip() override {
+        first_.PopClip();
+        second_.PopClip();
+    }
+
     Canvas& first_;
     Canvas& second_;
 };

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
 
 namespace device {
 
@@ -20,24 +19,20 @@ struct PixelGrid {
     }
     /// At most what `Snap` leaves between two neighbours, so that a line never runs into the next pixel.
     int Thickness(int width) const { return std::max(1, static_cast<int>(std::floor(width * zoom))); }
-    /// Nothing for a line that is neither level nor upright.
-    std::optional<RECT> StraightLine(POINT from, POINT to, int width) const;
+    /// The image pixels of a level or an upright line.
+    RECT Line(POINT from, POINT to, int width) const;
     /// The image pixels of a frame; they do not overlap.
     std::array<RECT, 4> FrameEdges(const RECT& rectangle, int width) const;
 };
 
-inline std::optional<RECT> PixelGrid::StraightLine(POINT from, POINT to, int width) const {
-    const int thickness = Thickness(width);
+inline RECT PixelGrid::Line(POINT from, POINT to, int width) const {
     const LONG before = width / 2;
     if (from.y == to.y) {
         const int top = Snap(from.y - before);
-        return RECT{Snap(std::min(from.x, to.x)), top, Snap(std::max(from.x, to.x)), top + thickness};
+        return {Snap(std::min(from.x, to.x)), top, Snap(std::max(from.x, to.x)), top + Thickness(width)};
     }
-    if (from.x == to.x) {
-        const int left = Snap(from.x - before);
-        return RECT{left, Snap(std::min(from.y, to.y)), left + thickness, Snap(std::max(from.y, to.y))};
-    }
-    return std::nullopt;
+    const int left = Snap(from.x - before);
+    return {left, Snap(std::min(from.y, to.y)), left + Thickness(width), Snap(std::max(from.y, to.y))};
 }
 
 inline std::array<RECT, 4> PixelGrid::FrameEdges(const RECT& rectangle, int width) const {

@@ -12,25 +12,11 @@ RecordingCanvas::RecordingCanvas(TextMeasurer& measurer)
     : measurer_(measurer) {
 }
 
-void RecordingCanvas::BeginFrame(const RECT& dirty) {
-    clips_.assign(1, dirty);
+void RecordingCanvas::Begin(const RECT& dirty) {
     // A screen that became smaller shows no more what stood beyond its new edge, and nobody paints there.
     const RECT screen{0, 0, ScreenSize().cx, ScreenSize().cy};
     std::erase_if(texts_,
         [&](const PaintedText& text) { return Intersects(text.place, dirty) || !Intersects(text.place, screen); });
-}
-
-void RecordingCanvas::EndFrame() {
-    clips_.clear();
-}
-
-void RecordingCanvas::PushClip(const RECT& clip) {
-    clips_.push_back(clips_.empty() ? clip : Intersection(clips_.back(), clip));
-}
-
-void RecordingCanvas::PopClip() {
-    if (!clips_.empty())
-        clips_.pop_back();
 }
 
 void RecordingCanvas::SetMarks(const PaintMarks& marks) {
@@ -40,13 +26,13 @@ void RecordingCanvas::SetMarks(const PaintMarks& marks) {
 void RecordingCanvas::Fill(const RECT& rectangle, COLORREF /*color*/, int alpha) {
     if (alpha < 255)
         return;
-    const RECT covered = clips_.empty() ? rectangle : Intersection(clips_.back(), rectangle);
+    const RECT covered = Clipped(rectangle);
     std::erase_if(texts_, [&](const PaintedText& text) { return Contains(covered, text.place); });
 }
 
 void RecordingCanvas::Text(int x, int y, std::wstring_view text, const FontDescription& font, COLORREF color) {
     const RECT place{x, y, x + measurer_.Width(font, text), y + measurer_.Metrics(font).Height()};
-    if (IsRectEmpty(place) || (!clips_.empty() && !Intersects(place, clips_.back())))
+    if (IsRectEmpty(Clipped(place)))
         return;
     // What is painted in its own place again stands there once.
     std::erase_if(texts_, [&](const PaintedText& known) {

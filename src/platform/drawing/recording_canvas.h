@@ -27,10 +27,6 @@ public:
     const std::vector<PaintedText>& Texts() const { return texts_; }
 
     TextMeasurer& Measurer() override { return measurer_; }
-    void BeginFrame(const RECT& dirty) override;
-    void EndFrame() override;
-    void PushClip(const RECT& clip) override;
-    void PopClip() override;
     void SetMarks(const PaintMarks& marks) override;
     void Fill(const RECT& rectangle, COLORREF color, int alpha) override;
     void Line(POINT /*from*/, POINT /*to*/, COLORREF /*color*/, int /*width*/) override { }
@@ -40,9 +36,10 @@ public:
     void DrawPicture(const RECT& /*place*/, const Picture& /*picture*/) override { }
 
 private:
+    void Begin(const RECT& dirty) override;
+
     TextMeasurer& measurer_;
     std::vector<PaintedText> texts_;
-    std::vector<RECT> clips_;
     PaintMarks marks_;
 };
 

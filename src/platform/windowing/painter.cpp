@@ -124,7 +124,6 @@ void PaintScreen(Desktop& desktop, Canvas& canvas, const RECT& dirty) {
     if (const OpenMenu* menu = desktop.Menu())
         menu->Paint(canvas);
     canvas.PopClip();
-    canvas.EndFrame();
 }
 
 } // namespace

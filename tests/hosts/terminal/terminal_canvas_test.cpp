@@ -185,7 +185,6 @@ TEST_F(TerminalCanvasTest, TinyScreensKeepTheirBounds) {
         Draw(-5000, -5000, L"far away");
         Draw(0, 5000, L"\u6C7D");
         canvas.Frame({-50, 0, 5000, 96}, GetSysColor(COLOR_HIGHLIGHT), 2);
-        canvas.EndFrame();
         EXPECT_EQ(canvas.Grid().cells.size(),
             static_cast<std::size_t>(std::max(columns, 1)) * static_cast<std::size_t>(std::max(rows, 1)));
     }

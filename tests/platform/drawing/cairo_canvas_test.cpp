@@ -48,19 +48,18 @@ TEST(CairoCanvas, ALineFillsExactlyItsPixelsAtEveryZoom) {
     }
 }
 
-TEST(CairoCanvas, AFrameChangesOnlyItsDirtyPart) {
+TEST(CairoCanvas, ClipsHoldUntilTheNextFrame) {
     CairoCanvas canvas({10, 10}, 2);
     canvas.Fill({0, 0, 10, 10}, White, 255);
-    canvas.BeginFrame({2, 2, 4, 4});
+    canvas.PushClip({2, 2, 4, 4});
     canvas.PushClip({3, 0, 10, 10});
     canvas.Fill({0, 0, 10, 10}, Red, 255);
-    canvas.EndFrame();
     for (const auto& [x, y, pixel] :
         {std::tuple{5, 5, 0xFFFFFFU}, {6, 4, 0xC80000}, {7, 7, 0xC80000}, {8, 7, 0xFFFFFF}})
         EXPECT_EQ(PixelAt(canvas, x, y), pixel) << x;
-    canvas.PopClip();
+    canvas.BeginFrame({0, 0, 10, 10});
     canvas.Fill({0, 0, 10, 10}, Red, 255);
-    EXPECT_EQ(PixelAt(canvas, 19, 19), 0xC80000U) << "the clip ended with its frame";
+    EXPECT_EQ(PixelAt(canvas, 19, 19), 0xC80000U) << "as after one that was broken off";
 }
 
 TEST(CairoCanvas, ATextTakesItsMeasuredWidthAtEveryZoom) {

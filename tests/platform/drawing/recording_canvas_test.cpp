@@ -32,8 +32,9 @@ TEST_F(RecordingCanvasTest, AFrameTouchesOnlyItsDirtyPart) {
     DrawThree();
     canvas.BeginFrame({0, 20, 200, 40});
     EXPECT_EQ(Shown(), L"top bottom ");
+    canvas.PushClip({0, 20, 200, 40});
     DrawThree();
-    canvas.EndFrame();
+    canvas.PopClip();
     EXPECT_EQ(Shown(), L"top bottom middle ");
     canvas.BeginFrame({0, 39, 1, 41});
     EXPECT_EQ(Shown(), L"top ") << "a touch by one pixel drops the whole run";
@@ -44,7 +45,6 @@ TEST_F(RecordingCanvasTest, WhatStoodBeyondAScreenThatBecameSmallerIsGone) {
     DrawThree();
     SetScreenSize({200, 30});
     canvas.BeginFrame({0, 0, 200, 30});
-    canvas.EndFrame();
     SetScreenSize(former);
     EXPECT_EQ(Shown(), L"");
 }
@@ -61,7 +61,6 @@ TEST_F(RecordingCanvasTest, AnOpaqueFillCoversWhatLiesWhollyBelowIt) {
         canvas.PopClip();
         EXPECT_EQ(canvas.Texts().empty(), covers) << fill.left << ' ' << fill.bottom << ' ' << clip.bottom;
         canvas.BeginFrame(Screen);
-        canvas.EndFrame();
     }
 }
 

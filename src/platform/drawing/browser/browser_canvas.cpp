@@ -27,30 +27,16 @@ BrowserCanvas::BrowserCanvas(SIZE deviceSize, double zoom) {
 
 void BrowserCanvas::Resize(SIZE deviceSize, double zoom) {
     grid_.zoom = zoom > 0 ? zoom : 1.0;
-    clips_.clear();
+    PopAllClips();
     odoledgerCanvasResize(std::max(grid_.Snap(deviceSize.cx), 1), std::max(grid_.Snap(deviceSize.cy), 1));
 }
 
-void BrowserCanvas::BeginFrame(const RECT& dirty) {
-    EndFrame();
-    PushClip(dirty);
-}
-
-void BrowserCanvas::EndFrame() {
-    while (!clips_.empty())
-        PopClip();
-}
-
-void BrowserCanvas::PushClip(const RECT& clip) {
-    clips_.push_back(clips_.empty() ? clip : Intersection(clips_.back(), clip));
-    const RECT place = grid_.Snap(clips_.back());
+void BrowserCanvas::Clip(const RECT& clip) {
+    const RECT place = grid_.Snap(clip);
     odoledgerCanvasClip(place.left, place.top, place.right - place.left, place.bottom - place.top);
 }
 
-void BrowserCanvas::PopClip() {
-    if (clips_.empty())
-        return;
-    clips_.pop_back();
+void BrowserCanvas::Unclip() {
     odoledgerCanvasUnclip();
 }
 
@@ -59,12 +45,7 @@ void BrowserCanvas::Fill(const RECT& rectangle, COLORREF color, int alpha) {
 }
 
 void BrowserCanvas::Line(POINT from, POINT to, COLORREF color, int width) {
-    if (const auto straight = grid_.StraightLine(from, to, width)) {
-        FillPlace(*straight, color);
-        return;
-    }
-    const auto middle = [this](LONG position) { return (position + 0.5) * grid_.zoom; };
-    odoledgerCanvasLine(middle(from.x), middle(from.y), middle(to.x), middle(to.y), grid_.Thickness(width), color);
+    FillPlace(grid_.Line(from, to, width), color);
 }
 
 void BrowserCanvas::Frame(const RECT& rectangle, COLORREF color, int width) {
@@ -84,7 +65,7 @@ void BrowserCanvas::Text(int x, int y, std::wstring_view text, const FontDescrip
     const FontMetrics metrics = measurer.Metrics(font);
     // Marks and stand-in faces may rise above the cell, so that only what is far outside is left out.
     const RECT near{x, y - metrics.Height(), std::numeric_limits<LONG>::max(), y + 2 * metrics.Height()};
-    if (text.empty() || (!clips_.empty() && !Intersects(near, clips_.back())))
+    if (text.empty() || IsRectEmpty(Clipped(near)))
         return;
     odoledgerCanvasText(grid_.Snap(x), grid_.Snap(y + metrics.ascent), grid_.zoom, measurer.FontNumber(font),
         ToUtf8(DrawableText(text)).c_str(), color);

@@ -3,8 +3,6 @@
 #include "platform/drawing/canvas.h"
 #include "platform/drawing/pixel_grid.h"
 
-#include <vector>
-
 namespace device {
 
 /// Draws on the canvas that the page gave, `zoom` canvas pixels a device pixel. There is one.
@@ -17,10 +15,6 @@ public:
     double Zoom() const { return grid_.zoom; }
 
     TextMeasurer& Measurer() override { return DeviceMeasurer(); }
-    void BeginFrame(const RECT& dirty) override;
-    void EndFrame() override;
-    void PushClip(const RECT& clip) override;
-    void PopClip() override;
     void SetMarks(const PaintMarks& /*marks*/) override { }
     void Fill(const RECT& rectangle, COLORREF color, int alpha) override;
     void Line(POINT from, POINT to, COLORREF color, int width) override;
@@ -32,8 +26,10 @@ public:
     void DrawPicture(const RECT& place, const Picture& picture) override;
 
 private:
+    void Clip(const RECT& clip) override;
+    void Unclip() override;
+
     PixelGrid grid_;
-    std::vector<RECT> clips_;
 };
 
 } // namespace device

@@ -40,10 +40,6 @@ mergeInto(LibraryManager.library, {
         Module.screen.fill(left, top, width, height, color, alpha);
     },
 
-    odoledgerCanvasLine: function (fromX, fromY, toX, toY, thickness, color) {
-        Module.screen.line({ x: fromX, y: fromY }, { x: toX, y: toY }, thickness, color);
-    },
-
     odoledgerCanvasPolygon: function (points, count, color) {
         Module.screen.polygon(HEAPF64.subarray(points >> 3, (points >> 3) + 2 * count), color);
     },

@@ -104,21 +104,6 @@ export class CanvasScreen {
     }
 
     /**
-     * @param {{x: number, y: number}} from
-     * @param {{x: number, y: number}} to
-     * @param {number} thickness
-     * @param {number} color
-     */
-    line(from, to, thickness, color) {
-        this.context.strokeStyle = this.css(color);
-        this.context.lineWidth = thickness;
-        this.context.beginPath();
-        this.context.moveTo(from.x, from.y);
-        this.context.lineTo(to.x, to.y);
-        this.context.stroke();
-    }
-
-    /**
      * @param {ArrayLike<number>} places x and y of each point in turn
      * @param {number} color
      */

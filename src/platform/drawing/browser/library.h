@@ -18,7 +18,6 @@ void odoledgerCanvasClip(int left, int top, int width, int height);
 void odoledgerCanvasUnclip();
 /// Colours are 0x00BBGGRR, alpha is 0 to 255.
 void odoledgerCanvasFill(int left, int top, int width, int height, unsigned color, int alpha);
-void odoledgerCanvasLine(double fromX, double fromY, double toX, double toY, int thickness, unsigned color);
 /// x and y of each point in turn.
 void odoledgerCanvasPolygon(const double* points, int count, unsigned color);
 /// (x, baseline) is where the run begins.

@@ -5,8 +5,6 @@
 #include "platform/drawing/pixel_grid.h"
 #include "platform/drawing/rectangles.h"
 
-#include <vector>
-
 namespace device {
 
 namespace {
@@ -34,14 +32,11 @@ struct CairoCanvas::Surface {
 
     void SetColor(COLORREF color, int alpha = 255) const;
     void FillImage(const RECT& image) const;
-    void PushClip(const RECT& clip);
-    void PopClip();
 
     PixelGrid grid;
     SIZE imageSize;
     cairo_surface_t* image = nullptr;
     cairo_t* context = nullptr;
-    std::vector<RECT> clips;
 };
 
 CairoCanvas::Surface::Surface(SIZE deviceSize, double itsZoom)
@@ -75,21 +70,6 @@ void CairoCanvas::Surface::FillImage(const RECT& place) const {
     cairo_fill(context);
 }
 
-void CairoCanvas::Surface::PushClip(const RECT& clip) {
-    clips.push_back(clips.empty() ? clip : Intersection(clips.back(), clip));
-    const RECT place = grid.Snap(clips.back());
-    cairo_save(context);
-    cairo_rectangle(context, place.left, place.top, place.right - place.left, place.bottom - place.top);
-    cairo_clip(context);
-}
-
-void CairoCanvas::Surface::PopClip() {
-    if (clips.empty())
-        return;
-    clips.pop_back();
-    cairo_restore(context);
-}
-
 CairoCanvas::CairoCanvas(SIZE deviceSize, double zoom)
     : surface_(std::make_unique<Surface>(deviceSize, zoom)) {
 }
@@ -97,6 +77,7 @@ CairoCanvas::CairoCanvas(SIZE deviceSize, double zoom)
 CairoCanvas::~CairoCanvas() = default;
 
 void CairoCanvas::Resize(SIZE deviceSize, double zoom) {
+    PopAllClips();
     surface_ = std::make_unique<Surface>(deviceSize, zoom);
 }
 
@@ -125,22 +106,16 @@ TextMeasurer& CairoCanvas::Measurer() {
     return DeviceMeasurer();
 }
 
-void CairoCanvas::BeginFrame(const RECT& dirty) {
-    EndFrame();
-    surface_->PushClip(dirty);
+void CairoCanvas::Clip(const RECT& clip) {
+    const RECT place = surface_->grid.Snap(clip);
+    cairo_t* context = surface_->context;
+    cairo_save(context);
+    cairo_rectangle(context, place.left, place.top, place.right - place.left, place.bottom - place.top);
+    cairo_clip(context);
 }
 
-void CairoCanvas::EndFrame() {
-    while (!surface_->clips.empty())
-        surface_->PopClip();
-}
-
-void CairoCanvas::PushClip(const RECT& clip) {
-    surface_->PushClip(clip);
-}
-
-void CairoCanvas::PopClip() {
-    surface_->PopClip();
+void CairoCanvas::Unclip() {
+    cairo_restore(surface_->context);
 }
 
 void CairoCanvas::Fill(const RECT& rectangle, COLORREF color, int alpha) {
@@ -150,17 +125,7 @@ void CairoCanvas::Fill(const RECT& rectangle, COLORREF color, int alpha) {
 
 void CairoCanvas::Line(POINT from, POINT to, COLORREF color, int width) {
     surface_->SetColor(color);
-    const PixelGrid& grid = surface_->grid;
-    if (const auto straight = grid.StraightLine(from, to, width)) {
-        surface_->FillImage(*straight);
-        return;
-    }
-    cairo_t* context = surface_->context;
-    const double middle = grid.zoom / 2;
-    cairo_set_line_width(context, grid.Thickness(width));
-    cairo_move_to(context, from.x * grid.zoom + middle, from.y * grid.zoom + middle);
-    cairo_line_to(context, to.x * grid.zoom + middle, to.y * grid.zoom + middle);
-    cairo_stroke(context);
+    surface_->FillImage(surface_->grid.Line(from, to, width));
 }
 
 void CairoCanvas::Frame(const RECT& rectangle, COLORREF color, int width) {
@@ -183,7 +148,7 @@ void CairoCanvas::Text(int x, int y, std::wstring_view text, const FontDescripti
     const FontMetrics metrics = Measurer().Metrics(font);
     // Marks and stand-in faces may rise above the cell, so that only what is far outside is left out.
     const RECT near{x, y - metrics.Height(), MaximumImageEdge, y + 2 * metrics.Height()};
-    if (text.empty() || (!surface_->clips.empty() && !Intersects(near, surface_->clips.back())))
+    if (text.empty() || IsRectEmpty(Clipped(near)))
         return;
     cairo_t* context = surface_->context;
     cairo_save(context);

@@ -25,10 +25,6 @@ public:
     bool WritePng(const std::string& hostPath) const;
 
     TextMeasurer& Measurer() override;
-    void BeginFrame(const RECT& dirty) override;
-    void EndFrame() override;
-    void PushClip(const RECT& clip) override;
-    void PopClip() override;
     void SetMarks(const PaintMarks& /*marks*/) override { }
     void Fill(const RECT& rectangle, COLORREF color, int alpha) override;
     void Line(POINT from, POINT to, COLORREF color, int width) override;
@@ -38,6 +34,9 @@ public:
     void DrawPicture(const RECT& place, const Picture& picture) override;
 
 private:
+    void Clip(const RECT& clip) override;
+    void Unclip() override;
+
     struct Surface;
     std::unique_ptr<Surface> surface_;
 };
