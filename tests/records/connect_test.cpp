@@ -202,6 +202,9 @@ TEST_F(Connect, NothingOfAStrangersRuns) {
          " 'index if exists i; DELETE FROM keywords; --' WHERE name = 'sqlite_autoindex_other_1'",
             CDataLayer::ConnectInvalid},
     };
+    const std::clock_t oneBegin = std::clock();
+    LogFile(HostPath()).Run("SELECT printf('%.*c', 50000000, 'x') <> ''");
+    const std::clock_t one = std::clock() - oneBegin; // of two hundred rows
     for (const auto& [sql, status] : files) {
         SCOPED_TRACE(sql);
         Make(rows + sql);
@@ -210,7 +213,7 @@ TEST_F(Connect, NothingOfAStrangersRuns) {
         EXPECT_EQ(Layer.Connect(Path), status);
         CKeyword keyword;
         EXPECT_EQ(Layer.Save(&keyword, 0) != 0, status == CDataLayer::ConnectOK);
-        EXPECT_LT(std::clock() - begin, CLOCKS_PER_SEC);
+        EXPECT_LT(std::clock() - begin, 40 * one);
         EXPECT_EQ(Contents() == before, status == CDataLayer::ConnectInvalid);
     }
 }

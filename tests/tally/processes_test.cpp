@@ -3,11 +3,13 @@
 #include "console_process.h"
 #include "tally_device.h"
 
+#include <chrono>
 #include <csignal>
 #include <fcntl.h>
 #include <set>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <thread>
 
 namespace {
 
@@ -61,10 +63,15 @@ TEST_F(Processes, AnImportThatIsKilledIsWholeOrNothing) {
     constexpr int Rows = 3000;
     const std::string file = FileOf("file", Rows);
     const std::string all = std::to_string(Rows);
+    const auto begin = std::chrono::steady_clock::now();
+    ASSERT_EQ(End(Start({"import", file})), 0);
+    const std::chrono::nanoseconds whole = std::chrono::steady_clock::now() - begin;
+    ASSERT_EQ(Run({"undo"}).status, 0);
+    constexpr int Runs = 25;
     int killed = 0;
-    for (int run = 0; run < 25; ++run) {
+    for (int run = 0; run < Runs; ++run) {
         const pid_t process = Start({"import", file});
-        usleep(static_cast<useconds_t>(5000 + run * 4000));
+        std::this_thread::sleep_for(whole * (run + 1) / Runs);
         kill(process, SIGKILL);
         killed += End(process) == -SIGKILL ? 1 : 0;
         const std::string count = (Run({"list"}), Count());
@@ -72,7 +79,7 @@ TEST_F(Processes, AnImportThatIsKilledIsWholeOrNothing) {
         EXPECT_EQ(Run({"check"}).out, HostPath() + ": sound\n");
         EXPECT_EQ(Run({"undo"}).status, count == all ? 0 : 1);
     }
-    EXPECT_GT(killed, 2) << "too fast for this test";
+    EXPECT_GT(killed, 2) << "of imports that take " << whole.count() / 1'000'000 << " ms";
 }
 
 TEST_F(Processes, ADiskThatIsFullAtAnyStepLeavesAllOrNothing) {
@@ -90,9 +97,16 @@ TEST_F(Processes, ADiskThatIsFullAtAnyStepLeavesAllOrNothing) {
 }
 
 TEST_F(Processes, ImportsAtOnceLoseNothing) {
-    const pid_t first = Start({"import", FileOf("first", 800)});
-    const pid_t second = Start({"import", FileOf("second", 900)});
-    EXPECT_EQ(End(first) + End(second), 0);
+    const std::vector<std::string> imports[] = {{"import", FileOf("first", 800)}, {"import", FileOf("second", 900)}};
+    const auto begin = std::chrono::steady_clock::now();
+    const pid_t processes[] = {Start(imports[0]), Start(imports[1])};
+    for (int i = 0; i < 2; ++i) {
+        int status = End(processes[i]);
+        // Where the machine is so slow that the other one keeps its lock for longer than that, it is given up.
+        if (status == EX_TEMPFAIL && std::chrono::steady_clock::now() - begin >= std::chrono::seconds{2})
+            status = End(Start(imports[i]));
+        EXPECT_EQ(status, 0);
+    }
     EXPECT_EQ(Sql("SELECT name, count(*) FROM entries GROUP BY name ORDER BY name"), "first|800\nsecond|900");
     EXPECT_EQ(Sql("SELECT count(*), count(DISTINCT ref) FROM entries"), "1700|1700");
     EXPECT_EQ(Sql("SELECT sum(added) FROM tally_batches"), "1700");
@@ -110,7 +124,7 @@ TEST_F(Processes, ARunningProgramShowsWhatWasAdded) {
             [](const std::string& line) { return line.find("New tyres") != std::string::npos; });
     };
     bool isShown = false;
-    for (int look = 0; look < 200 && !(isShown = shows()); ++look)
+    for (int look = 0; look < 3000 && !(isShown = shows()); ++look)
         usleep(20'000);
     EXPECT_TRUE(isShown);
     console.AskAll({"key action", "key down", "type 7", "key soft1"});

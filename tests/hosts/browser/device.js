@@ -1,5 +1,7 @@
 // The program in a page of its own, asked and told by the messages between page and worker.
 
+import { patience } from './site/phone.js';
+
 /** @typedef {import('../../../src/hosts/browser/contract.js').ToWorker} ToWorker */
 /** @typedef {import('../../../src/hosts/browser/contract.js').FromWorker} FromWorker */
 
@@ -29,6 +31,7 @@ export class Device {
      */
     static async open(browser, address, options = {}) {
         const page = await browser.newPage();
+        page.setDefaultTimeout(patience);
         // A document of the site's own that starts nothing by itself.
         await page.goto(`${address}hosts/browser/contract.js`);
         const device = new Device(page);
@@ -95,7 +98,7 @@ export class Device {
                 const [message] = heard.splice(index, 1);
                 return 'bytes' in message ? { ...message, bytes: [...new Uint8Array(message.bytes)] } : message;
             },
-            { polling: 5, timeout: 20_000 },
+            { polling: 5, timeout: patience },
             type,
         );
         const message = await handle.jsonValue();
@@ -173,7 +176,7 @@ export class Device {
                 const { data } = context.getImageData(0, 0, wantedWidth, wantedHeight);
                 return new Set(new Uint32Array(data.buffer)).size > 1;
             },
-            { timeout: 5000 },
+            { timeout: patience },
             width,
             height,
         );

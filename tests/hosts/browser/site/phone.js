@@ -20,6 +20,10 @@ const flags = [
     '--disable-component-update',
     '--disable-sync',
 ];
+/** For a page that answers at all, however slow the machine is: only a hang takes longer. In milliseconds. */
+export const patience = 120_000;
+/** How many times slower than this machine the pages are to be. */
+const slowness = Number(process.env.ODOLEDGER_TEST_SLOWNESS ?? 1);
 export const upright = { width: 390, height: 844, deviceScaleFactor: 3, isMobile: true, hasTouch: true };
 
 /** A browser with a profile of its own, which lasts until `remove`. */
@@ -37,6 +41,7 @@ export class Browsers {
             args: flags,
             userDataDir: this.profile,
             headless: true,
+            timeout: patience,
             ...options,
         });
         this.started.push(browser);
@@ -49,11 +54,11 @@ export class Browsers {
     }
 }
 
-/** Waits until it is true. @param {() => Promise<boolean> | boolean} isSo @param {string} what @param {number} [time] */
-export async function until(isSo, what, time = 10_000) {
-    const end = Date.now() + time;
+/** Waits until it is true. @param {() => Promise<boolean> | boolean} isSo @param {string} what */
+export async function until(isSo, what) {
+    const end = Date.now() + patience;
     while (!(await isSo())) {
-        if (Date.now() > end) throw new Error(`not within ${time} ms: ${what}`);
+        if (Date.now() > end) throw new Error(`not within ${patience} ms: ${what}`);
         await new Promise((again) => setTimeout(again, 20));
     }
 }
@@ -81,6 +86,8 @@ export class Phone {
         page.on('console', (line) => {
             if (line.type() === 'error') phone.faults.push(line.text());
         });
+        page.setDefaultTimeout(patience);
+        if (slowness > 1) await page.emulateCPUThrottling(slowness).catch(() => {}); // Firefox cannot
         await page.setViewport(how.viewport ?? upright);
         await page.evaluateOnNewDocument(
             (variables) => Object.assign(window, { odoledgerVariables: variables }),
@@ -93,7 +100,7 @@ export class Phone {
     }
 
     async firstScreen() {
-        await this.page.waitForSelector('#curtain[hidden]', { timeout: 20_000 });
+        await this.page.waitForSelector('#curtain[hidden]');
     }
 
     /** @param {string} what @returns {Promise<string[]>} */
@@ -105,17 +112,13 @@ export class Phone {
         return (await this.inspect('screen')).join('\n');
     }
 
-    /** @param {string | RegExp} text @param {number} [time] */
-    async shows(text, time) {
+    /** @param {string | RegExp} text */
+    async shows(text) {
         let last = '';
-        await until(
-            async () => {
-                last = await this.screen();
-                return typeof text === 'string' ? last.includes(text) : text.test(last);
-            },
-            `${text} on the screen`,
-            time,
-        ).catch((error) => {
+        await until(async () => {
+            last = await this.screen();
+            return typeof text === 'string' ? last.includes(text) : text.test(last);
+        }, `${text} on the screen`).catch((error) => {
             throw new Error(`${error.message}; instead:\n${last}`);
         });
     }
@@ -167,18 +170,34 @@ export class Phone {
             throw new Error(`${error.message}; instead:\n${await this.screen()}`);
         });
         if (!hit) return;
-        const { x, y } = await this.at(hit.x + Math.min(hit.width / 2, 60), hit.y + hit.height / 2 + below);
-        await this.page.touchscreen.tap(x, y);
+        await this.touch(await this.at(hit.x + Math.min(hit.width / 2, 60), hit.y + hit.height / 2 + below));
     }
 
-    /** Touches the row that is so many rows with that text down the screen. @param {string} text @param {number} row @param {number} time milliseconds */
-    async touchRow(text, row, time) {
+    /**
+     * Touches the row that is so many rows with that text down the screen.
+     *
+     * @param {string} text
+     * @param {number} row
+     * @param {() => Promise<void>} [whileHeld] until that is over the finger stays
+     */
+    async touchRow(text, row, whileHeld) {
         const hit = (await this.texts()).filter((each) => each.text.includes(text))[row];
         if (!hit) throw new Error(`no row ${row} with "${text}"`);
-        const { x, y } = await this.at(hit.x + 10, hit.y + hit.height / 2);
-        const touch = await this.page.touchscreen.touchStart(x, y);
-        await new Promise((go) => setTimeout(go, time));
-        await touch.end();
+        await this.touch(await this.at(hit.x + 10, hit.y + hit.height / 2), whileHeld);
+    }
+
+    /**
+     * A tap leaves before anything is answered: waiting for that would make a long press of it where the page is slow.
+     *
+     * @param {{x: number, y: number}} place in the page
+     * @param {() => Promise<void>} [whileHeld]
+     */
+    async touch(place, whileHeld) {
+        const devtools = await this.page.createCDPSession();
+        const isDown = devtools.send('Input.dispatchTouchEvent', { type: 'touchStart', touchPoints: [place] });
+        await whileHeld?.();
+        await Promise.all([isDown, devtools.send('Input.dispatchTouchEvent', { type: 'touchEnd', touchPoints: [] })]);
+        await devtools.detach();
     }
 
     /** Types into the field that has the keyboard. @param {string} text */
@@ -193,8 +212,9 @@ export class Phone {
      * @param {number[]} from
      * @param {number[]} to
      * @param {number} [steps]
+     * @param {() => Promise<void>} [beforeLeaving] takes none of that time
      */
-    async drag(from, to, steps = 8) {
+    async drag(from, to, steps = 8, beforeLeaving) {
         const start = await this.at(from[0] ?? 0, from[1] ?? 0);
         const end = await this.at(to[0] ?? 0, to[1] ?? 0);
         const devtools = await this.page.createCDPSession();
@@ -206,6 +226,7 @@ export class Phone {
             const timestamp = first + step * 0.016;
             await devtools.send('Input.dispatchTouchEvent', { type, touchPoints: [place], timestamp });
         }
+        await beforeLeaving?.();
         const timestamp = first + (steps + 1) * 0.016;
         await devtools.send('Input.dispatchTouchEvent', { type: 'touchEnd', touchPoints: [], timestamp });
         await devtools.detach();
