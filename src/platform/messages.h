@@ -87,6 +87,7 @@ inline constexpr DWORD DS_SETFONT = 0x40;
 // Static
 inline constexpr DWORD SS_CENTER = 1;
 inline constexpr DWORD SS_BITMAP = 0xE;
+inline constexpr DWORD SS_TYPEMASK = 0x1F;
 inline constexpr DWORD SS_ENDELLIPSIS = 0x4000; ///< one line, cut with an ellipsis
 inline constexpr UINT STM_SETIMAGE = 0x172;
 

@@ -46,12 +46,14 @@ BOOL ListView::ItemRect(int row, RECT* rectangle) const {
     const int part = static_cast<int>(rectangle->left);
     const RECT whole = RowRect(row);
     const int margin = Scaled(2);
+    const LONG top = whole.top + TouchMargin();
+    const LONG bottom = whole.bottom - TouchMargin();
     const LONG iconRight = whole.left + margin + imageSize_;
     const LONG columnRight = columns_.empty() ? whole.right : std::min<LONG>(columns_[0].width, whole.right);
     if (part == LVIR_ICON)
-        *rectangle = {whole.left + margin, whole.top, iconRight, whole.bottom};
+        *rectangle = {whole.left + margin, top, iconRight, bottom};
     else if (part == LVIR_LABEL)
-        *rectangle = {iconRight, whole.top, std::max(columnRight, iconRight), whole.bottom};
+        *rectangle = {iconRight, top, std::max(columnRight, iconRight), bottom};
     else
         *rectangle = whole;
     return TRUE;
@@ -62,6 +64,10 @@ int ListView::RowAt(LONG y) const {
     return y < 0 ? -1 : rows_.First() + ((y + hidden_) / rowHeight_);
 }
 
+int ListView::TouchMargin() const {
+    return TouchTarget() > 0 && HasStyle(LVS_OWNERDRAWFIXED) ? Scaled(4) : 0;
+}
+
 void ListView::Measure() {
     int height = std::max({TextHeight() + Scaled(4), imageSize_ + Scaled(2), TouchTarget()});
     if (HasStyle(LVS_OWNERDRAWFIXED)) {
@@ -70,7 +76,7 @@ void ListView::Measure() {
         request.CtlID = static_cast<UINT>(GetDlgCtrlID(Handle()));
         request.itemHeight = static_cast<UINT>(height);
         SendMessageW(GetParent(Handle()), WM_MEASUREITEM, request.CtlID, reinterpret_cast<LPARAM>(&request));
-        height = static_cast<int>(request.itemHeight);
+        height = static_cast<int>(request.itemHeight) + (2 * TouchMargin());
     }
     rowHeight_ = std::max(1, height);
 }

@@ -49,6 +49,8 @@ private:
     /// In client coordinates.
     RECT RowRect(int row) const;
     BOOL ItemRect(int row, RECT* rectangle) const;
+    /// What fingers leave free above and below what an owner paints of a row.
+    int TouchMargin() const;
     void Measure();
     /// Rows, size or scroll position changed.
     void Changed();

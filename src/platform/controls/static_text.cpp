@@ -11,7 +11,7 @@ void StaticText::Paint(HDC context) {
         return;
     }
     const std::wstring text = Text();
-    const bool centred = (static_cast<DWORD>(GetWindowLongW(Handle(), GWL_STYLE)) & 0x1FU) == SS_CENTER;
+    const bool centred = (static_cast<DWORD>(GetWindowLongW(Handle(), GWL_STYLE)) & SS_TYPEMASK) == SS_CENTER;
     const UINT breaking = HasStyle(SS_ENDELLIPSIS) ? DT_SINGLELINE | DT_END_ELLIPSIS : DT_WORDBREAK;
     SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
     SetBkMode(context, TRANSPARENT);

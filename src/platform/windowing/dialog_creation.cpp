@@ -31,24 +31,29 @@ HFONT TemplateFont(const DLGTEMPLATE& dialogTemplate, int points) {
     return CreateFontIndirectW(&description);
 }
 
-/// Of a dialog's texts and of its fields, which a finger wants larger.
+/// What a dialog is measured with, and what it is read in: larger letters where a thumb is beside them.
 struct DialogFonts {
     explicit DialogFonts(const DLGTEMPLATE& dialogTemplate)
-        : text(TemplateFont(dialogTemplate, dialogTemplate.fontPoints))
-        , fields(TemplateFont(dialogTemplate, std::max<int>(dialogTemplate.fontPoints, TouchTarget() > 0 ? 10 : 0))) { }
+        : own(TemplateFont(dialogTemplate, dialogTemplate.fontPoints))
+        , shown(TemplateFont(dialogTemplate, std::max<int>(dialogTemplate.fontPoints, TouchTarget() > 0 ? 10 : 0))) { }
     ~DialogFonts() {
-        DeleteObject(text);
-        DeleteObject(fields);
+        DeleteObject(own);
+        DeleteObject(shown);
     }
     DialogFonts(const DialogFonts&) = delete;
     DialogFonts& operator=(const DialogFonts&) = delete;
 
-    HFONT text;
-    HFONT fields;
+    HFONT own;
+    HFONT shown;
 };
 
-/// Where an item stands: fields are as high as a finger needs, which moves down what stands below them.
-RECT ItemPlace(const DialogItemTemplate& item, const DLGTEMPLATE& dialogTemplate, SIZE base) {
+bool IsPicture(const DialogItemTemplate& item) {
+    return std::wstring_view(item.windowClass) == L"STATIC" && (item.style & SS_TYPEMASK) == SS_BITMAP;
+}
+
+/// Where an item stands: fields are as high as a finger needs, which moves down what stands below them, and what has
+/// letters is as much wider as those are. Rows have the height for them.
+RECT ItemPlace(const DialogItemTemplate& item, const DLGTEMPLATE& dialogTemplate, SIZE base, LONG letterWidth) {
     const auto heightOf = [&](const DialogItemTemplate& each) { return each.height * base.cy / 8; };
     const auto growthOf = [&](const DialogItemTemplate& each) {
         return (each.style & WS_TABSTOP) != 0 ? std::max<LONG>(0, TouchTarget() - heightOf(each)) : 0;
@@ -63,13 +68,15 @@ RECT ItemPlace(const DialogItemTemplate& item, const DLGTEMPLATE& dialogTemplate
     }
     const LONG left = item.x * base.cx / 4;
     const LONG top = item.y * base.cy / 8 + above;
-    return {left, top, left + item.width * base.cx / 4, top + heightOf(item) + growthOf(item)};
+    const LONG width = item.width * (IsPicture(item) ? base.cx : letterWidth) / 4;
+    return {left, top, left + width, top + heightOf(item) + growthOf(item)};
 }
 
 bool CreateItems(HWND dialog, HINSTANCE module, const DLGTEMPLATE& dialogTemplate, const DialogFonts& fonts) {
-    const SIZE base = DialogBase(dialog, fonts.text);
+    const SIZE base = DialogBase(dialog, fonts.own);
+    const LONG letterWidth = DialogBase(dialog, fonts.shown).cx;
     for (const DialogItemTemplate& item : dialogTemplate.items) {
-        const RECT place = ItemPlace(item, dialogTemplate, base);
+        const RECT place = ItemPlace(item, dialogTemplate, base, letterWidth);
         const HWND control = CreateWindowExW(0, item.windowClass, item.text, item.style | WS_CHILD,
             static_cast<int>(place.left), static_cast<int>(place.top), static_cast<int>(place.right - place.left),
             static_cast<int>(place.bottom - place.top), dialog,
@@ -78,8 +85,7 @@ bool CreateItems(HWND dialog, HINSTANCE module, const DLGTEMPLATE& dialogTemplat
         if (!window)
             return false;
         window->hasId = item.id != NoDialogItemId;
-        const HFONT own = (item.style & WS_TABSTOP) != 0 ? fonts.fields : fonts.text;
-        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(own), 0);
+        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.shown), 0);
     }
     return true;
 }
@@ -138,7 +144,7 @@ LONG_PTR DialogBoxIndirectParamW(
     if (!dialog)
         return -1;
     const device::DialogFonts fonts(*dialogTemplate);
-    dialog->font = fonts.text;
+    dialog->font = fonts.shown;
     dialog->modal = std::make_unique<device::ModalState>();
     if (!device::CreateItems(handle, module, *dialogTemplate, fonts)) {
         DestroyWindow(handle);

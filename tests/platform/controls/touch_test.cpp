@@ -275,3 +275,28 @@ TEST_F(TouchTest, WhatAFingerHitsIsLargeEnough) {
             }});
     device::SetTouchTarget(0);
 }
+
+TEST_F(TouchTest, TextsAreLargerAndAnOwnersRowsHaveRoom) {
+    constexpr UINT Line = 14;
+    constexpr UINT Picture = 15;
+    onInit = [this] { FillList(); };
+    const std::vector<DialogItemTemplate> items = {{L"STATIC", WS_CHILD | WS_VISIBLE, 2, 2, 60, 10, Line, L"Due"},
+        {L"STATIC", WS_CHILD | WS_VISIBLE | SS_BITMAP, 2, 14, 40, 20, Picture, L""},
+        {L"SysListView32", Field | LVS_REPORT | LVS_OWNERDRAWFIXED, 2, 40, 90, 60, List, L""}};
+    std::vector<LONG> former;
+    for (const int target : {0, Finger}) {
+        device::SetTouchTarget(target);
+        Run(items, {[&] {
+            RECT label;
+            label.left = LVIR_LABEL;
+            SendDlgItemMessageW(dialog, List, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&label));
+            const std::vector<LONG> now = {-host.canvas.Texts().front().font.height, PlaceOf(Line).right,
+                label.top - RowTop(0), RowTop(1) - label.bottom};
+            for (std::size_t each = 0; each < former.size(); ++each)
+                EXPECT_GT(now[each], former[each]) << each;
+            former = now;
+            EXPECT_EQ(PlaceOf(Picture).right - PlaceOf(Picture).left, 60) << "a picture keeps its shape";
+        }});
+    }
+    device::SetTouchTarget(0);
+}
