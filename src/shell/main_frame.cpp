@@ -59,10 +59,6 @@ bool CMainFrame::CreateFrame() {
     return true;
 }
 
-bool CMainFrame::PreTranslateMessage(MSG* message) {
-    return TranslateAcceleratorW(GetHandle(), accelerators_, message) != 0;
-}
-
 LRESULT CMainFrame::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) try {
     LRESULT reflected = 0;
     if (message != WM_MEASUREITEM && message != WM_COMMAND
@@ -112,7 +108,7 @@ LRESULT CMainFrame::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lPa
 
 LRESULT CMainFrame::OnCreate() {
     menuBar_ = CreateSoftKeyBar(GetHandle(), menus::MainFrame, true, false);
-    loop_.AddMessageFilter(this);
+    loop_.SetFilter([this](MSG* message) { return TranslateAcceleratorW(GetHandle(), accelerators_, message) != 0; });
     if (!vehicleList_.CreateControl(L"SysListView32", VehicleListStyle, GetHandle(), controls::VehicleList)
         || !entryList_.CreateControl(L"SysListView32", EntryListStyle, GetHandle(), controls::EntryList))
         return -1;
