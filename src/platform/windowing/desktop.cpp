@@ -1,6 +1,7 @@
 #include "platform/windowing/desktop.h"
 
 #include "platform/drawing/device_context.h"
+#include "platform/drawing/rectangles.h"
 #include "platform/input.h"
 #include "platform/metrics.h"
 #include "platform/windowing/dialog_scroll.h"
@@ -38,7 +39,7 @@ void Desktop::SwitchOn(Host& host) {
     SwitchOff();
     host_ = &host;
     closing_ = {};
-    beeps = messageBoxBeeps = goBacks = fronts = waitCursors = 0;
+    beeps = goBacks = fronts = waitCursors = 0;
     toldTitle_.clear();
     toldFields_.reset();
     RegisterControls();
@@ -69,7 +70,7 @@ RECT Desktop::BeepPlace() const {
     const Window* top = TopLevelOf(field);
     if (field == top || !top->dialogProcedure)
         return {0, 0, ScreenSize().cx, TitleHeight()};
-    return Intersect(ScreenPlace(*field), ScreenClient(*top));
+    return Intersection(ScreenPlace(*field), ScreenClient(*top));
 }
 
 RECT Desktop::WorkArea() const {
@@ -265,7 +266,7 @@ std::wstring Desktop::StoredText(Clipboard where) const {
 
 void Desktop::Invalidate(const RECT& rectangle) {
     const SIZE screen = ScreenSize();
-    const RECT part = Intersect(rectangle, {0, 0, screen.cx, screen.cy});
+    const RECT part = Intersection(rectangle, {0, 0, screen.cx, screen.cy});
     if (IsRectEmpty(part))
         return;
     if (IsRectEmpty(dirty_)) {

@@ -86,7 +86,6 @@ public:
     OpenMenu* Menu() const { return menu_; }
     void SetMenu(OpenMenu* menu);
     int beeps = 0;
-    int messageBoxBeeps = 0;
     int goBacks = 0;
     int fronts = 0;
     int waitCursors = 0;

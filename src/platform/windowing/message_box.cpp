@@ -38,10 +38,8 @@ public:
         LOGFONTW description;
         description.lfHeight = BoxFont().height;
         font_ = CreateFontIndirectW(&description);
-        text_ = CreateWindowExW(
-            0, L"Static", text, WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, Handle(), nullptr, nullptr, nullptr);
-        if (Window* child = FindWindowRecord(text_))
-            child->hasId = false;
+        text_ = CreateWindowExW(0, L"Static", text, WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, Handle(),
+            reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(NoDialogItemId)), nullptr, nullptr); // NOLINT
         SendMessageW(text_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), 0);
         Layout();
     }

@@ -54,7 +54,7 @@ void OpenMenu::CloseInner() {
 }
 
 bool OpenMenu::CanChoose(int index) const {
-    return index >= 0 && index < CountItems() && !Item(index).separator && !Item(index).grayed;
+    return index >= 0 && index < CountItems() && Item(index).CanBeChosen();
 }
 
 /// The digit key that chooses an item; 0 for none.

@@ -1,6 +1,7 @@
 // The windows' interface: each function forwards to the desktop or translates in a few lines.
 
 #include "platform/drawing/device_context.h"
+#include "platform/drawing/rectangles.h"
 #include "platform/metrics.h"
 #include "platform/process.h"
 #include "platform/windowing/desktop.h"
@@ -238,12 +239,12 @@ BOOL InvalidateRect(HWND handle, const RECT* rectangle, BOOL /*erase*/) {
     RECT part = device::ScreenPlace(*window);
     if (rectangle) {
         const RECT client = device::ScreenClient(*window);
-        part = device::Intersect(client,
+        part = device::Intersection(client,
             {client.left + rectangle->left, client.top + rectangle->top, client.left + rectangle->right,
                 client.top + rectangle->bottom});
     }
     for (const Window* above = window->parent; above; above = above->parent)
-        part = device::Intersect(part, device::ScreenClient(*above));
+        part = device::Intersection(part, device::ScreenClient(*above));
     Desktop::The().Invalidate(part);
     return TRUE;
 }
