@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cstring>
 
-const HKEY HKEY_CURRENT_USER = reinterpret_cast<HKEY>(static_cast<std::uintptr_t>(0x80000001U)); // NOLINT
+const HKEY HKEY_CURRENT_USER = reinterpret_cast<HKEY>(static_cast<std::uintptr_t>(0x80000001U));
 
 namespace {
 

@@ -73,14 +73,8 @@ RECT Desktop::BeepPlace() const {
     return Intersection(ScreenPlace(*field), ScreenClient(*top));
 }
 
-RECT Desktop::WorkArea() const {
-    const SIZE screen = ScreenSize();
-    const LONG top = std::min<LONG>(TitleHeight(), screen.cy);
-    return {0, top, screen.cx, std::max<LONG>(top, screen.cy - SoftKeyBarHeight())};
-}
-
 void Desktop::Resize(SIZE screen) {
-    SetScreenSize({std::max<LONG>(1, screen.cx), std::max<LONG>(1, screen.cy)});
+    SetScreenSize(screen);
     const RECT area = WorkArea();
     const auto windows = topLevels_;
     for (Window* window : windows) {

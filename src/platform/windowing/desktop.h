@@ -37,7 +37,6 @@ public:
     Window* Front() const;
     /// The frontmost that is not a message box: what a message box stands over.
     Window* FrontFull() const;
-    RECT WorkArea() const;
     void Resize(SIZE screen);
 
     // Focus

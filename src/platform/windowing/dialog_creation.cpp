@@ -68,7 +68,7 @@ bool CreateItems(HWND dialog, HINSTANCE module, const DLGTEMPLATE& dialogTemplat
         const HWND control = CreateWindowExW(0, item.windowClass, item.text, item.style | WS_CHILD,
             static_cast<int>(place.left), static_cast<int>(place.top), static_cast<int>(place.right - place.left),
             static_cast<int>(place.bottom - place.top), dialog,
-            reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(item.id)), module, nullptr); // NOLINT
+            reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(item.id)), module, nullptr);
         if (!control)
             return false;
         const HFONT own = (item.style & WS_TABSTOP) != 0 ? fonts.fields : fonts.text;

@@ -82,7 +82,7 @@ HACCEL LoadAcceleratorsW(HINSTANCE module, UINT id) {
         return nullptr;
     const bool known = std::any_of(module->accelerators.begin(), module->accelerators.end(),
         [id](const AcceleratorResource& row) { return row.id == id; });
-    return known ? reinterpret_cast<HACCEL>(static_cast<std::uintptr_t>(id)) : nullptr; // NOLINT
+    return known ? reinterpret_cast<HACCEL>(static_cast<std::uintptr_t>(id)) : nullptr;
 }
 
 int TranslateAcceleratorW(HWND window, HACCEL table, MSG* message) {

@@ -203,7 +203,7 @@ int OpenMenu::RowHeight(const MenuItem& item) const {
 }
 
 RECT OpenMenu::Place() const {
-    const RECT area = Desktop::The().WorkArea();
+    const RECT area = WorkArea();
     LONG height = 2 * Scaled(2);
     LONG width = 0;
     TextMeasurer& measurer = Desktop::The().Screen().Measurer();

@@ -107,7 +107,7 @@ void PaintBar(Canvas& canvas, const Window* front) {
 void PaintScreen(Desktop& desktop, Canvas& canvas, const RECT& dirty) {
     canvas.BeginFrame(dirty);
     canvas.PushClip(dirty);
-    const RECT area = desktop.WorkArea();
+    const RECT area = WorkArea();
     Window* full = desktop.FrontFull();
     Window* front = desktop.Front();
     canvas.SetMarks({});
