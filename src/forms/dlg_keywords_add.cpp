@@ -38,7 +38,7 @@ void CDlgKeywordsAdd::OnDone() {
 
 LRESULT CDlgKeywordsAdd::CNameField::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_GETDLGCODE) {
-        const auto* pending = reinterpret_cast<const MSG*>(lParam); // NOLINT(performance-no-int-to-ptr)
+        const auto* pending = reinterpret_cast<const MSG*>(lParam);
         if (pending && pending->message == WM_KEYUP && pending->wParam == VK_TBACK && pending->hwnd == GetHandle()) {
             keybd_event(VK_BACK, 0, 0, 0);
             keybd_event(VK_BACK, 0, KEYEVENTF_KEYUP, 0);

@@ -26,31 +26,23 @@ constexpr int CannotStart = 2;
     std::_Exit(CannotStart); // nothing of the program has begun, so nothing of its end runs
 }
 
-std::unique_ptr<device::Host> OpenTerminal(std::string& error) {
-    return device::TerminalHost::Open(error);
-}
-
-std::unique_ptr<device::Host> OpenWindow(std::string& error) {
-    return device::WindowHost::Open(error);
-}
-
 /// The host that HANDSET_HOST names; else a window where a display answers, else the terminal that it was started in.
 std::unique_ptr<device::Host> OpenHost(std::string& error) {
     const char* variable = std::getenv("HANDSET_HOST");
     const std::string_view wanted = variable ? variable : "";
     if (wanted == "window")
-        return OpenWindow(error);
+        return device::WindowHost::Open(error);
     if (wanted == "terminal")
-        return OpenTerminal(error);
+        return device::TerminalHost::Open(error);
     if (!wanted.empty()) {
         error = "HANDSET_HOST: \"" + std::string(wanted) + "\" is neither window nor terminal";
         return nullptr;
     }
-    if (auto window = OpenWindow(error))
+    if (auto window = device::WindowHost::Open(error))
         return window;
     if (isatty(STDIN_FILENO) == 0 || isatty(STDOUT_FILENO) == 0)
         return nullptr;
-    return OpenTerminal(error);
+    return device::TerminalHost::Open(error);
 }
 
 } // namespace

@@ -10,11 +10,11 @@ RECT PlaceIn(HWND parent, HWND child) {
     return {corner.x, corner.y, corner.x + place.right - place.left, corner.y + place.bottom - place.top};
 }
 
-LONG LineHeight(HDC context, HFONT font) {
-    const HGDIOBJ former = SelectObject(context, font);
+LONG LineHeight(HWND window, HFONT font) {
+    const CClientContext context(window);
+    SelectObject(context.GetHandle(), font);
     TEXTMETRICW metrics;
-    GetTextMetricsW(context, &metrics);
-    SelectObject(context, former);
+    GetTextMetricsW(context.GetHandle(), &metrics);
     return metrics.tmHeight + metrics.tmExternalLeading;
 }
 

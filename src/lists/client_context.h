@@ -23,6 +23,6 @@ private:
 /// A child's place in its parent's client area; also that of a window in its own.
 RECT PlaceIn(HWND parent, HWND child);
 /// What a line of a font takes, from one baseline to the next.
-LONG LineHeight(HDC context, HFONT font);
+LONG LineHeight(HWND window, HFONT font);
 /// A text's measure in the font that the context holds.
 SIZE TextExtent(HDC context, const wchar_t* text);

@@ -14,10 +14,6 @@ namespace {
 
 constexpr LONG EmptyTextTop = 10; ///< below the header, in pixels
 
-// A header is asked for its columns, as a window of its own would be.
-constexpr UINT HDM_GETITEMCOUNT = 0x1200;
-constexpr UINT HDM_GETITEMRECT = 0x1207;
-
 } // namespace
 
 CCustomListView::CCustomListView()
@@ -37,7 +33,7 @@ LRESULT CCustomListView::ProcessWindowMessage(UINT message, WPARAM wParam, LPARA
     LRESULT result = 0;
     if (DispatchReflected(message, wParam, lParam, result))
         return result;
-    if (message == WM_ERASEBKGND && DrawEmptyText(reinterpret_cast<HDC>(wParam))) // NOLINT(performance-no-int-to-ptr)
+    if (message == WM_ERASEBKGND && DrawEmptyText(reinterpret_cast<HDC>(wParam)))
         return 1;
     result = DefaultMessage(message, wParam, lParam);
     if (message == WM_SIZE)
@@ -51,10 +47,10 @@ bool CCustomListView::DispatchReflected(UINT message, WPARAM wParam, LPARAM lPar
     result = TRUE;
     switch (message - OCM_BASE) {
     case WM_DRAWITEM:
-        DrawItem(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)); // NOLINT(performance-no-int-to-ptr)
+        DrawItem(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
         break;
     case WM_MEASUREITEM:
-        MeasureItem(reinterpret_cast<MEASUREITEMSTRUCT*>(lParam)); // NOLINT(performance-no-int-to-ptr)
+        MeasureItem(reinterpret_cast<MEASUREITEMSTRUCT*>(lParam));
         break;
     case WM_DELETEITEM:
     case WM_COMPAREITEM:
@@ -74,7 +70,7 @@ bool CCustomListView::DrawEmptyText(HDC context) const {
     FillRect(context, &place, GetSysColorBrush(COLOR_WINDOW));
     SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
     SetBkColor(context, GetSysColor(COLOR_WINDOW));
-    const auto header = reinterpret_cast<HWND>(SendMessageW(GetHandle(), LVM_GETHEADER, 0, 0)); // NOLINT
+    const auto header = reinterpret_cast<HWND>(SendMessageW(GetHandle(), LVM_GETHEADER, 0, 0));
     RECT firstColumn;
     if (header && SendMessageW(header, HDM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&firstColumn)))
         place.top += firstColumn.bottom;
@@ -93,13 +89,13 @@ int CCustomListView::InsertColumn(int index, const wchar_t* heading, int format,
     column.mask = LVCF_FMT | LVCF_WIDTH | LVCF_TEXT;
     column.fmt = format;
     column.cx = width;
-    column.pszText = const_cast<wchar_t*>(heading); // NOLINT(cppcoreguidelines-pro-type-const-cast): read only
+    column.pszText = const_cast<wchar_t*>(heading);
     return static_cast<int>(
         SendMessageW(GetHandle(), LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column)));
 }
 
 void CCustomListView::FitColumn(int column) {
-    const auto header = reinterpret_cast<HWND>(SendMessageW(GetHandle(), LVM_GETHEADER, 0, 0)); // NOLINT
+    const auto header = reinterpret_cast<HWND>(SendMessageW(GetHandle(), LVM_GETHEADER, 0, 0));
     if (column == -1 || !header)
         return;
     RECT client;

@@ -120,12 +120,11 @@ void CEntryListView::DeleteSelectedRows() {
 }
 
 CEntry* CEntryListView::GetRowEntry(int row) const {
-    return reinterpret_cast<CEntry*>(GetRowData(row)); // NOLINT(performance-no-int-to-ptr): what the list keeps
+    return reinterpret_cast<CEntry*>(GetRowData(row));
 }
 
 void CEntryListView::MeasureItem(MEASUREITEMSTRUCT* request) {
-    const CClientContext context(GetHandle());
-    request->itemHeight = static_cast<UINT>((LineHeight(context.GetHandle(), BoldTextFont) * 2) + LinesBelow);
+    request->itemHeight = static_cast<UINT>((LineHeight(GetHandle(), BoldTextFont) * 2) + LinesBelow);
 }
 
 void CEntryListView::DrawItem(const DRAWITEMSTRUCT* request) {

@@ -11,7 +11,7 @@ LPARAM Address(const void* record) {
 
 /// The interface takes texts that it only reads as writable ones.
 wchar_t* ReadOnly(const wchar_t* text) {
-    return const_cast<wchar_t*>(text); // NOLINT(cppcoreguidelines-pro-type-const-cast)
+    return const_cast<wchar_t*>(text);
 }
 
 } // namespace

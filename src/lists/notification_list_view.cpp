@@ -54,7 +54,7 @@ int CNotificationListView::AddRow(CNotification* reminder, int update) {
 
 CNotification* CNotificationListView::GetSelectedReminder() const {
     const int row = GetNextSelected(-1);
-    return row == -1 ? nullptr : reinterpret_cast<CNotification*>(GetRowData(row)); // NOLINT(performance-no-int-to-ptr)
+    return row == -1 ? nullptr : reinterpret_cast<CNotification*>(GetRowData(row));
 }
 
 void CNotificationListView::OnSize() {

@@ -6,7 +6,7 @@
 namespace {
 
 template <typename Kind> const Kind* Pointer(LPARAM value) {
-    return reinterpret_cast<const Kind*>(value); // NOLINT(performance-no-int-to-ptr): what the interface passes
+    return reinterpret_cast<const Kind*>(value);
 }
 
 /// The control that a message to its parent speaks of; null for any other message.
@@ -24,11 +24,9 @@ HWND ControlOf(HWND parent, UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_COMMAND:
     case WM_HSCROLL:
     case WM_VSCROLL:
-        return reinterpret_cast<HWND>(lParam); // NOLINT(performance-no-int-to-ptr)
+        return reinterpret_cast<HWND>(lParam);
     default:
-        return message >= WM_CTLCOLORFIRST && message <= WM_CTLCOLORLAST
-            ? reinterpret_cast<HWND>(lParam) // NOLINT(performance-no-int-to-ptr)
-            : nullptr;
+        return message >= WM_CTLCOLORFIRST && message <= WM_CTLCOLORLAST ? reinterpret_cast<HWND>(lParam) : nullptr;
     }
 }
 

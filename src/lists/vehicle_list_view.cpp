@@ -45,7 +45,7 @@ void CVehicleListView::AddVehicle(CVehicle* vehicle) {
 
 CVehicle* CVehicleListView::GetSelectedVehicle() const {
     const int row = GetNextSelected(-1);
-    return row == -1 ? nullptr : reinterpret_cast<CVehicle*>(GetRowData(row)); // NOLINT(performance-no-int-to-ptr)
+    return row == -1 ? nullptr : reinterpret_cast<CVehicle*>(GetRowData(row));
 }
 
 CVehicle* CVehicleListView::FindVehicle(ULONG refId) const {

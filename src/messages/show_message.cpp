@@ -40,8 +40,8 @@ UINT CauseText(StoreFailure failure) {
 int ShowMessage(HWND owner, std::uintptr_t text, std::uintptr_t caption, UINT style) try {
     std::wstring loadedText;
     std::wstring loadedCaption;
-    const auto* textPointer = reinterpret_cast<const wchar_t*>(text); // NOLINT(performance-no-int-to-ptr)
-    const auto* captionPointer = reinterpret_cast<const wchar_t*>(caption); // NOLINT(performance-no-int-to-ptr)
+    const auto* textPointer = reinterpret_cast<const wchar_t*>(text);
+    const auto* captionPointer = reinterpret_cast<const wchar_t*>(caption);
     if (text < FirstPointer) {
         loadedText = LoadText(static_cast<UINT>(text));
         textPointer = loadedText.c_str();

@@ -10,7 +10,6 @@ inline constexpr LONG FW_NORMAL = 400;
 inline constexpr LONG FW_BOLD = 700;
 inline constexpr int PS_SOLID = 0;
 inline constexpr int LOGPIXELSY = 90;
-inline constexpr int TRANSPARENT = 1;
 
 inline constexpr UINT DT_CENTER = 0x1;
 inline constexpr UINT DT_RIGHT = 0x2;
@@ -60,9 +59,8 @@ HGDIOBJ SelectObject(HDC context, HGDIOBJ object);
 int GetDeviceCaps(HDC context, int index);
 
 COLORREF SetTextColor(HDC context, COLORREF color);
-COLORREF SetBkColor(HDC context, COLORREF color);
 /// Texts are always drawn on what is there.
-int SetBkMode(HDC context, int mode);
+COLORREF SetBkColor(HDC context, COLORREF color);
 
 BOOL GetTextMetricsW(HDC context, TEXTMETRICW* metrics);
 /// `length` characters of `text`; width in `size->cx`, cell height in `size->cy`.

@@ -101,9 +101,7 @@ inline constexpr UINT EM_SETSEL = 177;
 inline constexpr UINT EM_SCROLLCARET = 183;
 inline constexpr UINT EM_LIMITTEXT = 197;
 inline constexpr LPARAM EIM_NUMBERS = 2;
-inline constexpr UINT EN_SETFOCUS = 256;
 inline constexpr UINT EN_KILLFOCUS = 512;
-inline constexpr UINT EN_CHANGE = 768;
 
 // List box
 inline constexpr DWORD LBS_NOTIFY = 1;
@@ -120,7 +118,6 @@ inline constexpr UINT LB_GETTEXTLEN = 394;
 inline constexpr UINT LB_GETCOUNT = 395;
 inline constexpr UINT LB_GETITEMDATA = 409;
 inline constexpr UINT LB_SETITEMDATA = 410;
-inline constexpr UINT LBN_SELCHANGE = 1;
 
 // Date picker
 inline constexpr UINT DTM_GETSYSTEMTIME = 4097;

@@ -19,7 +19,7 @@ inline constexpr UINT SPI_GETWORKAREA = 48;
 /// 0, black among the colours, for an unknown index.
 COLORREF GetSysColor(int index);
 int GetSystemMetrics(int index);
-/// SPI_GETWORKAREA alone: `data` is a RECT, the screen between title line and soft-key bar.
+/// SPI_GETWORKAREA alone: `data` is a RECT.
 BOOL SystemParametersInfoW(UINT action, UINT parameter, void* data, UINT update);
 
 namespace device {
@@ -33,6 +33,8 @@ int Scaled(int pixels);
 /// The least height of what a finger is to hit, in device pixels; 0 where there are none, as at first.
 int TouchTarget();
 void SetTouchTarget(int pixels);
+/// The screen between title line and soft-key bar.
+RECT WorkArea();
 /// The screen's size in device pixels; starts as HANDSET_SCREEN says and follows the host's window.
 SIZE ScreenSize();
 void SetScreenSize(SIZE size);

@@ -14,16 +14,16 @@ namespace {
 
 struct PresetCommand {
     UINT command;
-    DatePreset preset;
+    DatePeriod (*period)(const SYSTEMTIME& now);
 };
 
 constexpr PresetCommand Presets[] = {
-    {commands::LastThreeMonths, DatePreset::LastThreeMonths},
-    {commands::LastSixMonths, DatePreset::LastSixMonths},
-    {commands::LastTwelveMonths, DatePreset::LastTwelveMonths},
-    {commands::LastThirtyDays, DatePreset::LastThirtyDays},
-    {commands::PreviousMonth, DatePreset::PreviousMonth},
-    {commands::PreviousYear, DatePreset::PreviousYear},
+    {commands::LastThreeMonths, [](const SYSTEMTIME& now) { return DaysUntil(now, 90); }},
+    {commands::LastSixMonths, [](const SYSTEMTIME& now) { return DaysUntil(now, 180); }},
+    {commands::LastTwelveMonths, [](const SYSTEMTIME& now) { return DaysUntil(now, 365); }},
+    {commands::LastThirtyDays, [](const SYSTEMTIME& now) { return DaysUntil(now, 30); }},
+    {commands::PreviousMonth, MonthBefore},
+    {commands::PreviousYear, YearBefore},
 };
 
 bool IsAfter(const SYSTEMTIME& first, const SYSTEMTIME& second) {
@@ -59,7 +59,7 @@ bool CDlgDateRange::OnCommand(UINT id, UINT code, HWND sender) {
         return CFullScreenDialog::OnCommand(id, code, sender);
     SYSTEMTIME now;
     GetLocalTime(&now);
-    const DatePeriod period = PresetPeriod(row->preset, now);
+    const DatePeriod period = row->period(now);
     ShowRange(period.start, period.end);
     return true;
 }

@@ -56,9 +56,8 @@ void CDlgNotificationFire::ShowVehicleInBold() const {
     SendMessageW(vehicle, WM_SETFONT, reinterpret_cast<WPARAM>(BoldTextFont), TRUE);
     // One line whatever the text size: the tops of a second one would look like a fault of the screen.
     const RECT place = PlaceIn(GetHandle(), vehicle);
-    const CClientContext context(vehicle);
     MoveWindow(vehicle, place.left, place.top, place.right - place.left,
-        std::min(place.bottom - place.top, LineHeight(context.GetHandle(), BoldTextFont)), TRUE);
+        std::min(place.bottom - place.top, LineHeight(vehicle, BoldTextFont)), TRUE);
 }
 
 void CDlgNotificationFire::ShowValues() const {

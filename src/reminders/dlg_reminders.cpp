@@ -26,7 +26,7 @@ CDlgReminders::CDlgReminders()
 bool CDlgReminders::ProcessDialogMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     switch (message) {
     case WM_NOTIFY:
-        OnNotify(reinterpret_cast<const NMHDR*>(lParam)); // NOLINT(performance-no-int-to-ptr)
+        OnNotify(reinterpret_cast<const NMHDR*>(lParam));
         return true;
     case WM_ACTIVATE:
     case WM_SETTINGCHANGE:

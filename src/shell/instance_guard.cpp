@@ -15,7 +15,7 @@ constexpr int Passes = 25;
 constexpr DWORD PauseMilliseconds = 100;
 
 HWND WithTopmostPopup(HWND window) {
-    return reinterpret_cast<HWND>(reinterpret_cast<std::uintptr_t>(window) | 1U); // NOLINT(performance-no-int-to-ptr)
+    return reinterpret_cast<HWND>(reinterpret_cast<std::uintptr_t>(window) | 1U);
 }
 
 } // namespace

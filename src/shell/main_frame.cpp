@@ -59,10 +59,6 @@ bool CMainFrame::CreateFrame() {
     return true;
 }
 
-bool CMainFrame::PreTranslateMessage(MSG* message) {
-    return TranslateAcceleratorW(GetHandle(), accelerators_, message) != 0;
-}
-
 LRESULT CMainFrame::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) try {
     LRESULT reflected = 0;
     if (message != WM_MEASUREITEM && message != WM_COMMAND
@@ -74,7 +70,7 @@ LRESULT CMainFrame::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lPa
     case WM_MEASUREITEM:
         return OnMeasureItem(wParam, lParam);
     case WM_NOTIFY:
-        return OnNotify(reinterpret_cast<const NMHDR*>(lParam)); // NOLINT(performance-no-int-to-ptr)
+        return OnNotify(reinterpret_cast<const NMHDR*>(lParam));
     case WM_COMMAND:
         OnCommand(LOWORD(wParam));
         return 0;
@@ -82,7 +78,7 @@ LRESULT CMainFrame::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lPa
         OnHotKey(static_cast<std::uintptr_t>(lParam));
         return 0;
     case WM_INITMENUPOPUP:
-        updateTable_.ApplyTo(reinterpret_cast<HMENU>(wParam)); // NOLINT(performance-no-int-to-ptr)
+        updateTable_.ApplyTo(reinterpret_cast<HMENU>(wParam));
         return 0;
     case WM_SIZE:
         OnSize(wParam);
@@ -112,7 +108,7 @@ LRESULT CMainFrame::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lPa
 
 LRESULT CMainFrame::OnCreate() {
     menuBar_ = CreateSoftKeyBar(GetHandle(), menus::MainFrame, true, false);
-    loop_.AddMessageFilter(this);
+    loop_.SetFilter([this](MSG* message) { return TranslateAcceleratorW(GetHandle(), accelerators_, message) != 0; });
     if (!vehicleList_.CreateControl(L"SysListView32", VehicleListStyle, GetHandle(), controls::VehicleList)
         || !entryList_.CreateControl(L"SysListView32", EntryListStyle, GetHandle(), controls::EntryList))
         return -1;
@@ -133,7 +129,7 @@ void CMainFrame::SetListFonts() const {
 LRESULT CMainFrame::OnMeasureItem(WPARAM id, LPARAM request) {
     if (id != controls::EntryList || request == 0)
         return 0;
-    entryList_.MeasureItem(reinterpret_cast<MEASUREITEMSTRUCT*>(request)); // NOLINT(performance-no-int-to-ptr)
+    entryList_.MeasureItem(reinterpret_cast<MEASUREITEMSTRUCT*>(request));
     return 1;
 }
 

@@ -12,7 +12,7 @@ void RegisterFrameMessages();
 
 /// The program's one top-level window: two lists, of which one shows, the soft keys under them, and the filter of the
 /// log. It decides which vehicle is active and carries the commands out.
-class CMainFrame final : public CWindowImpl, public CMessageFilter {
+class CMainFrame final : public CWindowImpl {
 public:
     explicit CMainFrame(CMessageLoop& loop);
 
@@ -28,8 +28,6 @@ public:
     void ActivateVehicle(CVehicle* vehicle);
     /// The active vehicle's current odometer follows the highest entry, downwards too.
     void UpdateOdometer();
-
-    bool PreTranslateMessage(MSG* message) override;
 
 protected:
     LRESULT ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

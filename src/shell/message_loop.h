@@ -2,23 +2,17 @@
 
 #include "platform/window.h"
 
-#include <vector>
-
-/// Sees each message of the loop before its window does; true when it took it.
-class CMessageFilter {
-public:
-    virtual ~CMessageFilter() = default;
-    virtual bool PreTranslateMessage(MSG* message) = 0;
-};
+#include <functional>
 
 /// The program's one message loop.
 class CMessageLoop {
 public:
-    /// The filter is borrowed and stays with the loop to its end.
-    void AddMessageFilter(CMessageFilter* filter) { filters_.push_back(filter); }
+    /// Sees each message before its window does; true when it took it.
+    using Filter = std::function<bool(MSG* message)>;
+    void SetFilter(Filter filter) { filter_ = std::move(filter); }
     /// Until WM_QUIT, whose value it returns.
     int Run();
 
 private:
-    std::vector<CMessageFilter*> filters_;
+    Filter filter_;
 };

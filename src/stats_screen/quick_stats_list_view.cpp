@@ -40,9 +40,8 @@ void CQuickStatsListView::InitColumnsAndRows() {
 }
 
 void CQuickStatsListView::MeasureItem(MEASUREITEMSTRUCT* request) {
-    const CClientContext context(GetHandle());
-    request->itemHeight = static_cast<UINT>(
-        LineHeight(context.GetHandle(), BoldTextFont) + LineHeight(context.GetHandle(), TextFont) + LinesBelow);
+    request->itemHeight
+        = static_cast<UINT>(LineHeight(GetHandle(), BoldTextFont) + LineHeight(GetHandle(), TextFont) + LinesBelow);
 }
 
 void CQuickStatsListView::DrawItem(const DRAWITEMSTRUCT* request) {

@@ -8,32 +8,6 @@
 
 namespace {
 
-DatePeriod DaysUntil(const SYSTEMTIME& now, LONG days) {
-    DatePeriod period{now, now};
-    AddDays(&period.start, -days, &now);
-    return period;
-}
-
-DatePeriod MonthBefore(SYSTEMTIME now) {
-    DatePeriod period{};
-    now.wDay = 1;
-    AddDays(&period.end, -1, &now);
-    period.start = period.end;
-    period.start.wDay = 1;
-    return period;
-}
-
-DatePeriod YearBefore(const SYSTEMTIME& now) {
-    DatePeriod period{now, now};
-    period.end.wYear = static_cast<WORD>(now.wYear - 1);
-    period.end.wMonth = 12;
-    period.end.wDay = 31;
-    period.start = period.end;
-    period.start.wMonth = 1;
-    period.start.wDay = 1;
-    return period;
-}
-
 std::wstring DayText(const SYSTEMTIME* day) {
     double date = 0;
     return day && SystemTimeToVariantTime(day, &date) ? DateText(date) : std::wstring();
@@ -54,22 +28,31 @@ SYSTEMTIME* AddDays(SYSTEMTIME* result, LONG days, const SYSTEMTIME* source) {
     return result;
 }
 
-DatePeriod PresetPeriod(DatePreset preset, const SYSTEMTIME& now) {
-    switch (preset) {
-    case DatePreset::LastThreeMonths:
-        return DaysUntil(now, 90);
-    case DatePreset::LastSixMonths:
-        return DaysUntil(now, 180);
-    case DatePreset::LastTwelveMonths:
-        return DaysUntil(now, 365);
-    case DatePreset::LastThirtyDays:
-        return DaysUntil(now, 30);
-    case DatePreset::PreviousMonth:
-        return MonthBefore(now);
-    case DatePreset::PreviousYear:
-        return YearBefore(now);
-    }
-    return {now, now};
+DatePeriod DaysUntil(const SYSTEMTIME& now, LONG days) {
+    DatePeriod period{now, now};
+    AddDays(&period.start, -days, &now);
+    return period;
+}
+
+DatePeriod MonthBefore(const SYSTEMTIME& now) {
+    DatePeriod period{};
+    period.start = now;
+    period.start.wDay = 1;
+    AddDays(&period.end, -1, &period.start);
+    period.start = period.end;
+    period.start.wDay = 1;
+    return period;
+}
+
+DatePeriod YearBefore(const SYSTEMTIME& now) {
+    DatePeriod period{now, now};
+    period.end.wYear = static_cast<WORD>(now.wYear - 1);
+    period.end.wMonth = 12;
+    period.end.wDay = 31;
+    period.start = period.end;
+    period.start.wMonth = 1;
+    period.start.wDay = 1;
+    return period;
 }
 
 std::wstring FormatDateRange(CEntryFilter* filter) {

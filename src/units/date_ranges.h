@@ -10,15 +10,14 @@ class CEntryFilter;
 /// `result`, which may be `source`.
 SYSTEMTIME* AddDays(SYSTEMTIME* result, LONG days, const SYSTEMTIME* source);
 
-/// The presets of a custom range.
-enum class DatePreset { LastThreeMonths, LastSixMonths, LastTwelveMonths, LastThirtyDays, PreviousMonth, PreviousYear };
-
+/// The presets of a custom range: periods as seen from `now`, whose time of day both ends carry.
 struct DatePeriod {
     SYSTEMTIME start;
     SYSTEMTIME end;
 };
-/// A preset as seen from `now`, whose time of day both ends carry. The last months are 90, 180 and 365 days.
-DatePeriod PresetPeriod(DatePreset preset, const SYSTEMTIME& now);
+DatePeriod DaysUntil(const SYSTEMTIME& now, LONG days);
+DatePeriod MonthBefore(const SYSTEMTIME& now);
+DatePeriod YearBefore(const SYSTEMTIME& now);
 
 /// Such as "1/1/2008 - 1/20/2008"; "All Dates" where the filter, or no filter, limits nothing.
 std::wstring FormatDateRange(CEntryFilter* filter);

@@ -154,7 +154,9 @@ TEST_F(RandomClocks, PresetsCountFromToday) {
         SYSTEMTIME local;
         GetLocalTime(&local);
         ASSERT_EQ(Text(local), Text(today, time));
-        DatePeriod period = PresetPeriod(static_cast<DatePreset>(preset), local);
+        const DatePeriod periods[] = {DaysUntil(local, 90), DaysUntil(local, 180), DaysUntil(local, 365),
+            DaysUntil(local, 30), MonthBefore(local), YearBefore(local)};
+        DatePeriod period = periods[preset];
         AddDays(&period.start, 0, &period.start); // the day of the week
         AddDays(&period.end, 0, &period.end);
         ASSERT_EQ(Text(period.start), Text(expected[preset].first, time)) << preset << ' ' << Text(local);

@@ -34,7 +34,7 @@ std::string Narrow(const std::wstring& ascii) {
 
 std::string ControlLine(const Window& window) {
     const bool focused = Desktop::The().Focus() == window.handle;
-    std::string line = window.hasId ? std::to_string(window.id) : "-";
+    std::string line = static_cast<UINT>(window.id) != NoDialogItemId ? std::to_string(window.id) : "-";
     line += " " + Narrow(window.windowClass->name);
     if (focused)
         line += " focus";

@@ -29,9 +29,8 @@ void LineReader::Wake() {
 }
 
 bool LineReader::TakeLine(std::string& line) {
-    const std::size_t end = buffer_.find('\n', searched_);
+    const std::size_t end = buffer_.find('\n');
     if (end == std::string::npos) {
-        searched_ = buffer_.size();
         if (!ended_ || buffer_.empty())
             return false;
         line = std::move(buffer_);
@@ -40,7 +39,6 @@ bool LineReader::TakeLine(std::string& line) {
         line = buffer_.substr(0, end);
         buffer_.erase(0, end + 1);
     }
-    searched_ = 0;
     if (!line.empty() && line.back() == '\r')
         line.pop_back();
     return true;

@@ -23,7 +23,6 @@ private:
     bool TakeLine(std::string& line);
 
     std::string buffer_;
-    std::size_t searched_ = 0;
     bool ended_ = false;
     int wakeRead_ = -1;
     int wakeWrite_ = -1;

@@ -1,5 +1,6 @@
 #include "hosts/terminal/cell_measurer.h"
 
+#include "platform/drawing/text_fit.h"
 #include "platform/metrics.h"
 
 #include <algorithm>
@@ -20,10 +21,6 @@ constexpr wchar_t Ellipsis = 0x2026;
 
 int AtDpi(int length) {
     return std::max(1, length * Dpi() / 96);
-}
-
-bool IsControl(wchar_t character) {
-    return character < 0x20 || (character >= 0x7F && character < 0xA0);
 }
 
 /// They would turn round what the terminal shows beside the text.
@@ -68,7 +65,7 @@ CellMeasurer::CellMeasurer(bool unicode)
 int CellMeasurer::Columns(wchar_t character) const {
     if (!IsCharacter(character))
         return 1;
-    if (!IsControl(character) && HasNoWidth(character))
+    if (!IsControlCharacter(character) && HasNoWidth(character))
         return 0;
     if (!unicode_)
         return static_cast<int>(Shown(character).size());
@@ -80,7 +77,7 @@ std::wstring CellMeasurer::Shown(wchar_t character) const {
         return L" ";
     if (IsDirection(character))
         return {};
-    if (IsControl(character) || !IsCharacter(character))
+    if (IsControlCharacter(character) || !IsCharacter(character))
         return unicode_ ? L"\uFFFD" : L"?";
     if (unicode_ || character < 0x80)
         return std::wstring(1, character);

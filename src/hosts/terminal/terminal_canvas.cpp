@@ -1,5 +1,6 @@
 #include "hosts/terminal/terminal_canvas.h"
 
+#include "platform/controls/static_text.h"
 #include "platform/drawing/picture.h"
 #include "platform/drawing/rectangles.h"
 #include "platform/metrics.h"
@@ -20,11 +21,6 @@ constexpr wchar_t Ellipsis = 0x2026;
 int Floor(int value, int by) {
     const int result = value / by;
     return value % by < 0 ? result - 1 : result;
-}
-
-bool IsOfClass(HWND control, std::wstring_view name) {
-    wchar_t known[32] = {};
-    return control != nullptr && GetClassNameW(control, known, 32) > 0 && name == known;
 }
 
 } // namespace
@@ -90,7 +86,8 @@ int TerminalCanvas::Row(int top, int height) const {
         return menuFirstRow_ + Floor(top + height / 2 - menu_->top, MenuItemHeight());
     if (height > cell * 3 / 2)
         return BodyRow(top, height);
-    return IsEdit() || IsOfClass(marks_.control, L"Static") ? ControlRow(top, height) : BodyRow(top, height);
+    return IsEdit() || dynamic_cast<const StaticText*>(ControlOf(marks_.control)) ? ControlRow(top, height)
+                                                                                  : BodyRow(top, height);
 }
 
 TerminalCanvas::Span TerminalCanvas::Rows(const RECT& rectangle) const {

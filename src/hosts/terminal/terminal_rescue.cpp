@@ -25,7 +25,7 @@ std::size_t leavingLength = 0;
 /// Null when the terminal has no such thing.
 const char* Capability(const char* name) {
     const char* text = tigetstr(name);
-    return text == reinterpret_cast<const char*>(-1) ? nullptr : text; // NOLINT(performance-no-int-to-ptr)
+    return text == reinterpret_cast<const char*>(-1) ? nullptr : text;
 }
 
 void Collect(const char* text) {

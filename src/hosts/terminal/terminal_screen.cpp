@@ -39,7 +39,7 @@ bool IsUnicodeLocale() {
 
 bool Has(const char* capability) {
     const char* text = tigetstr(capability);
-    return text != nullptr && text != reinterpret_cast<const char*>(-1); // NOLINT(performance-no-int-to-ptr)
+    return text != nullptr && text != reinterpret_cast<const char*>(-1);
 }
 
 std::optional<TerminalKey> KeyOf(const std::string& sequence) {

@@ -5,8 +5,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
+#include <regex>
 
 namespace device {
 
@@ -23,34 +23,20 @@ int Percent(double zoom) {
     return static_cast<int>(std::lround(zoom * 100.0));
 }
 
-/// Takes `before` and a number of `least` to `most` off the front of `text`.
-bool Take(std::string_view& text, std::string_view before, LONG least, LONG most, LONG& number) {
-    if (text.substr(0, before.size()) != before)
-        return false;
-    text.remove_prefix(before.size());
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc{} || number < least || number > most)
-        return false;
-    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
-    return true;
-}
-
 } // namespace
 
 std::optional<RememberedSize> RememberedSize::Parse(std::string_view text) {
-    RememberedSize size;
-    LONG percent = 0;
-    const bool isOurs = Take(text, "screen=", LeastSide, MostSide, size.screen.cx)
-        && Take(text, "x", LeastSide, MostSide, size.screen.cy)
-        && Take(text, "\nzoom=", ZoomSteps.front(), ZoomSteps.back(), percent);
-    LONG isFixed = percent != 100 ? 1 : 0;
-    if (text != "\n" && !Take(text, "\nfixed=", 0, 1, isFixed))
+    static const std::regex Form("screen=([0-9]{2,5})x([0-9]{2,5})\nzoom=([0-9]{2,4})\n(?:fixed=([01])\n)?");
+    std::cmatch parts;
+    if (!std::regex_match(text.data(), text.data() + text.size(), parts, Form))
         return std::nullopt;
-    if (!isOurs || text != "\n")
+    const SIZE screen{std::stoi(parts[1]), std::stoi(parts[2])};
+    const int percent = std::stoi(parts[3]);
+    const bool isPossible = std::min(screen.cx, screen.cy) >= LeastSide && std::max(screen.cx, screen.cy) <= MostSide
+        && percent >= ZoomSteps.front() && percent <= ZoomSteps.back();
+    if (!isPossible)
         return std::nullopt;
-    size.zoom = percent / 100.0;
-    size.isFixed = isFixed != 0;
-    return size;
+    return RememberedSize{screen, percent / 100.0, parts[4].matched ? parts[4] == "1" : percent != 100};
 }
 
 std::string RememberedSize::ToText() const {

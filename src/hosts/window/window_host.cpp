@@ -67,7 +67,7 @@ void WindowHost::Window::CopyToWindow(const RECT& imagePlace) {
     if (surface == nullptr || pixels == nullptr || IsRectEmpty(place))
         return;
     SDL_Surface* image = SDL_CreateRGBSurfaceWithFormatFrom(
-        const_cast<unsigned char*>(pixels), size.cx, size.cy, 32, canvas->Stride(), SDL_PIXELFORMAT_RGB888); // NOLINT
+        const_cast<unsigned char*>(pixels), size.cx, size.cy, 32, canvas->Stride(), SDL_PIXELFORMAT_RGB888);
     if (image == nullptr)
         return;
     SDL_Rect source{place.left, place.top, place.right - place.left, place.bottom - place.top};
@@ -160,21 +160,16 @@ void WindowHost::Window::Tell(int signal) {
 }
 
 void WindowHost::Window::Add(InputEvent::Kind kind) {
-    if (kind == InputEvent::Kind::None)
-        return;
-    InputEvent event;
-    event.kind = kind;
-    events.push_back(event);
+    if (kind != InputEvent::Kind::None)
+        events.push_back({.kind = kind});
 }
 
 InputEvent WindowHost::Window::MouseEvent(InputEvent::Kind kind, int x, int y) const {
     const double scale = PixelsPerPoint(handle) / zoom;
-    InputEvent event;
-    event.kind = kind;
-    event.modifiers = Keyboard::Modifiers();
-    event.x = static_cast<int>(std::floor(x * scale));
-    event.y = static_cast<int>(std::floor(y * scale));
-    return event;
+    return {.kind = kind,
+        .modifiers = Keyboard::Modifiers(),
+        .x = static_cast<int>(std::floor(x * scale)),
+        .y = static_cast<int>(std::floor(y * scale))};
 }
 
 void WindowHost::Window::TranslateButton(const SDL_MouseButtonEvent& event) {
@@ -299,14 +294,6 @@ std::unique_ptr<WindowHost> WindowHost::Open(std::string& error) {
         return nullptr;
     }
     return std::unique_ptr<WindowHost>(new WindowHost(std::move(window)));
-}
-
-SIZE WindowHost::ScreenSize() const {
-    return window_->screen;
-}
-
-double WindowHost::Zoom() const {
-    return window_->zoom;
 }
 
 bool WindowHost::NextEvent(InputEvent& event, bool wait) {

@@ -19,10 +19,6 @@ public:
     WindowHost(const WindowHost&) = delete;
     WindowHost& operator=(const WindowHost&) = delete;
 
-    /// In device pixels.
-    SIZE ScreenSize() const;
-    double Zoom() const;
-
     bool NextEvent(InputEvent& event, bool wait) override;
     /// After a Resize event everything has to be painted anew.
     Canvas& Screen() override;

@@ -183,11 +183,7 @@ void WindowHost::Window::ApplyResize() {
     canvas->Resize(screen, zoom);
     isPainted = false;
     isFlashShown = false;
-    InputEvent event;
-    event.kind = InputEvent::Kind::Resize;
-    event.x = size.cx;
-    event.y = size.cy;
-    events.push_back(event);
+    events.push_back({.kind = InputEvent::Kind::Resize, .x = size.cx, .y = size.cy});
 }
 
 } // namespace device

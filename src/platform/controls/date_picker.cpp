@@ -237,7 +237,6 @@ void DatePicker::Paint(HDC context) {
     FillRect(context, &client, GetSysColorBrush(COLOR_WINDOW));
     const std::vector<DateParts::Piece> pieces = parts_.Pieces();
     const std::vector<RECT> places = PiecePlaces(pieces);
-    SetBkMode(context, TRANSPARENT);
     for (std::size_t index = 0; index < pieces.size(); ++index) {
         RECT place = places[index];
         const bool chosen = focused && pieces[index].part == Part();

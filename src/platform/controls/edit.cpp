@@ -57,7 +57,6 @@ void Edit::Settle() {
 void Edit::Changed() {
     goalX_ = -1;
     Moved();
-    Notify(EN_CHANGE);
 }
 
 LRESULT Edit::SetText(const wchar_t* text) {
@@ -66,8 +65,6 @@ LRESULT Edit::SetText(const wchar_t* text) {
     layout_.ScrollToStart();
     caretMoved_ = false;
     Redraw();
-    if (!IsMultiline())
-        Notify(EN_CHANGE);
     return TRUE;
 }
 
@@ -86,25 +83,15 @@ void Edit::OpenFullScreen() {
     FullScreenText result = EditFullScreen(self, {text_.Text(), text_.Caret()}, limit_);
     if (!IsWindow(self) || !result.taken)
         return;
-    const bool changed = result.text != text_.Text();
     text_.Set(std::move(result.text), Rules());
     text_.MoveTo(result.caret, false);
-    goalX_ = -1;
-    Moved();
-    if (changed)
-        Notify(EN_CHANGE);
+    Changed();
 }
 
 // Messages
 
 void Edit::Create() {
     text_.Set(Control::Text(), Rules());
-}
-
-LRESULT Edit::FocusChanged(UINT code) const {
-    Redraw();
-    Notify(code);
-    return 0;
 }
 
 LRESULT Edit::Select(std::int32_t start, std::int32_t end) {
@@ -127,10 +114,9 @@ LRESULT Edit::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     case WM_SETTEXT:
         return SetText(TextAt(lParam));
-    case WM_SETFOCUS:
-        return FocusChanged(EN_SETFOCUS);
     case WM_KILLFOCUS:
-        return FocusChanged(EN_KILLFOCUS);
+        Notify(EN_KILLFOCUS);
+        return 0;
     case EM_SETSEL:
         return Select(static_cast<std::int32_t>(wParam), static_cast<std::int32_t>(lParam));
     case EM_SCROLLCARET:

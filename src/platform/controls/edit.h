@@ -65,7 +65,6 @@ private:
     void Settle();
     void Create();
     LRESULT SetText(const wchar_t* text);
-    LRESULT FocusChanged(UINT code) const;
     LRESULT Select(std::int32_t start, std::int32_t end);
     LRESULT SetNumbersMode(bool isOn);
     void MoveLines(int step, bool extend);

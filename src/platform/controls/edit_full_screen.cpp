@@ -53,10 +53,10 @@ void Close(HWND dialog, Session& session, bool taken) {
 
 LPARAM DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
-        Open(dialog, *reinterpret_cast<Session*>(lParam)); // NOLINT(performance-no-int-to-ptr)
+        Open(dialog, *reinterpret_cast<Session*>(lParam));
         return 0;
     }
-    auto* session = reinterpret_cast<Session*>(GetWindowLongW(dialog, GWL_USERDATA)); // NOLINT
+    auto* session = reinterpret_cast<Session*>(GetWindowLongW(dialog, GWL_USERDATA));
     switch (message) {
     case WM_SIZE:
         Fill(dialog);

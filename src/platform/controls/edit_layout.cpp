@@ -11,12 +11,9 @@ namespace {
 /// A bare caret behind the last character still shows.
 constexpr int CaretWidth = 2;
 
-/// Lines above a change that it may still move: the word that did not fit a line may go on over two more.
-constexpr std::size_t LinesAbove = 3;
-
-bool BreaksAlike(const EditLayout::Frame& first, const EditLayout::Frame& second) {
+bool IsSame(const EditLayout::Frame& first, const EditLayout::Frame& second) {
     return first.measurer == second.measurer && first.font == second.font && first.client.cx == second.client.cx
-        && first.padding == second.padding && first.lines == second.lines;
+        && first.client.cy == second.client.cy && first.padding == second.padding && first.lines == second.lines;
 }
 
 int TextWidth(const EditLayout::Frame& frame) {
@@ -34,52 +31,15 @@ int LinesShownIn(const EditLayout::Frame& frame) {
 } // namespace
 
 void EditLayout::Update(const Frame& frame, const std::wstring& text) {
-    const bool keepsLines = !lines_.empty() && BreaksAlike(frame, frame_);
-    const bool isSame = keepsLines && frame.client.cy == frame_.client.cy && text == text_;
-    if (isSame)
+    if (!lines_.empty() && IsSame(frame, frame_) && text == text_)
         return;
     frame_ = frame;
     if (!frame_.lines)
         lines_.assign(1, TextLine{0, text.size(), text.size()});
-    else if (keepsLines)
-        Rebreak(text);
     else
         lines_ = BreakLines(*frame_.measurer, frame_.font, text, TextWidth(frame_));
     text_ = text;
     ScrollBy(0);
-}
-
-// What stands before the change is kept, and what stands behind it from where a new line starts at the same place of
-// the text as an old one.
-void EditLayout::Rebreak(const std::wstring& text) {
-    const std::size_t common = std::min(text.size(), text_.size());
-    const auto same
-        = std::mismatch(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(common), text_.begin()).first;
-    const auto before = static_cast<std::size_t>(same - text.begin());
-    const auto most = static_cast<std::ptrdiff_t>(common - before);
-    const auto after = static_cast<std::size_t>(
-        std::mismatch(text.rbegin(), text.rbegin() + most, text_.rbegin()).first - text.rbegin());
-    const std::size_t moved = text.size() - text_.size(); // wraps around where the text became shorter
-
-    const std::size_t changed = LineOf(before);
-    const auto first = lines_.begin() + static_cast<std::ptrdiff_t>(changed - std::min(changed, LinesAbove));
-    const std::size_t start = first->start;
-    auto kept = std::lower_bound(lines_.begin(), lines_.end(), text_.size() - after,
-        [](const TextLine& line, std::size_t index) { return line.start < index; });
-    for (auto line = kept; line != lines_.end(); ++line)
-        *line = {line->start + moved, line->end + moved, line->next + moved};
-    LineBreaker breaker(*frame_.measurer, frame_.font, text, TextWidth(frame_));
-    std::vector<TextLine> fresh;
-    for (std::size_t next = start;; next = fresh.back().next) {
-        fresh.push_back(breaker.Next(next));
-        if (breaker.IsLast(fresh.back()))
-            kept = lines_.end();
-        while (kept != lines_.end() && kept->start < fresh.back().next)
-            ++kept;
-        if (breaker.IsLast(fresh.back()) || (kept != lines_.end() && kept->start == fresh.back().next))
-            break;
-    }
-    lines_.insert(lines_.erase(first, kept), fresh.begin(), fresh.end());
 }
 
 bool EditLayout::FitsIn(const Frame& frame, std::wstring_view text) {

@@ -20,7 +20,7 @@ public:
         bool lines = false; ///< broken into lines; otherwise one line that scrolls sideways
     };
 
-    /// Makes the lines anew as far as something has changed.
+    /// Makes the lines anew where something has changed.
     void Update(const Frame& frame, const std::wstring& text);
     const std::vector<TextLine>& Lines() const { return lines_; }
     int LineHeight() const;
@@ -51,9 +51,6 @@ public:
     void ScrollBy(int lines);
 
 private:
-    /// The lines of a text that differs from the former one.
-    void Rebreak(const std::wstring& text);
-
     Frame frame_;
     std::wstring text_;
     std::vector<TextLine> lines_;

@@ -53,7 +53,6 @@ void Edit::Paint(HDC context) {
     FillRect(context, &client, GetSysColorBrush(IsReadOnly() ? COLOR_3DFACE : COLOR_WINDOW));
     if (layout_.Lines().empty())
         return;
-    SetBkMode(context, TRANSPARENT);
     const LONG padding = FieldPadding();
     const int saved = SaveDC(context);
     ClipContext(context, {padding / 2, IsMultiline() ? padding / 2 : 0, client.right - padding / 2, client.bottom});

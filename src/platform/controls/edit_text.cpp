@@ -10,10 +10,6 @@ namespace device {
 
 namespace {
 
-bool IsControlCharacter(wchar_t character) {
-    return character < L' ' || (character >= 0x7F && character < 0xA0);
-}
-
 bool IsDigit(wchar_t character) {
     return character >= L'0' && character <= L'9';
 }

@@ -102,12 +102,7 @@ void ListBox::Step(int step, bool wrap) {
         index = (index + Count()) % Count();
     index = std::clamp(index, 0, Count() - 1);
     if (index != selected_)
-        SelectAndNotify(index);
-}
-
-void ListBox::SelectAndNotify(int index) {
-    Select(index);
-    Notify(LBN_SELCHANGE);
+        Select(index);
 }
 
 void ListBox::KeyDown(WORD key) {
@@ -127,7 +122,7 @@ void ListBox::Character(wchar_t character) {
     const int row = NextBeginningWith(character, Count(), selected_,
         [this](int index) { return rows_[static_cast<std::size_t>(index)].text.c_str(); });
     if (row >= 0 && row != selected_)
-        SelectAndNotify(row);
+        Select(row);
 }
 
 int ListBox::RowAt(POINT point) const {
@@ -139,7 +134,7 @@ void ListBox::LeftPress(POINT point, WPARAM /*keys*/) {
     if (IsSpinner())
         Step(point.x < Client().right / 2 ? -1 : 1, true);
     else if (const int row = RowAt(point); row >= 0 && row != selected_)
-        SelectAndNotify(row);
+        Select(row);
 }
 
 // A row that is chosen twice is taken, as the Action key takes it.
@@ -297,7 +292,6 @@ void ListBox::PaintRows(HDC context, const RECT& client) const {
 }
 
 void ListBox::Paint(HDC context) {
-    SetBkMode(context, TRANSPARENT);
     if (IsSpinner())
         PaintSpinner(context, Client());
     else

@@ -57,7 +57,6 @@ private:
     LRESULT Select(int index);
     void Step(int step, bool wrap);
     int RowAt(POINT point) const;
-    void SelectAndNotify(int index);
     void Changed();
     int RowHeight() const;
     int RowsShown() const;

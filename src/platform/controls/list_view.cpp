@@ -12,11 +12,7 @@
 
 namespace device {
 
-// The header has no window of its own: the list answers for it.
 namespace {
-
-constexpr UINT HeaderGetItemCount = 0x1200;
-constexpr UINT HeaderGetItemRect = 0x1207;
 
 DWORD StyleOf(HWND window) {
     return static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
@@ -235,11 +231,11 @@ LRESULT ListView::ColumnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return SetColumnWidth(column, static_cast<std::int16_t>(LOWORD(static_cast<std::uintptr_t>(lParam))));
     case LVM_GETCOLUMNWIDTH:
         return HasColumn(column) ? columns_[wParam].width : 0;
-    case LVM_GETHEADER:
+    case LVM_GETHEADER: // it has no window of its own: the list answers for it
         return reinterpret_cast<LRESULT>(Handle());
-    case HeaderGetItemCount:
+    case HDM_GETITEMCOUNT:
         return static_cast<LRESULT>(columns_.size());
-    case HeaderGetItemRect:
+    case HDM_GETITEMRECT:
         return HeaderRect(column, Pointer<RECT>(lParam));
     default:
         return Control::Message(message, wParam, lParam);

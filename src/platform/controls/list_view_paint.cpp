@@ -30,16 +30,15 @@ void ListView::PaintGround(HDC context) {
 
 void ListView::Paint(HDC context) {
     const RECT client = Client();
-    SetBkMode(context, TRANSPARENT);
     const RECT clip = ContextClip(context);
-    const LONG origin = ContextOrigin(context).y;
     const PaintMarks marks = ContextMarks(context);
     const bool focusShown = GetFocus() == Handle();
     for (int row = rows_.First(); row < rows_.Count(); ++row) {
         const RECT place = RowRect(row);
-        if (place.top >= client.bottom || place.top + origin >= clip.bottom)
+        const RECT onCanvas = ToCanvas(context, place);
+        if (place.top >= client.bottom || onCanvas.top >= clip.bottom)
             break;
-        if (place.bottom + origin <= clip.top)
+        if (onCanvas.bottom <= clip.top)
             continue;
         PaintMarks own = marks;
         own.selected = rows_.IsSelected(row);
@@ -49,7 +48,7 @@ void ListView::Paint(HDC context) {
         else
             PaintRow(context, row, place);
         if (focusShown && row == rows_.Focused() && !own.selected)
-            ContextCanvas(context).Frame(ToCanvas(context, place), GetSysColor(COLOR_HIGHLIGHT), 1);
+            ContextCanvas(context).Frame(onCanvas, GetSysColor(COLOR_HIGHLIGHT), 1);
     }
     SetContextMarks(context, marks);
     if (HeaderHeight() > 0) // over a row that is hidden in part

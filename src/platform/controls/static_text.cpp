@@ -14,7 +14,6 @@ void StaticText::Paint(HDC context) {
     const bool centred = (static_cast<DWORD>(GetWindowLongW(Handle(), GWL_STYLE)) & SS_TYPEMASK) == SS_CENTER;
     const UINT breaking = HasStyle(SS_ENDELLIPSIS) ? DT_SINGLELINE | DT_END_ELLIPSIS : DT_WORDBREAK;
     SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
-    SetBkMode(context, TRANSPARENT);
     DrawTextW(context, text.c_str(), static_cast<int>(text.size()), &client,
         breaking | DT_NOPREFIX | (centred ? DT_CENTER : 0));
 }

@@ -11,7 +11,6 @@ namespace device {
 struct ContextState {
     HFONT font = nullptr;
     HPEN pen = nullptr;
-    HBRUSH brush = nullptr;
     FontReference fontDescription;
     Pen penDescription;
     COLORREF textColor = RGB(0, 0, 0);

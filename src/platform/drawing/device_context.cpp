@@ -1,10 +1,10 @@
 #include "platform/drawing/context_state.h"
 
 #include "platform/drawing/canvas.h"
-#include "platform/drawing/handle_table.h"
 #include "platform/drawing/recording_canvas.h"
 #include "platform/drawing/rectangles.h"
 #include "platform/metrics.h"
+#include "platform/system/handle_table.h"
 
 #include <memory>
 #include <utility>
@@ -43,7 +43,7 @@ HGDIOBJ Select(ContextState& state, HGDIOBJ handle, const GdiObject& object) {
         state.penDescription = *pen;
         return std::exchange(state.pen, handle);
     }
-    return std::exchange(state.brush, handle);
+    return nullptr; // brushes are named where something is filled
 }
 
 } // namespace
@@ -73,7 +73,7 @@ void SetWindowTarget(bool (*describe)(HWND window, ContextTarget& target)) {
 HDC CreateContext(const ContextTarget& target) {
     Context context{target.canvas != nullptr ? target.canvas : &NoScreen(), target.origin, {}, {}};
     ContextState& state = context.state;
-    for (HGDIOBJ object : {SystemFont(), ThinPen(), WhiteBrush()})
+    for (HGDIOBJ object : {SystemFont(), ThinPen()})
         Select(state, object, *FindObject(object));
     const GdiObject* font = FindObject(target.font);
     if (std::get_if<FontReference>(font))
@@ -105,21 +105,12 @@ Canvas& ContextCanvas(HDC context) {
     return *ContextOrBlank(context).canvas;
 }
 
-POINT ContextOrigin(HDC context) {
-    return ContextOrBlank(context).origin;
-}
-
 RECT ContextClip(HDC context) {
     return ContextOrBlank(context).state.clip;
 }
 
 RECT ToCanvas(HDC context, const RECT& rectangle) {
-    return Moved(rectangle, ContextOrigin(context));
-}
-
-POINT ToCanvas(HDC context, POINT point) {
-    const POINT origin = ContextOrigin(context);
-    return {point.x + origin.x, point.y + origin.y};
+    return Moved(rectangle, ContextOrBlank(context).origin);
 }
 
 } // namespace device
@@ -177,10 +168,6 @@ COLORREF SetBkColor(HDC context, COLORREF color) {
     return found != nullptr ? std::exchange(found->state.backgroundColor, color) : 0;
 }
 
-int SetBkMode(HDC context, int mode) {
-    return FindContext(context) != nullptr && mode == TRANSPARENT ? TRANSPARENT : 0;
-}
-
 int FillRect(HDC context, const RECT* rectangle, HBRUSH brush) {
     const Context* found = FindContext(context);
     COLORREF color = 0;
@@ -206,11 +193,11 @@ BOOL LineTo(HDC context, int x, int y) {
     Context* found = FindContext(context);
     if (found == nullptr)
         return FALSE;
-    const POINT from = ToCanvas(context, found->state.position);
+    const POINT from = Moved(found->state.position, found->origin);
+    const POINT to = Moved(POINT{x, y}, found->origin);
     found->state.position = {x, y};
     const ContextPainter painter(*found);
     if (painter.Shows())
-        painter->Line(
-            from, ToCanvas(context, POINT{x, y}), found->state.penDescription.color, found->state.penDescription.width);
+        painter->Line(from, to, found->state.penDescription.color, found->state.penDescription.width);
     return TRUE;
 }

@@ -18,8 +18,8 @@ struct ContextTarget {
 /// Installed once by whoever owns the windows. Until then GetDC(nullptr) alone works, and only measures.
 void SetWindowTarget(bool (*describe)(HWND window, ContextTarget& target));
 
-/// A new context: black text on white, transparent background, the thin black pen, the white brush. Coordinates given
-/// to it are relative to its origin. Null when there are too many. The canvas must outlive it.
+/// A new context: black text, the thin black pen. Coordinates given to it are relative to its origin. Null when there
+/// are too many. The canvas must outlive it.
 HDC CreateContext(const ContextTarget& target);
 /// False for a stale handle.
 bool DestroyContext(HDC context);
@@ -32,7 +32,6 @@ void ClipContext(HDC context, const RECT& clip);
 
 /// A canvas that nobody sees for a stale handle.
 Canvas& ContextCanvas(HDC context);
-POINT ContextOrigin(HDC context);
 /// In the canvas's coordinates.
 RECT ContextClip(HDC context);
 
@@ -41,8 +40,7 @@ const FontDescription& FontOf(HFONT font);
 /// True for a live brush.
 bool BrushColor(HBRUSH brush, COLORREF& color);
 
-/// Rectangles and points between the context's coordinates and the canvas's.
+/// From the context's coordinates to the canvas's.
 RECT ToCanvas(HDC context, const RECT& rectangle);
-POINT ToCanvas(HDC context, POINT point);
 
 } // namespace device

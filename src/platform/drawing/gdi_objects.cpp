@@ -1,8 +1,8 @@
 #include "platform/drawing/gdi_objects.h"
 
 #include "platform/drawing/device_context.h"
-#include "platform/drawing/handle_table.h"
 #include "platform/metrics.h"
+#include "platform/system/handle_table.h"
 
 #include <algorithm>
 #include <cstring>
@@ -16,7 +16,6 @@ namespace {
 constexpr int SystemFontPoints = 9;
 constexpr wchar_t SystemFace[] = L"DejaVu Sans";
 constexpr COLORREF Black = RGB(0, 0, 0);
-constexpr COLORREF White = RGB(255, 255, 255);
 
 FontReference MakeSystemFont() {
     FontDescription font;
@@ -31,16 +30,14 @@ struct Objects {
     HFONT systemFont = nullptr;
     int systemFontDpi = Dpi();
     HPEN thinPen = nullptr;
-    HBRUSH whiteBrush = nullptr;
 
     Objects() {
         systemFont = table.Add(MakeSystemFont());
         thinPen = table.Add(Pen{0, Black});
-        whiteBrush = table.Add(Brush{White});
     }
 
     bool IsOurs(HGDIOBJ object) const {
-        return object == systemFont || object == thinPen || object == whiteBrush
+        return object == systemFont || object == thinPen
             || std::any_of(systemBrushes.begin(), systemBrushes.end(),
                 [object](const auto& brush) { return brush.second == object; });
     }
@@ -76,10 +73,6 @@ HFONT SystemFont() {
 
 HPEN ThinPen() {
     return TheObjects().thinPen;
-}
-
-HBRUSH WhiteBrush() {
-    return TheObjects().whiteBrush;
 }
 
 const FontDescription& FontOf(HFONT font) {

@@ -29,6 +29,5 @@ HGDIOBJ AddObject(GdiObject object);
 /// The objects that every context begins with. Nothing deletes them.
 HFONT SystemFont();
 HPEN ThinPen();
-HBRUSH WhiteBrush();
 
 } // namespace device

@@ -1,9 +1,9 @@
 #include "platform/drawing/icons.h"
 
 #include "platform/drawing/context_state.h"
-#include "platform/drawing/handle_table.h"
 #include "platform/drawing/picture.h"
 #include "platform/drawing/rectangles.h"
+#include "platform/system/handle_table.h"
 
 #include <utility>
 #include <vector>

@@ -30,6 +30,10 @@ inline int HeightOf(const RECT& rectangle) {
     return static_cast<int>(rectangle.bottom - rectangle.top);
 }
 
+inline POINT Moved(POINT point, POINT by) {
+    return {point.x + by.x, point.y + by.y};
+}
+
 inline RECT Moved(const RECT& rectangle, POINT by) {
     return {rectangle.left + by.x, rectangle.top + by.y, rectangle.right + by.x, rectangle.bottom + by.y};
 }

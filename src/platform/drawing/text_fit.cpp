@@ -44,12 +44,8 @@ bool IsRegional(wchar_t unit) {
     return character >= 0x1F1E6 && character <= 0x1F1FF;
 }
 
-bool IsDrawnBlank(char32_t character) {
+bool IsDrawnBlank(wchar_t character) {
     return (character >= 0x9 && character <= 0xD) || character == 0x85 || character == 0x2028 || character == 0x2029;
-}
-
-bool IsControl(char32_t character) {
-    return character < 0x20 || (character >= 0x7F && character < 0xA0);
 }
 
 bool IsBlank(wchar_t character) {
@@ -89,12 +85,14 @@ std::size_t PreviousTextBoundary(std::wstring_view text, std::size_t index) {
     return index;
 }
 
+bool IsControlCharacter(wchar_t character) {
+    return character < L' ' || (character >= 0x7F && character < 0xA0);
+}
+
 std::wstring DrawableText(std::wstring_view text) {
     std::wstring drawable(text);
-    for (wchar_t& character : drawable) {
-        const auto point = static_cast<char32_t>(character);
-        character = IsDrawnBlank(point) ? L' ' : IsControl(point) ? L'\uFFFD' : character;
-    }
+    for (wchar_t& character : drawable)
+        character = IsDrawnBlank(character) ? L' ' : IsControlCharacter(character) ? L'\uFFFD' : character;
     return drawable;
 }
 

@@ -14,6 +14,8 @@ bool IsTextBoundary(std::wstring_view text, std::size_t index);
 std::size_t NextTextBoundary(std::wstring_view text, std::size_t index);
 std::size_t PreviousTextBoundary(std::wstring_view text, std::size_t index);
 
+/// Neither drawn nor typed.
+bool IsControlCharacter(wchar_t character);
 /// `text` without characters that no face draws: blanks of every kind are spaces, control characters U+FFFD. One
 /// character stays one character, so that an index into the text is an index into what is laid out.
 std::wstring DrawableText(std::wstring_view text);

@@ -20,12 +20,6 @@ Screen& TheScreen() {
     return device::MadeForEnvironment<Screen>();
 }
 
-RECT WorkArea() {
-    const SIZE screen = device::ScreenSize();
-    const int top = std::min<int>(device::TitleHeight(), screen.cy);
-    return {0, top, screen.cx, std::max<int>(top, screen.cy - device::SoftKeyBarHeight())};
-}
-
 } // namespace
 
 COLORREF GetSysColor(int index) {
@@ -58,7 +52,7 @@ int GetSystemMetrics(int index) {
 BOOL SystemParametersInfoW(UINT action, UINT /*parameter*/, void* data, UINT /*update*/) {
     if (action != SPI_GETWORKAREA || data == nullptr)
         return FALSE;
-    *static_cast<RECT*>(data) = WorkArea();
+    *static_cast<RECT*>(data) = device::WorkArea();
     return TRUE;
 }
 
@@ -68,6 +62,12 @@ int device::TitleHeight() {
 
 int device::SoftKeyBarHeight() {
     return std::max(Scaled(BarHeight), TouchTarget());
+}
+
+RECT device::WorkArea() {
+    const SIZE screen = ScreenSize();
+    const int top = std::min<int>(TitleHeight(), screen.cy);
+    return {0, top, screen.cx, std::max<int>(top, screen.cy - SoftKeyBarHeight())};
 }
 
 int device::Dpi() {

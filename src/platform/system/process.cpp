@@ -5,22 +5,18 @@
 #include "platform/resources.h"
 #include "platform/system/device_paths.h"
 #include "platform/system/environment.h"
+#include "platform/system/handle_table.h"
 #include "platform/system/host_file.h"
 #include "platform/system/named_mutex.h"
 
 #include <chrono>
 #include <cstring>
 #include <cwchar>
-#include <map>
 #include <thread>
 
 namespace {
 
-/// Handles are numbers; a mutex lives as long as its number.
-struct OpenMutexes {
-    std::map<std::uintptr_t, std::unique_ptr<device::NamedMutex>> byHandle;
-    std::uintptr_t lastHandle = 0;
-};
+using OpenMutexes = device::HandleTable<HANDLE, std::unique_ptr<device::NamedMutex>>;
 
 OpenMutexes& TheMutexes() {
     return device::MadeForEnvironment<OpenMutexes>();
@@ -49,15 +45,12 @@ HANDLE CreateMutexW(const void* /*security*/, BOOL /*initiallyOwned*/, const wch
         SetLastError(static_cast<DWORD>(opened.error));
         return nullptr;
     }
-    OpenMutexes& mutexes = TheMutexes();
-    const std::uintptr_t handle = ++mutexes.lastHandle;
-    mutexes.byHandle.emplace(handle, std::move(opened.mutex));
     SetLastError(opened.existed ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS);
-    return reinterpret_cast<HANDLE>(handle); // NOLINT(performance-no-int-to-ptr): a number that looks like a handle
+    return TheMutexes().Add(std::move(opened.mutex));
 }
 
 BOOL CloseHandle(HANDLE handle) {
-    const bool closed = TheMutexes().byHandle.erase(reinterpret_cast<std::uintptr_t>(handle)) != 0;
+    const bool closed = TheMutexes().Remove(handle);
     SetLastError(closed ? ERROR_SUCCESS : ERROR_INVALID_HANDLE);
     return closed ? TRUE : FALSE;
 }

@@ -16,7 +16,7 @@ constexpr std::size_t NeededDescriptors = 64;
 /// A closed one would be given to the next file that is opened, and what is told there would be written into that file.
 bool OpenStandardDescriptors() {
     while (true) {
-        const int descriptor = open("/dev/null", O_RDWR); // NOLINT(android-cloexec-open): as the standard ones are
+        const int descriptor = open("/dev/null", O_RDWR); // it stays open over exec, as the standard ones do
         if (descriptor > STDERR_FILENO)
             close(descriptor);
         if (descriptor < 0 || descriptor > STDERR_FILENO)

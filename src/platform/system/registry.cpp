@@ -2,14 +2,14 @@
 
 #include "platform/system/console_registry.h"
 #include "platform/system/environment.h"
+#include "platform/system/handle_table.h"
 #include "platform/system/host_file.h"
 #include "platform/system/troubles.h"
 
 #include <algorithm>
 #include <cstring>
-#include <map>
 
-const HKEY HKEY_CURRENT_USER = reinterpret_cast<HKEY>(static_cast<std::uintptr_t>(0x80000001U)); // NOLINT
+const HKEY HKEY_CURRENT_USER = reinterpret_cast<HKEY>(static_cast<std::uintptr_t>(0x80000001U));
 
 namespace {
 
@@ -27,8 +27,7 @@ struct OpenKey {
 /// The keys that are open, what was last read, and the changes that wait for their key to be closed or for
 /// a file that takes them; one a value.
 struct Registry {
-    std::map<std::uintptr_t, OpenKey> keys;
-    std::uintptr_t lastHandle = 0;
+    device::HandleTable<HKEY, OpenKey> keys;
     RegistryFile file{device::TheEnvironment().registryFile};
     std::vector<device::RegistryChange> changes;
 };
@@ -38,9 +37,7 @@ Registry& TheRegistry() {
 }
 
 OpenKey* Find(HKEY key) {
-    auto& keys = TheRegistry().keys;
-    const auto found = keys.find(reinterpret_cast<std::uintptr_t>(key));
-    return found == keys.end() ? nullptr : &found->second;
+    return TheRegistry().keys.Find(key);
 }
 
 /// The path of `name` below `parent`; nothing for a handle that is none.
@@ -55,13 +52,6 @@ std::optional<std::wstring> PathOf(HKEY parent, const wchar_t* name) {
     if (name != nullptr && *name != L'\0')
         path += (path.empty() ? L"" : L"\\") + std::wstring{name};
     return path;
-}
-
-HKEY Open(const std::wstring& path, DWORD access) {
-    Registry& registry = TheRegistry();
-    const std::uintptr_t handle = ++registry.lastHandle;
-    registry.keys.emplace(handle, OpenKey{path, access});
-    return reinterpret_cast<HKEY>(handle); // NOLINT(performance-no-int-to-ptr): a number that looks like a handle
 }
 
 std::optional<RegistryValue> ValueOf(const std::wstring& key, const std::wstring& name) {
@@ -104,7 +94,7 @@ LONG RegCreateKeyExW(HKEY parent, const wchar_t* name, DWORD /*reserved*/, const
     ReadAnew();
     if (disposition != nullptr)
         *disposition = HasKey(*path) ? OpenedExisting : CreatedNew;
-    *key = Open(*path, access);
+    *key = TheRegistry().keys.Add({*path, access});
     return ERROR_SUCCESS;
 }
 
@@ -115,7 +105,7 @@ LONG RegOpenKeyExW(HKEY parent, const wchar_t* name, DWORD /*options*/, DWORD ac
     ReadAnew();
     if (!HasKey(*path))
         return ERROR_FILE_NOT_FOUND;
-    *key = Open(*path, access);
+    *key = TheRegistry().keys.Add({*path, access});
     return ERROR_SUCCESS;
 }
 
@@ -123,11 +113,11 @@ LONG RegCloseKey(HKEY key) {
     if (key == HKEY_CURRENT_USER)
         return ERROR_SUCCESS;
     Registry& registry = TheRegistry();
-    const auto found = registry.keys.find(reinterpret_cast<std::uintptr_t>(key));
-    if (found == registry.keys.end())
+    const OpenKey* open = Find(key);
+    if (open == nullptr)
         return ERROR_INVALID_HANDLE;
-    const bool writes = (found->second.access & SetAccess) != 0;
-    registry.keys.erase(found);
+    const bool writes = (open->access & SetAccess) != 0;
+    registry.keys.Remove(key);
     if (!writes || registry.changes.empty())
         return ERROR_SUCCESS;
     const LONG error = Settled(RegistryFile::Change(device::TheEnvironment().registryFile, registry.changes));

@@ -74,13 +74,6 @@ void RegistryFile::Apply(const RegistryChange& change) {
         contents_.Remove(group, name);
 }
 
-LONG RegistryFile::Write() const {
-    FreshFile fresh{path_, FreshFile::Kind::Replacement};
-    LONG error = fresh.Error();
-    error = error == ERROR_SUCCESS ? WriteAll(fresh.File(), contents_.Text()) : error;
-    return error == ERROR_SUCCESS ? fresh.TakeName() : error;
-}
-
 LONG RegistryFile::Change(const std::string& path, const std::vector<RegistryChange>& changes) {
     const auto isNews = [&changes](const RegistryFile& registry) {
         return std::any_of(changes.begin(), changes.end(), [&registry](const RegistryChange& change) {
@@ -102,7 +95,7 @@ LONG RegistryFile::Change(const std::string& path, const std::vector<RegistryCha
         return registry.error_;
     for (const RegistryChange& change : changes)
         registry.Apply(change);
-    return registry.Write();
+    return ReplaceFile(registry.path_, registry.contents_.Text());
 }
 
 } // namespace device

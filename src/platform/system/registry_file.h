@@ -56,7 +56,6 @@ public:
 
 private:
     void Apply(const RegistryChange& change);
-    LONG Write() const;
 
     std::string path_;
     KeyFile contents_;

@@ -83,7 +83,7 @@ private:
 
 /// What stands behind a parameter of a message.
 template <typename Kind> Kind* Pointer(std::intptr_t value) {
-    return reinterpret_cast<Kind*>(value); // NOLINT(performance-no-int-to-ptr): what the interface passes
+    return reinterpret_cast<Kind*>(value);
 }
 
 /// A text that a message passes; null is an empty one.

@@ -1,6 +1,7 @@
 #include "platform/windowing/desktop.h"
 
 #include "platform/drawing/device_context.h"
+#include "platform/drawing/rectangles.h"
 #include "platform/input.h"
 #include "platform/metrics.h"
 #include "platform/windowing/dialog_scroll.h"
@@ -38,7 +39,7 @@ void Desktop::SwitchOn(Host& host) {
     SwitchOff();
     host_ = &host;
     closing_ = {};
-    beeps = messageBoxBeeps = goBacks = fronts = waitCursors = 0;
+    beeps = goBacks = fronts = waitCursors = 0;
     toldTitle_.clear();
     toldFields_.reset();
     RegisterControls();
@@ -69,17 +70,11 @@ RECT Desktop::BeepPlace() const {
     const Window* top = TopLevelOf(field);
     if (field == top || !top->dialogProcedure)
         return {0, 0, ScreenSize().cx, TitleHeight()};
-    return Intersect(ScreenPlace(*field), ScreenClient(*top));
-}
-
-RECT Desktop::WorkArea() const {
-    const SIZE screen = ScreenSize();
-    const LONG top = std::min<LONG>(TitleHeight(), screen.cy);
-    return {0, top, screen.cx, std::max<LONG>(top, screen.cy - SoftKeyBarHeight())};
+    return Intersection(ScreenPlace(*field), ScreenClient(*top));
 }
 
 void Desktop::Resize(SIZE screen) {
-    SetScreenSize({std::max<LONG>(1, screen.cx), std::max<LONG>(1, screen.cy)});
+    SetScreenSize(screen);
     const RECT area = WorkArea();
     const auto windows = topLevels_;
     for (Window* window : windows) {
@@ -265,7 +260,7 @@ std::wstring Desktop::StoredText(Clipboard where) const {
 
 void Desktop::Invalidate(const RECT& rectangle) {
     const SIZE screen = ScreenSize();
-    const RECT part = Intersect(rectangle, {0, 0, screen.cx, screen.cy});
+    const RECT part = Intersection(rectangle, {0, 0, screen.cx, screen.cy});
     if (IsRectEmpty(part))
         return;
     if (IsRectEmpty(dirty_)) {

@@ -37,7 +37,6 @@ public:
     Window* Front() const;
     /// The frontmost that is not a message box: what a message box stands over.
     Window* FrontFull() const;
-    RECT WorkArea() const;
     void Resize(SIZE screen);
 
     // Focus
@@ -86,7 +85,6 @@ public:
     OpenMenu* Menu() const { return menu_; }
     void SetMenu(OpenMenu* menu);
     int beeps = 0;
-    int messageBoxBeeps = 0;
     int goBacks = 0;
     int fronts = 0;
     int waitCursors = 0;

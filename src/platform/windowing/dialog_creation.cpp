@@ -1,5 +1,5 @@
 #include "platform/dialog.h"
-#include "platform/drawing.h"
+#include "platform/drawing/device_context.h"
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/dialog_loop.h"
@@ -13,14 +13,9 @@ namespace device {
 namespace {
 
 /// Size of a dialog unit times 4 and 8, in pixels, of a font.
-SIZE DialogBase(HWND window, HFONT font) {
-    const HDC context = GetDC(window);
-    const HGDIOBJ former = SelectObject(context, font);
-    TEXTMETRICW metrics;
-    GetTextMetricsW(context, &metrics);
-    SelectObject(context, former);
-    ReleaseDC(window, context);
-    return {std::max<LONG>(metrics.tmAveCharWidth, 1), std::max<LONG>(metrics.tmHeight, 1)};
+SIZE DialogBase(HFONT font) {
+    const FontMetrics metrics = Desktop::The().Screen().Measurer().Metrics(FontOf(font));
+    return {std::max(metrics.averageWidth, 1), std::max(metrics.Height(), 1)};
 }
 
 HFONT TemplateFont(const DLGTEMPLATE& dialogTemplate, int points) {
@@ -73,18 +68,16 @@ RECT ItemPlace(const DialogItemTemplate& item, const DLGTEMPLATE& dialogTemplate
 }
 
 bool CreateItems(HWND dialog, HINSTANCE module, const DLGTEMPLATE& dialogTemplate, const DialogFonts& fonts) {
-    const SIZE base = DialogBase(dialog, fonts.own);
-    const LONG letterWidth = DialogBase(dialog, fonts.shown).cx;
+    const SIZE base = DialogBase(fonts.own);
+    const LONG letterWidth = DialogBase(fonts.shown).cx;
     for (const DialogItemTemplate& item : dialogTemplate.items) {
         const RECT place = ItemPlace(item, dialogTemplate, base, letterWidth);
         const HWND control = CreateWindowExW(0, item.windowClass, item.text, item.style | WS_CHILD,
             static_cast<int>(place.left), static_cast<int>(place.top), static_cast<int>(place.right - place.left),
             static_cast<int>(place.bottom - place.top), dialog,
-            reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(item.id)), module, nullptr); // NOLINT
-        Window* window = FindWindowRecord(control);
-        if (!window)
+            reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(item.id)), module, nullptr);
+        if (!control)
             return false;
-        window->hasId = item.id != NoDialogItemId;
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.shown), 0);
     }
     return true;

@@ -15,7 +15,7 @@ HWND GetDlgItem(HWND dialog, int id) {
     if (!window)
         return nullptr;
     for (const Window* child : window->children)
-        if (child->hasId && child->id == id)
+        if (child->id == id)
             return child->handle;
     return nullptr;
 }

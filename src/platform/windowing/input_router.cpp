@@ -141,7 +141,7 @@ void Desktop::RouteKey(const InputEvent& event) {
 void Desktop::RouteBack(Window& top, bool down) {
     const HWND target = FindWindowRecord(focus_) ? focus_ : active_;
     const SoftKeyBar* bar = SoftKeyBar::Of(top.handle);
-    if (bar && bar->Overrides(VK_TBACK)) {
+    if (bar && bar->OverridesBack()) {
         Post({top.handle, WM_HOTKEY, 0, MAKELPARAM(down ? 0 : MOD_KEYUP, VK_TBACK)});
         // The key goes its way as well, with its default action taken away.
         Post({target, down ? WM_KEYDOWN : WM_KEYUP, VK_TBACK, 0});

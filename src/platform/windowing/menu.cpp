@@ -1,7 +1,7 @@
 #include "platform/windowing/menu.h"
 
-#include "platform/drawing/handle_table.h"
 #include "platform/input.h"
+#include "platform/system/handle_table.h"
 #include "platform/windowing/desktop.h"
 
 #include <algorithm>
@@ -23,17 +23,16 @@ MenuItem* FindItem(HMENU menu, UINT command) {
 
 } // namespace
 
+MenuItem::MenuItem(const MenuItemResource& resource)
+    : text(resource.text ? resource.text : L"")
+    , command(resource.command)
+    , separator(!resource.text)
+    , popup(resource.popup.empty() ? nullptr : std::make_unique<PopupMenu>(resource.popup)) {
+}
+
 PopupMenu::PopupMenu(std::span<const MenuItemResource> items)
-    : handle_(Popups().Add(this)) {
-    for (const MenuItemResource& item : items) {
-        MenuItem added;
-        added.separator = !item.text;
-        added.text = item.text ? item.text : L"";
-        added.command = item.command;
-        if (!item.popup.empty())
-            added.popup = std::make_unique<PopupMenu>(item.popup);
-        items_.push_back(std::move(added));
-    }
+    : handle_(Popups().Add(this))
+    , items_(items.begin(), items.end()) {
 }
 
 PopupMenu::~PopupMenu() {
@@ -56,8 +55,7 @@ int PopupMenu::NextEnabled(int from, int step) const {
     const int count = static_cast<int>(items_.size());
     for (int tried = 0, index = from; tried < count; ++tried, index += step) {
         const int wrapped = ((index % count) + count) % count;
-        const MenuItem& item = items_[static_cast<std::size_t>(wrapped)];
-        if (!item.separator && !item.grayed)
+        if (items_[static_cast<std::size_t>(wrapped)].CanBeChosen())
             return wrapped;
     }
     return -1;
@@ -84,7 +82,7 @@ HACCEL LoadAcceleratorsW(HINSTANCE module, UINT id) {
         return nullptr;
     const bool known = std::any_of(module->accelerators.begin(), module->accelerators.end(),
         [id](const AcceleratorResource& row) { return row.id == id; });
-    return known ? reinterpret_cast<HACCEL>(static_cast<std::uintptr_t>(id)) : nullptr; // NOLINT
+    return known ? reinterpret_cast<HACCEL>(static_cast<std::uintptr_t>(id)) : nullptr;
 }
 
 int TranslateAcceleratorW(HWND window, HACCEL table, MSG* message) {

@@ -10,6 +10,7 @@ namespace device {
 
 class PopupMenu;
 
+/// A line of a popup, or a soft key.
 struct MenuItem {
     std::wstring text;
     UINT command = 0;
@@ -17,6 +18,9 @@ struct MenuItem {
     bool grayed = false;
     bool checked = false;
     std::unique_ptr<PopupMenu> popup;
+
+    explicit MenuItem(const MenuItemResource& resource);
+    bool CanBeChosen() const { return !separator && !grayed; }
 };
 
 /// A popup of the soft-key bar. Its handle is good as long as it lives.

@@ -82,7 +82,7 @@ LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) 
     case WM_GETTEXTLENGTH:
         return static_cast<LRESULT>(TextOf(*window).size());
     case WM_SETFONT:
-        window->font = reinterpret_cast<HFONT>(wParam); // NOLINT(performance-no-int-to-ptr)
+        window->font = reinterpret_cast<HFONT>(wParam);
         if (LOWORD(static_cast<std::uintptr_t>(lParam)) != 0)
             InvalidateRect(handle, nullptr, TRUE);
         return 0;
@@ -94,7 +94,7 @@ LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) 
     case WM_ERASEBKGND: {
         RECT client;
         GetClientRect(handle, &client);
-        FillRect(reinterpret_cast<HDC>(wParam), &client, GetSysColorBrush(COLOR_WINDOW)); // NOLINT
+        FillRect(reinterpret_cast<HDC>(wParam), &client, GetSysColorBrush(COLOR_WINDOW));
         return 1;
     }
     case WM_MOUSEWHEEL:

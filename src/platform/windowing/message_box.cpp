@@ -38,10 +38,8 @@ public:
         LOGFONTW description;
         description.lfHeight = BoxFont().height;
         font_ = CreateFontIndirectW(&description);
-        text_ = CreateWindowExW(
-            0, L"Static", text, WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, Handle(), nullptr, nullptr, nullptr);
-        if (Window* child = FindWindowRecord(text_))
-            child->hasId = false;
+        text_ = CreateWindowExW(0, L"Static", text, WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, Handle(),
+            reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(NoDialogItemId)), nullptr, nullptr);
         SendMessageW(text_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), 0);
         Layout();
     }
@@ -78,7 +76,7 @@ void MessagePanel::Layout() {
     const Window* child = FindWindowRecord(text_);
     if (!window || !child)
         return;
-    const RECT area = Desktop::The().WorkArea();
+    const RECT area = WorkArea();
     const int padding = Scaled(10);
     // On a very narrow screen the text needs the icon's place.
     hasIcon_ = picture_ != 0 && area.right - area.left > Scaled(5 * IconSize);

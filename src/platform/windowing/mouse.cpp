@@ -25,7 +25,7 @@ Hit HitAt(Window& window, POINT point) {
         return {&window, true};
     for (auto child = window.children.rbegin(); child != window.children.rend(); ++child) {
         const bool answers = (*child)->Has(WS_VISIBLE) && !(*child)->Has(WS_DISABLED);
-        if (answers && Contains(Intersect(ScreenPlace(**child), ScreenClient(window)), point))
+        if (answers && Contains(Intersection(ScreenPlace(**child), ScreenClient(window)), point))
             return HitAt(**child, point);
     }
     return {&window, false};

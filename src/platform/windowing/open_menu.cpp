@@ -54,7 +54,7 @@ void OpenMenu::CloseInner() {
 }
 
 bool OpenMenu::CanChoose(int index) const {
-    return index >= 0 && index < CountItems() && !Item(index).separator && !Item(index).grayed;
+    return index >= 0 && index < CountItems() && Item(index).CanBeChosen();
 }
 
 /// The digit key that chooses an item; 0 for none.
@@ -203,7 +203,7 @@ int OpenMenu::RowHeight(const MenuItem& item) const {
 }
 
 RECT OpenMenu::Place() const {
-    const RECT area = Desktop::The().WorkArea();
+    const RECT area = WorkArea();
     LONG height = 2 * Scaled(2);
     LONG width = 0;
     TextMeasurer& measurer = Desktop::The().Screen().Measurer();

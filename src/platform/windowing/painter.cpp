@@ -1,4 +1,5 @@
 #include "platform/drawing/device_context.h"
+#include "platform/drawing/rectangles.h"
 #include "platform/input.h"
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
@@ -14,11 +15,11 @@ namespace {
 void PaintWindow(Window& window, Canvas& canvas, const RECT& clip) {
     if (!window.Has(WS_VISIBLE) || !window.redraw)
         return;
-    const RECT place = Intersect(ScreenPlace(window), clip);
+    const RECT place = Intersection(ScreenPlace(window), clip);
     if (IsRectEmpty(place))
         return;
     const RECT client = ScreenClient(window);
-    const RECT visible = Intersect(client, place);
+    const RECT visible = Intersection(client, place);
     const HWND handle = window.handle;
     if (!IsRectEmpty(visible)) {
         ContextTarget target;
@@ -106,7 +107,7 @@ void PaintBar(Canvas& canvas, const Window* front) {
 void PaintScreen(Desktop& desktop, Canvas& canvas, const RECT& dirty) {
     canvas.BeginFrame(dirty);
     canvas.PushClip(dirty);
-    const RECT area = desktop.WorkArea();
+    const RECT area = WorkArea();
     Window* full = desktop.FrontFull();
     Window* front = desktop.Front();
     canvas.SetMarks({});

@@ -43,7 +43,7 @@ HWND RemoteHandle(const std::wstring& windowClass) {
     if (found == classes.end())
         found = classes.insert(classes.end(), windowClass);
     const auto index = static_cast<std::uintptr_t>(found - classes.begin()) + 1;
-    return reinterpret_cast<HWND>((index << 2U) | RemoteBit); // NOLINT(performance-no-int-to-ptr)
+    return reinterpret_cast<HWND>((index << 2U) | RemoteBit);
 }
 
 const std::wstring* RemoteClass(HWND window) {
@@ -125,7 +125,7 @@ HWND FindWindowW(const wchar_t* className, const wchar_t* /*title*/) {
 BOOL SetForegroundWindow(HWND handle) {
     // The lowest bit asks for the window's topmost owned popup as well, which always comes along here.
     const auto value = reinterpret_cast<std::uintptr_t>(handle) & ~std::uintptr_t{1};
-    const auto window = reinterpret_cast<HWND>(value); // NOLINT(performance-no-int-to-ptr)
+    const auto window = reinterpret_cast<HWND>(value);
     if (const std::wstring* remote = device::RemoteClass(window))
         return device::BringToFront(*remote) ? TRUE : FALSE;
     if (!FindWindowRecord(window))

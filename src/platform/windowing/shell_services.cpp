@@ -40,8 +40,7 @@ BOOL SHInitDialog(HWND dialog, DWORD /*flags*/) {
     Window* window = FindWindowRecord(dialog);
     if (!window || !window->IsTopLevel())
         return FALSE;
-    const RECT area = Desktop::The().WorkArea();
-    window->place = area;
+    window->place = device::WorkArea();
     device::UpdateDialogScroll(*window);
     device::SendSize(dialog);
     return TRUE;

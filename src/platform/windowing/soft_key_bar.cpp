@@ -1,5 +1,6 @@
 #include "platform/windowing/soft_key_bar.h"
 
+#include "platform/input.h"
 #include "platform/metrics.h"
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/open_menu.h"
@@ -11,7 +12,7 @@ namespace {
 constexpr const wchar_t* BarClass = L"menu_worker";
 
 const WindowClass* TheBarClass() {
-    RegisterControlClass(BarClass, MakeControl<SoftKeyBar>);
+    RegisterControlClass(BarClass, nullptr);
     return FindWindowClass(BarClass);
 }
 
@@ -25,6 +26,14 @@ bool IsLeftSoftKey(POINT point) {
     return point.x < ScreenSize().cx / 2;
 }
 
+SoftKeyBar::SoftKeyBar(HWND window, HWND owner, std::span<const MenuItemResource> keys)
+    : Control(window)
+    , owner_(owner)
+    , keys_(keys.begin(), keys.end()) {
+    while (keys_.size() < 2)
+        keys_.emplace_back(MenuItemResource{});
+}
+
 SoftKeyBar* SoftKeyBar::Make(HWND owner, std::span<const MenuItemResource> keys) {
     Window* top = FindWindowRecord(owner);
     if (!top || !top->IsTopLevel())
@@ -35,15 +44,7 @@ SoftKeyBar* SoftKeyBar::Make(HWND owner, std::span<const MenuItemResource> keys)
     Window* window = desktop.Create(*TheBarClass(), nullptr, owner);
     if (!window)
         return nullptr;
-    auto bar = std::make_unique<SoftKeyBar>(window->handle);
-    bar->owner_ = owner;
-    for (std::size_t index = 0; index < bar->keys_.size() && index < keys.size(); ++index) {
-        Key& key = bar->keys_[index];
-        key.text = keys[index].text ? keys[index].text : L"";
-        key.command = keys[index].command;
-        if (!keys[index].popup.empty())
-            key.popup = std::make_unique<PopupMenu>(keys[index].popup);
-    }
+    auto bar = std::make_unique<SoftKeyBar>(window->handle, owner, keys);
     SoftKeyBar* made = bar.get();
     window->control = std::move(bar);
     top->bar = window->handle;
@@ -57,15 +58,12 @@ SoftKeyBar* SoftKeyBar::Of(HWND topLevel) {
 }
 
 LRESULT SoftKeyBar::Message(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message != SHCMBM_OVERRIDEKEY)
+    if (message != SHCMBM_OVERRIDEKEY || wParam != VK_TBACK)
         return Control::Message(message, wParam, lParam);
-    const auto key = static_cast<WORD>(wParam);
     const auto mask = static_cast<DWORD>(lParam) >> 16U;
     const auto flags = static_cast<DWORD>(lParam) & 0xFFFFU;
-    if ((mask & flags) != 0)
-        overridden_.insert(key);
-    else if (mask != 0)
-        overridden_.erase(key);
+    if (mask != 0)
+        overridesBack_ = (mask & flags) != 0;
     return TRUE;
 }
 
@@ -76,7 +74,7 @@ void SoftKeyBar::OpenMenu(HWND topLevel, std::optional<POINT> at) {
 }
 
 void SoftKeyBar::Press(bool left, std::optional<POINT> at) {
-    const Key& key = At(left);
+    const MenuItem& key = At(left);
     const HWND bar = Handle();
     const HWND owner = owner_;
     if (key.popup) {

@@ -1,6 +1,7 @@
 // The windows' interface: each function forwards to the desktop or translates in a few lines.
 
 #include "platform/drawing/device_context.h"
+#include "platform/drawing/rectangles.h"
 #include "platform/metrics.h"
 #include "platform/process.h"
 #include "platform/windowing/desktop.h"
@@ -37,7 +38,7 @@ HWND CreateWindowExW(DWORD /*exStyle*/, const wchar_t* className, const wchar_t*
     if (isChild) {
         window->place = {x, y, x + std::max(width, 0), y + std::max(height, 0)};
     } else {
-        window->place = desktop.WorkArea();
+        window->place = device::WorkArea();
         desktop.AddTopLevel(*window);
     }
     if (windowClass->factory)
@@ -115,8 +116,7 @@ LONG_PTR SetWindowLongW(HWND handle, int index, LONG_PTR value) {
         return 0;
     switch (index) {
     case GWL_WNDPROC:
-        return reinterpret_cast<LONG_PTR>(
-            std::exchange(window->procedure, reinterpret_cast<WNDPROC>(value))); // NOLINT(performance-no-int-to-ptr)
+        return reinterpret_cast<LONG_PTR>(std::exchange(window->procedure, reinterpret_cast<WNDPROC>(value)));
     case GWL_STYLE:
         return static_cast<LONG_PTR>(std::exchange(window->style, static_cast<DWORD>(value)));
     case GWL_USERDATA:
@@ -238,12 +238,12 @@ BOOL InvalidateRect(HWND handle, const RECT* rectangle, BOOL /*erase*/) {
     RECT part = device::ScreenPlace(*window);
     if (rectangle) {
         const RECT client = device::ScreenClient(*window);
-        part = device::Intersect(client,
+        part = device::Intersection(client,
             {client.left + rectangle->left, client.top + rectangle->top, client.left + rectangle->right,
                 client.top + rectangle->bottom});
     }
     for (const Window* above = window->parent; above; above = above->parent)
-        part = device::Intersect(part, device::ScreenClient(*above));
+        part = device::Intersection(part, device::ScreenClient(*above));
     Desktop::The().Invalidate(part);
     return TRUE;
 }
@@ -264,7 +264,7 @@ HWND GetActiveWindow() {
 }
 
 HCURSOR LoadCursorW(HINSTANCE /*module*/, UINT id) {
-    return id == IDC_WAIT ? reinterpret_cast<HCURSOR>(static_cast<std::uintptr_t>(IDC_WAIT)) : nullptr; // NOLINT
+    return id == IDC_WAIT ? reinterpret_cast<HCURSOR>(static_cast<std::uintptr_t>(IDC_WAIT)) : nullptr;
 }
 
 HCURSOR SetCursor(HCURSOR cursor) {

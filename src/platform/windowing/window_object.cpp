@@ -7,7 +7,7 @@
 namespace {
 
 CWindowImpl* ObjectOf(HWND window) {
-    return reinterpret_cast<CWindowImpl*>(GetWindowLongW(window, GWL_USERDATA)); // NOLINT(performance-no-int-to-ptr)
+    return reinterpret_cast<CWindowImpl*>(GetWindowLongW(window, GWL_USERDATA));
 }
 
 } // namespace
@@ -28,15 +28,13 @@ bool CWindowImpl::Create(const wchar_t* className, const wchar_t* title, DWORD s
     const WNDCLASSW windowClass{Procedure, className};
     RegisterClassW(&windowClass); // fails when it is known already, which is as good
     return CreateWindowExW(0, className, title, style, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
-               parent, reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(id)), // NOLINT
-               GetModuleHandleW(nullptr), this)
+               parent, reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(id)), GetModuleHandleW(nullptr), this)
         != nullptr;
 }
 
 bool CWindowImpl::CreateControl(const wchar_t* controlClass, DWORD style, HWND parent, UINT id) {
     return Subclass(CreateWindowExW(0, controlClass, L"", style, 0, 0, 0, 0, parent,
-        reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(id)), // NOLINT(performance-no-int-to-ptr)
-        GetModuleHandleW(nullptr), nullptr));
+        reinterpret_cast<HMENU>(static_cast<std::uintptr_t>(id)), GetModuleHandleW(nullptr), nullptr));
 }
 
 bool CWindowImpl::Subclass(HWND window) {
@@ -44,14 +42,13 @@ bool CWindowImpl::Subclass(HWND window) {
         return false;
     window_ = window;
     SetWindowLongW(window, GWL_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    former_ = reinterpret_cast<WNDPROC>( // NOLINT(performance-no-int-to-ptr)
-        SetWindowLongW(window, GWL_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
+    former_ = reinterpret_cast<WNDPROC>(SetWindowLongW(window, GWL_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
     return true;
 }
 
 LRESULT CWindowImpl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_CREATE && !ObjectOf(window)) {
-        const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam); // NOLINT(performance-no-int-to-ptr)
+        const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
         auto* made = creation ? static_cast<CWindowImpl*>(creation->lpCreateParams) : nullptr;
         if (!made)
             return -1;
@@ -94,10 +91,9 @@ LONG_PTR CDialogImpl::DoModal() {
 LPARAM CDialogImpl::Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
         SetWindowLongW(dialog, GWL_USERDATA, lParam);
-        reinterpret_cast<CDialogImpl*>(lParam)->dialog_ = dialog; // NOLINT(performance-no-int-to-ptr)
+        reinterpret_cast<CDialogImpl*>(lParam)->dialog_ = dialog;
     }
-    auto* object
-        = reinterpret_cast<CDialogImpl*>(GetWindowLongW(dialog, GWL_USERDATA)); // NOLINT(performance-no-int-to-ptr)
+    auto* object = reinterpret_cast<CDialogImpl*>(GetWindowLongW(dialog, GWL_USERDATA));
     if (!object)
         return 0;
     LRESULT result = TRUE;

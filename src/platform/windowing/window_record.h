@@ -31,8 +31,7 @@ struct Window {
     HWND owner = nullptr;
     std::vector<Window*> children; ///< in order of creation, which is the order of a dialog template
     DWORD style = 0;
-    LONG_PTR id = 0;
-    bool hasId = true;
+    LONG_PTR id = 0; ///< NoDialogItemId for a control that nobody asks for
     RECT place; ///< in the parent's client area; of a top-level window, on the screen
     RECT insets; ///< what border and scroll bars take from each side of the client area
     std::wstring text;
@@ -47,7 +46,6 @@ struct Window {
     HWND bar = nullptr;
     HWND savedFocus = nullptr;
     WNDPROC dialogProcedure = nullptr; ///< a DLGPROC
-    LONG_PTR dialogParameter = 0;
     std::unique_ptr<ModalState> modal;
     bool isMessageBox = false;
 
@@ -72,10 +70,5 @@ std::size_t CopyText(const std::wstring& text, wchar_t* buffer, std::size_t size
 void SendSize(HWND window);
 /// Insets changed: tells the window its new client size.
 void SetInsets(Window& window, const RECT& insets);
-
-inline RECT Intersect(const RECT& a, const RECT& b) {
-    return {a.left > b.left ? a.left : b.left, a.top > b.top ? a.top : b.top, a.right < b.right ? a.right : b.right,
-        a.bottom < b.bottom ? a.bottom : b.bottom};
-}
 
 } // namespace device

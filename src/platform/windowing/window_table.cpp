@@ -1,7 +1,7 @@
 #include "platform/windowing/desktop.h"
 
-#include "platform/drawing/handle_table.h"
 #include "platform/locale.h"
+#include "platform/system/handle_table.h"
 #include "platform/windowing/process_windows.h"
 
 #include <algorithm>

@@ -25,7 +25,7 @@ TEST_F(EditTest, KeysMoveSelectAndDelete) {
             Keys({VK_TBACK, VK_TBACK, VK_TBACK, VK_TBACK, VK_TBACK}),
             [&] {
                 EXPECT_EQ(TextOf(10), L"");
-                EXPECT_NE(notifications.back(), std::pair(IDCANCEL, UINT{0}));
+                EXPECT_TRUE(notifications.empty());
             }});
 }
 
@@ -57,7 +57,6 @@ TEST_F(FullScreenTest, DoneTakesTheTextOver) {
             Keys({VK_UP, VK_HOME, VK_DELETE, VK_TSOFT1}),
             [&] {
                 EXPECT_EQ(TextOf(10), L"NE\nTWO");
-                EXPECT_EQ(std::count(notifications.begin(), notifications.end(), std::pair(10, UINT{EN_CHANGE})), 1);
                 EXPECT_EQ(GetFocus(), Item(10));
             }});
 }

@@ -12,16 +12,6 @@ namespace {
 /// Cairo's own limit on an image's edge.
 constexpr LONG MaximumImageEdge = 32767;
 
-struct Color {
-    double red;
-    double green;
-    double blue;
-};
-
-Color FromColorRef(COLORREF color) {
-    return {(color & 0xFFU) / 255.0, ((color >> 8U) & 0xFFU) / 255.0, ((color >> 16U) & 0xFFU) / 255.0};
-}
-
 } // namespace
 
 struct CairoCanvas::Surface {
@@ -56,11 +46,8 @@ CairoCanvas::Surface::~Surface() {
 }
 
 void CairoCanvas::Surface::SetColor(COLORREF color, int alpha) const {
-    const auto [red, green, blue] = FromColorRef(color);
-    if (alpha >= 255)
-        cairo_set_source_rgb(context, red, green, blue);
-    else
-        cairo_set_source_rgba(context, red, green, blue, std::max(alpha, 0) / 255.0);
+    const auto part = [color](unsigned shift) { return ((color >> shift) & 0xFFU) / 255.0; };
+    cairo_set_source_rgba(context, part(0), part(8), part(16), alpha / 255.0);
 }
 
 void CairoCanvas::Surface::FillImage(const RECT& place) const {

@@ -29,7 +29,7 @@ public:
         shown.copy(address_.sun_path, sizeof address_.sun_path - 1);
     }
 
-    const sockaddr* Get() const { return reinterpret_cast<const sockaddr*>(&address_); } // NOLINT: its interface
+    const sockaddr* Get() const { return reinterpret_cast<const sockaddr*>(&address_); }
     static socklen_t Size() { return sizeof(sockaddr_un); }
 
 private:

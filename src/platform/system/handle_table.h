@@ -66,10 +66,10 @@ private:
 
     /// The place counts from 1, so that no handle is null.
     static Handle Encode(std::size_t index, std::uintptr_t generation) {
-        return reinterpret_cast<Handle>(((generation << IndexBits) | (index + 1)) << 2U); // NOLINT
+        return reinterpret_cast<Handle>(((generation << IndexBits) | (index + 1)) << 2U);
     }
     static std::size_t IndexOf(Handle handle) {
-        return ((reinterpret_cast<std::uintptr_t>(handle) >> 2U) & MaximumSlots) - 1; // NOLINT
+        return ((reinterpret_cast<std::uintptr_t>(handle) >> 2U) & MaximumSlots) - 1;
     }
     Slot* FindSlot(Handle handle) {
         const std::size_t index = IndexOf(handle);
