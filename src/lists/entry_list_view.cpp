@@ -64,6 +64,10 @@ int CEntryListView::AddRow(CEntry* entry, int update) {
         return -1;
     const CRedrawPause pause(*this);
     DeleteRow(former);
+    return AppendChosenRow(entry);
+}
+
+int CEntryListView::AppendChosenRow(CEntry* entry) {
     const int row = AppendRow(entry);
     SetRowState(row, SelectedAndFocused, SelectedAndFocused);
     SortRows(SortColumnNone);
@@ -74,9 +78,7 @@ int CEntryListView::AddRow(CEntry* entry, int update) {
 void CEntryListView::AddEntry(CEntry* entry) {
     entries_.Add(entry);
     ClearSelection();
-    SetRowState(AddRow(entry, 0), SelectedAndFocused, SelectedAndFocused);
-    SortRows(SortColumnNone);
-    SendMessageW(GetHandle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(FindRowByData(DataOf(entry))), FALSE);
+    AppendChosenRow(entry);
 }
 
 void CEntryListView::SortRows(int column) {

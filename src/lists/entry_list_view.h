@@ -37,6 +37,7 @@ protected:
 
 private:
     int AppendRow(CEntry* entry);
+    int AppendChosenRow(CEntry* entry);
     CEntry* GetRowEntry(int row) const;
     void DrawIcon(const DRAWITEMSTRUCT& request, int image) const;
 

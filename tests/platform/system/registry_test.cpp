@@ -1,6 +1,6 @@
 #include "device_fixture.h"
 #include "platform/registry.h"
-#include "platform/system/console_registry.h"
+#include "platform/system/registry_file.h"
 #include "platform/utf8.h"
 
 #include <chrono>
