@@ -74,15 +74,10 @@ int GetCurrencyFormatW(LCID locale, DWORD flags, const wchar_t* value, const voi
 
 int GetDateFormatW(
     LCID locale, DWORD flags, const SYSTEMTIME* date, const wchar_t* picture, wchar_t* buffer, int size) {
-    SYSTEMTIME shown;
-    if (date == nullptr) {
-        GetLocalTime(&shown);
-    } else {
-        // The time of day is not shown, so it need not be one.
-        shown = {.wYear = date->wYear, .wMonth = date->wMonth, .wDay = date->wDay};
-    }
-    if (locale != LOCALE_USER_DEFAULT || (flags & ~DATE_SHORTDATE) != 0 || picture != nullptr)
+    if (locale != LOCALE_USER_DEFAULT || (flags & ~DATE_SHORTDATE) != 0 || date == nullptr || picture != nullptr)
         return Fail(ERROR_INVALID_PARAMETER);
+    // The time of day is not shown, so it need not be one.
+    const SYSTEMTIME shown{.wYear = date->wYear, .wMonth = date->wMonth, .wDay = date->wDay};
     double valid = 0.0;
     if (SystemTimeToVariantTime(&shown, &valid) == FALSE)
         return Fail(ERROR_INVALID_PARAMETER);
