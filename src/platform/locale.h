@@ -5,10 +5,6 @@
 inline constexpr LCID LOCALE_USER_DEFAULT = 0x400;
 inline constexpr DWORD LOCALE_SDECIMAL = 14;
 inline constexpr DWORD DATE_SHORTDATE = 1;
-inline constexpr DWORD NORM_IGNORECASE = 1;
-inline constexpr int CSTR_LESS_THAN = 1;
-inline constexpr int CSTR_EQUAL = 2;
-inline constexpr int CSTR_GREATER_THAN = 3;
 
 /// The texts of the device's locale (HANDSET_LOCALE). The `format` argument is always null here: the locale's own
 /// format is the only one. Each takes a buffer of `size` characters and returns the characters written with the NUL;
@@ -19,9 +15,6 @@ int GetCurrencyFormatW(LCID locale, DWORD flags, const wchar_t* value, const voi
 /// The short date with a four-digit year in the locale's order. `picture` is always null.
 int GetDateFormatW(LCID locale, DWORD flags, const SYSTEMTIME* date, const wchar_t* picture, wchar_t* buffer, int size);
 int GetLocaleInfoW(LCID locale, DWORD type, wchar_t* buffer, int size);
-/// The locale's collation; CSTR_... or 0. Lengths of -1 mean NUL-terminated.
-int CompareStringW(
-    LCID locale, DWORD flags, const wchar_t* first, int firstLength, const wchar_t* second, int secondLength);
 
 /// In place, character by character (simple case mapping). Return their argument.
 wchar_t* CharLowerW(wchar_t* text);

@@ -1,7 +1,7 @@
 #include "../records/test_device.h"
 #include "platform/registry.h"
 #include "platform/resources.h"
-#include "platform/system/console_registry.h"
+#include "platform/system/registry_file.h"
 #include "resources/load_text.h"
 #include "settings/app_settings.h"
 

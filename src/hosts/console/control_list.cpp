@@ -5,6 +5,7 @@
 #include "platform/controls/edit.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/list_view.h"
+#include "platform/utf8.h"
 #include "platform/windowing/desktop.h"
 #include "platform/windowing/open_menu.h"
 #include "platform/windowing/soft_key_bar.h"
@@ -28,14 +29,10 @@ std::string EditFlags(const Edit& edit, bool focused) {
     return flags;
 }
 
-std::string Narrow(const std::wstring& ascii) {
-    return {ascii.begin(), ascii.end()};
-}
-
 std::string ControlLine(const Window& window) {
     const bool focused = Desktop::The().Focus() == window.handle;
     std::string line = static_cast<UINT>(window.id) != NoDialogItemId ? std::to_string(window.id) : "-";
-    line += " " + Narrow(window.windowClass->name);
+    line += " " + ToUtf8(window.windowClass->name);
     if (focused)
         line += " focus";
     if (window.Has(WS_DISABLED))

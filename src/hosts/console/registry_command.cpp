@@ -2,7 +2,7 @@
 
 #include "hosts/console/text_form.h"
 #include "platform/registry.h"
-#include "platform/system/console_registry.h"
+#include "platform/system/registry_file.h"
 #include "platform/utf8.h"
 
 #include <array>

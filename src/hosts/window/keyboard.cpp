@@ -154,16 +154,12 @@ void Keyboard::TranslateText(const char* utf8, std::deque<InputEvent>& events) c
     const unsigned modifiers = SDL_GetModState();
     if (IsControlAlone(modifiers))
         return;
-    for (const wchar_t character : FromUtf8(utf8)) {
-        if (character < L' ' || character == 0x7F)
-            continue;
-        InputEvent event;
-        event.kind = InputEvent::Kind::Text;
-        event.character = character;
-        event.modifiers = HandsetModifiers(modifiers);
-        event.isRepeat = isRepeat_;
-        events.push_back(event);
-    }
+    for (const wchar_t character : FromUtf8(utf8))
+        if (character >= L' ' && character != 0x7F)
+            events.push_back({.kind = InputEvent::Kind::Text,
+                .character = character,
+                .modifiers = HandsetModifiers(modifiers),
+                .isRepeat = isRepeat_});
 }
 
 unsigned Keyboard::Modifiers() {

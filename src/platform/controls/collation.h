@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/locale.h"
+#include "platform/system/locale_data.h"
 
 #include <algorithm>
 #include <string>
@@ -11,8 +12,7 @@ namespace device {
 
 /// In the order of the locale, ignoring case.
 inline bool IsBefore(const std::wstring& first, const wchar_t* second) {
-    const int order = CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, first.c_str(), -1, second, -1);
-    return order != 0 && order < CSTR_EQUAL;
+    return TheLocale().Compare(first, second).value_or(0) < 0;
 }
 
 /// The next of `count` rows behind `row`, around the end, whose text begins with a character, ignoring case; -1 when

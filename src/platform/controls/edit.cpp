@@ -90,10 +90,6 @@ void Edit::OpenFullScreen() {
 
 // Messages
 
-void Edit::Create() {
-    text_.Set(Control::Text(), Rules());
-}
-
 LRESULT Edit::Select(std::int32_t start, std::int32_t end) {
     text_.Select(start, end);
     goalX_ = -1;
@@ -110,7 +106,7 @@ LRESULT Edit::SetNumbersMode(bool isOn) {
 LRESULT Edit::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_CREATE:
-        Create();
+        text_.Set(Control::Text(), Rules());
         return 0;
     case WM_SETTEXT:
         return SetText(TextAt(lParam));

@@ -63,7 +63,6 @@ private:
     void Moved();
     void Changed();
     void Settle();
-    void Create();
     LRESULT SetText(const wchar_t* text);
     LRESULT Select(std::int32_t start, std::int32_t end);
     LRESULT SetNumbersMode(bool isOn);

@@ -20,29 +20,25 @@ struct PixelGrid {
     /// At most what `Snap` leaves between two neighbours, so that a line never runs into the next pixel.
     int Thickness(int width) const { return std::max(1, static_cast<int>(std::floor(width * zoom))); }
     /// The image pixels of a level or an upright line.
-    RECT Line(POINT from, POINT to, int width) const;
-    /// The image pixels of a frame; they do not overlap.
-    std::array<RECT, 4> FrameEdges(const RECT& rectangle, int width) const;
-};
-
-inline RECT PixelGrid::Line(POINT from, POINT to, int width) const {
-    const LONG before = width / 2;
-    if (from.y == to.y) {
-        const int top = Snap(from.y - before);
-        return {Snap(std::min(from.x, to.x)), top, Snap(std::max(from.x, to.x)), top + Thickness(width)};
+    RECT Line(POINT from, POINT to, int width) const {
+        const LONG before = width / 2;
+        if (from.y == to.y) {
+            const int top = Snap(from.y - before);
+            return {Snap(std::min(from.x, to.x)), top, Snap(std::max(from.x, to.x)), top + Thickness(width)};
+        }
+        const int left = Snap(from.x - before);
+        return {left, Snap(std::min(from.y, to.y)), left + Thickness(width), Snap(std::max(from.y, to.y))};
     }
-    const int left = Snap(from.x - before);
-    return {left, Snap(std::min(from.y, to.y)), left + Thickness(width), Snap(std::max(from.y, to.y))};
-}
-
-inline std::array<RECT, 4> PixelGrid::FrameEdges(const RECT& rectangle, int width) const {
-    const RECT outer = Snap(rectangle);
-    const int edge
-        = std::min({Thickness(width), (outer.right - outer.left + 1) / 2, (outer.bottom - outer.top + 1) / 2});
-    return {RECT{outer.left, outer.top, outer.right, outer.top + edge},
-        RECT{outer.left, outer.bottom - edge, outer.right, outer.bottom},
-        RECT{outer.left, outer.top + edge, outer.left + edge, outer.bottom - edge},
-        RECT{outer.right - edge, outer.top + edge, outer.right, outer.bottom - edge}};
-}
+    /// The image pixels of a frame; they do not overlap.
+    std::array<RECT, 4> FrameEdges(const RECT& rectangle, int width) const {
+        const RECT outer = Snap(rectangle);
+        const int edge
+            = std::min({Thickness(width), (outer.right - outer.left + 1) / 2, (outer.bottom - outer.top + 1) / 2});
+        return {RECT{outer.left, outer.top, outer.right, outer.top + edge},
+            RECT{outer.left, outer.bottom - edge, outer.right, outer.bottom},
+            RECT{outer.left, outer.top + edge, outer.left + edge, outer.bottom - edge},
+            RECT{outer.right - edge, outer.top + edge, outer.right, outer.bottom - edge}};
+    }
+};
 
 } // namespace device

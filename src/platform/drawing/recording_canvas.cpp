@@ -8,19 +8,11 @@
 
 namespace device {
 
-RecordingCanvas::RecordingCanvas(TextMeasurer& measurer)
-    : measurer_(measurer) {
-}
-
 void RecordingCanvas::Begin(const RECT& dirty) {
     // A screen that became smaller shows no more what stood beyond its new edge, and nobody paints there.
     const RECT screen{0, 0, ScreenSize().cx, ScreenSize().cy};
     std::erase_if(texts_,
         [&](const PaintedText& text) { return Intersects(text.place, dirty) || !Intersects(text.place, screen); });
-}
-
-void RecordingCanvas::SetMarks(const PaintMarks& marks) {
-    marks_ = marks;
 }
 
 void RecordingCanvas::Fill(const RECT& rectangle, COLORREF /*color*/, int alpha) {

@@ -22,12 +22,13 @@ struct PaintedText {
 class RecordingCanvas final : public Canvas {
 public:
     /// The measurer is borrowed.
-    explicit RecordingCanvas(TextMeasurer& measurer);
+    explicit RecordingCanvas(TextMeasurer& measurer)
+        : measurer_(measurer) { }
 
     const std::vector<PaintedText>& Texts() const { return texts_; }
 
     TextMeasurer& Measurer() override { return measurer_; }
-    void SetMarks(const PaintMarks& marks) override;
+    void SetMarks(const PaintMarks& marks) override { marks_ = marks; }
     void Fill(const RECT& rectangle, COLORREF color, int alpha) override;
     void Line(POINT /*from*/, POINT /*to*/, COLORREF /*color*/, int /*width*/) override { }
     void Frame(const RECT& /*rectangle*/, COLORREF /*color*/, int /*width*/) override { }

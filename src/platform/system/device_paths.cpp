@@ -4,6 +4,7 @@
 #include "platform/registry.h"
 #include "platform/system/environment.h"
 #include "platform/system/fresh_file.h"
+#include "platform/system/key_file.h"
 #include "platform/system/troubles.h"
 #include "platform/utf8.h"
 
@@ -45,11 +46,7 @@ std::optional<Components> Split(const std::wstring& path) {
 }
 
 bool SameName(const std::wstring& first, const std::wstring& second) {
-    const auto lower = [](wchar_t character) {
-        return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character + (L'a' - L'A')) : character;
-    };
-    return std::equal(first.begin(), first.end(), second.begin(), second.end(),
-        [&](wchar_t left, wchar_t right) { return lower(left) == lower(right); });
+    return SameKeyName(ToUtf8(first), ToUtf8(second));
 }
 
 std::optional<std::string> PathBelow(const Components& path, const wchar_t* folder, const std::string& hostFolder) {

@@ -62,10 +62,6 @@ int DeliverNumber(Formatter formatter, LCID locale, DWORD flags, const wchar_t* 
     return text ? Deliver(*text, buffer, size) : Fail(ERROR_INVALID_PARAMETER);
 }
 
-std::wstring_view View(const wchar_t* text, int length) {
-    return length < 0 ? std::wstring_view{text} : std::wstring_view{text, static_cast<std::size_t>(length)};
-}
-
 } // namespace
 
 int GetNumberFormatW(LCID locale, DWORD flags, const wchar_t* value, const void* format, wchar_t* buffer, int size) {
@@ -78,15 +74,10 @@ int GetCurrencyFormatW(LCID locale, DWORD flags, const wchar_t* value, const voi
 
 int GetDateFormatW(
     LCID locale, DWORD flags, const SYSTEMTIME* date, const wchar_t* picture, wchar_t* buffer, int size) {
-    SYSTEMTIME shown;
-    if (date == nullptr) {
-        GetLocalTime(&shown);
-    } else {
-        // The time of day is not shown, so it need not be one.
-        shown = {.wYear = date->wYear, .wMonth = date->wMonth, .wDay = date->wDay};
-    }
-    if (locale != LOCALE_USER_DEFAULT || (flags & ~DATE_SHORTDATE) != 0 || picture != nullptr)
+    if (locale != LOCALE_USER_DEFAULT || (flags & ~DATE_SHORTDATE) != 0 || date == nullptr || picture != nullptr)
         return Fail(ERROR_INVALID_PARAMETER);
+    // The time of day is not shown, so it need not be one.
+    const SYSTEMTIME shown{.wYear = date->wYear, .wMonth = date->wMonth, .wDay = date->wDay};
     double valid = 0.0;
     if (SystemTimeToVariantTime(&shown, &valid) == FALSE)
         return Fail(ERROR_INVALID_PARAMETER);
@@ -100,17 +91,6 @@ int GetLocaleInfoW(LCID locale, DWORD type, wchar_t* buffer, int size) {
     if (locale != LOCALE_USER_DEFAULT || type != LOCALE_SDECIMAL)
         return Fail(ERROR_INVALID_PARAMETER);
     return Deliver(device::TheLocale().DecimalSeparator(), buffer, size);
-}
-
-int CompareStringW(
-    LCID locale, DWORD flags, const wchar_t* first, int firstLength, const wchar_t* second, int secondLength) {
-    if (locale != LOCALE_USER_DEFAULT || (flags & ~NORM_IGNORECASE) != 0 || first == nullptr || second == nullptr)
-        return Fail(ERROR_INVALID_PARAMETER);
-    const auto order = device::TheLocale().Compare(
-        View(first, firstLength), View(second, secondLength), (flags & NORM_IGNORECASE) != 0);
-    if (!order)
-        return Fail(ERROR_INVALID_PARAMETER);
-    return *order < 0 ? CSTR_LESS_THAN : *order > 0 ? CSTR_GREATER_THAN : CSTR_EQUAL;
 }
 
 wchar_t* CharLowerW(wchar_t* text) {

@@ -21,8 +21,8 @@ public:
     /// `number` is plain decimal text, taken digit for digit. Nothing if it is not, or the library failed.
     std::optional<std::wstring> NumberText(std::string_view number) const;
     std::optional<std::wstring> CurrencyText(std::string_view number) const;
-    /// Below, equal to or above 0 in the order of the locale's dictionaries.
-    std::optional<int> Compare(std::wstring_view first, std::wstring_view second, bool ignoreCase) const;
+    /// Below, equal to or above 0 in the order of the locale's dictionaries, ignoring case.
+    std::optional<int> Compare(std::wstring_view first, std::wstring_view second) const;
 
     const std::wstring& DecimalSeparator() const { return decimalSeparator_; }
     const std::vector<ShortDatePart>& DateOrder() const { return dateOrder_; }

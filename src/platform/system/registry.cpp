@@ -1,9 +1,9 @@
 #include "platform/registry.h"
 
-#include "platform/system/console_registry.h"
 #include "platform/system/environment.h"
 #include "platform/system/handle_table.h"
 #include "platform/system/host_file.h"
+#include "platform/system/registry_file.h"
 #include "platform/system/troubles.h"
 
 #include <algorithm>

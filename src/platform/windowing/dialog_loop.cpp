@@ -32,9 +32,9 @@ void Walk(Window& dialog, int step) {
 /// True when the dialog took the message, or is gone.
 bool IsDialogMessage(HWND handle, const MSG& message) {
     Window* dialog = FindWindowRecord(handle);
-    const Window* target = FindWindowRecord(message.hwnd);
+    const Window* target = TopLevelOf(FindWindowRecord(message.hwnd));
     const bool isKey = message.message == WM_KEYDOWN || message.message == WM_KEYUP;
-    if (!isKey || !dialog || dialog->isMessageBox || !IsWithin(target, dialog))
+    if (!isKey || !dialog || dialog->isMessageBox || target != dialog)
         return false;
     MSG pending = message;
     const LRESULT wanted

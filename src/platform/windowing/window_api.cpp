@@ -131,8 +131,6 @@ LONG_PTR GetWindowLongW(HWND handle, int index) {
     if (!window)
         return 0;
     switch (index) {
-    case GWL_WNDPROC:
-        return reinterpret_cast<LONG_PTR>(window->procedure);
     case GWL_STYLE:
         return static_cast<LONG_PTR>(window->style);
     case GWL_USERDATA:

@@ -62,8 +62,6 @@ RECT ScreenPlace(const Window& window);
 RECT ScreenClient(const Window& window);
 /// Visible itself and all its parents.
 bool IsShown(const Window& window);
-/// `window` is `ancestor` or stands somewhere in it.
-bool IsWithin(const Window* window, const Window* ancestor);
 /// As much of a text as there is room for, and a NUL; how much that was.
 std::size_t CopyText(const std::wstring& text, wchar_t* buffer, std::size_t size);
 /// Tells a window the size of its client area.

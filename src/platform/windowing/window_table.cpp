@@ -48,13 +48,6 @@ bool IsShown(const Window& window) {
     return true;
 }
 
-bool IsWithin(const Window* window, const Window* ancestor) {
-    for (; window; window = window->parent)
-        if (window == ancestor)
-            return true;
-    return false;
-}
-
 RECT ScreenPlace(const Window& window) {
     RECT place = window.place;
     for (const Window* above = window.parent; above; above = above->parent) {

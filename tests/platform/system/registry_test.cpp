@@ -1,7 +1,7 @@
 #include "device_fixture.h"
 #include "platform/registry.h"
-#include "platform/system/console_registry.h"
 #include "platform/system/host_file.h"
+#include "platform/system/registry_file.h"
 #include "platform/utf8.h"
 
 #include <chrono>

@@ -89,10 +89,6 @@ bool CairoCanvas::WritePng(const std::string& hostPath) const {
     return cairo_surface_write_to_png(surface_->image, hostPath.c_str()) == CAIRO_STATUS_SUCCESS;
 }
 
-TextMeasurer& CairoCanvas::Measurer() {
-    return DeviceMeasurer();
-}
-
 void CairoCanvas::Clip(const RECT& clip) {
     const RECT place = surface_->grid.Snap(clip);
     cairo_t* context = surface_->context;

@@ -24,7 +24,7 @@ public:
     /// An 8-bit RGB PNG; false when the file cannot be written.
     bool WritePng(const std::string& hostPath) const;
 
-    TextMeasurer& Measurer() override;
+    TextMeasurer& Measurer() override { return DeviceMeasurer(); }
     void SetMarks(const PaintMarks& /*marks*/) override { }
     void Fill(const RECT& rectangle, COLORREF color, int alpha) override;
     void Line(POINT from, POINT to, COLORREF color, int width) override;

@@ -57,9 +57,8 @@ std::optional<std::wstring> LocaleData::CurrencyText(std::string_view number) co
     return Taken(odoledgerLocaleCurrency(std::string(number).c_str()));
 }
 
-std::optional<int> LocaleData::Compare(std::wstring_view first, std::wstring_view second, bool ignoreCase) const {
-    return odoledgerLocaleCompare(
-        ToUtf8(std::wstring(first)).c_str(), ToUtf8(std::wstring(second)).c_str(), ignoreCase ? 1 : 0);
+std::optional<int> LocaleData::Compare(std::wstring_view first, std::wstring_view second) const {
+    return odoledgerLocaleCompare(ToUtf8(std::wstring(first)).c_str(), ToUtf8(std::wstring(second)).c_str(), 1);
 }
 
 wchar_t LowerCase(wchar_t character) {

@@ -94,12 +94,12 @@ std::vector<ShortDatePart> DateOrderOf(const Locale& locale) {
     return PartsOfPattern(Wide(pattern)).value_or(*PartsOfPattern(L"y-MM-dd"));
 }
 
-std::unique_ptr<Collator> CollatorOf(const Locale& locale, Collator::ECollationStrength strength) {
+std::unique_ptr<Collator> CollatorOf(const Locale& locale) {
     UErrorCode status = U_ZERO_ERROR;
     std::unique_ptr<Collator> collator{Collator::createInstance(locale, status)};
     if (U_FAILURE(status))
         return nullptr;
-    collator->setStrength(strength);
+    collator->setStrength(Collator::SECONDARY); // case does not count
     return collator;
 }
 
@@ -124,8 +124,7 @@ struct LocaleData::Library {
     Locale dates = Known(TheEnvironment().dateLocale);
     LocalizedNumberFormatter plain = PlainFormatter(numbers);
     LocalizedNumberFormatter currency = CurrencyFormatter(numbers);
-    std::unique_ptr<Collator> exact = CollatorOf(numbers, Collator::TERTIARY);
-    std::unique_ptr<Collator> caseless = CollatorOf(numbers, Collator::SECONDARY);
+    std::unique_ptr<Collator> collator = CollatorOf(numbers);
 };
 
 LocaleData::LocaleData()
@@ -151,12 +150,11 @@ std::optional<std::wstring> LocaleData::CurrencyText(std::string_view number) co
     return Formatted(library_->currency, number);
 }
 
-std::optional<int> LocaleData::Compare(std::wstring_view first, std::wstring_view second, bool ignoreCase) const {
-    const Collator* collator = (ignoreCase ? library_->caseless : library_->exact).get();
+std::optional<int> LocaleData::Compare(std::wstring_view first, std::wstring_view second) const {
     UErrorCode status = U_ZERO_ERROR;
-    if (collator == nullptr)
+    if (library_->collator == nullptr)
         return std::nullopt;
-    const UCollationResult result = collator->compare(Narrow(first), Narrow(second), status);
+    const UCollationResult result = library_->collator->compare(Narrow(first), Narrow(second), status);
     return U_SUCCESS(status) ? std::optional<int>{result} : std::nullopt;
 }
 
