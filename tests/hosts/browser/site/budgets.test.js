@@ -265,17 +265,14 @@ test(
             await phone.inspect('key action');
             const painted = [];
             for (let run = 0; run < 50; ++run) painted.push(await timeIn(page, ['repaint']));
-<<<<<<< HEAD
-            keepsWithin(context, 'a repaint of the log', painted, 5);
+            const slowness = slownessOf(rounds, usual.work);
+            keepsWithin(context, 'a repaint of the log', painted, 5, slowness);
 
             const among = [];
             for (let run = 0; run < 5; ++run)
                 among.push(await timeIn(page, [...expense, `type Toll ${run}`, 'key soft1']));
             assert.match(await phone.screen(), /Toll 4/);
-            keepsWithin(context, 'a save in the log of 100,000 entries', among, 100);
-=======
-            keepsWithin(context, 'a repaint of the log', painted, 5, slownessOf(rounds, usual.work));
->>>>>>> slow
+            keepsWithin(context, 'a save in the log of 100,000 entries', among, 100, slowness);
         } finally {
             await page.close();
             rmSync(folder, { recursive: true, force: true });
