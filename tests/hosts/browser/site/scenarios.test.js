@@ -525,7 +525,9 @@ test('a new version waits until it is asked for, and comes as a whole', async ()
             await phone.firstScreen();
             assert.equal(await shown(phone), former, 'and waits on');
             await until(async () => (await noticesOf(phone)).includes('A new version is ready'), 'the offer again');
-            await Promise.all([phone.page.waitForNavigation(), phone.page.click('.notice button')]);
+            const isLoaded = new Promise((loaded) => phone.page.once('load', loaded));
+            await phone.page.click('.notice button');
+            await isLoaded;
             await phone.firstScreen();
             assert.match(await shown(phone), /^9\.9\.9\.9/);
         } finally {
