@@ -593,9 +593,10 @@ test('after a save nothing is lost, whenever the browser is killed', async () =>
         await addVehicle(phone);
         await openLog(phone);
         for (let kill = 1; kill <= kills; ++kill) {
-            const entry = ['key soft1', 'type 5', 'key down', 'key down', `type Toll ${kill}.`, 'key soft1'];
+            const toll = `Toll ${99_999 - kill}`; // the newest on top: the others go on below the screen
+            const entry = ['key soft1', 'type 5', 'key down', 'key down', `type ${toll}`, 'key soft1'];
             for (const command of entry) await phone.inspect(command);
-            await phone.shows(`Toll ${kill}.`);
+            await phone.shows(toll);
             const killed = browsers.started.pop();
             await new Promise((gone) => {
                 killed?.process()?.once('exit', gone);
@@ -605,7 +606,7 @@ test('after a save nothing is lost, whenever the browser is killed', async () =>
             // The settings are stored when the page is hidden, and so the question comes again.
             if ((await phone.screen()).includes('{OK|')) await phone.tap('OK');
             await openLog(phone);
-            await phone.shows(`Toll ${kill}.`);
+            await phone.shows(toll);
         }
     } finally {
         await browsers.remove();
