@@ -536,7 +536,9 @@ test('a new version waits until it is asked for, and comes as a whole', async ()
             await phone.firstScreen();
             assert.equal(await shown(phone), former, 'and waits on');
             await until(async () => (await noticesOf(phone)).includes('A new version is ready'), 'the offer again');
-            await Promise.all([phone.page.waitForNavigation(), phone.page.click('.notice button')]);
+            const isLoaded = new Promise((loaded) => phone.page.once('load', loaded));
+            await phone.page.click('.notice button');
+            await isLoaded;
             await phone.firstScreen();
             assert.match(await shown(phone), /^9\.9\.9\.9/);
         } finally {
@@ -602,9 +604,10 @@ test('after a save nothing is lost, whenever the browser is killed', async () =>
         await addVehicle(phone);
         await openLog(phone);
         for (let kill = 1; kill <= kills; ++kill) {
-            const entry = ['key soft1', 'type 5', 'key down', 'key down', `type Toll ${kill}.`, 'key soft1'];
+            const toll = `Toll ${99_999 - kill}`; // the newest on top: the others go on below the screen
+            const entry = ['key soft1', 'type 5', 'key down', 'key down', `type ${toll}`, 'key soft1'];
             for (const command of entry) await phone.inspect(command);
-            await phone.shows(`Toll ${kill}.`);
+            await phone.shows(toll);
             const killed = browsers.started.pop();
             await new Promise((gone) => {
                 killed?.process()?.once('exit', gone);
@@ -614,7 +617,7 @@ test('after a save nothing is lost, whenever the browser is killed', async () =>
             // The settings are stored when the page is hidden, and so the question comes again.
             if ((await phone.screen()).includes('{OK|')) await phone.tap('OK');
             await openLog(phone);
-            await phone.shows(`Toll ${kill}.`);
+            await phone.shows(toll);
         }
     } finally {
         await browsers.remove();
