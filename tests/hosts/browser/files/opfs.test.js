@@ -27,6 +27,7 @@ const launch = (profile) =>
     puppeteer.launch({
         executablePath: chromium,
         userDataDir: profile,
+        timeout: 120_000,
         args: ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking'],
     });
 
@@ -54,7 +55,7 @@ async function openPage(browser, server) {
     };
 }
 
-test('on the files of a browser that is killed', { skip: !existsSync(chromium), timeout: 120000 }, async () => {
+test('on the files of a browser that is killed', { skip: !existsSync(chromium), timeout: 600_000 }, async () => {
     const server = await serve();
     const profile = await mkdtemp(`${tmpdir()}/odoledger-profile-`);
     try {
