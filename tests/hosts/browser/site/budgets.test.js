@@ -32,8 +32,8 @@ after(async () => {
     await site.stop();
 });
 
-/** What these two take on the machine of the limits, in milliseconds. */
-const usual = { work: 9.3, store: 7 };
+/** What these two take on the machine of the limits, in milliseconds; a page that was just loaded is not yet warm. */
+const usual = { workOfNewPage: 12, work: 9.3, store: 9 };
 
 /**
  * In a page or its worker: work of which nothing is the program's. It has to take about as long as what is measured: a
@@ -174,9 +174,9 @@ test('time to the first screen of a site that was visited before', async (contex
             return { times, rounds };
         };
         const { times, rounds } = await starts();
-        keepsWithin(context, 'first screen', times, 1000, slownessOf(rounds, usual.work));
+        keepsWithin(context, 'first screen', times, 1000, slownessOf(rounds, usual.workOfNewPage));
         const quarter = await slowed(browser, starts);
-        const slowness = slownessOf(quarter.rounds, 4 * usual.work);
+        const slowness = slownessOf(quarter.rounds, 4 * usual.workOfNewPage);
         keepsWithin(context, 'first screen at a quarter of the time', quarter.times, 1500, slowness);
     } finally {
         await phone.page.close();
