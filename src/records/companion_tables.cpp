@@ -68,17 +68,6 @@ bool HasTables(sqlite3* connection) {
     return isThere;
 }
 
-StoreFailure FailureOf(int code) {
-    switch (code & 0xFF) {
-    case SQLITE_FULL:
-        return StoreFailure::NoSpace;
-    case SQLITE_BUSY:
-        return StoreFailure::Locked;
-    default:
-        return StoreFailure::Other;
-    }
-}
-
 std::wstring WideColumn(sqlite3_stmt* row, int column) {
     return device::FromUtf8(TextColumn(row, column));
 }
@@ -86,17 +75,17 @@ std::wstring WideColumn(sqlite3_stmt* row, int column) {
 } // namespace
 
 template <typename Work> bool CCompanionTables::Perform(Work work) {
-    int code = SQLITE_OK;
+    auto failure = StoreFailure::None;
     const int succeeded = theDataLayer.PerformOn([&](sqlite3* connection) {
         try {
             work(connection);
-        } catch (const SqliteFailure& failure) {
-            code = failure.code;
+        } catch (const SqliteFailure&) {
+            failure = FailureOf(connection);
         }
-        return code == SQLITE_OK;
+        return failure == StoreFailure::None;
     });
-    if (code != SQLITE_OK)
-        theDataLayer.failure_ = FailureOf(code);
+    if (failure != StoreFailure::None)
+        theDataLayer.failure_ = failure;
     return succeeded != 0;
 }
 

@@ -87,6 +87,14 @@ template <typename Operation> int CDataLayer::Perform(Operation operation) {
     return 0;
 }
 
+/// All of it, or nothing.
+template <typename Operation> int CDataLayer::Change(Operation operation) {
+    return Perform([&](CDataFile& file) {
+        CTransaction transaction(file);
+        return transaction.HasBegun() && operation(file) && transaction.Commit();
+    });
+}
+
 int CDataLayer::PerformOn(const std::function<bool(sqlite3* connection)>& operation) {
     return Perform([&](CDataFile& file) { return operation(file.Connection()); });
 }
@@ -179,19 +187,13 @@ int CDataLayer::Load(CObjectListT<CNotification>* reminders, ULONG vehicle) {
 template <typename Record> int CDataLayer::Store(Record* record) {
     if (!record)
         return 0;
-    return Perform([&](CDataFile& file) {
-        CTransaction transaction(file);
-        LONG id = record->GetID();
-        ULONG refId = 0;
-        if (!transaction.HasBegun())
-            return false;
-        if (!(id == 0 ? Insert(file, *record, &id, &refId) : Update(file, *record, &refId)))
-            return false;
-        if (!transaction.Commit())
-            return false;
+    LONG id = record->GetID();
+    ULONG refId = 0;
+    const int stored = Change(
+        [&](CDataFile& file) { return id == 0 ? Insert(file, *record, &id, &refId) : Update(file, *record, &refId); });
+    if (stored)
         RecordAccess::MarkStored(record, id, refId);
-        return true;
-    });
+    return stored;
 }
 
 int CDataLayer::Save(CVehicle* vehicle, int) {
@@ -213,22 +215,17 @@ int CDataLayer::Save(CNotification* reminder, int) {
 template <typename Record> int CDataLayer::Remove(const Record* record) {
     if (!record)
         return 0;
-    return Perform([&](CDataFile& file) {
-        CTransaction transaction(file);
-        ULONG refId = 0;
-        return transaction.HasBegun() && DeleteRow(file, *record, &refId) && transaction.Commit();
-    });
+    ULONG refId = 0;
+    return Change([&](CDataFile& file) { return DeleteRow(file, *record, &refId); });
 }
 
 int CDataLayer::Delete(const CVehicle* vehicle) {
     if (!vehicle)
         return 0;
-    return Perform([&](CDataFile& file) {
-        CTransaction transaction(file);
-        ULONG refId = 0;
-        return transaction.HasBegun() && DeleteRow(file, *vehicle, &refId)
-            && DeleteOwned(file, Sql::DeleteEntriesOfVehicle, refId)
-            && DeleteOwned(file, Sql::DeleteRemindersOfVehicle, refId) && transaction.Commit();
+    ULONG refId = 0;
+    return Change([&](CDataFile& file) {
+        return DeleteRow(file, *vehicle, &refId) && DeleteOwned(file, Sql::DeleteEntriesOfVehicle, refId)
+            && DeleteOwned(file, Sql::DeleteRemindersOfVehicle, refId);
     });
 }
 
@@ -247,24 +244,16 @@ int CDataLayer::Delete(const CNotification* reminder) {
 int CDataLayer::Delete(const CObjectListT<CEntry>* entries) {
     if (!entries)
         return 0;
-    return Perform([&](CDataFile& file) {
-        CTransaction transaction(file);
-        if (!transaction.HasBegun())
-            return false;
-        for (int i = 0; i < entries->GetCount(); ++i) {
-            const CEntry* entry = entries->Get(i);
-            if (entry && !DeleteIfThere(file, *entry))
+    return Change([&](CDataFile& file) {
+        for (int i = 0; i < entries->GetCount(); ++i)
+            if (const CEntry* entry = entries->Get(i); entry && !DeleteIfThere(file, *entry))
                 return false;
-        }
-        return transaction.Commit();
+        return true;
     });
 }
 
 int CDataLayer::InOneTransaction(const std::function<bool()>& work) {
-    return Perform([&](CDataFile& file) {
-        CTransaction transaction(file);
-        return transaction.HasBegun() && work() && transaction.Commit();
-    });
+    return Change([&](CDataFile&) { return work(); });
 }
 
 int CDataLayer::GetMaxOdometer(ULONG vehicle, LONG* odometer) {
@@ -288,22 +277,15 @@ int CDataLayer::GetMaxOdometer(ULONG vehicle, LONG* odometer) {
 int CDataLayer::UpdateCurrentOdometer(CVehicle* vehicle, LONG odometer) {
     if (!vehicle)
         return 0;
-    return Perform([&](CDataFile& file) {
-        CTransaction transaction(file);
-        if (!transaction.HasBegun())
-            return false;
-        ULONG refId = 0;
-        {
-            CStatementRun run = file.Run(Sql::SetOdometer);
-            run.Bind(LONGLONG{odometer});
-            if (!MeetsRecord(run, *vehicle, &refId))
-                return false;
-        }
-        if (!transaction.Commit())
-            return false;
-        RecordAccess::SetCurrentOdometer(vehicle, odometer);
-        return true;
+    ULONG refId = 0;
+    const int stored = Change([&](CDataFile& file) {
+        CStatementRun run = file.Run(Sql::SetOdometer);
+        run.Bind(LONGLONG{odometer});
+        return MeetsRecord(run, *vehicle, &refId);
     });
+    if (stored)
+        RecordAccess::SetCurrentOdometer(vehicle, odometer);
+    return stored;
 }
 
 CStringHelperFactory* CDataLayer::GetStringHelperFactory() {

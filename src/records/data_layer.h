@@ -87,6 +87,7 @@ public:
 private:
     friend class CCompanionTables;
     template <typename Operation> int Perform(Operation operation);
+    template <typename Operation> int Change(Operation operation);
     int PerformOn(const std::function<bool(sqlite3* connection)>& operation);
     template <typename Record, typename... Keys> int LoadAll(CObjectListT<Record>* records, Keys... keys);
     template <typename Record> int Store(Record* record);

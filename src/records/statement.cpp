@@ -17,7 +17,8 @@ template <typename Number> Number Nearest(LONGLONG value) {
     return static_cast<Number>(std::clamp<LONGLONG>(value, Limits::min(), Limits::max()));
 }
 
-/// What the library says of its last call, and behind an error of the disk what the system said.
+} // namespace
+
 StoreFailure FailureOf(sqlite3* connection) {
     // Connections tell extended codes; their lowest byte is the plain one.
     const int code = sqlite3_extended_errcode(connection);
@@ -51,8 +52,6 @@ StoreFailure FailureOf(sqlite3* connection) {
         return StoreFailure::Other;
     }
 }
-
-} // namespace
 
 void FinalizeStatement::operator()(sqlite3_stmt* statement) const {
     sqlite3_finalize(statement);

@@ -16,6 +16,9 @@ struct FinalizeStatement {
 };
 using StatementHandle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
+/// What the library says of the connection's last call, and behind an error of the disk what the system said.
+StoreFailure FailureOf(sqlite3* connection);
+
 /// Turns texts for the statements. Without a factory of somebody's own it needs no helper, and no copy that outlives
 /// the row.
 class CTextCodec {
