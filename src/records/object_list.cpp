@@ -22,10 +22,6 @@ CBaseObject* CObjectList::DisownItem(int index) {
 }
 
 void CObjectList::TakeAll(CObjectList& source) {
-    if (items_.empty()) {
-        items_.swap(source.items_);
-        return;
-    }
     items_.insert(items_.end(), source.items_.begin(), source.items_.end());
     source.items_.clear();
 }

@@ -38,6 +38,14 @@ std::optional<int> ReadNumber(std::string_view text, int least, int most) {
     return number;
 }
 
+std::optional<int> ReadDpi(const std::string& text) {
+    return ReadNumber(text, LeastDpi, MostDpi);
+}
+
+std::optional<bool> ReadSwitch(const std::string& text) {
+    return text == "0" || text == "1" ? std::optional(text == "1") : std::nullopt;
+}
+
 std::optional<double> ReadZoom(const std::string& text) {
     std::istringstream stream{text};
     stream.imbue(std::locale::classic());
@@ -101,6 +109,15 @@ private:
             }
             result_.error = std::string{name} + ": \"" + shown + "\" is not " + expected;
         }
+    }
+
+    /// Nothing where the variable is not set, or says what cannot be understood.
+    template <typename Read> auto Understood(const char* name, Read read, const std::string& expected) {
+        const std::string text = Value(name);
+        auto value = text.empty() ? decltype(read(text)){} : read(text);
+        if (!text.empty() && !value)
+            Refuse(name, expected);
+        return value;
     }
 
     std::string Home() const {
@@ -177,37 +194,21 @@ std::string Parser::DesktopDocuments(const std::string& configuration) const {
 
 void Parser::ParseScreen() {
     Environment& environment = result_.environment;
-    if (const std::string text = Value("HANDSET_SCREEN"); !text.empty()) {
-        if (const auto size = ReadSize(text))
-            environment.screen = *size;
-        else
-            Refuse("HANDSET_SCREEN", "a size in pixels as 320x480, each from 1 to " + std::to_string(LargestScreen));
-    }
-    if (const std::string text = Value("HANDSET_DPI"); !text.empty()) {
-        if (const auto dpi = ReadNumber(text, LeastDpi, MostDpi))
-            environment.dpi = *dpi;
-        else
-            Refuse("HANDSET_DPI", "a whole number from " + std::to_string(LeastDpi) + " to " + std::to_string(MostDpi));
-    }
-    if (const std::string text = Value("HANDSET_ZOOM"); !text.empty()) {
-        environment.zoom = ReadZoom(text);
-        if (!environment.zoom)
-            Refuse("HANDSET_ZOOM", "a number from 0.25 to 16");
-    }
-    if (const std::string text = Value("HANDSET_MOUSE"); text == "0")
-        environment.mouse = false;
-    else if (!text.empty() && text != "1")
-        Refuse("HANDSET_MOUSE", "0 or 1");
+    if (const auto size = Understood(
+            "HANDSET_SCREEN", ReadSize, "a size in pixels as 320x480, each from 1 to " + std::to_string(LargestScreen)))
+        environment.screen = *size;
+    if (const auto dpi = Understood("HANDSET_DPI", ReadDpi,
+            "a whole number from " + std::to_string(LeastDpi) + " to " + std::to_string(MostDpi)))
+        environment.dpi = *dpi;
+    environment.zoom = Understood("HANDSET_ZOOM", ReadZoom, "a number from 0.25 to 16");
+    environment.mouse = Understood("HANDSET_MOUSE", ReadSwitch, "0 or 1").value_or(true);
 }
 
 void Parser::ParseLocales() {
     Environment& environment = result_.environment;
-    if (const std::string text = Value("HANDSET_LOCALE"); !text.empty()) {
-        if (const auto name = LocaleName(text)) {
-            environment.numberLocale = environment.dateLocale = *name;
-            return;
-        }
-        Refuse("HANDSET_LOCALE", "the name of a locale as en_US");
+    if (const auto name = Understood("HANDSET_LOCALE", LocaleName, "the name of a locale as en_US")) {
+        environment.numberLocale = environment.dateLocale = *name;
+        return;
     }
     // The host's own settings serve as far as they can be understood: they are not the device's to complain of.
     const auto ofHost = [this](const char* category) {
@@ -222,15 +223,9 @@ void Parser::ParseLocales() {
 
 void Parser::ParseClock() {
     Environment& environment = result_.environment;
-    if (const std::string text = Value("HANDSET_CLOCK"); !text.empty()) {
-        environment.clock = ParseUtcTime(text);
-        if (!environment.clock)
-            Refuse("HANDSET_CLOCK", "a time in UTC as 2026-03-01T10:00:00Z");
-    }
-    if (const std::string text = Value("HANDSET_SYNC"); text == "1")
+    environment.clock = Understood("HANDSET_CLOCK", ParseUtcTime, "a time in UTC as 2026-03-01T10:00:00Z");
+    if (Understood("HANDSET_SYNC", ReadSwitch, "0 or 1").value_or(false))
         environment.presetMutexes.emplace_back(DesktopSyncMutex);
-    else if (!text.empty() && text != "0")
-        Refuse("HANDSET_SYNC", "0 or 1");
     if (const std::string zone = Value("TZ"); !zone.empty() && !IsTimeZone(zone))
         Refuse("TZ", "a time zone of this host");
 }
