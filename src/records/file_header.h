@@ -26,7 +26,6 @@ public:
 
 private:
     std::uint32_t Number(std::size_t place) const;
-    std::uint32_t ChangeCounter() const;
 
     std::array<unsigned char, 100> bytes_{};
 };

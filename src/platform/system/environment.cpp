@@ -114,8 +114,10 @@ private:
     /// Nothing where the variable is not set, or says what cannot be understood.
     template <typename Read> auto Understood(const char* name, Read read, const std::string& expected) {
         const std::string text = Value(name);
-        auto value = text.empty() ? decltype(read(text)){} : read(text);
-        if (!text.empty() && !value)
+        if (text.empty())
+            return decltype(read(text)){};
+        auto value = read(text);
+        if (!value)
             Refuse(name, expected);
         return value;
     }
