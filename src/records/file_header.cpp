@@ -62,7 +62,3 @@ bool CFileHeader::MayFollow(const CFileHeader& before) const {
     const std::uint32_t changes = Number(ChangeCounterPlace) - before.Number(ChangeCounterPlace);
     return changes == 1 || (changes == 0 && bytes_ == before.bytes_);
 }
-
-std::uint32_t CFileHeader::Number(std::size_t place) const {
-    return BigEndian(bytes_.data() + place);
-}

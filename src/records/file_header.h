@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <sys/types.h>
 
+/// The big-endian number of four bytes.
+std::uint32_t BigEndian(const unsigned char* bytes);
+
 /// The header that SQLite keeps in the first hundred bytes of a database, and a journal in its copy of the first page.
 /// The places are those of SQLite's file format.
 class CFileHeader {
@@ -25,10 +28,7 @@ public:
     bool MayFollow(const CFileHeader& before) const;
 
 private:
-    std::uint32_t Number(std::size_t place) const;
+    std::uint32_t Number(std::size_t place) const { return BigEndian(bytes_.data() + place); }
 
     std::array<unsigned char, 100> bytes_{};
 };
-
-/// The big-endian number of four bytes.
-std::uint32_t BigEndian(const unsigned char* bytes);
