@@ -34,8 +34,8 @@ void AddEntry(const CVehicle& vehicle, const CEntry& entry, Table* table) {
         WholeCell(NumberText(static_cast<float>(entry.GetOdometer()), false, false), entry.GetOdometer()),
         {EntrySummaryText(&entry), {}}, NumberCell(NumberText(entry.GetAmount(), true, true), entry.GetAmount()),
         isFuel ? NumberCell(L"", entry.GetCustom1()) : Cell(), isFuel ? NumberCell(L"", entry.GetCustom2()) : Cell(),
-        isTrip ? WholeCell(L"", WholeNumber(entry.GetCustom1())) : Cell(), TextCell(entry.GetName()),
-        TextCell(entry.GetVendor()), TextCell(entry.GetNotes())});
+        isTrip ? WholeCell(L"", WholeNumber(entry.GetCustom1())) : Cell(), {L"", device::ToUtf8(entry.GetName())},
+        {L"", device::ToUtf8(entry.GetVendor())}, {L"", device::ToUtf8(entry.GetNotes())}});
 }
 
 } // namespace

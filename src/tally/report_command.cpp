@@ -61,7 +61,8 @@ int Report(const Request& request, Surroundings& surroundings) {
     AddSection(&page, "Charts", Charts(vehicle, request));
     if (const Table reminders = ReminderTable(vehicle); !reminders.IsEmpty())
         AddSection(&page, "Reminders", reminders.Html());
-    AddSection(&page, "Log", EntryTable({&vehicle}, request).Html());
+    const std::string entries = EntryTable({&vehicle}, request).Html(); // the table of a long log is gone behind this
+    AddSection(&page, "Log", entries);
     page += "</body>\n</html>\n";
     Deliver(page, request, surroundings);
     return EX_OK;
