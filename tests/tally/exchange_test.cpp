@@ -73,15 +73,13 @@ protected:
         sql += "UPDATE sequence SET next_ref = " + std::to_string(key + 1) + "; COMMIT;";
         return sql;
     }
-    void Empty(const std::string& sql = "") {
-        std::filesystem::remove(HostPath());
-        CDataFile::Create(HostPath());
-        if (!sql.empty())
-            Sql(sql);
+    void FillAtRandom() {
+        Empty();
+        Sql(RandomLog());
     }
     std::string Export(const char* format = "csv") { return Run({"export", "--format", format}).out; }
-    std::string Put(const std::string& contents, const char* name = "in") {
-        const std::string path = folder_ / name;
+    std::string Put(const std::string& contents) {
+        const std::string path = folder_ / "in";
         Write(path, contents);
         return path;
     }
@@ -100,7 +98,7 @@ private:
 TEST_F(Exchange, OutAndInAndOutAgainIsTheSameBytes) {
     for (int run = 0; run < 40 && !HasFailure(); ++run) {
         SCOPED_TRACE(run);
-        Empty(RandomLog());
+        FillAtRandom();
         const std::string csv = Export();
         const std::string json = Export("json");
         for (const std::string& file : {csv, json}) {
@@ -119,9 +117,9 @@ TEST_F(Exchange, OutAndInAndOutAgainIsTheSameBytes) {
 TEST_F(Exchange, UndoneImportsLeaveTheLogAsItWas) {
     for (int run = 0; run < 20 && !HasFailure(); ++run) {
         SCOPED_TRACE(run);
-        Empty(RandomLog());
+        FillAtRandom();
         const std::string file = Put(Export());
-        Empty(RandomLog());
+        FillAtRandom();
         // The rule for the reading of a vehicle is not what is looked at here.
         Sql("UPDATE vehicles SET odometer = ifnull((SELECT max(odometer) FROM entries WHERE vehicle = vehicles.ref), "
             "odometer)");

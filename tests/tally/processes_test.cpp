@@ -1,13 +1,11 @@
 // The companion beside other processes, and where its own ends at any moment.
 
-#include "console_process.h"
 #include "tally_device.h"
 
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
 #include <set>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <thread>
 
@@ -19,27 +17,20 @@ protected:
         Sql("INSERT INTO vehicles VALUES (1, 1001, 'Van', '', '', '', 0, 2001, '', '', '', '', 1, '', '', '');"
             "UPDATE sequence SET next_ref = 1100");
     }
-    std::vector<std::string> Surroundings() const {
-        return {"HANDSET_STORAGE=" + Storage().string(), "XDG_RUNTIME_DIR=" + (folder_ / "run").string(), "TZ=UTC",
-            "HANDSET_LOCALE=en_US"};
-    }
-    pid_t Start(std::vector<std::string> arguments) const {
+    pid_t Start(Lines arguments) const {
         arguments.insert(arguments.begin(), TALLY);
-        std::vector<std::string> variables = Surroundings();
-        std::vector<char*> argumentPointers;
-        std::vector<char*> variablePointers;
+        std::vector<char*> pointers;
         for (std::string& each : arguments)
-            argumentPointers.push_back(each.data());
-        for (std::string& each : variables)
-            variablePointers.push_back(each.data());
-        argumentPointers.push_back(nullptr);
-        variablePointers.push_back(nullptr);
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-        pid_t process = -1;
-        EXPECT_EQ(posix_spawn(&process, TALLY, &actions, nullptr, argumentPointers.data(), variablePointers.data()), 0);
-        posix_spawn_file_actions_destroy(&actions);
+            pointers.push_back(each.data());
+        pointers.push_back(nullptr);
+        const pid_t process = fork();
+        if (process == 0) {
+            for (const auto& [name, value] : Surroundings())
+                setenv(name.c_str(), value.c_str(), 1);
+            dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);
+            execv(TALLY, pointers.data());
+            _exit(127);
+        }
         return process;
     }
     static int End(pid_t process) {
@@ -114,8 +105,7 @@ TEST_F(Processes, ImportsAtOnceLoseNothing) {
 
 TEST_F(Processes, ARunningProgramShowsWhatWasAdded) {
     ConsoleProcess console(CONSOLE);
-    console.Start({{"HANDSET_STORAGE", Storage()}, {"HANDSET_LOCALE", "en_US"}, {"TZ", "UTC"},
-        {"XDG_RUNTIME_DIR", folder_ / "run"}});
+    console.Start(Surroundings());
     console.AskAll({"registry set UnitSetupMsgShown dword 1", "registry set LastActiveVehicle dword 1001", "boot"});
     EXPECT_EQ(End(Start({"add", "repair", "--name", "New tyres", "--odometer", "+5"})), 0);
     const auto shows = [&] {

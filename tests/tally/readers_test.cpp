@@ -10,8 +10,6 @@
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 struct Sample {
     const char* name;
     Lines options;
@@ -57,17 +55,9 @@ protected:
     }
     static std::string Contents(const char* end) { return Read(std::string(SAMPLES) + '/' + GetParam().name + end); }
     /// Runs `import` with what the sample needs to be told.
-    Outcome Import(const std::string& contents, const Lines& more = {}) {
-        const std::string path = folder_ / "in";
-        Write(path, contents);
-        return ImportFile(path, more);
-    }
-    Outcome ImportFile(const std::string& path, const Lines& more = {}) {
-        Lines arguments{"import"};
-        arguments.insert(arguments.end(), GetParam().options.begin(), GetParam().options.end());
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        arguments.push_back(path);
-        return Run(arguments);
+    Outcome Import(const std::string& contents, Lines options = {}) {
+        options.insert(options.end(), GetParam().options.begin(), GetParam().options.end());
+        return TallyDevice::Import(contents, options);
     }
     /// All that the log holds: a line a record, of the cells that are not empty.
     std::string Log() {
@@ -83,10 +73,6 @@ protected:
             told += '\n';
         }
         return told;
-    }
-    static void Empty() {
-        std::filesystem::remove(HostPath());
-        CDataFile::Create(HostPath());
     }
     /// The sample with other rows in front of its records, from line `line` on; `change` gets a copy of the first one.
     static std::string With(const std::vector<std::function<void(Lines* cells)>>& changes, int* line) {
@@ -198,25 +184,17 @@ TEST_P(Readers, ANoteIsKeptToTheLetterAndTitlesAloneAreNothing) {
     EXPECT_EQ(Sql("SELECT * FROM entries") + Sql("SELECT * FROM reminders"), "");
 }
 
-class Reading : public TallyDevice {
-protected:
-    Outcome Import(const std::string& contents, Lines arguments = {}) {
-        const std::string path = folder_ / "in";
-        Write(path, contents);
-        arguments.insert(arguments.begin(), "import");
-        arguments.push_back(path);
-        return Run(arguments);
-    }
-};
+using Reading = TallyDevice;
+
+const Lines American{"--distance", "mi", "--volume", "usgal", "--vehicle", "Van"};
+const std::string Titles = "Date,Odometer,FuelConsumed,Cost,IsFillToFull,MissedFuelUp\n";
 
 TEST_F(Reading, WhatAFileLeavesOpenIsAskedAndAnOptionSettlesIt) {
-    const Lines units{"--distance", "mi", "--volume", "usgal", "--vehicle", "Van"};
-    const auto with = [&](Lines more) {
-        more.insert(more.end(), units.begin(), units.end());
+    const auto with = [](Lines more) {
+        more.insert(more.end(), American.begin(), American.end());
         return more;
     };
-    const std::string titles = "Date,Odometer,FuelConsumed,Cost,IsFillToFull,MissedFuelUp\n";
-    const std::string open = titles + "3/4/2024,\"12,345\",10,20,True,False\n";
+    const std::string open = Titles + "3/4/2024,\"12,345\",10,20,True,False\n";
     for (const auto& [options, question] :
         std::vector<std::pair<Lines, const char*>>{{with({"--decimal", "comma"}), "--dates"},
             {with({"--dates", "dmy"}), "--decimal"}, {{"--decimal", "point", "--dates", "dmy"}, "--volume"},
@@ -247,11 +225,11 @@ TEST_F(Reading, WhatAFileLeavesOpenIsAskedAndAnOptionSettlesIt) {
 }
 
 TEST_F(Reading, OddFillsAreTakenAndTold) {
-    const Outcome outcome = Import("Date,Odometer,FuelConsumed,Cost,IsFillToFull,MissedFuelUp\n"
-                                   "2024-03-04,1000,0,0,True,False\n2999-03-05,2000,10,20,True,False\n"
-                                   "2024-03-06,900,10,20,True,False\n2024-03-07,0,10,20,True,False\n"
-                                   "2024-02-01,0,10,20,True,False\n",
-        {"--distance", "mi", "--volume", "usgal", "--vehicle", "Van"});
+    const Outcome outcome = Import(Titles
+            + "2024-03-04,1000,0,0,True,False\n2999-03-05,2000,10,20,True,False\n"
+              "2024-03-06,900,10,20,True,False\n2024-03-07,0,10,20,True,False\n"
+              "2024-02-01,0,10,20,True,False\n",
+        American);
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     for (const char* words : {"line 3: the date is still to come", "line 4: the reading is lower"})
         EXPECT_NE(outcome.err.find(words), std::string::npos) << outcome.err;
@@ -271,9 +249,7 @@ TEST_F(Reading, OddFillsAreTakenAndTold) {
         fills += std::to_string(odometer) + ",2024-03-04,Gas,2,20,10,Yes\n";
     const Outcome far = Import(fills, {"--vehicle", "Far"});
     EXPECT_NE(far.err.find("line 7: far more way"), std::string::npos) << far.err;
-    const Outcome mixed = Import("Date,Odometer,FuelConsumed,Cost,IsFillToFull,MissedFuelUp\n"
-                                 "2024-03-04,12.345,10,20.55,True,False\n",
-        {"--distance", "mi", "--volume", "usgal", "--vehicle", "Van"});
+    const Outcome mixed = Import(Titles + "2024-03-04,12.345,10,20.55,True,False\n", American);
     EXPECT_NE(mixed.err.find("line 2: the reading has three decimals"), std::string::npos) << mixed.err;
 }
 

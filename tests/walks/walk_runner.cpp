@@ -13,15 +13,11 @@
 //
 // The first command after the start, an exit or % end starts a process on the same storage folder.
 
-#include "console_process.h"
+#include "soak_run.h"
 
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <iostream>
-#include <iterator>
 #include <sstream>
-#include <string>
 #include <sys/stat.h>
 
 namespace {
@@ -37,26 +33,9 @@ bool Matches(const Lines& wanted, std::size_t want, const Lines& got, std::size_
     return have < got.size() && wanted[want] == got[have] && Matches(wanted, want + 1, got, have + 1);
 }
 
-class Walk {
+class Walk : public Round {
 public:
-    explicit Walk(std::string console)
-        : console_(std::move(console)) {
-        std::string pattern = (fs::temp_directory_path() / "walk-XXXXXX").string();
-        if (!mkdtemp(pattern.data()))
-            std::exit(2);
-        folder_ = pattern; // its owner's alone, as the runtime directory has to be
-        surroundings_ = {{"HANDSET_STORAGE", (folder_ / "storage").string()}, {"HANDSET_LOCALE", "en_US"},
-            {"XDG_RUNTIME_DIR", folder_.string()}, {"TZ", "UTC"}, {"HANDSET_CLOCK", "2026-03-01T10:00:00.789Z"}};
-    }
-
-    ~Walk() {
-        console_.Kill();
-        std::error_code ignored;
-        fs::remove_all(folder_, ignored);
-    }
-
-    Walk(const Walk&) = delete;
-    Walk& operator=(const Walk&) = delete;
+    using Round::Round;
 
     /// The number of failures so far, each of which is told. A walk that cannot be read is one.
     int Run(const std::string& name) {
@@ -84,11 +63,11 @@ public:
 
 private:
     void Give(const std::string& commands) {
-        if (!console_.IsRunning())
-            console_.Start(surroundings_);
+        if (!Console->IsRunning())
+            Console->Start(Surroundings);
         for (std::size_t start = 0, end = 0; (end = commands.find("; ", start)) != std::string::npos; start = end + 2) {
             Expect(got_.empty(), commandLine_, "answered too early: " + commands);
-            got_ = console_.Ask(commands.substr(start, end - start));
+            got_ = Console->Ask(commands.substr(start, end - start));
         }
     }
 
@@ -121,35 +100,30 @@ private:
         std::getline(words >> std::ws, rest);
         for (char& letter : name)
             letter = letter == '?' ? ' ' : letter; // a blank in a file's name is written as "?"
-        const fs::path file = folder_ / "storage" / name;
+        const fs::path file = Storage / name;
         if (verb == "env") {
             const std::size_t equals = directive.find('=');
-            surroundings_[directive.substr(4, equals - 4)] = directive.substr(equals + 1);
+            Surroundings[directive.substr(4, equals - 4)] = directive.substr(equals + 1);
         } else if (verb == "play") {
             Run(name);
         } else if (verb == "write") {
             fs::create_directories(file.parent_path());
             std::ofstream(file, std::ios::binary) << rest;
         } else if (verb == "same") {
-            std::ifstream stream(file, std::ios::binary);
-            const std::string text(std::istreambuf_iterator<char>(stream), {});
-            Expect(stream.is_open() && text == rest, number, directive);
+            Expect(fs::exists(file) && FileBytes(file) == rest, number, directive);
         } else if (verb == "mode") {
             chmod(file.c_str(), static_cast<mode_t>(std::strtoul(rest.c_str(), nullptr, 8)));
         } else if (verb == "remove") {
             fs::remove_all(file);
         } else if (verb == "second") {
-            ConsoleProcess other(console_.Program());
-            other.Start(surroundings_);
+            ConsoleProcess other(Console->Program());
+            other.Start(Surroundings);
             Expect(other.Ask("boot") == Lines{"exit 1 (status 1)"}, number, directive);
         } else {
-            Expect(verb == "end" && console_.EndInput() == 3, number, directive);
+            Expect(verb == "end" && Console->EndInput() == 3, number, directive);
         }
     }
 
-    ConsoleProcess console_;
-    fs::path folder_;
-    ConsoleProcess::Surroundings surroundings_;
     std::string command_;
     int commandLine_ = 0;
     Lines wanted_;
@@ -165,7 +139,7 @@ int main(int count, char** arguments) {
         return 2;
     }
     try {
-        return Walk(arguments[1]).Run(arguments[2]) == 0 ? 0 : 1;
+        return Walk(arguments[1], 1).Run(arguments[2]) == 0 ? 0 : 1;
     } catch (const ConsoleFault& fault) {
         std::cout << fault.what() << '\n';
         return 1;

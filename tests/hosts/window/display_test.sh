@@ -20,45 +20,42 @@ find_window() { window=$(xdotool search --onlyvisible --pid "$pid" 2>/dev/null |
 
 is_sized() { xdotool getwindowgeometry "$window" 2>/dev/null | grep -q "Geometry: $1"; }
 
+opens() { # SIZE OTHERWISE [VARIABLE=VALUE]...
+  local size=$1 otherwise=$2
+  shift 2
+  env "$@" "$program" &
+  pid=$!
+  until_true "no window" find_window
+  until_true "$otherwise" is_sized "$size"
+}
+ends() {
+  kill "$pid"
+  wait "$pid"
+}
+
 device=$place/device
 export HANDSET_HOST=window HANDSET_LOCALE=en_US HANDSET_STORAGE=$device SDL_AUDIODRIVER=dummy
 mkdir "$device"
 xprop -root -f RESOURCE_MANAGER 8s -set RESOURCE_MANAGER "Xft.dpi:	144"
-"$program" &
-pid=$!
-until_true "no window" find_window
-until_true "not one and a half times as large" is_sized 480x720
+opens 480x720 "not one and a half times as large"
 xprop -root -remove RESOURCE_MANAGER
-kill "$pid"
-wait "$pid"
+ends
 
 # No smaller than what the soft keys and a row need, whatever was asked for.
-HANDSET_SCREEN=20x20 HANDSET_ZOOM=2 "$program" &
-pid=$!
-until_true "no window" find_window
-until_true "smaller than can be read" is_sized 352x216
+opens 352x216 "smaller than can be read" HANDSET_SCREEN=20x20 HANDSET_ZOOM=2
 xprop -id "$window" WM_NORMAL_HINTS | grep -q "minimum size: 352 by 216" || fail "may be made too small"
-kill "$pid"
-wait "$pid"
+ends
 
 # The largest zoom that there is room for, with both soft keys on the display.
-HANDSET_SCREEN=320x1024 HANDSET_ZOOM=16 "$program" &
-pid=$!
-until_true "no window" find_window
-until_true "not as large as the display" is_sized 1280x1024
+opens 1280x1024 "not as large as the display" HANDSET_SCREEN=320x1024 HANDSET_ZOOM=16
 xdotool getwindowgeometry "$window" | grep -q "Position: 0,0" || fail "hangs over the edge of the display"
-kill "$pid"
-wait "$pid"
+ends
 
 # What was remembered of a larger display comes back inside, and is remembered as it was.
 kept=$device/registry.window
 printf 'screen=3000x2000\nzoom=100\nfixed=0\n' >"$kept"
-"$program" &
-pid=$!
-until_true "no window" find_window
-until_true "larger than the display" is_sized 1280x1024
-kill "$pid"
-wait "$pid"
+opens 1280x1024 "larger than the display"
+ends
 grep -q '^screen=3000x2000$' "$kept" || fail "forgot the size of the larger display"
 
 # A larger window has larger text until the zoom is fixed.
@@ -67,10 +64,7 @@ resized() { # REMEMBERED [KEY SIZE]...: what is remembered after each key has ma
   local wanted=$1
   shift
   rm "$kept"
-  "$program" &
-  pid=$!
-  until_true "no window" find_window
-  until_true "not at its first size" is_sized 400x600
+  opens 400x600 "not at its first size"
   while [ $# -gt 0 ]; do
     press "$1"
     until_true "$1 makes no $2" is_sized "$2"
@@ -94,9 +88,7 @@ for signal in TERM HUP INT; do
   rm -rf "$device"
   mkdir "$device"
   # A background job of a script ignores SIGINT: the program must hear it nevertheless.
-  "$program" &
-  pid=$!
-  until_true "no window" find_window
+  opens 400x600 "not at its first size"
   until_true "not the program's window" titled "My Vehicles - Odoledger"
   press F1 F1 1 V a n # the units message, New > Vehicle
   # A form has no window of its own. Keys come in order: what the last one does outside tells that all were heard.

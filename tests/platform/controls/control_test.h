@@ -4,11 +4,18 @@
 #include "../windowing/scripted_host.h"
 
 #include "platform/controls/edit.h"
+#include "platform/list_view.h"
+
+#include <climits>
+
+constexpr DWORD Field = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+constexpr UINT List = 10;
 
 /// A dialog of the test's own controls, run with a script.
 class ControlTest : public DeviceTest {
 protected:
     using Step = ScriptedHost::Step;
+    using Kind = ScriptedHost::Event::Kind;
 
     /// Runs a dialog of `items`; `steps` are what happens in it, and it is closed behind the last one.
     void Run(const std::vector<DialogItemTemplate>& items, const std::vector<Step>& steps) {
@@ -32,6 +39,27 @@ protected:
     }
     HWND Item(int id) const { return GetDlgItem(dialog, id); }
     std::wstring TextOf(int id) const { return device::TextOf(Item(id)); }
+    RECT PlaceOf(UINT id) const { return ScreenPlace(*device::FindWindowRecord(Item(static_cast<int>(id)))); }
+    RECT ClientOf(UINT id) const { return ScreenClient(*device::FindWindowRecord(Item(static_cast<int>(id)))); }
+    /// Forty rows for the list, of whichever class it is: each hears its own.
+    void FillList() {
+        wchar_t text[] = L"row";
+        LVITEMW item;
+        item.mask = LVIF_TEXT;
+        item.pszText = text;
+        item.iItem = INT_MAX;
+        for (int row = 0; row < 40; ++row) {
+            SendDlgItemMessageW(dialog, List, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+            SendDlgItemMessageW(dialog, List, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        }
+    }
+    /// The upper edge of a row of the list, from that of its client area.
+    LONG RowTop(int row) const {
+        RECT place;
+        SendDlgItemMessageW(dialog, List, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+        return place.top;
+    }
+    POINT Row(int row) const { return {ClientOf(List).left + 20, ClientOf(List).top + RowTop(row) + 3}; }
     static void ExpectSelection(HWND field, std::size_t start, std::size_t end) {
         const auto& edit = dynamic_cast<const device::Edit&>(*device::ControlOf(field));
         EXPECT_EQ(std::pair(edit.SelectionStart(), edit.SelectionEnd()), std::pair(start, end));

@@ -69,9 +69,7 @@ TEST_F(DatePartsTest, ReadingEndsNoTypingAndNoBadDateIsTaken) {
 
 class DatePickerTest : public ControlTest {
 protected:
-    static DialogItemTemplate Picker(UINT id) {
-        return {L"SysDateTimePick32", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 2, 0, 90, 12, id, L""};
-    }
+    static DialogItemTemplate Picker(UINT id) { return {L"SysDateTimePick32", Field, 2, 0, 90, 12, id, L""}; }
     int Part() { return dynamic_cast<const device::DatePicker&>(*device::ControlOf(Item(10))).Part(); }
     void Put(const SYSTEMTIME& date) {
         EXPECT_TRUE(SendMessageW(Item(10), DTM_SETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&date)));

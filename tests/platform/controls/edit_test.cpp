@@ -2,10 +2,8 @@
 
 namespace {
 
-constexpr DWORD Field = WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL;
-
 DialogItemTemplate EditItem(UINT id, int y, DWORD style = 0, const wchar_t* text = L"") {
-    return {L"Edit", Field | style, 2, y, 90, 12, id, text};
+    return {L"Edit", Field | ES_AUTOHSCROLL | style, 2, y, 90, 12, id, text};
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "control_test.h"
 
 #include "platform/drawing/device_context.h"
-#include "platform/list_view.h"
 #include "platform/metrics.h"
 #include "platform/windowing/soft_key_bar.h"
 
@@ -10,8 +9,6 @@ using device::PointerShape;
 
 namespace {
 
-constexpr DWORD Field = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
-constexpr UINT List = 10;
 constexpr UINT Text = 11;
 constexpr UINT Other = 12;
 constexpr UINT Asking = 77;
@@ -30,20 +27,12 @@ std::wstring Stored(Clipboard where) {
 /// A list of 40 rows, a field with the text "one two three" and one of digits, and a soft key that opens a question.
 class MouseTest : public ControlTest {
 protected:
-    using Kind = ScriptedHost::Event::Kind;
     using Button = ScriptedHost::Event::Button;
 
     void RunList(const wchar_t* listClass, DWORD textStyle, const std::vector<Step>& steps) {
         onInit = [this] {
             device::SoftKeyBar::Make(dialog, SoftKeys);
-            wchar_t text[] = L"row";
-            LVITEMW item;
-            item.mask = LVIF_TEXT;
-            item.pszText = text;
-            for (int row = 0; row < 40; ++row) { // each class hears its own
-                SendDlgItemMessageW(dialog, List, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
-                SendDlgItemMessageW(dialog, List, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
-            }
+            FillList();
         };
         onCommand = [this](int id, UINT, LPARAM) {
             actions += id == IDOK ? 1 : 0;
@@ -60,12 +49,6 @@ protected:
         return [this, text] { host.events.push_back({.kind = Kind::Paste, .text = text}); };
     }
 
-    RECT ClientOf(UINT id) const { return ScreenClient(*device::FindWindowRecord(Item(static_cast<int>(id)))); }
-    POINT Row(int row) const {
-        RECT place;
-        SendDlgItemMessageW(dialog, List, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
-        return {ClientOf(List).left + 20, ClientOf(List).top + place.top + 3};
-    }
     LRESULT NextSelected(LRESULT row) const {
         return SendDlgItemMessageW(dialog, List, LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED);
     }

@@ -1,17 +1,12 @@
 #include "control_test.h"
 
 #include "platform/drawing/rectangles.h"
-#include "platform/list_view.h"
 #include "platform/metrics.h"
 #include "platform/windowing/open_menu.h"
 #include "platform/windowing/soft_key_bar.h"
 
-#include <climits>
-
 namespace {
 
-constexpr DWORD Field = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
-constexpr UINT List = 10;
 constexpr UINT Amount = 11;
 constexpr UINT Reading = 12;
 constexpr UINT Day = 13;
@@ -25,8 +20,6 @@ constexpr MenuItemResource SoftKeys[] = {{L"Done", IDOK}, {L"Menu", 0, Items}};
 /// What fingers do, and what a host with fields of its own over the device's is told and tells.
 class TouchTest : public ControlTest {
 protected:
-    using Kind = ScriptedHost::Event::Kind;
-
     void Tap(POINT at, unsigned modifiers = 0) {
         host.events.push_back({.kind = Kind::Tap, .modifiers = modifiers, .x = at.x, .y = at.y});
     }
@@ -43,29 +36,10 @@ protected:
     Step Back() {
         return [this] { host.events.push_back({.kind = Kind::Back}); };
     }
-    RECT PlaceOf(UINT id) const { return ScreenPlace(*device::FindWindowRecord(Item(static_cast<int>(id)))); }
-    /// The upper edge of a row of the list, from that of its client area.
-    LONG RowTop(int row) const {
-        RECT place;
-        SendDlgItemMessageW(dialog, List, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
-        return place.top;
-    }
-    POINT Row(int row) const { return {PlaceOf(List).left + 20, PlaceOf(List).top + RowTop(row) + 3}; }
     LRESULT FirstSelected() const {
         return SendDlgItemMessageW(dialog, List, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
     }
     LRESULT CountSelected() const { return SendDlgItemMessageW(dialog, List, LVM_GETSELECTEDCOUNT, 0, 0); }
-    void FillList() {
-        wchar_t text[] = L"row";
-        LVITEMW item;
-        item.mask = LVIF_TEXT;
-        item.pszText = text;
-        item.iItem = INT_MAX;
-        for (int row = 0; row < 40; ++row) {
-            SendDlgItemMessageW(dialog, List, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
-            SendDlgItemMessageW(dialog, List, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
-        }
-    }
     const device::ShownField& Told(UINT id) const {
         static const device::ShownField none;
         for (const device::ShownField& field : host.fields)

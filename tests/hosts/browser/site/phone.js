@@ -1,14 +1,18 @@
 // A phone with the program's page open: what a person sees on it, and does.
 
-import { mkdtempSync, rmSync } from 'node:fs';
+import assert from 'node:assert/strict';
+import { existsSync, mkdtempSync, rmSync } from 'node:fs';
 import { tmpdir } from 'node:os';
-import { join } from 'node:path';
+import { join, resolve } from 'node:path';
 import puppeteer from 'puppeteer-core';
+
+import { serve } from '../../../../tools/serve_site.js';
 
 /** @typedef {import('puppeteer-core').Browser} Browser */
 /** @typedef {import('puppeteer-core').Page} Page */
 /** @typedef {{x: number, y: number, width: number, height: number, marks: string, text: string}} PaintedText */
 
+export const siteFolder = resolve('build/browser/site');
 /** The program itself, not the script that starts it: it is to be killed. */
 const chromium = '/usr/lib/chromium/chromium';
 const flags = [
@@ -205,6 +209,51 @@ export class Phone {
         await this.page.keyboard.type(text);
     }
 
+    /** Types over what stands in the field. @param {string} text */
+    async typeOver(text) {
+        await this.page.keyboard.down('Control');
+        await this.page.keyboard.press('a');
+        await this.page.keyboard.up('Control');
+        await this.type(text);
+    }
+
+    /** Gives the device commands without a finger. @param {string[]} commands */
+    async give(...commands) {
+        for (const command of commands) await this.inspect(command);
+    }
+
+    /** Chooses in the page's own menu. @param {string} action */
+    async choose(action) {
+        await this.page.click('#menu-button');
+        await this.page.click(`[data-action=${action}]`);
+    }
+
+    /** @param {string} file */
+    async openCopy(file) {
+        const [chooser] = await Promise.all([this.page.waitForFileChooser(), this.choose('openCopy')]);
+        await chooser.accept([file]);
+    }
+
+    /** Takes a copy of the log. @param {string} folder @returns {Promise<string>} the file */
+    async saveCopy(folder) {
+        const devtools = await this.page.createCDPSession();
+        await devtools.send('Browser.setDownloadBehavior', { behavior: 'allow', downloadPath: folder });
+        await this.page.evaluate(() => Object.assign(navigator, { canShare: undefined }));
+        await this.choose('saveCopy');
+        const copy = join(folder, 'My Vehicles.dat');
+        await until(() => existsSync(copy), 'the download');
+        return copy;
+    }
+
+    notices() {
+        return this.page.$eval('#notices', (element) => element.textContent ?? '');
+    }
+
+    /** @param {string} words */
+    async tells(words) {
+        await until(async () => (await this.notices()).includes(words), words);
+    }
+
     /**
      * A finger from one place of the device to another, a step each 16 ms by the clock of its own events: how fast it
      * leaves must not hang on how busy this machine is.
@@ -230,5 +279,27 @@ export class Phone {
         const timestamp = first + (steps + 1) * 0.016;
         await devtools.send('Input.dispatchTouchEvent', { type: 'touchEnd', touchPoints: [], timestamp });
         await devtools.detach();
+    }
+}
+
+/**
+ * Serves a site and opens it in a browser with a profile of its own.
+ *
+ * @param {(phone: Phone, around: {browser: Browser, browsers: Browsers, site: Awaited<ReturnType<typeof serve>>}) =>
+ *   Promise<void>} story
+ * @param {Parameters<typeof Phone.open>[2] & {folder?: string,
+ *   launch?: import('puppeteer-core').LaunchOptions}} [how]
+ */
+export async function withPhone(story, { folder = siteFolder, launch, ...how } = {}) {
+    const site = await serve(folder);
+    const browsers = new Browsers();
+    try {
+        const browser = await browsers.start(launch);
+        const phone = await Phone.open(browser, site.address, how);
+        await story(phone, { browser, browsers, site });
+        assert.deepEqual(phone.faults, []);
+    } finally {
+        await browsers.remove();
+        await site.stop();
     }
 }

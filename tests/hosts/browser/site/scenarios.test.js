@@ -2,40 +2,15 @@
 
 import assert from 'node:assert/strict';
 import { execFileSync, spawnSync } from 'node:child_process';
-import { cpSync, existsSync, mkdirSync, mkdtempSync, readFileSync, readdirSync, rmSync, writeFileSync } from 'node:fs';
+import { cpSync, existsSync, mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join, resolve } from 'node:path';
-import { after, before, test } from 'node:test';
+import { test } from 'node:test';
 
-import { serve } from '../../../../tools/serve_site.js';
-import { Browsers, Phone, until, upright } from './phone.js';
+import { Phone, siteFolder, until, upright, withPhone } from './phone.js';
 
-const siteFolder = resolve('build/browser/site');
 const desktop = resolve('build/default/bin/odoledger-console');
 const needsDesktop = { skip: existsSync(desktop) ? false : 'the desktop program is not built here' };
-
-/** @type {Awaited<ReturnType<typeof serve>>} */
-let site;
-before(async () => {
-    site = await serve(siteFolder);
-});
-after(() => site.stop());
-
-/**
- * @param {(phone: Phone, browsers: Browsers) => Promise<void>} story
- * @param {Parameters<typeof Phone.open>[2]} [how]
- */
-async function withPhone(story, how) {
-    const browsers = new Browsers();
-    try {
-        const browser = await browsers.start();
-        const phone = await Phone.open(browser, site.address, how);
-        await story(phone, browsers);
-        assert.deepEqual(phone.faults, []);
-    } finally {
-        await browsers.remove();
-    }
-}
 
 /** For what must not come: nothing tells when that is certain. @param {number} milliseconds */
 const pause = (milliseconds) => new Promise((go) => setTimeout(go, milliseconds));
@@ -81,25 +56,17 @@ const runDesktop = (folder, commands) =>
     }).stdout;
 const logOf = (/** @type {string} */ folder) => join(folder, 'My Documents', 'My Vehicles.dat');
 
+/** The keys for an expense in the log that is open. @param {string} name */
+const expense = (name) => ['key soft1', 'type 5', 'key down', 'key down', `type ${name}`, 'key soft1'];
+
 /** A desktop's log: one vehicle with so many expenses. @param {string} folder @param {number} count */
 function makeDesktopLog(folder, count) {
-    const entry = ['key soft1', 'type 5', 'key down', 'key down', 'type Toll', 'key soft1'];
     runDesktop(folder, [
         ...['key soft1', 'key soft1', 'type 1', 'type Wagon', 'key soft1', 'key action'],
-        ...Array.from({ length: count }, () => entry).flat(),
+        ...Array.from({ length: count }, () => expense('Toll')).flat(),
     ]);
     return logOf(folder);
 }
-
-/** @param {Phone} phone @param {string} file */
-async function openCopy(phone, file) {
-    await phone.page.click('#menu-button');
-    const [chooser] = await Promise.all([phone.page.waitForFileChooser(), phone.page.click('[data-action=openCopy]')]);
-    await chooser.accept([file]);
-}
-
-/** @param {Phone} phone */
-const noticesOf = (phone) => phone.page.$eval('#notices', (element) => element.textContent ?? '');
 
 /** A fill in the log that is open. @param {Phone} phone @param {string} odometer @param {string} volume @param {string} price */
 async function addFill(phone, odometer, volume, price) {
@@ -107,10 +74,7 @@ async function addFill(phone, odometer, volume, price) {
     await phone.tap('Fuel Entry');
     await phone.shows('[Fuel Entry]');
     await phone.tap('Odometer:', 25);
-    await phone.page.keyboard.down('Control');
-    await phone.page.keyboard.press('a');
-    await phone.page.keyboard.up('Control');
-    await phone.type(odometer);
+    await phone.typeOver(odometer);
     await phone.page.keyboard.press('Enter'); // on to the volume
     await phone.type(volume);
     await phone.page.keyboard.press('Enter');
@@ -148,7 +112,7 @@ test(
             const file = makeDesktopLog(folder, 60);
             await withPhone(async (phone) => {
                 await phone.tap('OK');
-                await openCopy(phone, file);
+                await phone.openCopy(file);
                 await phone.shows('[My Vehicles]');
                 await openLog(phone, 'Wagon');
                 const tops = async () =>
@@ -218,10 +182,7 @@ test('an input method composes in the field itself, and a comma is what the loca
             await phone.tap('New');
             await phone.tap('Fuel Entry');
             await phone.tap('Cost per gallon:', 25);
-            await phone.page.keyboard.down('Control');
-            await phone.page.keyboard.press('a');
-            await phone.page.keyboard.up('Control');
-            await phone.type('1.549');
+            await phone.typeOver('1.549');
             await phone.shows('1,549');
         },
         { variables },
@@ -274,6 +235,45 @@ test('who taps and types faster than the program answers writes where was tapped
     );
 });
 
+test('a screen reader hears which of equal rows has the focus, and which part of a date', async () => {
+    await withPhone(async (phone) => {
+        await addVehicle(phone);
+        await openLog(phone);
+        await phone.give(...expense('Toll'), ...expense('Toll'));
+        const row = '3/1/2026 0 Toll $0.00, selected';
+        for (const [key, words] of [
+            ['up', `${row}. row 1 of 2`],
+            ['down', `${row}. row 2 of 2`],
+            ['action', 'Expense. Date. 3/1/2026. month 3'],
+            ['right', 'day 1'],
+            ['+', 'day 2'],
+            ['soft2', '1 Select Description'],
+            ['back', 'Date. 3/2/2026. day 2'],
+        ]) {
+            await phone.give(`key ${key}`);
+            assert.equal(await phone.page.$eval('#spoken', (element) => element.textContent), words);
+        }
+    });
+});
+
+test('the program ends by its own Exit, stores its settings, and starts again', async () => {
+    await withFolder(async (folder) => {
+        const noLog = join(folder, 'no log.dat');
+        writeFileSync(noLog, 'no log at all');
+        await withPhone(async (phone) => {
+            await phone.give('key action', 'post close');
+            const chosen = /** @type {import('puppeteer-core').ElementHandle<HTMLInputElement>} */ (
+                await phone.page.$('#file')
+            );
+            await chosen.uploadFile(noLog);
+            await phone.tells('is no log');
+            await phone.page.click('#curtain');
+            await phone.firstScreen();
+            await phone.shows('There are no items in this list.'); // and no message on units this time
+        });
+    });
+});
+
 test('a pasted text for which the memory has to grow arrives', async () => {
     await withPhone(async (phone) => {
         await addVehicle(phone);
@@ -298,6 +298,19 @@ test('a phone that is turned, or whose keyboard comes up, keeps the form and the
         await phone.tap('Vehicle');
         await phone.tap('Policy number:', 25);
         await phone.type('555');
+        /** The colours of the canvas, which is drawn some frames later. @param {number} wide in its own pixels */
+        const colours = (wide) =>
+            phone.page.$eval(
+                '#screen',
+                async (canvas, wanted) => {
+                    const shown = await createImageBitmap(/** @type {HTMLCanvasElement} */ (canvas));
+                    const context = new OffscreenCanvas(shown.width, shown.height).getContext('2d');
+                    context?.drawImage(shown, 0, 0);
+                    const pixels = context?.getImageData(0, 0, shown.width, shown.height).data.buffer;
+                    return shown.width === wanted ? new Set(new Uint32Array(pixels ?? [])).size : 0;
+                },
+                wide,
+            );
         for (const [width, height] of [
             [844, 390],
             [390, 420],
@@ -308,6 +321,7 @@ test('a phone that is turned, or whose keyboard comes up, keeps the form and the
                 const place = await phone.place();
                 return Math.abs(place.width - width) < 2 && place.height <= height;
             }, `${width}x${height}`);
+            await until(async () => (await colours(3 * width)) > 1, `something drawn at ${width}x${height}`);
             await phone.shows('> 555');
             await until(async () => {
                 const field = await phone.page.$eval('#fields .text', (element) => {
@@ -378,13 +392,17 @@ test('however fast a person goes back, it is through the screens, and out from t
 });
 
 test('a second tab waits for the first one', async () => {
-    await withPhone(async (phone, browsers) => {
-        const [browser] = browsers.started;
-        assert.ok(browser);
+    await withPhone(async (phone, { browser, site }) => {
+        const curtain = (/** @type {Phone} */ tab, /** @type {string} */ words) =>
+            tab.page.waitForFunction((text) => document.body.innerText.includes(text), {}, words);
+        // Where a browser has no locks for that, the files have.
+        const prepare = (/** @type {import('puppeteer-core').Page} */ page) =>
+            page.evaluateOnNewDocument(() => Object.defineProperty(Navigator.prototype, 'locks', { value: null }));
+        const other = await Phone.open(browser, site.address, { waits: false, prepare });
+        await curtain(other, 'Load the page again');
+        await other.page.close();
         const second = await Phone.open(browser, site.address, { waits: false });
-        await second.page.waitForFunction(() =>
-            document.getElementById('curtain')?.textContent?.includes('open in another tab'),
-        );
+        await curtain(second, 'open in another tab');
         await phone.page.bringToFront();
         await phone.tap('OK');
         await phone.page.close();
@@ -397,67 +415,51 @@ test('a second tab waits for the first one', async () => {
 test('a copy goes to the desktop and comes back, bit for bit', needsDesktop, async () => {
     await withFolder(async (folder) => {
         await withPhone(async (phone) => {
-            const devtools = await phone.page.createCDPSession();
-            await devtools.send('Browser.setDownloadBehavior', { behavior: 'allow', downloadPath: folder });
-            await phone.page.evaluate(() => Object.assign(navigator, { canShare: undefined }));
             await addVehicle(phone);
             await openLog(phone);
             await addFill(phone, '12000', '41.25', '1.5');
-            await phone.page.click('#menu-button');
-            await phone.page.click('[data-action=saveCopy]');
-            const copy = join(folder, 'My Vehicles.dat');
-            await until(() => readdirSync(folder).includes('My Vehicles.dat'), 'the download');
+            const copy = await phone.saveCopy(folder);
+            const toTheLog = ['key soft1', 'key down', 'key action'];
             mkdirSync(join(folder, 'device', 'My Documents'), { recursive: true });
             cpSync(copy, logOf(join(folder, 'device')));
             const before_ = readFileSync(copy);
-            assert.match(
-                runDesktop(join(folder, 'device'), ['key soft1', 'key down', 'key action', 'screen']),
-                /12,000/,
-            );
+            assert.match(runDesktop(join(folder, 'device'), [...toTheLog, 'screen']), /12,000/);
             assert.deepEqual(readFileSync(logOf(join(folder, 'device'))), before_, 'the desktop changes nothing');
             // The desktop goes on with it, and the phone takes that.
-            runDesktop(join(folder, 'device'), [
-                ...[
-                    'key soft1',
-                    'key down',
-                    'key action',
-                    'key soft1',
-                    'type 5',
-                    'key down',
-                    'key down',
-                    'type From the desktop',
-                    'key soft1',
-                ],
-            ]);
-            await openCopy(phone, logOf(join(folder, 'device')));
-            await until(async () => (await noticesOf(phone)).includes('The copy is the log now'), 'the answer');
+            runDesktop(join(folder, 'device'), [...toTheLog, ...expense('From the desktop')]);
+            await phone.openCopy(logOf(join(folder, 'device')));
+            await phone.tells('The copy is the log now');
             await openLog(phone);
             await phone.shows('From the desktop');
-            await phone.page.click('#menu-button');
-            await phone.page.click('[data-action=takeBack]');
+            await phone.choose('takeBack');
             await until(async () => !(await phone.screen()).includes('From the desktop'), 'the former log');
+            await phone.page.reload();
+            await phone.firstScreen();
+            await openLog(phone);
             // What is no log, and what a later version made, changes nothing.
             writeFileSync(join(folder, 'no log.dat'), 'no log at all');
-            await openCopy(phone, join(folder, 'no log.dat'));
-            await until(async () => (await noticesOf(phone)).includes('is no log'), 'the answer');
+            await phone.openCopy(join(folder, 'no log.dat'));
+            await phone.tells('is no log');
             before_.writeUInt32BE(before_.readUInt32BE(60) + 1, 60); // the version of the file's form
             writeFileSync(join(folder, 'newer.dat'), before_);
-            await openCopy(phone, join(folder, 'newer.dat'));
-            await until(async () => (await noticesOf(phone)).includes('newer version'), 'the answer');
+            await phone.openCopy(join(folder, 'newer.dat'));
+            await phone.tells('newer version');
             await phone.shows('12,000');
             // Under a form in which something was typed a person is asked first.
-            let isAsked = false;
-            phone.page.once('dialog', (dialog) => {
-                isAsked = true;
-                void dialog.dismiss();
-            });
             await phone.tap('New');
             await phone.tap('Other Expense');
             await phone.tap('Description:', 25);
             await phone.type('half');
-            await openCopy(phone, copy);
-            await until(() => isAsked, 'the question');
-            await phone.shows('half');
+            for (const answer of /** @type {const} */ (['dismiss', 'accept'])) {
+                await phone.shows('half');
+                const isAsked = new Promise((asked) =>
+                    phone.page.once('dialog', (dialog) => void dialog[answer]().then(asked)),
+                );
+                await phone.openCopy(copy);
+                await isAsked;
+            }
+            await phone.tells('The copy is the log now');
+            await phone.shows('12,000');
         });
     });
 });
@@ -470,14 +472,10 @@ const keepsItself = (phone) =>
     });
 
 test('without a network the program starts as ever, and its manual opens', async () => {
-    const own = await serve(siteFolder);
-    const browsers = new Browsers();
-    try {
-        const browser = await browsers.start();
-        const phone = await Phone.open(browser, own.address);
+    await withPhone(async (phone, { site }) => {
         await until(() => keepsItself(phone), 'the site to be kept');
         await addVehicle(phone);
-        await own.stop();
+        await site.stop();
         await phone.page.reload();
         await phone.firstScreen();
         await phone.tap('Menu');
@@ -494,25 +492,17 @@ test('without a network the program starts as ever, and its manual opens', async
         await manual.waitForSelector('#on-a-phone');
         await phone.page.bringToFront();
         await phone.shows('Manual');
-    } finally {
-        await browsers.remove();
-    }
+    });
 });
 
 test('a new version waits until it is asked for, and comes as a whole', async () => {
     await withFolder(async (folder) => {
         cpSync(siteFolder, folder, { recursive: true });
-        const own = await serve(folder);
-        const browsers = new Browsers();
-        const shown = async (/** @type {Phone} */ phone) => {
-            const menu = await phone.page.evaluate(() => /** @type {any} */ (window).odoledger.version);
-            return String(menu);
-        };
-        try {
-            const browser = await browsers.start();
-            const phone = await Phone.open(browser, own.address);
+        const story = async (/** @type {Phone} */ phone) => {
+            /** @returns {Promise<string>} */
+            const shown = () => phone.page.evaluate(() => /** @type {any} */ (window).odoledger.version);
             await until(() => keepsItself(phone), 'the site to be kept');
-            const former = await shown(phone);
+            const former = await shown();
             writeFileSync(join(folder, 'page.css'), `${readFileSync(join(folder, 'page.css'))}\n`);
             const sources = resolve('src/hosts/browser');
             execFileSync(resolve('tools/seal-site'), [
@@ -526,25 +516,24 @@ test('a new version waits until it is asked for, and comes as a whole', async ()
             await phone.page.reload();
             await phone.firstScreen();
             await pause(500);
-            assert.equal(await noticesOf(phone), '');
+            assert.equal(await phone.notices(), '');
             cpSync(join(siteFolder, 'manifest.webmanifest'), join(folder, 'manifest.webmanifest'));
             await phone.page.reload();
             await phone.firstScreen();
-            await until(async () => (await noticesOf(phone)).includes('A new version is ready'), 'the offer');
-            assert.equal(await shown(phone), former);
+            await phone.tells('A new version is ready');
+            assert.equal(await shown(), former);
             await phone.page.reload();
             await phone.firstScreen();
-            assert.equal(await shown(phone), former, 'and waits on');
-            await until(async () => (await noticesOf(phone)).includes('A new version is ready'), 'the offer again');
+            assert.equal(await shown(), former, 'and waits on');
+            await phone.tells('A new version is ready');
             const isLoaded = new Promise((loaded) => phone.page.once('load', loaded));
             await phone.page.click('.notice button');
             await isLoaded;
             await phone.firstScreen();
-            assert.match(await shown(phone), /^9\.9\.9\.9/);
-        } finally {
-            await browsers.remove();
-            await own.stop();
-        }
+            assert.match(await shown(), /^9\.9\.9\.9/);
+            phone.faults.length = 0; // the file that was missing
+        };
+        await withPhone(story, { folder });
     });
 });
 
@@ -556,22 +545,14 @@ test('where nothing is kept a person is told before typing, and a copy can be ta
             join(folder, 'hosts/browser/files/opfs_disk.js'),
             "export const openOpfsDisk = async () => { throw new DOMException('', 'SecurityError'); };",
         );
-        const own = await serve(folder);
-        const browsers = new Browsers();
-        try {
-            const phone = await Phone.open(await browsers.start(), own.address);
-            assert.match(await noticesOf(phone), /keeps nothing/);
+        const story = async (/** @type {Phone} */ phone) => {
+            assert.match(await phone.notices(), /keeps nothing/);
             await addVehicle(phone);
-            const devtools = await phone.page.createCDPSession();
-            await devtools.send('Browser.setDownloadBehavior', { behavior: 'allow', downloadPath: folder });
-            await phone.page.evaluate(() => Object.assign(navigator, { canShare: undefined }));
-            await phone.page.click('#menu-button');
-            await phone.page.click('[data-action=saveCopy]');
-            await until(() => readdirSync(folder).includes('My Vehicles.dat'), 'the download');
-        } finally {
-            await browsers.remove();
-            await own.stop();
-        }
+            await phone.openCopy(await phone.saveCopy(folder));
+            await phone.tells('The copy is the log now');
+            await phone.shows('Blue Wagon');
+        };
+        await withPhone(story, { folder });
     });
 });
 
@@ -579,18 +560,18 @@ test('a full storage is told, loses nothing, and goes on when there is room agai
     await withFolder(async (folder) => {
         // More than a file of the browser's has room for without asking.
         writeFileSync(join(folder, 'large.dat'), Buffer.alloc(8_000_000));
-        await withPhone(async (phone) => {
+        await withPhone(async (phone, { site }) => {
             await addVehicle(phone);
             await openLog(phone);
             const devtools = await phone.page.createCDPSession();
             const origin = new URL(site.address).origin;
             await devtools.send('Storage.overrideQuotaForOrigin', { origin, quotaSize: 1 });
-            await openCopy(phone, join(folder, 'large.dat'));
-            await until(async () => (await noticesOf(phone)).includes('no room'), 'the answer');
+            await phone.openCopy(join(folder, 'large.dat'));
+            await phone.tells('no room');
             await addFill(phone, '12000', '41.25', '1.5');
             await devtools.send('Storage.overrideQuotaForOrigin', { origin });
-            await openCopy(phone, join(folder, 'large.dat'));
-            await until(async () => (await noticesOf(phone)).includes('is no log'), 'the answer');
+            await phone.openCopy(join(folder, 'large.dat'));
+            await phone.tells('is no log');
             await phone.shows('12,000');
         });
     });
@@ -598,15 +579,13 @@ test('a full storage is told, loses nothing, and goes on when there is room agai
 
 test('after a save nothing is lost, whenever the browser is killed', async () => {
     const kills = Number(process.env.ODOLEDGER_KILLS ?? 20);
-    const browsers = new Browsers();
-    try {
-        let phone = await Phone.open(await browsers.start(), site.address);
+    await withPhone(async (first, { browsers, site }) => {
+        let phone = first;
         await addVehicle(phone);
         await openLog(phone);
         for (let kill = 1; kill <= kills; ++kill) {
             const toll = `Toll ${99_999 - kill}`; // the newest on top: the others go on below the screen
-            const entry = ['key soft1', 'type 5', 'key down', 'key down', `type ${toll}`, 'key soft1'];
-            for (const command of entry) await phone.inspect(command);
+            await phone.give(...expense(toll));
             await phone.shows(toll);
             const killed = browsers.started.pop();
             await new Promise((gone) => {
@@ -619,7 +598,5 @@ test('after a save nothing is lost, whenever the browser is killed', async () =>
             await openLog(phone);
             await phone.shows(toll);
         }
-    } finally {
-        await browsers.remove();
-    }
+    });
 });
