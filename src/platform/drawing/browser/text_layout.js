@@ -75,11 +75,13 @@ function levelsOf(characters, fromRight) {
  */
 function visualOrder(levels) {
     const order = levels.map((_, index) => index);
-    for (let level = Math.max(0, ...levels); level > 0; level -= 1)
+    const highest = levels.reduce((most, level) => Math.max(most, level), 0);
+    for (let level = highest; level > 0; level -= 1)
         for (let start = 0; start < order.length; start += 1) {
             let end = start;
             while (end < order.length && levels[order[end]] >= level) end += 1;
-            if (end > start) order.splice(start, end - start, ...order.slice(start, end).reverse());
+            const turned = order.slice(start, end).reverse();
+            turned.forEach((index, place) => (order[start + place] = index));
             start = end;
         }
     return order;
@@ -138,12 +140,11 @@ export class TextLayout {
      * @returns {number[]}
      */
     advances(font, text) {
-        /** @type {number[]} */
-        const advances = [];
         // What stands in different words is never joined.
-        for (const word of text.match(/\s*[^\s]+|\s+/gu) ?? [])
-            advances.push(...(shaped.test(word) ? this.shapedAdvances(font, word) : this.pairAdvances(font, word)));
-        return advances;
+        const words = text.match(/\s*[^\s]+|\s+/gu) ?? [];
+        return words.flatMap((word) =>
+            shaped.test(word) ? this.shapedAdvances(font, word) : this.pairAdvances(font, word),
+        );
     }
 
     /** @param {string} font @param {string} text */

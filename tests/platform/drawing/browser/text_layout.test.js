@@ -39,4 +39,6 @@ test('carets stand where the next letter would come, whatever the direction', ()
         ['אabב', [40, 30, 20, 10, 0]],
     ];
     for (const [text, carets] of cases) assert.deepEqual(layout.carets('', text), carets, text);
+    // A whole book in one field, more than what a function takes as arguments.
+    assert.equal(layout.carets('', 'a'.repeat(300_000)).length, 300_001);
 });
